@@ -1,0 +1,147 @@
+"""Renders the pictures, fonts, sounds and the tune.  Started by art/render, which checks the tools first."""
+import io
+import os
+import subprocess
+import sys
+import tempfile
+
+from PIL import Image
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, HERE)
+sys.path.insert(1, os.path.join(HERE, "fonts"))
+
+import compose  # noqa: E402
+import digits  # noqa: E402
+import sprites  # noqa: E402
+
+RUNTIME = os.path.join(os.path.dirname(HERE), "runtime")
+GFX, SFX, MUSIC = "data/gfx", "data/sfx", "data/music"
+
+
+def target(path):
+    """The full path of a file of the runtime folder, whose folder is made."""
+    full = os.path.join(RUNTIME, path)
+    os.makedirs(os.path.dirname(full), exist_ok=True)
+    return full
+
+
+def rasterise(svg):
+    done = subprocess.run(["rsvg-convert", "-f", "png"], input=svg.encode("utf-8"), stdout=subprocess.PIPE, check=True)
+    return Image.open(io.BytesIO(done.stdout)).convert("RGBA")
+
+
+def save_png(image, path, opaque=False):
+    """Keeps the colour type (RGB or RGBA): the game tells the two apart by it."""
+    pixels = image.convert("RGB" if opaque else "RGBA")
+    if not opaque and pixels.getpixel((0, 0))[3] != 0:
+        sys.exit("%s: the top left corner must be clear" % path)
+    pixels.save(target(path))
+    subprocess.run(["optipng", "-quiet", "-o2", "-nc", "-nb", "-np", "-strip", "all", target(path)], check=True)
+
+
+def write_text(path, text):
+    with open(target(path), "w", encoding="ascii", newline="\n") as f:
+        f.write(text)
+
+
+def tag(name, content, indent=1):
+    return "%s<%s>%s</%s>\n" % ("  " * indent, name, content, name)
+
+
+def sprite_file(kind, picture, rect, z, more=""):
+    attributes = " ".join('%s="%d"' % pair for pair in rect)
+    return ('<Sprite type="%s">\n' % kind + tag("ImageFilename", picture) +
+            "  <ImageRect %s></ImageRect>\n" % attributes + tag("Z", z) + tag("Alpha", 255) + more + "</Sprite>\n")
+
+
+def still(name, sprite):
+    picture = "%s/%s.png" % (GFX, name)
+    save_png(rasterise(compose.picture(sprite.source, sprite.variables)), picture, sprite.opaque)
+    x, y = sprite.at
+    write_text("%s/%s.xml" % (GFX, name), sprite_file("sprite_base", picture, (("x", x), ("y", y)), sprite.z))
+
+
+def moving(name, sprite):
+    """Draws all frames as one sheet.  The rectangle on screen has the size of one frame."""
+    w, h = sprite.size
+    rows = -(-sprite.frames // sprite.columns)
+    svg = ['<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d">' % (w * sprite.columns, h * rows)]
+    frames = ""
+    for i in range(sprite.frames):
+        x, y = i % sprite.columns * w, i // sprite.columns * h
+        drawing = sprite.draw((i + 1.0) / sprite.frames, w, h)
+        svg.append('<svg x="%d" y="%d" width="%d" height="%d">%s</svg>' % (x, y, w, h, drawing))
+        frames += ('    <Frame type="frame_rect">\n      <Rect x="%d" y="%d" w="%d" h="%d"></Rect>\n      <FrameLength>%d</FrameLength>\n    </Frame>\n'
+                   % (x, y, w, h, sprite.length))
+    svg.append("</svg>")
+    picture = "%s/%s.png" % (GFX, name)
+    save_png(rasterise("".join(svg)), picture)
+    more = (tag("CurrentAnimation", "effect") + tag("CurrentFrame", 0) + tag("MiniumUpdateTime", 30) + tag("Play", 1) +
+            tag("TimeMultiply", 1) + '  <Animation name="effect" loop="0">\n' + frames + "  </Animation>\n")
+    x, y = sprite.at
+    write_text("%s/%s.xml" % (GFX, name), sprite_file("sprite_animated", picture, (("x", x), ("y", y), ("w", w), ("h", h)), sprite.z, more))
+
+
+def sprite_table():
+    lines = "".join('  <Sprite handle="%d" sprite_file="%s/%s.xml"></Sprite>\n' % (handle, GFX, name)
+                    for handle, name in sorted(sprites.HANDLES.items()))
+    write_text("%s/gfx_resources.xml" % GFX, "<GfxFactory>\n%s</GfxFactory>\n" % lines)
+
+
+def numbers():
+    save_png(rasterise(digits.sheet()), "%s/numbers.png" % GFX)
+    write_text("%s/numbers.ogf" % GFX, digits.description("%s/numbers.png" % GFX))
+
+
+def icon():
+    """The window's icon: no alpha in a 24-bit BMP, hence a dark ground."""
+    monster = rasterise(compose.picture("monster.svg", {})).resize((32, 32), Image.LANCZOS)
+    ground = Image.new("RGBA", (32, 32), "#251a29")
+    ground.alpha_composite(monster)
+    ground.convert("RGB").save(target("%s/icon.bmp" % GFX))
+
+
+def run_script(script, *arguments):
+    subprocess.run([sys.executable, os.path.join(HERE, "sfx", script)] + list(arguments), check=True)
+
+
+def sounds():
+    for name in ["kitten_0%d" % n for n in range(1, 6)] + ["kitten_burn"]:
+        run_script(name + ".py", target("%s/%s.wav" % (SFX, name)))
+
+
+def music():
+    """The tune as Ogg Vorbis; -R keeps the encoder from using the clock."""
+    with tempfile.TemporaryDirectory() as folder:
+        wav = os.path.join(folder, "brumble.wav")
+        run_script("brumble.py", wav)
+        subprocess.run(["sox", "-R", wav, "-C", "3", "--comment", "", target("%s/brumble.ogg" % MUSIC)], check=True)
+
+
+def gfx():
+    for name in sprites.SPRITES:
+        one_sprite(name)
+    sprite_table()
+    numbers()
+    icon()
+
+
+def one_sprite(name):
+    sprite = sprites.SPRITES[name]
+    (moving if isinstance(sprite, sprites.Moving) else still)(name, sprite)
+
+
+def main(wanted):
+    steps = {"gfx": gfx, "sfx": sounds, "music": music, "numbers": numbers}
+    for name in wanted or ("gfx", "sfx", "music"):
+        if name in steps:
+            steps[name]()
+        elif name in sprites.SPRITES:
+            one_sprite(name)
+        else:
+            sys.exit("art/render: no picture or group is called " + name)
+
+
+if __name__ == "__main__":
+    main(sys.argv[1:])

@@ -1,0 +1,79 @@
+// Any bytes are a document: reading, walking and writing must neither crash nor hang, and the
+// events must be those of a well-behaved parser.
+
+#include "utils/xml/xml.h"
+#include "utils/xml/xmlparser.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using vask::CXmlElement;
+
+void Require(bool condition) {
+  if (!condition) {
+    std::abort();
+  }
+}
+
+// Checks what holds for the events of every document.
+class CEventCheck : public vask::CXmlHandlerInterface {
+ public:
+  void StartElement(const std::string& name, const Attributes& attrs) override {
+    Require(name.find('>') == std::string::npos && name.find('=') == std::string::npos);
+    for (const auto& [key, value] : attrs) {
+      Require(key.find_first_of("= \t") == std::string::npos);
+      Require(value.find('>') == std::string::npos);
+    }
+  }
+  void Characters(const std::string& text) override {
+    Require(text.find('<') == std::string::npos);
+  }
+};
+
+std::string Written(const CXmlElement& root) {
+  std::ostringstream stream;
+  vask::WriteXml(root, stream);
+  return stream.str();
+}
+
+// Goes down along the first children and comes back up, as a loading object does.
+void WalkThrough(CXmlElement& root) {
+  vask::CXmlContext xml(&root, vask::CXmlContext::kReading);
+  while (const CXmlElement* child = xml.GetCurrent()->GetChild(0)) {
+    vask::CRect<int> rect;
+    int number = 0;
+    xml.OptionalValue(child->GetName(), rect);
+    xml.OptionalValue(child->GetName() + "?", number);
+    if (xml.GetCurrent()->GetChildCount() < 2 ||
+        !xml.BeginNode(xml.GetCurrent()->GetChild(1)->GetName())) {
+      break;
+    }
+  }
+  while (xml.GetCurrent() != nullptr) {
+    xml.EndNode(xml.GetCurrent()->GetName());
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string document(reinterpret_cast<const char*>(data), size);
+  CEventCheck check;
+  for (const bool trim : {true, false}) {
+    std::istringstream stream(document);
+    vask::CXmlParser(check, trim).ParseStream(stream);
+  }
+  std::istringstream stream(document);
+  if (const auto root = vask::ReadXml(stream)) {
+    WalkThrough(*root);
+    std::istringstream again(Written(*root));
+    Require(vask::ReadXml(again) != nullptr || root->GetName().empty() ||
+            root->GetName()[0] == '!');
+  }
+  return 0;
+}

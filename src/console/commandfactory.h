@@ -1,0 +1,27 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "console/cmdlib.h"
+#include "designpatterns/singleton.h"
+
+namespace vask {
+
+// The registry of command libraries by name (case counts).
+class CCommandFactory : public CStaticSingleton<CCommandFactory> {
+ public:
+  // Adds the command to the library of that name, which is made when there is none.
+  void AddCommand(const std::string& lib, const std::string& name,
+                  std::unique_ptr<CConsoleCommand> command);
+  // Attaches the library to the console; an unknown name does nothing.
+  void LoadLib(const std::string& lib, CConsole* console);
+  // Takes a console that is about to die out of every library.
+  void Forget(CConsole* console);
+
+ private:
+  std::map<std::string, std::unique_ptr<CCmdLib>> myLibs;
+};
+
+}  // namespace vask

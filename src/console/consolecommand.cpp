@@ -1,0 +1,7 @@
+#include "console/consolecommand.h"
+
+namespace vask {
+
+std::string CConsoleCommand::Execute(CConsoleParams*) { return Execute(); }
+
+}  // namespace vask

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace vask {
+
+// A list of pointers (not owned) that may change, or die, while it is being walked. Every list that
+// calls out to its members is one of these:
+//
+//   CWalkList<CTask>::CWalk walk(myTasks);
+//   while (CTask* task = walk.Next()) task->Update();
+//
+// An erase moves the open walks to the successor; what is inserted behind a walk's current element
+// is still visited, what is inserted before it is not.
+template <typename T>
+class CWalkList {
+ public:
+  class CWalk {
+   public:
+    explicit CWalk(CWalkList& list) : myList(&list) { list.myWalks.push_back(this); }
+    ~CWalk() {
+      if (myList != nullptr) {
+        std::erase(myList->myWalks, this);
+      }
+    }
+    CWalk(const CWalk&) = delete;
+    CWalk& operator=(const CWalk&) = delete;
+
+    // The next element; null at the end, and after the list itself has died.
+    T* Next() {
+      if (myList == nullptr || myNext >= myList->myItems.size()) {
+        return nullptr;
+      }
+      return myList->myItems[myNext++];
+    }
+
+   private:
+    friend class CWalkList;
+    CWalkList* myList;
+    std::size_t myNext = 0;
+  };
+
+  CWalkList() = default;
+  ~CWalkList() {
+    for (CWalk* walk : myWalks) {
+      walk->myList = nullptr;
+    }
+  }
+  CWalkList(const CWalkList&) = delete;
+  CWalkList& operator=(const CWalkList&) = delete;
+
+  bool IsEmpty() const { return myItems.empty(); }
+  std::size_t Size() const { return myItems.size(); }
+  T* Front() const { return myItems.front(); }
+  const std::vector<T*>& Items() const { return myItems; }
+
+  bool Contains(const T* item) const {
+    return std::find(myItems.begin(), myItems.end(), item) != myItems.end();
+  }
+
+  void Append(T* item) { Insert(myItems.size(), item); }
+
+  void AppendOnce(T* item) {
+    if (!Contains(item)) {
+      Append(item);
+    }
+  }
+
+  // Puts the item before the element at `position`; at the end when there is none.
+  void Insert(std::size_t position, T* item) {
+    myItems.insert(myItems.begin() + static_cast<std::ptrdiff_t>(position), item);
+    for (CWalk* walk : myWalks) {
+      walk->myNext += position < walk->myNext ? 1 : 0;
+    }
+  }
+
+  // Removes the first entry equal to the item; answers whether there was one.
+  bool Remove(const T* item) {
+    const auto found = std::find(myItems.begin(), myItems.end(), item);
+    if (found == myItems.end()) {
+      return false;
+    }
+    const auto position = static_cast<std::size_t>(found - myItems.begin());
+    myItems.erase(found);
+    for (CWalk* walk : myWalks) {
+      walk->myNext -= position < walk->myNext ? 1 : 0;
+    }
+    return true;
+  }
+
+  void Clear() {
+    myItems.clear();
+    for (CWalk* walk : myWalks) {
+      walk->myNext = 0;
+    }
+  }
+
+  // Calls `visit` for each element that was there when the walk began and is still there when its
+  // turn comes; newcomers wait for the next walk. Safe when the list dies meanwhile.
+  template <typename Visit>
+  void ForEachPresent(Visit visit) {
+    CWalk alive(*this);
+    for (T* item : std::vector<T*>(myItems)) {
+      if (alive.myList == nullptr) {
+        return;
+      }
+      if (Contains(item)) {
+        visit(item);
+      }
+    }
+  }
+
+ private:
+  std::vector<T*> myItems;
+  std::vector<CWalk*> myWalks;
+};
+
+}  // namespace vask

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace vask {
+
+// Hears of changes of the window's size and of the input focus.
+class IWindowListener {
+ public:
+  // Leaves the event bridge.
+  virtual ~IWindowListener();
+  virtual void OnResize(int width, int height) = 0;
+  // True when the window gained the focus, false when it lost it.
+  virtual void OnFocus(bool gained) = 0;
+};
+
+}  // namespace vask

@@ -1,0 +1,170 @@
+#include "game/brumbletaskimpl.h"
+
+#include "events/eventbridge.h"
+#include "game/bonustable.h"
+#include "game/brumblegfx.h"
+#include "game/brumbleingameui.h"
+#include "game/deathtoasprite.h"
+#include "game/gamefiles.h"
+#include "game/gfxfactory.h"
+#include "game/screentransform.h"
+#include "input/mouse.h"
+
+namespace brumble {
+namespace {
+
+constexpr unsigned kPhysicsStep = 5;  // milliseconds of the clock
+constexpr unsigned kGameSpeed = 3;    // the world runs faster than the clock
+constexpr int kMostSteps = 4;         // per frame
+constexpr unsigned kLogicStep = 100;
+
+}  // namespace
+
+void CBrumbleTaskImpl::CMouseDeltaListener::OnMouseMoveRelative(int dx, int dy) {
+  myTotalX += dx;
+  myTotalY += dy;
+}
+
+CBrumbleTaskImpl::CBrumbleTaskImpl() {
+  CGfxFactory::GetSingletonPtr()->Load(kSpriteTableFile, kSpriteTableRoot);
+  HoldPictures();
+  Connect();
+  SetScreenTransform(kScreenOffset, kScreenScale);
+  myScreen = std::make_unique<CBrumbleInGameUi>(this);
+  myScreen->ShowTitle();
+  ResetClocks();
+  PauseClocks();
+  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
+}
+
+CBrumbleTaskImpl::~CBrumbleTaskImpl() {
+  if (CPhysicsWorld::GetGameLogicReceiver() == &myGameLogic) {
+    CPhysicsWorld::SetGameLogicReceiver(nullptr);
+  }
+  // The effects would outlive the game by two seconds, and with it the task that frees pictures.
+  CDeathToASprite::DeleteAll();
+}
+
+void CBrumbleTaskImpl::HoldPictures() {
+  for (const char* const file : kSpriteFiles) {
+    myPictures.Hold(file);
+  }
+  for (const CBonus& bonus : kBonuses) {
+    if (bonus.signFile != nullptr) {
+      myPictures.Hold(bonus.signFile);
+    }
+  }
+  for (int hair = 1; hair <= 3; ++hair) {
+    for (int spin = 0; spin <= 2; ++spin) {
+      myPictures.Hold(CBrumbleGfx::KittenFile(hair, spin));
+    }
+  }
+  for (const auto& [handle, file] : CGfxFactory::GetSingletonPtr()->GetFiles()) {
+    myPictures.Hold(file);
+  }
+}
+
+void CBrumbleTaskImpl::Connect() {
+  myPhysics.GetWorld()->SetBridgeFactory(&myGfxFactory);
+  myGfxFactory.SetGameLogic(&myGameLogic);
+  CPhysicsWorld::SetGameLogicReceiver(&myGameLogic);
+  myGameLogic.SetOwner(this);
+  vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
+}
+
+void CBrumbleTaskImpl::Update() {
+  if (myScreen != nullptr) {
+    return;
+  }
+  RunPhysics();
+  RunLogic();
+}
+
+void CBrumbleTaskImpl::RunPhysics() {
+  int steps = 0;
+  while (steps < kMostSteps && myPhysicsClock.GetTime() > kPhysicsStep) {
+    myPhysicsClock -= kPhysicsStep;
+    const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
+    myPhysics.SetMousePosition(mouse.GetPointerX(), mouse.GetPointerY());
+    myPhysics.Step(kPhysicsStep * kGameSpeed);
+    ++steps;
+  }
+  // A slow frame loses the rest of its backlog: catching up would only make the next one slower.
+  if (steps == kMostSteps) {
+    myPhysicsClock.Reset();
+  }
+}
+
+void CBrumbleTaskImpl::RunLogic() {
+  if (myLogicClock.GetTime() <= kLogicStep) {
+    return;
+  }
+  myLogicClock -= kLogicStep;
+  if (myGameLogic.IsGameOver()) {
+    ShowGameOver();
+  } else {
+    myGameLogic.Tick();
+  }
+}
+
+void CBrumbleTaskImpl::StartNewGame() {
+  vask::CEventBridge::GetSingletonPtr()->HideCursor();
+  ResumeClocks();
+  myGameLogic.NewGame();
+  myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
+  myPhysics.ResetWorld();
+  ResetClocks();
+  myScreen.reset();
+}
+
+void CBrumbleTaskImpl::ShowGameOver() {
+  PauseClocks();
+  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
+  myScreen.reset();
+  myScreen = std::make_unique<CBrumbleInGameUi>(this);
+  myScreen->ShowGameOver();
+}
+
+void CBrumbleTaskImpl::Pause() {
+  PauseClocks();
+  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
+}
+
+void CBrumbleTaskImpl::Resume() {
+  if (myScreen == nullptr) {
+    ResumeClocks();
+  }
+  vask::CEventBridge::GetSingletonPtr()->HideCursor();
+}
+
+// The bridge hears of its body at once rather than after the next step: should another body leave
+// in that step, the new one moves down, and its record must follow it.
+int CBrumbleTaskImpl::SpawnKitten() {
+  const int index = myPhysics.SpawnKitten();
+  const CPhysicsBody& body = GetWorld().GetBodies()[static_cast<std::size_t>(index)];
+  if (body.bridge != nullptr) {
+    body.bridge->SetIndex(index);
+    body.bridge->Update(body.x, body.y, body.angle, body.halfWidth, body.halfHeight, body.shape,
+                        body.look);
+  }
+  return index;
+}
+
+void CBrumbleTaskImpl::DropExtraKitten() { myPhysics.SpawnKitten(); }
+
+void CBrumbleTaskImpl::PauseClocks() {
+  myPhysicsClock.Pause();
+  myLogicClock.Pause();
+}
+
+void CBrumbleTaskImpl::ResumeClocks() {
+  myPhysicsClock.Resume();
+  myLogicClock.Resume();
+}
+
+void CBrumbleTaskImpl::ResetClocks() {
+  myPhysicsClock.Reset();
+  myLogicClock.Reset();
+}
+
+}  // namespace brumble

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "game/brumblegfxfactory.h"
+#include "game/gamelogic.h"
+#include "game/physics/physicshandle.h"
+#include "game/picturecache.h"
+#include "gfx/sprite.h"
+#include "input/mouseable.h"
+#include "utils/timer/timer.h"
+
+namespace brumble {
+
+// The game while its task runs: the world, the rules, their two clocks, and the screens before and
+// after play. While a screen object exists nothing is played, whoever resumes the task.
+class CBrumbleTaskImpl : public IKittenSpawner {
+ public:
+  class CBrumbleInGameUi;
+
+  // Adds up the motions of the mouse.
+  class CMouseDeltaListener : public vask::CMouseableImpl {
+   public:
+    void OnMouseMoveRelative(int dx, int dy) override;
+    int GetTotalX() const { return myTotalX; }
+    int GetTotalY() const { return myTotalY; }
+
+   private:
+    std::int32_t myTotalX = 0;  // pixels
+    std::int32_t myTotalY = 0;
+  };
+
+  CBrumbleTaskImpl();
+  ~CBrumbleTaskImpl() override;
+  CBrumbleTaskImpl(const CBrumbleTaskImpl&) = delete;
+  CBrumbleTaskImpl& operator=(const CBrumbleTaskImpl&) = delete;
+
+  void Update();
+  // Deletes the current screen object, which is usually the caller.
+  void StartNewGame();
+  void ShowGameOver();
+  void Pause();
+  void Resume();
+  int SpawnKitten() override;
+  // A kitten beside the ten, of which the rules know nothing.
+  void DropExtraKitten();
+
+  const CPhysicsWorld& GetWorld() { return *myPhysics.GetWorld(); }
+  const CGameLogic& GetGameLogic() const { return myGameLogic; }
+  // Null during play.
+  const CBrumbleInGameUi* GetScreen() const { return myScreen.get(); }
+
+ private:
+  void HoldPictures();
+  void Connect();
+  void RunPhysics();
+  void RunLogic();
+  void PauseClocks();
+  void ResumeClocks();
+  void ResetClocks();
+
+  // Destroyed in the reverse order: the screens leave first, the world with its bridges last.
+  CPhysicsHandle myPhysics;
+  vask::CTimer myPhysicsClock;
+  vask::CTimer myLogicClock;
+  CGameLogic myGameLogic;
+  CBrumbleGfxFactory myGfxFactory;
+  CPictureCache myPictures;
+  vask::CSpritePtr myBackground;  // empty until the first game
+  CMouseDeltaListener myMouseListener;
+  std::unique_ptr<CBrumbleInGameUi> myScreen;
+};
+
+}  // namespace brumble

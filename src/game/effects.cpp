@@ -1,0 +1,76 @@
+#include "game/effects.h"
+
+#include "console/console.h"
+#include "game/deathtoasprite.h"
+#include "game/gamestate.h"
+#include "game/gfxfactory.h"
+#include "gfx/externalanimator.h"
+#include "gfx/spritemasker.h"
+#include "kernel/applicationfactory.h"
+#include "utils/log/log.h"
+#include "utils/timer/globalapptimer.h"
+
+namespace brumble {
+namespace {
+
+constexpr unsigned kEffectLife = 2100;  // milliseconds
+constexpr unsigned kMoveTime = 2000;
+
+constexpr int kSignMiddleY = 125;
+constexpr unsigned kSignStackTime = 1000;
+constexpr const char* kSignCurve = "sin(t*3.14)*2";
+
+void Animate(const vask::CSpritePtr& sprite, CScreenPoint target, const std::string& expression) {
+  new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(sprite.Get(), target.x, target.y),
+                              kMoveTime, expression, true);
+}
+
+// Where the sign of that height comes to rest; remembers it for the next one.
+int PlaceSign(int height) {
+  CGameState& state = GameState();
+  const unsigned now = vask::CGlobalAppTimer::GetSingletonPtr()->GetTime();
+  const bool follows = state.hasSign && now - state.signTime < kSignStackTime;
+  state.signTargetY = follows ? state.signTargetY + state.signHeight : kSignMiddleY - height / 2;
+  state.hasSign = true;
+  state.signTime = now;
+  state.signHeight = height;
+  return state.signTargetY;
+}
+
+}  // namespace
+
+void ShowSign(const std::string& file) {
+  const vask::CSpritePtr sprite = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
+  if (!sprite) {
+    *vask::CLog::GetSingletonPtr() << "Couldn't load sprite: " << file << "\n";
+    return;
+  }
+  const vask::CRect<int> rect = sprite->GetRect();
+  const int x = kScreenWidth / 2 - rect.w / 2;
+  sprite->SetPosition(x, -rect.h);
+  Animate(sprite, {x, PlaceSign(rect.h)}, kSignCurve);
+  CDeathToASprite::TakeOver(sprite, kEffectLife);
+}
+
+void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target,
+                const std::string& expression) {
+  const vask::CSpritePtr sprite = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
+  if (!sprite) {
+    return;
+  }
+  if (position.x != 0 && position.y != 0) {
+    const vask::CRect<int> rect = sprite->GetRect();
+    sprite->SetPosition(position.x - rect.w / 2, position.y - rect.h / 2);
+  }
+  if (!expression.empty()) {
+    Animate(sprite, target, expression);
+  }
+  CDeathToASprite::TakeOver(sprite, kEffectLife);
+}
+
+void PlayEffect(const std::string& file) {
+  vask::CConsole* const console = vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
+  console->Execute("Audio::PlayEffect( \"" + file + "\" );", false);
+}
+
+}  // namespace brumble

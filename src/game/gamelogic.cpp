@@ -1,0 +1,328 @@
+#include "game/gamelogic.h"
+
+#include <cmath>
+#include <utility>
+
+#include "game/bonustable.h"
+#include "game/gamefiles.h"
+#include "game/gamestate.h"
+#include "game/gfxfactory.h"
+#include "gfx/animationupdator.h"
+#include "gfx/externalanimator.h"
+#include "gfx/spritemasker.h"
+#include "platform/random.h"
+#include "utils/log/log.h"
+#include "utils/timer/globalapptimer.h"
+
+namespace brumble {
+namespace {
+
+// How a gain floats up: "+500".
+std::string GainText(int points) { return std::string("+").append(std::to_string(points)); }
+
+vask::CLog& Log() { return *vask::CLog::GetSingletonPtr(); }
+
+// A body that has not been numbered yet is a kitten that was dropped a moment ago.
+bool IsKitten(int index) { return index >= kFirstKitten || index < 0; }
+
+void Place(CScoreBoard& board, CScreenPoint place, int value) {
+  board.SetPosition(place.x, place.y);
+  board.Set(value);
+}
+
+void LogSpinCount(const CKittenRecord& record) {
+  Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
+}
+
+bool IsLongShot(const CKittenRecord& record) {
+  return LengthSquared(record.myPosition - record.myTouchPosition) >= kLongShotSquared;
+}
+
+const char* WallHitEffect(int points, float health) {
+  if (health >= 0.0F) {
+    return kLoseHairFile;
+  }
+  return points < kBigHitPoints ? kHitSmallFile : kHitBigFile;
+}
+
+}  // namespace
+
+CGameLogic::CGameLogic() : myClock(vask::CGlobalAppTimer::GetSingletonPtr()) { NewGame(); }
+
+CGameLogic::~CGameLogic() = default;
+
+void CGameLogic::NewGame() {
+  CGameState& state = GameState();
+  state.kittensLeft = kKittensPerGame;
+  state.isGameOver = false;
+  LoadSigns();
+  myClock.Reset();
+  state.stake = 0;
+  myKittens.clear();
+  state.kittensInPlay = 0;
+  state.lastRemoval = myClock.GetTime();
+  state.lastHitSound = 0;
+  PlaceBoards();
+}
+
+void CGameLogic::LoadSigns() {
+  const CGfxFactory& sprites = *CGfxFactory::GetSingletonPtr();
+  myScoreSign = sprites.LoadSprite(kScoreSignFile);
+  myOven = sprites.LoadSprite(kOvenFile);
+  myKittenSigns = sprites.LoadSprite(kKittenSignsFile);
+  myKittensLeftSign = sprites.LoadSprite(kKittensLeftFile);
+}
+
+void CGameLogic::PlaceBoards() {
+  Place(myScoreBoard, kScorePlace, 0);
+  Place(myStakeBoard, kStakePlace, 0);
+  Place(myKittensLeftBoard, kKittensLeftPlace, kKittensPerGame);
+}
+
+void CGameLogic::Tick() {
+  for (const auto& [index, record] : myKittens) {
+    if (record != nullptr) {
+      record->myTouchedThisTick = false;
+    }
+  }
+  const CGameState& state = GameState();
+  if (state.kittensInPlay < 1 && myClock.GetTime() - state.lastRemoval > kSpawnPause) {
+    SpawnKitten();
+  }
+}
+
+bool CGameLogic::IsGameOver() const { return GameState().isGameOver; }
+
+void CGameLogic::SpawnKitten() {
+  CGameState& state = GameState();
+  if (state.kittensLeft < 1 || myOwner == nullptr) {
+    return;
+  }
+  --state.kittensLeft;
+  const int index = myOwner->SpawnKitten();
+  ++state.kittensInPlay;
+  myKittensLeftBoard.Set(state.kittensLeft);
+  myKittens[index] = std::make_unique<CKittenRecord>();
+}
+
+// A body without a record never counted as one in play, so its end counts for nothing either.
+void CGameLogic::RemoveKitten(int index) {
+  const CKittenRecord* const record = FindRecord(index);
+  if (record == nullptr) {
+    return;
+  }
+  CGameState& state = GameState();
+  state.stake -= record->myScore;
+  myKittens[index].reset();
+  state.lastRemoval = myClock.GetTime();
+  --state.kittensInPlay;
+  myStakeBoard.Set(state.stake);
+  if (state.kittensLeft < 1 && state.kittensInPlay < 1) {
+    state.isGameOver = true;
+  }
+}
+
+void CGameLogic::AddScore(int kittenIndex, int& points) {
+  CGameState& state = GameState();
+  if (kittenIndex != 0 && state.kittensInPlay > 0) {
+    points *= state.kittensInPlay;
+  }
+  myStakeBoard.Add(points);
+  state.stake += points;
+  if (CKittenRecord* const record = FindRecord(kittenIndex)) {
+    record->myScore += points;
+  }
+}
+
+int CGameLogic::AwardBonus(int number, CScreenPoint position, int fallbackPoints) {
+  Log() << "PlayEffect: " << number << "\n";
+  const CBonus bonus = FindBonus(number);
+  int points = bonus.points != 0 ? bonus.points : fallbackPoints;
+  if (points > 0) {
+    AddScore(0, points);
+    CScoreBoard::ShowFloatingText(position, GainText(points));
+  }
+  if (bonus.signFile != nullptr) {
+    ShowSign(bonus.signFile);
+  }
+  return points > 0 ? points : 0;
+}
+
+void CGameLogic::OnDoorOpened() { MoveDoor(kDoorOpenPlace); }
+
+void CGameLogic::OnDoorClosed() { MoveDoor(kDoorShutPlace); }
+
+// The older movement is dropped: two at once would pull the door to and fro.
+void CGameLogic::MoveDoor(CScreenPoint target) {
+  vask::CSprite* const oven = myOven.Get();
+  if (oven == nullptr) {
+    return;
+  }
+  vask::CAnimationUpdator::GetSingletonPtr()->DropAnimatorsOf(oven);
+  new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(oven, target.x, target.y), kDoorTime,
+                              "", false);
+}
+
+void CGameLogic::OnKittenInOven(int index) {
+  ShowEffect(kOvenBurningFile, {});
+  PlayEffect(kBurnSound);
+  if (CKittenRecord* const record = FindRecord(index)) {
+    BankKitten(*record);
+  }
+  RemoveKitten(index);
+}
+
+void CGameLogic::BankKitten(CKittenRecord& record) {
+  Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
+  int sum = 0;
+  CScreenPoint place = kOvenTextPlace;
+  const auto award = [&](EBonus bonus, int fallbackPoints = 0) {
+    sum += AwardBonus(bonus, place, fallbackPoints);
+    place.y += kOvenTextLine;
+  };
+  award(kGrilledKitten, record.myDamageBonus + kGrillPoints);
+  if (record.myDamageBonus > kBashingDamage) {
+    award(kBashing);
+  }
+  if (IsLongShot(record)) {
+    award(kLongShot);
+  }
+  const CTouchStory story = ReadTouches(record.myTouches);
+  Log() << "brum_touch_count: " << story.monsterTouches << "\n";
+  if (story.isOneTouch) {
+    award(kOneTouch);
+  }
+  if (story.isWallBounce) {
+    award(kWallBounce);
+  }
+  record.myScore += sum;
+  myScoreBoard.Add(record.myScore);
+}
+
+void CGameLogic::OnKittenInHell(int index) {
+  if (const CKittenRecord* const record = FindRecord(index)) {
+    ShowEffect(kHellfireFile, {ToScreenPixel(record->myPosition).x, kHellfireY});
+    PlayEffect(kBurnSound);
+  }
+  RemoveKitten(index);
+}
+
+void CGameLogic::OnKittenImpact(int myIndex, float impulseSquared, CVec2 position, int otherIndex,
+                                float myHealth) {
+  const bool isMine = IsKitten(myIndex);
+  if (isMine == IsKitten(otherIndex)) {
+    return;
+  }
+  const int kitten = isMine ? myIndex : otherIndex;
+  const int toucher = isMine ? otherIndex : myIndex;
+  CKittenRecord* const record = FindRecord(kitten);
+  if (record == nullptr) {
+    return;
+  }
+  NoteTouch(*record, toucher, position);
+  PlayHitSound(toucher, impulseSquared);
+  if (isMine && toucher != kMonster && impulseSquared > kDamagingImpulse &&
+      !record->myTouchedThisTick) {
+    ScoreWallHit(*record, kitten, impulseSquared, position, myHealth);
+  }
+}
+
+void CGameLogic::NoteTouch(CKittenRecord& record, int toucher, CVec2 position) {
+  if (toucher == kMonster) {
+    record.myTouchedThisTick = true;
+    record.myTouchPosition = position;
+  }
+  record.myLastToucher = toucher;
+  record.myTouches.push_back(toucher);
+}
+
+void CGameLogic::PlayHitSound(int toucher, float impulseSquared) {
+  CGameState& state = GameState();
+  const unsigned now = myClock.GetTime();
+  if (toucher == kMonster || !(impulseSquared > kAudibleImpulse) ||
+      now - state.lastHitSound <= kHitSoundPause) {
+    return;
+  }
+  state.lastHitSound = now;
+  const int number = 1 + vask::platform::Rand() % kHitSounds;
+  PlayEffect(kHitSoundStart + std::to_string(number) + kHitSoundEnd);
+}
+
+void CGameLogic::ScoreWallHit(CKittenRecord& record, int index, float impulseSquared,
+                              CVec2 position, float health) {
+  int points = WallHitPoints(impulseSquared);
+  AddScore(index, points);
+  ShowPoints(points, position);
+  record.myDamageBonus += points;
+  ShowEffect(WallHitEffect(points, health), ToScreenPixel(record.myPosition));
+}
+
+void CGameLogic::OnKittenSpin(int index, CVec2 position, float angularVelocity, float health) {
+  CKittenRecord* const record = IsKitten(index) ? FindRecord(index) : nullptr;
+  if (record == nullptr) {
+    return;
+  }
+  const unsigned now = myClock.GetTime();
+  int points = record->PassThresholds(health);
+  if (record->IsSpinRunOver(now)) {
+    record->mySpinCount = 0;
+    LogSpinCount(*record);
+  }
+  if (record->IsSpinScoring(angularVelocity, now)) {
+    points = ScoreSpin(*record, points, now);
+  }
+  if (points <= 0) {
+    return;
+  }
+  AddScore(index, points);
+  ShowPoints(points, position);
+  if (health > 0.0F) {
+    ShowEffect(kLoseHairFile, ToScreenPixel(record->myPosition));
+  }
+}
+
+int CGameLogic::ScoreSpin(CKittenRecord& record, int thresholdPoints, unsigned now) {
+  const int points = record.CountSpin(thresholdPoints, now);
+  if (record.mySpinCount % kSpinsPerBonus == 0) {
+    AwardSpinner(record);
+  }
+  LogSpinCount(record);
+  return points;
+}
+
+void CGameLogic::AwardSpinner(CKittenRecord& record) {
+  EBonus bonus = kExpertSpinner;
+  if (record.IsMonsterLast()) {
+    bonus = record.mySpinCount < kGuruSpins ? kMasterSpinner : kGuruSpinner;
+  }
+  record.myScore += AwardBonus(bonus, ToScreenPixel(record.myPosition), record.mySpinCount);
+  if (bonus == kExpertSpinner) {
+    record.mySpinCount = 0;
+  }
+}
+
+void CGameLogic::ShowPoints(int points, CVec2 position) {
+  CScoreBoard::ShowFloatingText(ToScreenPixel(position), GainText(points) + "\n");
+}
+
+void CGameLogic::SetKittenPosition(int index, CVec2 position) {
+  if (CKittenRecord* const record = FindRecord(index)) {
+    record->myPosition = position;
+  }
+}
+
+void CGameLogic::SwapKittenRecords(int oldIndex, int newIndex) {
+  std::swap(myKittens[oldIndex], myKittens[newIndex]);
+}
+
+CKittenRecord* CGameLogic::FindRecord(int index) {
+  const auto found = myKittens.find(index);
+  return found != myKittens.end() ? found->second.get() : nullptr;
+}
+
+const CKittenRecord* CGameLogic::GetRecord(int index) const {
+  const auto found = myKittens.find(index);
+  return found != myKittens.end() ? found->second.get() : nullptr;
+}
+
+}  // namespace brumble

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "game/effects.h"
+#include "game/kittenrecord.h"
+#include "game/physics/gamelogicreceiver.h"
+#include "game/scoreboard.h"
+#include "gfx/sprite.h"
+#include "utils/timer/timer.h"
+
+namespace brumble {
+
+// Who can drop a kitten into the world.
+class IKittenSpawner {
+ public:
+  virtual ~IKittenSpawner() = default;
+  // Answers the new body's index.
+  virtual int SpawnKitten() = 0;
+};
+
+// The rule book. It drops the kittens, hears from the physics and the bridges what becomes of them,
+// and turns that into points: at stake while the kitten is in play, banked when it goes into the
+// oven, lost when it falls into the fire. A body without a record scores nothing.
+//
+//   CGameLogic logic;           // runs without pictures and sounds as well
+//   logic.SetOwner(&task);      // who drops the kittens
+//   logic.NewGame();
+//   logic.Tick();               // every 100 ms
+//   if (logic.IsGameOver()) ...
+class CGameLogic : public IGameLogicReceiver {
+ public:
+  CGameLogic();
+  ~CGameLogic() override;
+  CGameLogic(const CGameLogic&) = delete;
+  CGameLogic& operator=(const CGameLogic&) = delete;
+
+  // Not owned; null drops no kittens.
+  void SetOwner(IKittenSpawner* owner) { myOwner = owner; }
+
+  void NewGame();
+  void Tick();
+  bool IsGameOver() const;
+  // Multiplies `points` in place when a kitten (any index but 0) earns them beside others in play.
+  void AddScore(int kittenIndex, int& points);
+  // Answers the points awarded: the bonus's own, else `fallbackPoints`.
+  int AwardBonus(int number, CScreenPoint position, int fallbackPoints);
+  static void ShowSign(const std::string& file) { brumble::ShowSign(file); }
+  static void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target = {},
+                         const std::string& expression = {}) {
+    brumble::ShowEffect(file, position, target, expression);
+  }
+  static void PlayEffect(const std::string& file) { brumble::PlayEffect(file); }
+
+  void OnDoorOpened() override;
+  void OnDoorClosed() override;
+  void OnKittenInOven(int index) override;
+  void OnKittenInHell(int index) override;
+
+  // Each contact reports from both sides. `position` is the world position of the body `myIndex`.
+  void OnKittenImpact(int myIndex, float impulseSquared, CVec2 position, int otherIndex,
+                      float myHealth);
+  void OnKittenSpin(int index, CVec2 position, float angularVelocity, float health);
+  void SetKittenPosition(int index, CVec2 position);
+  void SwapKittenRecords(int oldIndex, int newIndex);
+
+  // Null for a body without a record.
+  const CKittenRecord* GetRecord(int index) const;
+  const CScoreBoard& GetScoreBoard() const { return myScoreBoard; }
+  const CScoreBoard& GetKittensLeftBoard() const { return myKittensLeftBoard; }
+  const CScoreBoard& GetStakeBoard() const { return myStakeBoard; }
+  vask::CSprite* GetOven() const { return myOven.Get(); }
+
+ private:
+  void LoadSigns();
+  void PlaceBoards();
+  void SpawnKitten();
+  void RemoveKitten(int index);
+  CKittenRecord* FindRecord(int index);
+  void ShowPoints(int points, CVec2 position);
+  void MoveDoor(CScreenPoint target);
+  void NoteTouch(CKittenRecord& record, int toucher, CVec2 position);
+  void PlayHitSound(int toucher, float impulseSquared);
+  void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, CVec2 position,
+                    float health);
+  int ScoreSpin(CKittenRecord& record, int thresholdPoints, unsigned now);
+  void AwardSpinner(CKittenRecord& record);
+  void BankKitten(CKittenRecord& record);
+
+  IKittenSpawner* myOwner = nullptr;
+  CScoreBoard myScoreBoard;  // banked points
+  CScoreBoard myKittensLeftBoard;
+  CScoreBoard myStakeBoard;  // points of the kittens in play
+  vask::CSpritePtr myScoreSign;
+  vask::CSpritePtr myKittensLeftSign;
+  vask::CSpritePtr myKittenSigns;
+  vask::CSpritePtr myOven;
+  vask::CTimer myClock;  // application time, from the new game on
+  std::map<int, std::unique_ptr<CKittenRecord>> myKittens;  // by body index; null: gone
+};
+
+}  // namespace brumble

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+
+#include "game/screentransform.h"
+
+namespace brumble {
+
+// The numbers that the rules fix: times in milliseconds of the game clock, places in pixels.
+
+inline constexpr int kKittensPerGame = 10;
+inline constexpr unsigned kSpawnPause = 600;  // from one kitten's end to the next one's start
+
+// Body indices as the rules see them.
+inline constexpr int kRightWall = 1;
+inline constexpr int kMonster = 7;
+inline constexpr int kFirstKitten = 8;  // every body from here on is a kitten
+inline constexpr int kNoToucher = 8;
+
+// Hits. Squared impulses must exceed these.
+inline constexpr float kAudibleImpulse = 5000.0F;
+inline constexpr float kDamagingImpulse = 3000.0F;
+inline constexpr unsigned kHitSoundPause = 350;
+inline constexpr int kLeastWallPoints = 5;
+inline constexpr int kMostWallPoints = 1000;
+inline constexpr int kBigHitPoints = 100;
+
+// Spinning.
+inline constexpr float kFullHealth = 3000.0F;
+inline constexpr std::array<float, 3> kHealthThresholds = {3000.0F, 1500.0F, 0.0F};
+inline constexpr int kThresholdPoints = 5;
+inline constexpr float kScoringSpin = 10.0F;  // radians per second, to be exceeded
+inline constexpr unsigned kMonsterSpinPause = 250;
+inline constexpr unsigned kWallSpinPause = 350;
+inline constexpr unsigned kSpinRunEnd = 750;
+inline constexpr int kSpinPoints = 5;
+inline constexpr int kMonsterSpinPoints = 5;  // on top
+inline constexpr int kSpinsPerBonus = 5;
+inline constexpr int kGuruSpins = 10;  // a run of fewer makes a master only
+
+// The oven.
+inline constexpr int kGrillPoints = 500;  // on top of the damage bonus
+inline constexpr int kBashingDamage = 5000;
+inline constexpr float kLongShotSquared = 2500.0F;  // squared world units
+inline constexpr CScreenPoint kOvenTextPlace = {50, 150};
+inline constexpr int kOvenTextLine = 25;
+inline constexpr CScreenPoint kDoorOpenPlace = {0, -100};
+inline constexpr CScreenPoint kDoorShutPlace = {0, 0};
+inline constexpr unsigned kDoorTime = 1000;
+inline constexpr int kHellfireY = 546;
+
+// Boards.
+inline constexpr CScreenPoint kScorePlace = {270, 560};
+inline constexpr CScreenPoint kStakePlace = {270, 530};
+inline constexpr CScreenPoint kKittensLeftPlace = {562, 558};
+
+}  // namespace brumble

@@ -1,0 +1,73 @@
+#include "game/gfxfactory.h"
+
+#include <sstream>
+
+#include "gfx/spritefactory.h"
+#include "utils/xml/xml.h"
+
+namespace brumble {
+namespace {
+
+constexpr const char* kSpriteElement = "Sprite";
+constexpr const char* kHandleAttribute = "handle";
+constexpr const char* kFileAttribute = "sprite_file";
+
+}  // namespace
+
+void CGfxFactory::Load(const std::string& file, const std::string& /*rootName*/) {
+  vask::LoadXml(*this, file);
+}
+
+std::string CGfxFactory::GetFile(int handle) const {
+  const auto found = myFiles.find(handle);
+  return found != myFiles.end() ? found->second : std::string();
+}
+
+vask::CSpritePtr CGfxFactory::LoadSprite(const std::string& file) const {
+  if (file.empty()) {
+    return {};
+  }
+  const vask::CSpritePtr sprite(vask::CSpriteFactory::GetSingletonPtr()->Load(file));
+  return sprite->IsEmpty() ? vask::CSpritePtr() : sprite;
+}
+
+vask::CSpritePtr CGfxFactory::LoadSpriteByHandle(int handle) const {
+  return LoadSprite(GetFile(handle));
+}
+
+void CGfxFactory::Serialize(vask::CXmlContext& xml) {
+  if (xml.IsReading()) {
+    Read(xml);
+  } else {
+    Write(xml);
+  }
+}
+
+void CGfxFactory::Read(vask::CXmlContext& xml) {
+  const vask::CXmlElement* const table = xml.GetCurrent();
+  if (table == nullptr) {
+    return;
+  }
+  myFiles.clear();
+  for (int i = 0; i < table->GetChildCount(); ++i) {
+    const vask::CXmlElement& entry = *table->GetChild(i);
+    if (entry.GetName() != kSpriteElement || !entry.HasAttribute(kFileAttribute)) {
+      continue;
+    }
+    int handle = 0;
+    if (std::istringstream(entry.GetAttribute(kHandleAttribute).ToString()) >> handle) {
+      myFiles.emplace(handle, entry.GetAttribute(kFileAttribute).ToString());
+    }
+  }
+}
+
+void CGfxFactory::Write(vask::CXmlContext& xml) const {
+  for (const auto& [handle, file] : myFiles) {
+    xml.BeginNode(kSpriteElement);
+    xml.SetAttribute(kHandleAttribute, handle);
+    xml.SetAttribute(kFileAttribute, file);
+    xml.EndNode(kSpriteElement);
+  }
+}
+
+}  // namespace brumble

@@ -1,0 +1,55 @@
+#include "game/kittenrecord.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace brumble {
+
+int CKittenRecord::PassThresholds(float health) {
+  int points = 0;
+  for (const float threshold : kHealthThresholds) {
+    points += health <= threshold && threshold < myLastHealth ? kThresholdPoints : 0;
+  }
+  myLastHealth = health;
+  return points;
+}
+
+bool CKittenRecord::IsSpinRunOver(unsigned now) const {
+  return mySpinCount > 0 && now - myLastSpinTime > kSpinRunEnd;
+}
+
+bool CKittenRecord::IsSpinScoring(float angularVelocity, unsigned now) const {
+  const unsigned pause = IsMonsterLast() ? kMonsterSpinPause : kWallSpinPause;
+  return std::abs(angularVelocity) > kScoringSpin && now - myLastSpinTime > pause;
+}
+
+int CKittenRecord::CountSpin(int thresholdPoints, unsigned now) {
+  myLastSpinTime = now;
+  ++mySpinCount;
+  const int share = thresholdPoints + kSpinPoints + (IsMonsterLast() ? kMonsterSpinPoints : 0);
+  return mySpinCount * share;
+}
+
+CTouchStory ReadTouches(const std::vector<int>& touches) {
+  CTouchStory story;
+  story.monsterTouches = static_cast<int>(std::count(touches.begin(), touches.end(), kMonster));
+  const auto lastMonster = std::find(touches.rbegin(), touches.rend(), kMonster).base();
+  // `lastMonster` points just behind the monster's last touch, at the front when there is none.
+  story.isOneTouch = story.monsterTouches > 0 &&
+                     std::all_of(touches.begin(), lastMonster, [](int t) { return t == kMonster; });
+  story.isWallBounce = std::find(lastMonster, touches.end(), kRightWall) != touches.end();
+  return story;
+}
+
+int WallHitPoints(float impulseSquared) {
+  constexpr float kImpulseScale = 50.0F;
+  constexpr float kForceScale = 10.0F;
+  // Far above the force that earns the most: keeps the cube below within an int.
+  constexpr float kMostForce = 1000.0F;
+  const float force = std::sqrt(impulseSquared) / kImpulseScale * kForceScale;
+  const int n = static_cast<int>(std::min(force, kMostForce));
+  const int points = ((n / 2) * n * n / 100) * 10;
+  return std::clamp(points, kLeastWallPoints, kMostWallPoints);
+}
+
+}  // namespace brumble

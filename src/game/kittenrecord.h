@@ -1,0 +1,47 @@
+#pragma once
+
+#include <vector>
+
+#include "game/gamerules.h"
+#include "game/physics/geometry.h"
+
+namespace brumble {
+
+// What the rules remember of one kitten in play.
+struct CKittenRecord {
+  bool myTouchedThisTick = false;  // by the monster
+  CVec2 myPosition;                // world units
+  CVec2 myTouchPosition;           // of the monster's last touch
+  int myDamageBonus = 0;           // the points of its wall hits
+  float myLastHealth = kFullHealth;
+  int myLastToucher = kNoToucher;  // a wall or the monster
+  unsigned myLastSpinTime = 0;     // game clock, of the last spin that scored
+  int mySpinCount = 0;             // scored spins of the current run
+  std::vector<int> myTouches;      // every toucher, in order
+  int myScore = 0;                 // all points so far: the kitten's stake
+
+  bool IsMonsterLast() const { return myLastToucher == kMonster; }
+
+  // The points for the thresholds that the health has fallen through since the last call.
+  int PassThresholds(float health);
+  // Whether a run of spins has been idle for too long.
+  bool IsSpinRunOver(unsigned now) const;
+  // Whether a spin at that speed scores now.
+  bool IsSpinScoring(float angularVelocity, unsigned now) const;
+  // Counts a spin and answers its points: each spin of a run is worth one share more.
+  int CountSpin(int thresholdPoints, unsigned now);
+};
+
+// What the list of touches tells about a kitten that went into the oven.
+struct CTouchStory {
+  int monsterTouches = 0;
+  bool isOneTouch = false;    // nothing but the monster touched it before the monster's last touch
+  bool isWallBounce = false;  // the right wall touched it after the monster's last touch
+};
+
+CTouchStory ReadTouches(const std::vector<int>& touches);
+
+// The points of a wall hit, before they are multiplied.
+int WallHitPoints(float impulseSquared);
+
+}  // namespace brumble

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "game/physics/geometry.h"
+#include "game/physics/physicsbody.h"
+
+namespace brumble {
+
+// Where two bodies touch in the current step. The pointers must not outlive the step.
+struct CContact {
+  CPhysicsBody* bodyA = nullptr;
+  CPhysicsBody* bodyB = nullptr;
+  CVec2 pointA;
+  CVec2 pointB;
+  CVec2 normal;  // unit length, from B towards A; zero when no direction can be told
+  CVec2 point;   // midway between pointA and pointB, where impulses act
+};
+
+// No pair is examined in a step once so many contacts exist.
+inline constexpr std::size_t kMaxContacts = 20000;
+
+// The contacts of one step, in the order in which they were found. The last pair that is examined
+// may bring two contacts, so there is room for one beyond the limit.
+class CContactBuffer {
+ public:
+  void Clear() { myCount = 0; }
+  bool IsFull() const { return myCount >= kMaxContacts; }
+  std::size_t GetCount() const { return myCount; }
+
+  void Append(const CContact& contact) { myContacts[myCount++] = contact; }
+
+  CContact* begin() { return myContacts.data(); }
+  CContact* end() { return myContacts.data() + myCount; }
+  const CContact* begin() const { return myContacts.data(); }
+  const CContact* end() const { return myContacts.data() + myCount; }
+
+ private:
+  std::array<CContact, kMaxContacts + 1> myContacts;
+  std::size_t myCount = 0;
+};
+
+}  // namespace brumble

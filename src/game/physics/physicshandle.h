@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "game/physics/physicsworld.h"
+
+namespace brumble {
+
+// The game task's owner of the world: it speaks screen pixels and milliseconds, the world speaks
+// world units and seconds. A handle that has been moved from has no world and does nothing.
+class CPhysicsHandle {
+ public:
+  CPhysicsHandle();
+
+  // Drives the monster towards a point of the 800 x 600 screen; the point is squeezed inwards so
+  // that the monster stays inside the walls.
+  void SetMousePosition(int x, int y);
+  void Step(unsigned milliseconds);
+  // Answers the new body's index, 0 without a world.
+  int SpawnKitten();
+  void ResetWorld();
+
+  // Null without a world.
+  CPhysicsWorld* GetWorld() { return myWorld.get(); }
+
+ private:
+  std::unique_ptr<CPhysicsWorld> myWorld;
+  std::int32_t myMouseX = 0;  // pixels
+  std::int32_t myMouseY = 0;
+};
+
+}  // namespace brumble

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "game/physics/contact.h"
+#include "game/physics/contactgenerator.h"
+#include "game/physics/gamelogicreceiver.h"
+#include "game/physics/physicsbody.h"
+#include "game/physics/physicsgfxbridge.h"
+
+namespace brumble {
+
+// The pit: walls, oven door, the monster that the mouse drives, and the kittens, advanced in small
+// steps. Each step moves the bodies, resolves their contacts, and reports every body to its bridge
+// and every kitten that leaves to the game logic. Holds about a megabyte of contacts by value, so
+// it belongs on the heap.
+//
+//   auto world = std::make_unique<CPhysicsWorld>();
+//   world->SetUp();
+//   const int kitten = world->SpawnKitten();
+//   world->SetPlayerTarget(10.0F, -5.0F, 0.05F);
+//   world->Step(0.015F);
+class CPhysicsWorld {
+ public:
+  // Eight zeroed bodies stand in for the arena until SetUp.
+  CPhysicsWorld();
+  CPhysicsWorld(const CPhysicsWorld&) = delete;
+  CPhysicsWorld& operator=(const CPhysicsWorld&) = delete;
+
+  // Not owned; null for bodies without bridges. Bodies that exist already keep what they have.
+  void SetBridgeFactory(IPhysicsGfxBridgeFactory* factory) { myBridgeFactory = factory; }
+  // Seeds the random numbers from the clock, resets every body and builds the arena. Kittens are
+  // reset, not removed, and the door-open flag stays as it is.
+  void SetUp();
+  // Advances by `dt` seconds, at most 0.05. Allocates nothing. OnImpact must not add bodies; the
+  // other callbacks may.
+  void Step(float dt);
+  void AddKittenBody(float x, float y, float vx, float vy);
+  // Drops a kitten at rest from a random place at the top; answers its index.
+  int SpawnKitten();
+  // Sets the monster's velocity so that it would reach the world point in `t` seconds, or slower
+  // when that is far: the speed tends to a limit.
+  void SetPlayerTarget(float x, float y, float t);
+  int GetBodyCount() const { return static_cast<int>(myBodies.size()); }
+
+  const std::vector<CPhysicsBody>& GetBodies() const { return myBodies; }
+
+  // One receiver for the process; not owned, null for none.
+  static void SetGameLogicReceiver(IGameLogicReceiver* receiver);
+  static IGameLogicReceiver* GetGameLogicReceiver();
+  // Process-wide, false at the start of the program, changed by Step only.
+  static bool IsDoorOpen();
+
+ private:
+  friend class CPhysicsWorldPeer;  // the tests' way to put bodies where they want them
+
+  void ResetBody(CPhysicsBody& body);
+  void BuildArena();
+  std::unique_ptr<IPhysicsGfxBridge> CreateBridge() const;
+
+  void ApplyForces(float dt);
+  void Integrate(float dt);
+  void ReportAndRemove();
+  void ReportBody(std::size_t index);
+  void DamageBySpin(std::size_t index);
+  bool RemoveIfOutside(std::size_t index);
+  void RemoveBody(std::size_t index);
+  void OpenDoor();
+  void CloseDoor();
+
+  IPhysicsGfxBridgeFactory* myBridgeFactory = nullptr;
+  // 0 to 6 the walls, 7 the monster, from 8 on the kittens.
+  std::vector<CPhysicsBody> myBodies;
+  CContactBuffer myContacts;
+  CContactGenerator myGenerator;
+};
+
+}  // namespace brumble

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "game/physics/gamelogicreceiver.h"
+
+namespace brumble {
+
+// What outlives each world: there is one game in a process, and a new world goes on where the last
+// one stopped.
+struct CWorldState {
+  bool isDoorOpen = false;
+  IGameLogicReceiver* receiver = nullptr;  // not owned
+  std::int32_t resetCounter = 0;           // where the next reset body waits
+  std::int32_t lookCounter = 0;            // kittens born so far
+};
+
+CWorldState& WorldState();
+
+}  // namespace brumble

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "gfx/gfx.h"
+
+namespace brumble {
+
+// Keeps decoded pictures alive. Pictures of one file share a surface that dies with the last of
+// them, and the game's signs, effects and kittens come and go: with one reference held here, no
+// picture is decoded again during play.
+class CPictureCache {
+ public:
+  // Holds the picture of the sprite file; nothing when it has none.
+  void Hold(const std::string& spriteFile);
+
+ private:
+  std::vector<vask::Gfx::ImagePtr> myPictures;
+};
+
+}  // namespace brumble

@@ -1,0 +1,105 @@
+#include "gfx/sdl/gfxfactorysdl.h"
+
+#include <SDL_image.h>
+
+#include <memory>
+#include <utility>
+
+#include "gfx/gfx.h"
+#include "gfx/sdl/pixelsdl.h"
+#include "gfx/sdl/sdltextures.h"
+#include "gfx/sdl/video.h"
+
+namespace vask {
+
+namespace {
+
+sdl::SurfacePtr Load(const std::string& file) {
+  const sdl::SurfacePtr loaded(IMG_Load(file.c_str()));
+  if (loaded == nullptr || !sdl::IsValidSize(loaded->w, loaded->h)) {
+    return nullptr;
+  }
+  return loaded->format->alpha != 0 ? sdl::ToScreenAlphaFormat(loaded.get())
+                                    : sdl::ToScreenFormat(loaded.get());
+}
+
+}  // namespace
+
+IPixel* CGfxFactorySDL::NewBuffer(int width, int height, const CColor& colorKey) {
+  sdl::SurfacePtr surface = sdl::NewSurface(width, height, ScreenFormat(), Gfx::NewSurfaceFlags());
+  if (surface == nullptr) {
+    return Gfx::NullImage();
+  }
+  if (const SDL_Surface* screen = sdl::GetVideoSurface()) {
+    if (const SDL_Palette* palette = screen->format->palette) {
+      SDL_SetColors(surface.get(), palette->colors, 0, palette->ncolors);
+    }
+  }
+  return new CPixelSDL(surface.release(), colorKey, {});
+}
+
+IPixel* CGfxFactorySDL::NewBuffer(int width, int height) {
+  sdl::SurfacePtr surface =
+      sdl::NewSurface(width, height, sdl::AlphaFormat(), Gfx::NewSurfaceFlags());
+  if (surface == nullptr) {
+    return Gfx::NullImage();
+  }
+  SDL_SetAlpha(surface.get(), SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
+  auto image = std::make_unique<CPixelSDL>(surface.release());
+  image->SetParam(IPixel::kAlphaBlit, true);
+  return image.release();
+}
+
+IPixel* CGfxFactorySDL::LoadImage(const std::string& file, const CColor& colorKey) {
+  CSDLTextures& textures = *CSDLTextures::GetSingletonPtr();
+  SDL_Surface* surface = nullptr;
+  if (textures.Exists(file)) {
+    surface = textures.GetPointer(file);
+  } else if (sdl::SurfacePtr loaded = Load(file)) {
+    surface = loaded.release();
+    textures.AddNew(file, surface, false);
+  }
+  return surface != nullptr ? new CPixelSDL(surface, colorKey, file) : Gfx::NullImage();
+}
+
+IPixel* CGfxFactorySDL::NewBuffer(IPixel* image) {
+  const auto* original = dynamic_cast<const CPixelSDL*>(image);
+  if (original == nullptr || original->IsEmpty()) {
+    return Gfx::NullImage();
+  }
+  CSDLTextures& textures = *CSDLTextures::GetSingletonPtr();
+  SDL_Surface* surface = original->GetSurface();
+  if (!textures.IsShared(surface) || !textures.AddReference(surface)) {
+    return original->DeepCopy();
+  }
+  auto sharing = std::make_unique<CPixelSDL>(surface);
+  sharing->SetFileName(original->GetFileName());
+  return sharing.release();
+}
+
+void CGfxFactorySDL::FreeImage(IPixel* image) {
+  if (image != nullptr && !image->IsStatic()) {
+    delete image;
+  }
+}
+
+void CGfxFactorySDL::CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
+                               int y) {
+  const auto* from = dynamic_cast<const CPixelSDL*>(source);
+  auto* to = dynamic_cast<CPixelSDL*>(target);
+  if (from != nullptr && to != nullptr) {
+    from->CopyExactTo(*to, sourceRect, x, y);
+  }
+}
+
+const sdl::SPixelFormat& CGfxFactorySDL::ScreenFormat() {
+  if (const SDL_Surface* screen = sdl::GetVideoSurface()) {
+    myFormat = sdl::FormatOf(*screen);
+  } else if (myFormat.bits < 0) {
+    myFormat = sdl::AlphaFormat();
+    myFormat.alphaMask = 0;
+  }
+  return myFormat;
+}
+
+}  // namespace vask

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+
+#include "gfx/sdl/pixelsdl.h"
+
+namespace vask {
+
+// The screen's picture, over SDL's own surface, which it never releases. It keeps a list of changed
+// rectangles for the next flip; the console variable "gfx_flip_rects_size" bounds the list (0: no
+// bound), beyond it everything counts as changed.
+class CPixelScreenSDL : public CPixelSDL {
+ public:
+  // Registers the console variables.
+  CPixelScreenSDL();
+  ~CPixelScreenSDL() override;
+
+  // The graphics task owns the screen.
+  bool IsStatic() const override { return true; }
+  void Flip() override;
+  void AddDirtyRect(const CRect<int>& rect) override;
+
+  // Follows SDL's surface, which keeps its address while its size and pixels change. The
+  // process-wide screen rectangle becomes the surface's.
+  void Reset(SDL_Surface* surface);
+
+  // Whether the next flip shows everything, and how many rectangles it shows otherwise.
+  bool IsUpdateAll() const { return myUpdateAll; }
+  std::size_t GetDirtyCount() const { return myDirtyRects.size(); }
+
+  // While on, as it is by default, every flip shows the whole screen.
+  static bool& FullFlip();
+
+ private:
+  bool myUpdateAll = false;
+  std::deque<CRect<int>> myDirtyRects;
+};
+
+}  // namespace vask

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <SDL.h>
+
+#include <string>
+
+#include "gfx/pixel.h"
+#include "gfx/sdl/surface.h"
+
+namespace vask {
+
+// A picture over an SDL surface. The surface may be shared with other pictures of the same file; it
+// is released through the texture manager.
+class CPixelSDL : public IPixel {
+ public:
+  CPixelSDL() = default;
+  // Takes the caller's reference to the surface over; null makes an empty picture.
+  explicit CPixelSDL(SDL_Surface* surface);
+  CPixelSDL(SDL_Surface* surface, const CColor& colorKey, std::string fileName);
+  CPixelSDL(const CPixelSDL&) = delete;
+  CPixelSDL& operator=(const CPixelSDL&) = delete;
+
+  ~CPixelSDL() override;
+  bool IsStatic() const override { return false; }
+  int GetType() const override { return 1; }
+  bool IsEmpty() const override { return mySurface == nullptr; }
+  void PutPixel(int x, int y, const CColor& color) override;
+  // A picture without alpha answers alpha 255; one with a palette answers the palette's colour.
+  CColor GetPixel(int x, int y) const override;
+  void ClearRect(const CRect<int>& rect) override;
+  int GetWidth() const override { return myRect.w; }
+  int GetHeight() const override { return myRect.h; }
+  IPixel* Scale(int width, int height) const override;
+  IPixel* Rotate(float degrees) const override;
+  IPixel* CloneWithAlpha(int alpha) const override;
+  IPixel* Clone() const override;
+  // The size of `dest` does not count.
+  bool Blit(IPixel* target, const CRect<int>& source, const CRect<int>& dest) const override;
+  bool BlitTo(IPixel* target) const override;
+  void SetRect(const CRect<int>& rect) override;
+  CRect<int> GetRect() const override { return myRect; }
+  bool IsRectChanged() const override { return myRect != myFullRect; }
+  int GetSurfaceWidth() const override { return myFullRect.w; }
+  int GetSurfaceHeight() const override { return myFullRect.h; }
+  int GetX() const override { return myRect.x; }
+  int GetY() const override { return myRect.y; }
+  void SetParam(int which, const CAnyContainer& value) override;
+  bool SaveToFile(const std::string& name) const override;
+  std::string GetFileName() const override { return myFileName; }
+  void Flip() override {}
+  void AddDirtyRect(const CRect<int>&) override {}
+
+  // The rectangle (relative to the image rectangle) in pixels of the surface, cut to the image
+  // rectangle and the surface; all zero when nothing is left.
+  virtual CRect<int> ClipRect(const CRect<int>& rect) const;
+  // The image rectangle as a surface of its own, owned by the picture; null for an empty picture.
+  virtual SDL_Surface* GetClippedSurface() const;
+  virtual SDL_Surface* GetSurface() const { return mySurface; }
+  // Replaces the surface; without `releaseOld` the old one stays its owner's affair.
+  virtual void SetSurface(SDL_Surface* surface, bool releaseOld);
+
+  // What CGfxFactory::CopyExact promises, between two SDL pictures.
+  void CopyExactTo(CPixelSDL& target, const CRect<int>& source, int x, int y) const;
+  // A picture of the whole surface with pixels of its own; the null picture on failure.
+  IPixel* DeepCopy() const;
+  void SetFileName(const std::string& name) { myFileName = name; }
+
+ private:
+  // A source area and where it goes, both in pixels of the surfaces; the area may be empty.
+  struct SCopy {
+    CRect<int> area;
+    int x;
+    int y;
+  };
+  SCopy ClipCopy(const CPixelSDL& target, const CRect<int>& source, int x, int y) const;
+  bool Draw(CPixelSDL& target, const SCopy& copy) const;
+  // A surface as large as this one, whose image rectangle holds this picture.
+  sdl::SurfacePtr CloneSurface() const;
+  IPixel* NewClone(sdl::SurfacePtr surface) const;
+  void DropClip() const { myClippedSurface.reset(); }
+
+  SDL_Surface* mySurface = nullptr;
+  mutable sdl::SurfacePtr myClippedSurface;  // cached; null when it is mySurface or not made yet
+  bool myUseAlphaBlit = false;
+  CRect<int> myRect;
+  CRect<int> myFullRect;
+  std::string myFileName;
+};
+
+}  // namespace vask

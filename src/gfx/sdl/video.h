@@ -1,0 +1,23 @@
+#pragma once
+
+#include <SDL.h>
+
+#include <cstdint>
+
+// SDL's video calls that crash, or answer a surface that is gone, while there is no video: here
+// they answer "nothing" instead.
+namespace vask::sdl {
+
+// Whether SDL's video subsystem is up.
+bool HasVideo();
+
+// The screen's surface; null without video and after a mode that could not be set.
+SDL_Surface* GetVideoSurface();
+
+// Sets the video mode; null, with SDL's error text, when that fails.
+SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags);
+
+// The depth that SDL would use for the mode; 0 when it is not available.
+int GetModeDepth(int width, int height, int depth, std::uint32_t flags);
+
+}  // namespace vask::sdl

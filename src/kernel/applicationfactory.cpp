@@ -1,0 +1,32 @@
+#include "kernel/applicationfactory.h"
+
+#include "console/commandfactory.h"
+#include "kernel/basiccommands.h"
+#include "kernel/consolebridge.h"
+#include "utils/log/log.h"
+
+namespace vask {
+
+CApplicationFactory::CApplicationFactory()
+    : myConsoleMaker(std::make_unique<CConsoleMaker<CConsoleBridge>>()) {}
+
+CApplicationFactory::~CApplicationFactory() {
+  myConsoleMaker.reset();
+  myConsole.reset();
+  CLog::DeleteSingleton();
+}
+
+CConsole* CApplicationFactory::GetConsole() {
+  if (myConsole == nullptr) {
+    myConsole.reset(NewConsole());
+    RegisterBasicCommands();
+    CCommandFactory::GetSingletonPtr()->LoadLib("basic", myConsole.get());
+  }
+  return myConsole.get();
+}
+
+CConsole* CApplicationFactory::NewConsole() { return myConsoleMaker->Create(); }
+
+CLog* CApplicationFactory::GetLog() { return CLog::GetSingletonPtr(); }
+
+}  // namespace vask

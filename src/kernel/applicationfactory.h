@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+
+#include "console/console.h"
+#include "designpatterns/singleton.h"
+
+namespace vask {
+
+class CLog;
+
+// Hands out what the whole application shares: its console and its log.
+class CApplicationFactory : public CStaticSingleton<CApplicationFactory> {
+ public:
+  template <typename Base>
+  class CTemplateMaker {
+   public:
+    virtual ~CTemplateMaker() = default;
+    virtual Base* Create() = 0;
+  };
+
+  template <typename T>
+  class CConsoleMaker : public CTemplateMaker<CConsole> {
+   public:
+    CConsole* Create() override { return new T; }
+  };
+
+  CApplicationFactory();
+  // Deletes the application console, then the log.
+  ~CApplicationFactory();
+  CApplicationFactory(const CApplicationFactory&) = delete;
+  CApplicationFactory& operator=(const CApplicationFactory&) = delete;
+
+  // The application console, made with the "basic" commands by the first call.
+  CConsole* GetConsole();
+  // A fresh console for a task's own commands, owned by the caller.
+  CConsole* NewConsole();
+  CLog* GetLog();
+
+ private:
+  std::unique_ptr<CConsole> myConsole;
+  std::unique_ptr<CTemplateMaker<CConsole>> myConsoleMaker;
+};
+
+}  // namespace vask

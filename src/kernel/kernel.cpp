@@ -1,0 +1,228 @@
+#include "kernel/kernel.h"
+
+#include <algorithm>
+
+#include "events/eventbridge.h"
+#include "kernel/fakethread.h"
+#include "kernel/task.h"
+#include "platform/processor.h"
+
+namespace vask {
+namespace {
+
+constexpr int kLongestFrameSleep = 100;  // milliseconds
+
+}  // namespace
+
+void CKernel::CWindowFocusHandler::OnResize(int, int) {}
+
+void CKernel::CWindowFocusHandler::OnFocus(bool gained) {
+  myHasFocus = gained;
+  if (gained) {
+    myKernel->OnFocusGained();
+  } else {
+    myKernel->OnFocusLost();
+  }
+}
+
+CKernel::CKernel() : myFocusHandler(std::make_unique<CWindowFocusHandler>(this)) {
+  StartTask(&myTimedTasks, nullptr);
+  CEventBridge::GetSingleton().AddWindowListener(myFocusHandler.get());
+}
+
+CKernel::~CKernel() = default;
+
+int CKernel::Run() {
+  while (!myTasks.IsEmpty()) {
+    RunFrame();
+  }
+  KillAllTasks();
+  return 0;
+}
+
+void CKernel::Quit() { myQuit = true; }
+
+void CKernel::RunFrame() {
+  if (myRemovePending) {
+    RemoveDeadTasks();
+  }
+  UpdateTasks();
+  if (myQuit) {
+    KillAllTasks();
+  }
+  if (myRunFakeThreads) {
+    CFakeThread::RunThreads(0);
+  }
+  RestAfterFrame();
+}
+
+void CKernel::UpdateTasks() {
+  ++myFrame;
+  CWalkList<CTask>::CWalk walk(myTasks);
+  while (CTask* task = walk.Next()) {
+    // A task that left the list and came back in this frame may stand before the walk again.
+    if (!task->IsDead() && task->myUpdatedFrame != myFrame) {
+      task->myUpdatedFrame = myFrame;
+      task->Update();
+    }
+  }
+}
+
+void CKernel::RestAfterFrame() {
+  if (!HasFocus()) {
+    platform::YieldTimeSlice();
+  }
+  myFrameSleep = std::clamp(myFrameSleep, 0, kLongestFrameSleep);
+  platform::SleepMilliseconds(static_cast<unsigned>(myFrameSleep));
+}
+
+void CKernel::StartTask(CTask* task, CConsoleParams* params) {
+  if (myKillsAll) {
+    task->SetDead(true);  // an Exit that starts another task would keep the program from ending
+    return;
+  }
+  if (task->IsTimed()) {
+    myTimedTasks.StartTask(task);
+    return;
+  }
+  task->myUpdatedFrame = 0;
+  myTasksInHook.Append(task);
+  const bool runs = params != nullptr ? task->Start(params) : task->Start();
+  if (!HasReturned(task)) {
+    return;
+  }
+  if (runs) {
+    InsertSorted(task);
+  } else {
+    myPausedTasks.Append(task);
+  }
+}
+
+bool CKernel::HasReturned(const CTask* task) {
+  return myTasksInHook.Remove(task) && !task->IsDead();
+}
+
+void CKernel::InsertSorted(CTask* task) {
+  const std::vector<CTask*>& tasks = myTasks.Items();
+  const auto place = std::find_if(tasks.begin(), tasks.end(),
+                                  [=](const CTask* other) { return !other->IsLessThan(task); });
+  myTasks.Insert(static_cast<std::size_t>(place - tasks.begin()), task);
+}
+
+void CKernel::PauseTask(CTask* task) {
+  // Whoever pauses a task by name means it: the focus will not bring this one back.
+  myFocusPausedTasks.Remove(task);
+  ParkTask(task);
+}
+
+void CKernel::ParkTask(CTask* task) {
+  if (task->IsDead()) {
+    return;
+  }
+  if (!myTasks.Remove(task)) {
+    myTimedTasks.PauseTask(task);
+    return;
+  }
+  myTasksInHook.Append(task);
+  task->Pause();
+  if (HasReturned(task)) {
+    myPausedTasks.Append(task);
+  }
+}
+
+void CKernel::ResumeTask(CTask* task) {
+  if (task->IsDead()) {
+    return;
+  }
+  myFocusPausedTasks.Remove(task);
+  if (!myPausedTasks.Remove(task)) {
+    myTimedTasks.ResumeTask(task);
+    return;
+  }
+  myTasksInHook.Append(task);
+  task->Resume();
+  if (HasReturned(task)) {
+    InsertSorted(task);
+  }
+}
+
+void CKernel::KillTask(CTask* task) {
+  myFocusPausedTasks.Remove(task);
+  myRemovePending = true;
+  if (task->IsTimed()) {
+    myTimedTasks.KillTask(task);
+    return;
+  }
+  if (!task->IsDead()) {
+    // Dead first: the Exit may kill the task again, or delete it.
+    task->SetDead(true);
+    task->Exit();
+  }
+}
+
+void CKernel::ForgetTask(CTask* task) {
+  for (CWalkList<CTask>* list : {&myTasks, &myPausedTasks, &myFocusPausedTasks, &myTasksInHook}) {
+    while (list->Remove(task)) {
+    }
+  }
+  myTimedTasks.ForgetTask(task);
+}
+
+void CKernel::KillAllTasks() {
+  // Parked tasks go together with the running ones, each in its turn: the game, which may be
+  // waiting for the focus, before the graphics it uses, the window after everything that draws.
+  myKillsAll = true;
+  while (CTask* task = FirstToKill()) {
+    KillTask(task);
+  }
+  myTimedTasks.Exit();
+  myKillsAll = false;
+  RemoveDeadTasks();
+}
+
+CTask* CKernel::FirstToKill() const {
+  CTask* first = nullptr;
+  for (const CWalkList<CTask>* list : {&myTasks, &myPausedTasks}) {
+    for (CTask* task : list->Items()) {
+      if (!task->IsDead() && (first == nullptr || task->GetPriority() < first->GetPriority())) {
+        first = task;
+      }
+    }
+  }
+  return first;
+}
+
+void CKernel::RemoveDeadTasks() {
+  myRemovePending = false;
+  for (CWalkList<CTask>* list : {&myTasks, &myPausedTasks}) {
+    for (CTask* task : std::vector<CTask*>(list->Items())) {
+      if (task->IsDead()) {
+        list->Remove(task);
+      }
+    }
+  }
+}
+
+bool CKernel::HasFocus() const { return myFocusHandler->HasFocus(); }
+
+void CKernel::OnFocusLost() {
+  CWalkList<CTask>::CWalk running(myTasks);
+  while (CTask* task = running.Next()) {
+    if (!task->IsDead() && task->PauseOnFocusLost()) {
+      myFocusPausedTasks.AppendOnce(task);
+    }
+  }
+  CWalkList<CTask>::CWalk collected(myFocusPausedTasks);
+  while (CTask* task = collected.Next()) {
+    ParkTask(task);
+  }
+}
+
+void CKernel::OnFocusGained() {
+  // A Resume may lose the focus again; who is left then waits for the next gain.
+  while (HasFocus() && !myFocusPausedTasks.IsEmpty()) {
+    ResumeTask(myFocusPausedTasks.Front());
+  }
+}
+
+}  // namespace vask

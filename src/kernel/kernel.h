@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "designpatterns/singleton.h"
+#include "designpatterns/walklist.h"
+#include "events/windowlistener.h"
+#include "kernel/tasktimedtasks.h"
+
+namespace vask {
+
+class CConsoleParams;
+class CTask;
+
+// Owns the main loop: every frame it updates the live tasks of the run list in priority order, then
+// runs the cooperative threads. It does not own the tasks. Tasks may start, pause, resume and kill
+// tasks, themselves included, from any hook.
+//
+//   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
+//   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
+class CKernel : public CStaticSingleton<CKernel> {
+ public:
+  class CWindowFocusHandler : public IWindowListener {
+   public:
+    explicit CWindowFocusHandler(CKernel* kernel) : myKernel(kernel) {}
+    void OnResize(int width, int height) override;
+    void OnFocus(bool gained) override;
+    bool HasFocus() const { return myHasFocus; }
+
+   private:
+    bool myHasFocus = true;
+    CKernel* myKernel;
+  };
+
+  CKernel();
+  ~CKernel();
+  CKernel(const CKernel&) = delete;
+  CKernel& operator=(const CKernel&) = delete;
+
+  // The main loop; answers 0 when the run list has become empty.
+  int Run();
+  // Asks the loop to kill all tasks at the end of the frame.
+  void Quit();
+  // Puts a new task into the system: into the run list, or parked when its Start answers false.
+  void StartTask(CTask* task, CConsoleParams* params);
+  // Nothing for a task that is dead, or not in the list it would leave.
+  void PauseTask(CTask* task);
+  void ResumeTask(CTask* task);
+  // Stops a task for good; its Exit is called once.
+  void KillTask(CTask* task);
+  // Takes a task that is being destroyed out of every list.
+  void ForgetTask(CTask* task);
+  bool HasFocus() const;
+
+  // Milliseconds slept at the end of each frame, 0 to 100: the console variable
+  // "kernel_frame_sleep".
+  int& FrameSleep() { return myFrameSleep; }
+
+ private:
+  void InsertSorted(CTask* task);
+  void ParkTask(CTask* task);
+  // Ends the time of a task in its hook; whether it is still alive and wants a place in a list.
+  bool HasReturned(const CTask* task);
+  void KillAllTasks();
+  CTask* FirstToKill() const;
+  void RemoveDeadTasks();
+  void OnFocusLost();
+  void OnFocusGained();
+  void RunFrame();
+  void UpdateTasks();
+  void RestAfterFrame();
+
+  CWalkList<CTask> myTasks;
+  CWalkList<CTask> myPausedTasks;
+  CWalkList<CTask> myFocusPausedTasks;
+  std::unique_ptr<CWindowFocusHandler> myFocusHandler;
+  bool myRemovePending = false;
+  bool myQuit = false;
+  bool myRunFakeThreads = true;
+  CTaskTimedTasks myTimedTasks;
+  int myFrameSleep = 0;
+  // The tasks that are in their Start, Pause or Resume and so in no other list: a hook that kills,
+  // deletes or moves its own task finds it here.
+  CWalkList<CTask> myTasksInHook;
+  bool myKillsAll = false;
+  std::uint64_t myFrame = 0;
+};
+
+}  // namespace vask

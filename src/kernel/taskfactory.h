@@ -1,0 +1,57 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "designpatterns/plugfactory.h"
+#include "designpatterns/singleton.h"
+#include "kernel/task.h"
+
+namespace vask {
+
+// Makes tasks by type name, owns them and finds them by their task name.
+class CTaskFactory : public CStaticSingleton<CTaskFactory> {
+ public:
+  using TypeFactory = CPlugFactory<std::string, CTask>;
+
+  // Brings the kernel, the application factory and the log into being, in this order.
+  CTaskFactory();
+  ~CTaskFactory();
+  CTaskFactory(const CTaskFactory&) = delete;
+  CTaskFactory& operator=(const CTaskFactory&) = delete;
+
+  TypeFactory& GetPlugFactory() { return myPlugFactory; }
+
+  // Makes a task of the type and hands it to the kernel. `params` may be null. True means that the
+  // task was made, not that its Start answered true. Under a taken name the old task keeps the
+  // name; the new one runs, owned all the same.
+  bool StartTask(const std::string& type, const std::string& name, int priority,
+                 CConsoleParams* params);
+  void PauseTask(const std::string& name);
+  void ResumeTask(const std::string& name);
+  void StopTask(const std::string& name);
+  // Hands the line to the task of that name; false when there is none or it takes no commands.
+  bool SendCommand(const std::string& name, const std::string& line);
+  // Null for an unknown name.
+  CTask* GetTask(const std::string& name) const;
+  std::vector<std::string> GetTaskNames() const;
+
+ private:
+  TypeFactory myPlugFactory;
+  std::map<std::string, std::unique_ptr<CTask>> myTasks;
+  std::vector<std::unique_ptr<CTask>> myNamelessTasks;
+};
+
+// Registers a task type from a static initialiser:
+//   const CTaskTypeRegistrar<CTaskMouse> registrar("mouse");
+template <typename T>
+class CTaskTypeRegistrar {
+ public:
+  explicit CTaskTypeRegistrar(const char* type) {
+    CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<T>(type);
+  }
+};
+
+}  // namespace vask

@@ -1,0 +1,7 @@
+#include "kernel/application.h"
+
+int main(int, char**) {
+  vask::CApplication application;
+  application.Run();
+  return 0;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+namespace vask::platform {
+
+// The greatest value that Rand() answers; the game's formulas divide by it.
+inline constexpr int kRandMax = 32767;
+
+// A source of pseudo-random numbers, 0 to kRandMax each.
+class IRandomSource {
+ public:
+  virtual ~IRandomSource() = default;
+  virtual void Seed(unsigned seed) = 0;
+  virtual int Next() = 0;
+};
+
+// The next number of the current source, 0 to kRandMax.
+int Rand();
+
+// Starts the current source again: equal seeds give equal sequences.
+void SeedRand(unsigned seed);
+
+// Replaces the source (not owned; null brings the built-in one back) and answers the one that was
+// installed, null for the built-in one.
+IRandomSource* SetRandomSource(IRandomSource* source);
+
+}  // namespace vask::platform

@@ -1,0 +1,52 @@
+#include "tasks/sdlmixereffectdata.h"
+
+#include <SDL_mixer.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "tasks/soundfilecheck.h"
+#include "utils/log/log.h"
+
+namespace vask {
+
+CSDLMixerEffectData::CSDLMixerEffectData(std::string fileName)
+    : myFileName(std::move(fileName)), myChunk(nullptr) {
+  CLog& log = *CLog::GetSingletonPtr();
+  log << "new CSDLMixerEffectData( " << myFileName << " ) \n";
+  if (CheckSoundFile(myFileName)) {
+    myChunk = Mix_LoadWAV_RW(SDL_RWFromFile(myFileName.c_str(), "rb"), 1);
+  }
+  if (myChunk == nullptr) {
+    log.Error() << "Could not load effect-file  " << myFileName << "\n";
+    log.Error() << "SDL_Mixer says: " << SDL_GetError() << "\n";
+  }
+}
+
+CSDLMixerEffectData::~CSDLMixerEffectData() {
+  if (myChunk != nullptr) {
+    Mix_FreeChunk(myChunk);
+  }
+  if (CLog* log = CLog::PeekSingletonPtr()) {
+    *log << "freed CSDLMixerEffectData\n";
+  }
+}
+
+CSDLMixerEffectData* CSDLMixerEffectData::Get(const std::string& fileName) {
+  if (const List* cache = PeekList()) {
+    const auto found = std::find_if(cache->Items().begin(), cache->Items().end(),
+                                    [&](const auto* data) { return data->myFileName == fileName; });
+    if (found != cache->Items().end()) {
+      return *found;
+    }
+  }
+  return new CSDLMixerEffectData(fileName);
+}
+
+void CSDLMixerEffectData::FreeAll() {
+  while (const List* cache = PeekList()) {
+    delete cache->Front();
+  }
+}
+
+}  // namespace vask

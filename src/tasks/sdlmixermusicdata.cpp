@@ -1,0 +1,57 @@
+#include "tasks/sdlmixermusicdata.h"
+
+#include <SDL_mixer.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "tasks/soundfilecheck.h"
+#include "utils/log/log.h"
+
+namespace vask {
+
+CSDLMixerMusicData::CSDLMixerMusicData(std::string fileName)
+    : myFileName(std::move(fileName)), myMusic(nullptr) {
+  CLog& log = *CLog::GetSingletonPtr();
+  log << "new CSDLMixerMusicData( " << myFileName << " ) \n";
+  if (CheckSoundFile(myFileName)) {
+    myMusic = Mix_LoadMUS(myFileName.c_str());
+  }
+  if (myMusic == nullptr) {
+    log.Error() << "Could not load music-file  " << myFileName << "\n";
+    log.Error() << "SDL_Mixer says: " << SDL_GetError() << "\n";
+  }
+}
+
+CSDLMixerMusicData::~CSDLMixerMusicData() {
+  if (myMusic != nullptr) {
+    Mix_FreeMusic(myMusic);
+  }
+  if (CLog* log = CLog::PeekSingletonPtr()) {
+    *log << "freed CSDLMixerMusicData\n";
+  }
+}
+
+CSDLMixerMusicData* CSDLMixerMusicData::Get(const std::string& fileName) {
+  if (const List* open = PeekList()) {
+    const auto found = std::find_if(open->Items().begin(), open->Items().end(),
+                                    [&](const auto* data) { return data->myFileName == fileName; });
+    if (found != open->Items().end()) {
+      return *found;
+    }
+  }
+  return new CSDLMixerMusicData(fileName);
+}
+
+void CSDLMixerMusicData::FreeAll() {
+  while (const List* open = PeekList()) {
+    delete open->Front();
+  }
+}
+
+bool CSDLMixerMusicData::Lives(const CSDLMixerMusicData* data) {
+  const List* open = PeekList();
+  return open != nullptr && open->Contains(data);
+}
+
+}  // namespace vask

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "utils/containers/autolist.h"
+
+// As SDL_mixer declares it.
+typedef struct _Mix_Music Mix_Music;
+
+namespace vask {
+
+// A music file that is open for playing.
+class CSDLMixerMusicData : public CAutoList<CSDLMixerMusicData> {
+ public:
+  // Opens the file; a file that is no music is logged and leaves nothing to play.
+  explicit CSDLMixerMusicData(std::string fileName);
+  // Stops the music when it is still playing. The mixer must be open.
+  ~CSDLMixerMusicData();
+  CSDLMixerMusicData(const CSDLMixerMusicData&) = delete;
+  CSDLMixerMusicData& operator=(const CSDLMixerMusicData&) = delete;
+
+  // The music of that file, opened when it is not open yet.
+  static CSDLMixerMusicData* Get(const std::string& fileName);
+  // Deletes every music object.
+  static void FreeAll();
+  // Whether the object still lives.
+  static bool Lives(const CSDLMixerMusicData* data);
+
+  const std::string& GetFileName() const { return myFileName; }
+  // Null when loading failed.
+  Mix_Music* GetMusic() const { return myMusic; }
+
+ private:
+  std::string myFileName;
+  Mix_Music* myMusic;
+};
+
+}  // namespace vask

@@ -1,0 +1,113 @@
+#include "tasks/sdlmixermusicplayer.h"
+
+#include <SDL_mixer.h>
+
+#include <algorithm>
+
+#include "tasks/sdlmixermusicdata.h"
+#include "utils/log/log.h"
+#include "utils/timer/globaltimerimpl.h"
+#include "utils/timer/timer.h"
+
+namespace vask {
+
+namespace {
+
+// The mixer fades in steps of one chunk and divides by their number, so a fade needs at least one.
+constexpr int kShortestFade = 100;
+// A track that does not play is tried again after a while, not in every frame.
+constexpr unsigned kRetryDelay = 1000;
+
+}  // namespace
+
+CSDLMixerMusicPlayer::CSDLMixerMusicPlayer(int chunkMilliseconds)
+    : myShortestFade(std::max(kShortestFade, chunkMilliseconds)) {}
+
+CSDLMixerMusicPlayer::~CSDLMixerMusicPlayer() {
+  Mix_HaltMusic();
+  CSDLMixerMusicData::FreeAll();
+}
+
+void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
+  Resume();
+  CSDLMixerMusicData* music = CSDLMixerMusicData::Get(fileName);
+  if (music->GetMusic() == nullptr) {
+    delete music;
+    return;
+  }
+  myHasFailed = !StartMusic(*music);
+  myFailedTime = GetGlobalTime();
+  myState = kPlaying;
+  if (music != myMusic && CSDLMixerMusicData::Lives(myMusic)) {
+    delete myMusic;
+  }
+  myMusic = music;
+}
+
+bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
+  if (Mix_FadingMusic() == MIX_FADING_OUT) {
+    Mix_HaltMusic();  // the mixer would block this thread until the fade is over
+  }
+  const int result = myFades ? Mix_FadeInMusicPos(music.GetMusic(), 0, FadeTime(), 0.0)
+                             : Mix_PlayMusic(music.GetMusic(), 0);
+  myFades = false;
+  if (result == -1) {
+    CLog& log = *CLog::GetSingletonPtr();
+    log.Warning() << "Could not play music: " << music.GetFileName() << "\n";
+    log.Warning() << "SDL_Mixer says: " << SDL_GetError() << "\n";
+  }
+  return result != -1;
+}
+
+void CSDLMixerMusicPlayer::PlayFadeIn(const std::string& fileName, int milliseconds) {
+  SetFade(milliseconds);
+  Play(fileName);
+}
+
+void CSDLMixerMusicPlayer::Stop() {
+  if (myState == kPlaying) {
+    if (myFades && FadeTime() > 0) {
+      Mix_FadeOutMusic(FadeTime());
+    } else {
+      Mix_HaltMusic();
+    }
+  }
+  myState = kStopped;
+}
+
+void CSDLMixerMusicPlayer::StopFadeOut(int milliseconds) {
+  SetFade(milliseconds);
+  Stop();
+}
+
+void CSDLMixerMusicPlayer::Pause() {
+  if (myState == kPlaying) {
+    myState = kPaused;
+    Mix_PauseMusic();
+  }
+}
+
+void CSDLMixerMusicPlayer::Resume() {
+  if (myState == kPaused) {
+    myState = kPlaying;
+    Mix_ResumeMusic();
+  }
+}
+
+void CSDLMixerMusicPlayer::Update() {
+  if (myState != kPlaying || Mix_PlayingMusic() != 0 || !CSDLMixerMusicData::Lives(myMusic)) {
+    return;
+  }
+  if (!myHasFailed || HasReached(GetGlobalTime(), myFailedTime + kRetryDelay)) {
+    Play(std::string(myMusic->GetFileName()));
+  }
+}
+
+void CSDLMixerMusicPlayer::SetFade(int milliseconds) {
+  myFades = true;
+  myFadeTime = milliseconds;
+}
+
+int CSDLMixerMusicPlayer::FadeTime() const { return myFadeTime < myShortestFade ? 0 : myFadeTime; }
+
+}  // namespace vask

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace vask {
+
+class CSDLMixerMusicData;
+
+// Plays one music track at a time over the mixer, which must be open for as long as the player
+// lives. A track plays again when it has ended. Fades are in milliseconds; the first track fades in
+// over three seconds.
+class CSDLMixerMusicPlayer {
+ public:
+  // A fade shorter than the mixer's chunk is none.
+  explicit CSDLMixerMusicPlayer(int chunkMilliseconds);
+  // Silences and frees all music.
+  ~CSDLMixerMusicPlayer();
+  CSDLMixerMusicPlayer(const CSDLMixerMusicPlayer&) = delete;
+  CSDLMixerMusicPlayer& operator=(const CSDLMixerMusicPlayer&) = delete;
+
+  void Play(const std::string& fileName);
+  void PlayFadeIn(const std::string& fileName, int milliseconds);
+  void Stop();
+  // The next track fades in as this one fades out.
+  void StopFadeOut(int milliseconds);
+  void Pause();
+  void Resume();
+  // Starts a track that has ended again.
+  void Update();
+
+ private:
+  enum EState : int { kPaused = 0, kPlaying = 1, kStopped = 2 };
+
+  void SetFade(int milliseconds);
+  int FadeTime() const;
+  bool StartMusic(const CSDLMixerMusicData& music);
+
+  CSDLMixerMusicData* myMusic = nullptr;  // current
+  int myState = kPaused;
+  int myFadeTime = 3000;
+  bool myFades = true;
+  [[maybe_unused]] std::array<float, 2> mySettings{1.0F, 1.0F};
+  int myShortestFade;
+  bool myHasFailed = false;   // the last attempt to play
+  unsigned myFailedTime = 0;  // when, on the global clock
+};
+
+}  // namespace vask

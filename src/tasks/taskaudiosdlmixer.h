@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "kernel/task.h"
+
+namespace vask {
+
+class CSDLMixerEffectPlayer;
+class CSDLMixerMusicPlayer;
+
+// Plays sound effects and music. Task type "audio" of the task library "sdl_mixer"; other code
+// plays sounds by console lines to the task, which is therefore started under the name "Audio":
+//
+//   taskload( sdl_mixer )
+//   starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
+//   Audio::PlayEffect( "data/sfx/hit.wav" )
+//
+// Without an audio device the game plays on in silence.
+class CTaskAudioSDLMixer : public CTask {
+ public:
+  class CAudioConsoleImpl;
+
+  CTaskAudioSDLMixer();
+  ~CTaskAudioSDLMixer() override;
+
+  // The frequency, the name of the sample format, the number of output channels, the chunk size and
+  // the number of mixing channels; each may be left out from the end.
+  bool Start(CConsoleParams* params) override;
+  // True when the mixer is running.
+  bool Start() override;
+  void Update() override;
+  void Exit() override;
+  void Pause() override;
+  void Resume() override;
+  bool ExecuteCommand(const std::string& line) override;
+
+ private:
+  void ReadNumber(CConsoleParams& params, int index, int least, int most, int& value,
+                  const char* complaint) const;
+  void ReadFormat(CConsoleParams& params);
+  bool OpenDevice();
+  void DescribeDevice();
+  void CloseDevice();
+  void FreePlayers();
+
+  std::unique_ptr<CSDLMixerMusicPlayer> myMusicPlayer;
+  std::unique_ptr<CSDLMixerEffectPlayer> myEffectPlayer;
+  std::unique_ptr<CAudioConsoleImpl> myAudioConsole;
+  int myFrequency = 22050;  // Hz
+  std::uint16_t myFormat;   // SDL's number of the sample format
+  int myChannels = 2;       // 1 mono, 2 stereo
+  int myChunkSize = 1024;   // samples that are mixed at a time
+  int myMixChannels = 8;    // effects that play at the same time
+  int myDeviceFrequency = 0;
+  bool myIsOpen = false;
+};
+
+}  // namespace vask

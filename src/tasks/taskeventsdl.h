@@ -1,0 +1,43 @@
+#pragma once
+
+#include <SDL.h>
+
+#include "events/mousehardware.h"
+#include "kernel/task.h"
+
+namespace vask {
+
+class CEventBridge;
+
+// Hands SDL's events to the event bridge (task type "event"), and drives the cursor and the input
+// grab for it.
+class CTaskEventSDL : public CTask, public IMouseHardware {
+ public:
+  CTaskEventSDL();
+  ~CTaskEventSDL() override;
+
+  using CTask::Start;
+  bool Start() override;
+  // Drains the event queue.
+  void Update() override;
+  void Exit() override;
+
+  void ShowCursor() override;
+  void HideCursor() override;
+  // Types without an image, and the current one, leave the cursor as it is.
+  void ChangeCursor(int type) override;
+  void GrabInput(bool on) override;
+
+ private:
+  void Dispatch();
+  void Shutdown();
+  void FreeCursor();
+
+  int myCursorType = 0;
+  SDL_Cursor* myCursor = nullptr;
+  SDL_Event myEvent{};
+  CEventBridge* myBridge;
+  bool myIsHardware = false;
+};
+
+}  // namespace vask

@@ -1,0 +1,88 @@
+#include "tasks/taskgfxsdl.h"
+
+#include "events/eventbridge.h"
+#include "gfx/gfx.h"
+#include "gfx/rectresize.h"
+#include "gfx/screenlayer.h"
+#include "gfx/sdl/gfxfactorysdl.h"
+#include "gfx/sdl/pixelscreensdl.h"
+#include "gfx/sdl/video.h"
+
+namespace vask {
+
+CTaskGfxSDL::CTaskGfxSDL() { FollowScreenSize(); }
+
+CTaskGfxSDL::~CTaskGfxSDL() { Shutdown(); }
+
+bool CTaskGfxSDL::Start() {
+  FollowScreenSize();
+  myFactory = std::make_unique<CGfxFactorySDL>();
+  Gfx::SetFactory(myFactory.get());
+  myScreen = std::make_unique<CPixelScreenSDL>();
+  Gfx::SetScreen(myScreen.get());
+  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
+  bridge.RemoveResizeListener(this);
+  bridge.AddResizeListener(this);
+  OnResize(bridge.GetWidth(), bridge.GetHeight());
+  // The first frame is due at once.
+  myLastFrame = myFrameTimer.GetTime() - myFrameInterval;
+  return CTaskGfx::Start();
+}
+
+void CTaskGfxSDL::Update() {
+  const unsigned now = myFrameTimer.GetTime();
+  if (myScreen == nullptr || now - myLastFrame < myFrameInterval) {
+    return;
+  }
+  // The window may open its first mode after this task has started.
+  if (sdl::GetVideoSurface() != myVideoSurface) {
+    OnResize(0, 0);
+  }
+  CTaskGfx::Update();
+  myScreen->Flip();
+  myLastFrame = now;
+}
+
+void CTaskGfxSDL::Exit() {
+  CTaskGfx::Exit();
+  Shutdown();
+}
+
+void CTaskGfxSDL::OnResize(int, int) {
+  if (myScreen == nullptr) {
+    return;
+  }
+  myVideoSurface = sdl::GetVideoSurface();
+  myScreen->Reset(myVideoSurface);
+  if (CScreenLayer* layer = CScreenLayer::PeekSingletonPtr()) {
+    layer->RefreshAll();
+  }
+}
+
+void CTaskGfxSDL::FollowScreenSize() {
+  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
+  bridge.RemoveResizeListener(&Gfx::ScreenRect());
+  bridge.AddResizeListener(&Gfx::ScreenRect());
+}
+
+void CTaskGfxSDL::Shutdown() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->RemoveResizeListener(this);
+    bridge->RemoveResizeListener(&Gfx::ScreenRect());
+  }
+  if (myFactory == nullptr) {
+    return;
+  }
+  if (Gfx::GetFactory() == myFactory.get()) {
+    Gfx::SetFactory(nullptr);
+  }
+  myFactory.reset();
+  Gfx::SetScreen(nullptr);
+  myScreen.reset();
+  myVideoSurface = nullptr;
+  // A factory that somebody put into the place of ours has no other owner.
+  delete Gfx::GetFactory();
+  Gfx::SetFactory(nullptr);
+}
+
+}  // namespace vask

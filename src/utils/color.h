@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vask {
+
+// Four colour components with the layout in which they are packed into 32 bits. By default red is
+// the least significant byte; a picture's own layout may stand in the masks and shifts.
+class CColor {
+ public:
+  CColor() = default;
+  CColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha = 255)
+      : r(red), g(green), b(blue), a(alpha) {}
+
+  // Takes a packed colour apart by the default layout (red in the low byte).
+  explicit CColor(std::uint32_t packed) { Unpack(packed); }
+
+  // The components packed by this colour's masks and shifts.
+  std::uint32_t Pack() const {
+    return (Shifted(r, rShift) & rMask) | (Shifted(g, gShift) & gMask) |
+           (Shifted(b, bShift) & bMask) | (Shifted(a, aShift) & aMask);
+  }
+
+  // Sets the components from a value packed by this colour's masks and shifts.
+  void Unpack(std::uint32_t packed) {
+    r = static_cast<std::uint8_t>((packed & rMask) >> rShift);
+    g = static_cast<std::uint8_t>((packed & gMask) >> gShift);
+    b = static_cast<std::uint8_t>((packed & bMask) >> bShift);
+    a = static_cast<std::uint8_t>((packed & aMask) >> aShift);
+  }
+
+  std::uint8_t r = 0;
+  std::uint8_t g = 0;
+  std::uint8_t b = 0;
+  std::uint8_t a = 255;
+  std::uint32_t rMask = 0x000000FF;
+  std::uint32_t gMask = 0x0000FF00;
+  std::uint32_t bMask = 0x00FF0000;
+  std::uint32_t aMask = 0xFF000000;
+  std::uint8_t rShift = 0;
+  std::uint8_t gShift = 8;
+  std::uint8_t bShift = 16;
+  std::uint8_t aShift = 24;
+
+ private:
+  static std::uint32_t Shifted(std::uint8_t component, std::uint8_t shift) {
+    return static_cast<std::uint32_t>(component) << shift;
+  }
+};
+
+}  // namespace vask

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "utils/log/log.h"
+#include "utils/log/logfile.h"
+
+namespace vask {
+
+// Writes the lines of the log into a file.
+class CLogListenerForFile : public ILogListener {
+ public:
+  CLogListenerForFile(const std::string& fileName, const std::string& version, bool keepMessages);
+
+  void OnLog(const std::string& line, int level) override;
+
+  // Lines below the level are left out; block marks always count.
+  void SetMinLevel(int level) { myMinLevel = level; }
+
+ private:
+  std::unique_ptr<CLogFile> myFile;
+  int myMinLevel = kLogNormal;
+};
+
+}  // namespace vask

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <unordered_map>
+#include <utility>
+
+#include "designpatterns/singleton.h"
+
+namespace vask {
+
+// Counts, for every object of one type, the smart pointers that hold it.
+template <typename T>
+class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
+ public:
+  void Register(T* object) { ++myCounts[object]; }
+
+  // Takes one registration back; the last one deletes the object.
+  void Release(T* object) {
+    const auto found = myCounts.find(object);
+    if (found == myCounts.end() || --found->second > 0) {
+      return;
+    }
+    myCounts.erase(found);
+    delete object;
+  }
+
+  // How many smart pointers hold the object.
+  std::size_t Count(const T* object) const {
+    const auto found = myCounts.find(const_cast<T*>(object));
+    return found == myCounts.end() ? 0 : found->second;
+  }
+
+ private:
+  std::unordered_map<T*, std::size_t> myCounts;
+};
+
+// A shared owner of an object on the heap. The count stands with the manager of the pointer's type,
+// under the object's address: so an object may be held again from its plain pointer, but only ever
+// by smart pointers of one and the same type (sprites of every kind: CSmartPtr<CSprite>).
+template <typename T>
+class CSmartPtr {
+ public:
+  CSmartPtr() = default;
+  explicit CSmartPtr(T* object) : myObject(object) { Register(); }
+  CSmartPtr(const CSmartPtr& other) : myObject(other.myObject) { Register(); }
+  CSmartPtr(CSmartPtr&& other) noexcept : myObject(std::exchange(other.myObject, nullptr)) {}
+  ~CSmartPtr() { Reset(); }
+
+  CSmartPtr& operator=(CSmartPtr other) noexcept {
+    std::swap(myObject, other.myObject);
+    return *this;
+  }
+
+  T* Get() const { return myObject; }
+  T* operator->() const { return myObject; }
+  T& operator*() const { return *myObject; }
+  explicit operator bool() const { return myObject != nullptr; }
+  bool operator==(const CSmartPtr& other) const { return myObject == other.myObject; }
+
+  // Lets go of the object, which dies when nobody else holds it.
+  void Reset() {
+    if (T* object = std::exchange(myObject, nullptr)) {
+      CSmartPtrManager<T>::GetSingletonPtr()->Release(object);
+    }
+  }
+
+ private:
+  void Register() {
+    if (myObject != nullptr) {
+      CSmartPtrManager<T>::GetSingletonPtr()->Register(myObject);
+    }
+  }
+
+  T* myObject = nullptr;
+};
+
+}  // namespace vask

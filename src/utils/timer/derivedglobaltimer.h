@@ -1,0 +1,18 @@
+#pragma once
+
+#include "utils/timer/timer.h"
+
+namespace vask {
+
+// The global clock as a timer: the default source of every timer. Its time is the clock's, whatever
+// is done to it.
+class CDerivedGlobalTimer : public CTimer {
+ public:
+  CDerivedGlobalTimer() : CTimer(SRootTag{}) {}
+  unsigned GetTime() const override;
+
+  // The process-wide instance; lives for ever.
+  static CDerivedGlobalTimer* Instance();
+};
+
+}  // namespace vask

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "utils/containers/container.h"
+
+namespace vask {
+
+// One node of a document tree: a name, text content, attributes and child elements (owned).
+class CXmlElement {
+ public:
+  using Attributes = std::map<std::string, CAnyContainer>;
+
+  explicit CXmlElement(std::string name = {});
+  // Frees the whole tree below without recursion, however deep it is.
+  ~CXmlElement();
+  CXmlElement(const CXmlElement&) = delete;
+  CXmlElement& operator=(const CXmlElement&) = delete;
+
+  const std::string& GetName() const { return myName; }
+  void SetName(const std::string& name) { myName = name; }
+
+  const std::string& GetContent() const { return myContent; }
+  // Stores the text with its five entities decoded.
+  void SetContent(const std::string& text);
+
+  CXmlElement* GetParent() const { return myParent; }
+  void SetParent(CXmlElement* parent) { myParent = parent; }
+
+  // Appends the element, which this one owns from now on; answers it. Sets its parent.
+  CXmlElement* AddChild(std::unique_ptr<CXmlElement> child);
+  int GetChildCount() const { return static_cast<int>(myChildren.size()); }
+  // The child at an index from 0; null outside the range.
+  CXmlElement* GetChild(int index) const;
+
+  // Stores the value unless the name is present already: the first value wins.
+  void SetAttribute(const std::string& name, CAnyContainer value);
+  bool HasAttribute(const std::string& name) const { return myAttributes.count(name) > 0; }
+  // The stored value; an empty one when the name is not present.
+  const CAnyContainer& GetAttribute(const std::string& name) const;
+  const Attributes& GetAttributes() const { return myAttributes; }
+
+ private:
+  CXmlElement* myParent = nullptr;
+  std::string myName;
+  std::string myContent;
+  std::vector<std::unique_ptr<CXmlElement>> myChildren;
+  Attributes myAttributes;
+};
+
+}  // namespace vask

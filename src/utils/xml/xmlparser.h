@@ -1,0 +1,45 @@
+#pragma once
+
+#include <istream>
+#include <string>
+#include <string_view>
+
+#include "utils/xml/xmlhandlerinterface.h"
+
+namespace vask {
+
+// Cuts a document into tags and text and reports them to a handler. The dialect is small: elements,
+// attributes in double quotes, text; what begins with "!" is skipped. A "<" or ">" ends a text or a
+// tag wherever it stands, there is no quoting at that level. Broken input never fails, and every
+// input takes time linear in its length.
+class CXmlParser {
+ public:
+  // With `trim`, blanks around texts and tags are dropped.
+  explicit CXmlParser(CXmlHandlerInterface& handler, bool trim = true)
+      : myTrim(trim), myHandler(&handler) {}
+
+  // Parses the file as one document. A missing file is an empty document.
+  void ParseFile(const std::string& fileName);
+  // Parses the rest of the stream as one document. Lines are joined without a separator.
+  void ParseStream(std::istream& stream);
+
+  // Goes on with a piece of the document; a tag or a text may run over several pieces.
+  void Parse(std::string_view chunk);
+
+ private:
+  enum EState : int { kText = 0, kTag = 1 };
+
+  void ParseLines(std::istream& stream);
+  void ProcessText();
+  void ProcessTag();
+  std::string TakeAttributes(std::string_view tag);
+
+  bool myTrim;
+  int myState = kText;
+  CXmlHandlerInterface* myHandler;
+  std::string myText;  // since the last tag
+  std::string myTag;   // since the last "<"
+  CXmlHandlerInterface::Attributes myAttributes;
+};
+
+}  // namespace vask

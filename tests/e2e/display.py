@@ -1,0 +1,123 @@
+"""A virtual display with a window manager, a real pointer, and the pixels that it shows."""
+import mmap
+import os
+import shutil
+import struct
+import subprocess
+import tempfile
+import time
+
+import numpy
+from Xlib import X, display
+from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
+
+
+def wait_for(condition, seconds, what="the condition"):
+    """Asks every 10 ms until the answer is true; AssertionError when the time is up."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise AssertionError(f"{what} did not come within {seconds} s")
+        time.sleep(0.01)
+
+
+class Display:
+    """Xvfb with openbox. Use it in a `with`."""
+
+    def __init__(self, size=(1280, 960)):
+        self.size = size
+
+    def __enter__(self):
+        self.folder = tempfile.mkdtemp(prefix="brumble-display-")
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder, "-nolisten", "tcp",
+             "-screen", "0", f"{self.size[0]}x{self.size[1]}x24"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        self.environment = dict(os.environ, DISPLAY=self.name)
+        self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.connection = display.Display(self.name)
+        self.connection.xfixes_query_version()
+        self.root = self.connection.screen().root
+        wait_for(self._manager_is_there, 10, "the window manager")
+        self._map_pixels()
+        return self
+
+    def __exit__(self, *_):
+        self.connection.close()
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+        self.pixels = None
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _manager_is_there(self):
+        atom = self.connection.intern_atom("_NET_SUPPORTING_WM_CHECK")
+        return self.root.get_full_property(atom, X.AnyPropertyType)
+
+    def _map_pixels(self):
+        # The server keeps its screen in a file in the XWD format: a header of big-endian words, a
+        # colour table, then the pixels.
+        with open(os.path.join(self.folder, "Xvfb_screen0"), "rb") as file:
+            memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
+        words = struct.unpack(">25I", memory[:100])
+        start = words[0] + words[19] * 12
+        stride, height, width = words[12], words[5], words[4]
+        rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
+        self.pixels = rows[:, :width * 4].reshape(height, width, 4)
+
+    def picture(self, rect):
+        """What the rectangle (x, y, w, h) shows, as rows of (red, green, blue)."""
+        x, y, w, h = rect
+        return self.pixels[y:y + h, x:x + w, 2::-1].copy()
+
+    def sync(self):
+        self.connection.sync()
+
+    def move_pointer(self, x, y):
+        xtest.fake_input(self.connection, X.MotionNotify, x=int(x), y=int(y))
+        self.sync()
+
+    def press(self, button):
+        xtest.fake_input(self.connection, X.ButtonPress, button)
+        self.sync()
+
+    def release(self, button):
+        xtest.fake_input(self.connection, X.ButtonRelease, button)
+        self.sync()
+
+    def click(self, button=1):
+        self.press(button)
+        time.sleep(0.03)
+        self.release(button)
+
+    def cursor_is_visible(self):
+        image = self.connection.xfixes_get_cursor_image(self.root)
+        return any(pixel >> 24 for pixel in image.cursor_image)
+
+    def find_window(self, title):
+        """The managed window of that title, or None."""
+        clients = self.root.get_full_property(
+            self.connection.intern_atom("_NET_CLIENT_LIST"), X.AnyPropertyType)
+        for window_id in clients.value if clients else []:
+            window = self.connection.create_resource_object("window", window_id)
+            if window.get_wm_name() == title:
+                return window
+        return None
+
+    def rect_of(self, window):
+        """The window's client area on the screen: (x, y, w, h)."""
+        geometry = window.get_geometry()
+        corner = window.translate_coords(self.root, 0, 0)
+        return -corner.x, -corner.y, geometry.width, geometry.height
+
+    def run(self, *command):
+        return subprocess.run(command, env=self.environment, check=True, capture_output=True,
+                              text=True).stdout

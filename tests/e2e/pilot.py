@@ -1,0 +1,74 @@
+"""Plays as a person would: looks at the window, moves the pointer."""
+import time
+
+import numpy
+
+# The main colour of every kitten picture; nothing else that play shows has it.
+KITTEN = numpy.array((22, 200, 216))
+GRAVITY = 265  # pixels per second and second of play
+OVEN_AIM_OFFSET = (30, 20)  # press from the lower right, so that the kitten climbs the left wall
+REACTION = 0.035  # seconds between a pointer motion and its effect
+
+
+def find_kitten(picture):
+    """The centre of the kitten's colour, or None."""
+    near = (numpy.abs(picture.astype(numpy.int16) - KITTEN) < 20).all(axis=2)
+    rows, columns = near.nonzero()
+    return (columns.mean(), rows.mean()) if len(rows) > 25 else None
+
+
+def pointer_for(place):
+    """Where the pointer has to be for the monster to be wanted at a place, both in pixels."""
+    x, y = (place[0] - 113) / 0.71375, (place[1] - 20) / 0.93333334
+    return min(max(x, 0), 799), min(max(y, 0), 599)
+
+
+class Pilot:
+    """Presses the kitten steadily from the lower right, up the left wall and into the oven."""
+
+    def __init__(self, game):
+        self.game = game
+        self.place = None
+        self.velocity = (0.0, 0.0)
+        self.seen = 0.0
+        self.appeared = None
+        self.dropping_until = 0.0
+
+    def step(self):
+        """One look and one motion of the pointer, about 30 ms; answers the picture."""
+        began = time.monotonic()
+        picture = self.game.picture()
+        self._look(find_kitten(picture), began)
+        self.game.point_at(*pointer_for(self._aim(time.monotonic())))
+        time.sleep(max(0.0, 0.030 - (time.monotonic() - began)))
+        return picture
+
+    def _look(self, place, now):
+        if place is None:
+            if now - self.seen > 1.0:
+                self.appeared = None
+            return
+        age = now - self.seen
+        if self.place is not None and 0 < age <= 0.25:
+            self.velocity = ((place[0] - self.place[0]) / age,
+                             (place[1] - self.place[1]) / age + GRAVITY * age)
+        else:
+            self.velocity = (0.0, 0.0)
+        self.place, self.seen = place, now
+        self.appeared = self.appeared or now
+
+    def _aim(self, now):
+        if now < self.dropping_until:
+            return 680, 570
+        if self.appeared is None:
+            return 450, 430
+        if now - self.appeared > 25:
+            # It hangs somewhere: step aside, so that it falls.
+            self.dropping_until, self.appeared = now + 4, None
+            return 680, 570
+        ahead = now - self.seen + REACTION
+        if ahead > 0.25:
+            return self.place[0], 430
+        return (self.place[0] + self.velocity[0] * ahead + OVEN_AIM_OFFSET[0],
+                self.place[1] + self.velocity[1] * ahead + GRAVITY * ahead ** 2
+                + OVEN_AIM_OFFSET[1])

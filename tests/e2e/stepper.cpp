@@ -1,0 +1,69 @@
+// The program with a stopped clock and a task that takes orders from the standard input before each
+// frame, so that a test can look at the window between frames. Orders, a line each:
+//
+//   run LINE      executes LINE in the application console
+//   advance MS    moves the clock on
+//   redraw        asks for a full redraw of the next frame
+//   frame         lets one frame go by
+//
+// Each is answered "ok" when it is done; the end of the input quits.
+
+#include <iostream>
+#include <string>
+
+#include "gfx/screenlayer.h"
+#include "kernel/application.h"
+#include "kernel/applicationfactory.h"
+#include "kernel/kernel.h"
+#include "kernel/taskfactory.h"
+#include "support/fakeclock.h"
+
+namespace {
+
+vask::test::CFakeClock* theClock = nullptr;
+
+class CStepper : public vask::CTask {
+ public:
+  void Update() override {
+    if (myFrameRuns) {
+      std::cout << "ok" << std::endl;
+    }
+    myFrameRuns = false;
+    std::string order;
+    while (!myFrameRuns && std::getline(std::cin, order)) {
+      Obey(order);
+    }
+    if (!std::cin) {
+      vask::CKernel::GetSingletonPtr()->Quit();
+    }
+  }
+
+ private:
+  void Obey(const std::string& order) {
+    if (order == "frame") {
+      myFrameRuns = true;
+      return;
+    }
+    if (order.rfind("run ", 0) == 0) {
+      vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(order.substr(4), false);
+    } else if (order.rfind("advance ", 0) == 0) {
+      theClock->Advance(static_cast<unsigned>(std::stoul(order.substr(8))));
+    } else if (order == "redraw") {
+      vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
+    }
+    std::cout << "ok" << std::endl;
+  }
+
+  bool myFrameRuns = false;
+};
+
+const vask::CTaskTypeRegistrar<CStepper> theRegistrar("stepper");
+
+}  // namespace
+
+int main() {
+  vask::test::CFakeClock clock;
+  theClock = &clock;
+  vask::CApplication application;
+  return application.Run();
+}

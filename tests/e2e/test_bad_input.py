@@ -1,0 +1,104 @@
+"""Nothing that is wrong with the files, the script or the machine crashes or hangs the program.
+
+The loaders meet every kind of broken file in the unit tests; here a few go through the whole game,
+under the sanitizers.
+"""
+import os
+import time
+import unittest
+
+from display import Display
+from game import Game
+
+
+class Machine(unittest.TestCase):
+    def test_no_script_ends_at_once(self):
+        with Game(build="asan", prepare=lambda r: (r / "autoexec.txt").unlink()) as game:
+            self.assertEqual(game.wait_for_end(), 0)
+            self.assertIn("New log created on", game.log())
+            self.assertEqual(game.standard_error(), "")
+
+    def test_no_display_ends_in_order_with_one_line(self):
+        with Game(build="asan") as game:
+            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
+            lines = game.standard_error().strip().split("\n")
+            self.assertEqual(len(lines), 1, lines)
+            self.assertIn("display", lines[0].lower())
+            self.assertIn(lines[0], game.log())
+
+    def test_without_a_log_the_game_plays(self):
+        with Display() as screen, Game(screen, build="asan",
+                                       prepare=lambda r: (r / "log.txt").mkdir()) as game:
+            game.start_playing()
+            self.close_in_order(game)
+
+    def close_in_order(self, game):
+        game.screen.run("xdotool", "windowquit", str(game.window.id))
+        self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
+
+
+class Scripts(unittest.TestCase):
+    LINES = """load(autoexec.txt)
+load(again.txt);load(again.txt)
+((((((
+))))))
+"
+"unbalanced, text
+starttask(
+starttask(")
+starttask(,,,)
+::;;::;;//
+a=b=c=d
+nobody::nothing(1, 2)
+Audio::PlayEffect(
+Audio::PlayEffect("data/sfx/missing.wav")
+window::Resize(nonsense, 1e99)
+window::SetIcon(data/gfx/background.png)
+"""
+
+    def test_hostile_lines(self):
+        def prepare(runtime):
+            (runtime / "again.txt").write_text("load(again.txt)\nload(autoexec.txt)\n")
+
+        def script(text):
+            return text + "\n" + self.LINES + "a=" * 500_000 + "1\n" + "x" * 1_000_000 + "\nquit\n"
+
+        with Display() as screen, Game(screen, build="asan", script=script,
+                                       prepare=prepare) as game:
+            self.assertEqual(game.wait_for_end(60), 0, game.standard_error())
+            self.assertIn("nobody", game.log())
+
+
+class Data(unittest.TestCase):
+    """One broken file a run; the game goes from the title into play and ends in order."""
+
+    def break_and_play(self, name, content):
+        def prepare(runtime):
+            path = runtime / "data" / name
+            if content is None:
+                path.unlink()
+            else:
+                path.write_bytes(content(path.read_bytes()))
+
+        with self.subTest(name=name), Display() as screen, \
+                Game(screen, build="asan", prepare=prepare) as game:
+            game.wait_for_window()
+            game.point_at(400, 300)
+            time.sleep(0.5)
+            for _ in range(2):
+                game.click()
+                time.sleep(0.4)
+            game.point_at(60, 100)
+            time.sleep(3)
+            game.screen.run("xdotool", "windowquit", str(game.window.id))
+            self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
+
+    def test_broken_files(self):
+        noise = os.urandom(4000)
+        for name, content in (("gfx/gfx_resources.xml", None),
+                              ("gfx/numbers.ogf", lambda data: data[:20]),
+                              ("gfx/kitten_01.png", lambda data: data[:len(data) // 2]),
+                              ("gfx/monster.xml", lambda data: noise),
+                              ("sfx/kitten_burn.wav", lambda data: noise),
+                              ("music/brumble.ogg", lambda data: b"")):
+            self.break_and_play(name, content)

@@ -1,0 +1,81 @@
+"""What the window shows after its mode or its size has changed."""
+import time
+import unittest
+
+from display import Display, wait_for
+from game import ROOT, Game, load_picture, matches
+
+
+class FrameWindow(unittest.TestCase):
+    def test_dragging_the_frame_leaves_a_correct_picture(self):
+        with Display() as screen, Game(screen) as game:
+            game.wait_for_window()
+            game.point_at(400, 300)
+            game.wait_for_picture("title_screen")
+            title = load_picture("title_screen")
+            for width, height in ((700, 500), (900, 700), (800, 600)):
+                screen.run("xdotool", "windowsize", "--sync", str(game.window.id), str(width),
+                           str(height))
+                wait_for(lambda: self.shows(game, screen, title, width, height), 5,
+                         f"the title at {width} x {height}")
+            game.click()
+            game.wait_for_picture("help_screen")
+
+    def shows(self, game, screen, title, width, height):
+        game.rect = screen.rect_of(game.window)
+        if game.rect[2:] != (width, height):
+            return False
+        picture = game.picture()
+        w, h = min(width, 800), min(height, 600)
+        beyond_is_black = not picture[600:].any() and not picture[:, 800:].any()
+        return matches(picture[:h, :w], title[:h, :w], 0.98) and beyond_is_black
+
+
+class Modes(unittest.TestCase):
+    """With a stopped clock between the lines, the window equals what a full redraw shows."""
+
+    def test_full_screen_and_resize(self):
+        lines = (["window::Fullscreen"], ["window::Fullscreen"], ["window::Resize(640, 480)"],
+                 ["window::Resize(640, 480)"], ["window::Resize(800, 600)"],
+                 ["window::Fullscreen", "window::Fullscreen"])
+        with Display() as screen, self.stepper(screen) as game:
+            self.play_a_little(game)
+            for orders in lines:
+                for line in orders:
+                    self.order(game, f"run {line}")
+                self.frames(game)
+                shown = self.settled_picture(game, screen)
+                self.order(game, "redraw")
+                self.frames(game)
+                self.assertTrue((shown == self.settled_picture(game, screen)).all(), orders)
+                self.assertGreater(shown.max(), 100, orders)
+
+    def stepper(self, screen):
+        return Game(screen, executable=ROOT / "build" / "release" / "brumble_stepper",
+                    script=lambda text: text + "\nstarttask(stepper, stepper, 1)\n")
+
+    def order(self, game, text):
+        game.process.stdin.write(text + "\n")
+        game.process.stdin.flush()
+        self.assertEqual(game.process.stdout.readline().strip(), "ok", game.standard_error())
+
+    def frames(self, game, count=3):
+        for _ in range(count):
+            self.order(game, "advance 17")
+            self.order(game, "frame")
+
+    def play_a_little(self, game):
+        self.frames(game)
+        game.wait_for_window()
+        game.point_at(400, 300)
+        for _ in range(2):
+            time.sleep(0.2)
+            game.click()
+            time.sleep(0.2)
+            self.frames(game)
+        self.frames(game, 80)
+
+    def settled_picture(self, game, screen):
+        time.sleep(0.3)
+        game.rect = screen.rect_of(game.window)
+        return game.picture()

@@ -1,0 +1,108 @@
+"""What the program sends to the sound device: SDL's disk driver writes it to a file."""
+import time
+import unittest
+import wave
+
+import numpy
+
+from display import Display, wait_for
+from game import ROOT, Game, load_picture
+from pilot import Pilot, find_kitten
+
+CHANNELS = 2
+RATE = 22050
+
+
+def without_music(text):
+    return "\n".join(line for line in text.split("\n") if not line.startswith("Audio::PlayMusic"))
+
+
+def effect(name):
+    with wave.open(str(ROOT / "runtime/data/sfx" / f"{name}.wav")) as file:
+        samples = numpy.frombuffer(file.readframes(file.getnframes()), numpy.int16)
+        return samples[::file.getnchannels()].astype(float)
+
+
+def find_sound(heard, sound):
+    """The frame at which the sound fits best, and how well: 1 is the sound itself."""
+    if len(heard) < len(sound):
+        return 0, 0.0
+    size = 1 << int(numpy.ceil(numpy.log2(len(heard) + len(sound))))
+    match = numpy.fft.irfft(numpy.fft.rfft(heard, size) * numpy.conj(numpy.fft.rfft(sound, size)))
+    energy = numpy.concatenate(([0.0], numpy.cumsum(heard ** 2)))
+    windows = energy[len(sound):] - energy[:-len(sound)]
+    fit = match[:len(windows)] / numpy.sqrt(numpy.maximum(windows, 1.0) * (sound ** 2).sum())
+    best = int(fit.argmax())
+    return best, float(fit[best])
+
+
+class Recorder:
+    """The growing file of SDL's disk driver. It runs faster than the clock, so that a moment is the
+    number of frames written when something was seen."""
+
+    ENVIRONMENT = {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIODELAY": "5",
+                   "SDL_DISKAUDIOFILE": "sound.raw"}
+
+    def __init__(self, game):
+        self.path = game.runtime / "sound.raw"
+
+    def moment(self):
+        return self.path.stat().st_size // (2 * CHANNELS)
+
+    def heard(self):
+        data = numpy.fromfile(self.path, numpy.int16)
+        return data[:len(data) // CHANNELS * CHANNELS:CHANNELS].astype(float)
+
+
+class Sound(unittest.TestCase):
+    def test_kittens_and_fire_are_heard(self):
+        with Display() as screen, Game(screen, script=without_music,
+                                       environment=Recorder.ENVIRONMENT) as game:
+            recorder = Recorder(game)
+            game.start_playing()
+            pilot = Pilot(game)
+            wait_for(lambda: find_kitten(pilot.step()) is not None, 10, "a kitten")
+            appeared = recorder.moment()
+            self.assertFalse(recorder.heard()[:appeared - RATE].any(), "silence before any hit")
+            self.bat_until_heard(pilot, recorder, appeared)
+            self.burn_and_listen(game, recorder)
+
+    def bat_until_heard(self, pilot, recorder, appeared):
+        cries = [effect(f"kitten_0{number}") for number in range(1, 6)]
+        end = time.monotonic() + 40
+        while time.monotonic() < end:
+            for _ in range(60):
+                pilot.step()
+            heard = recorder.heard()
+            place, fit = max((find_sound(heard, cry) for cry in cries), key=lambda found: found[1])
+            if fit > 0.9:
+                self.assertGreater(place, appeared - RATE, "no cry before the first kitten")
+                return
+        self.fail("no kitten was heard")
+
+    def burn_and_listen(self, game, recorder):
+        game.point_at(5, 5)
+        wait_for(lambda: not self.fire_shows(game), 20, "a moment without fire")
+        wait_for(lambda: self.fire_shows(game), 40, "a kitten in the fire")
+        seen = recorder.moment()
+        time.sleep(0.8)
+        around = recorder.heard()[max(0, seen - 4 * RATE):seen + 4 * RATE]
+        place, fit = find_sound(around, effect("kitten_burn"))
+        self.assertGreater(fit, 0.9, f"the fire is heard when it is seen (best at {place})")
+
+    def fire_shows(self, game):
+        """Whether a burst of fire hides the edges of the pictures at the bottom of the pit."""
+        background = load_picture("background")[450:520, :, :3].astype(int)
+        shown = game.picture()[450:520].astype(int)
+        changed = numpy.abs(shown - background).max(axis=2) > 60
+        kitten = find_kitten(game.picture())
+        return changed.sum() > 1500 and kitten is None
+
+
+class NoSound(unittest.TestCase):
+    def test_without_a_device_the_game_plays_on(self):
+        with Display() as screen, Game(screen, environment={"SDL_AUDIODRIVER": "none"}) as game:
+            game.start_playing()
+            game.wait_for_log("Initializing SDL_Audio didn't seem to work.")
+            game.point_at(5, 5)
+            game.wait_for_log("Gameover", 60)

@@ -1,0 +1,151 @@
+#include "kernel/application.h"
+
+#include <fstream>
+
+#include "console/consolecommand.h"
+#include "console/consoleparams.h"
+#include "kernel/consolebridge.h"
+#include "kernel/tasklibraries.h"
+#include "kernel_support.h"
+#include "support/logcapture.h"
+
+namespace vask::test {
+namespace {
+
+std::string& Record() {
+  static std::string record;
+  return record;
+}
+
+// A task as the script starts one: it records its parameters and has a console line to itself.
+class CScripted : public CTask {
+ public:
+  using CTask::Start;
+  bool Start(CConsoleParams* params) override {
+    Record() += GetName() + "@" + std::to_string(GetPriority());
+    for (int i = 0; i < params->Size(); ++i) {
+      Record() += "," + params->GetString(i);
+    }
+    Record() += " ";
+    return true;
+  }
+  void Update() override {}
+  void Exit() override { Record() += GetName() + ".exit "; }
+  bool ExecuteCommand(const std::string& line) override {
+    Record() += GetName() + "<" + line + "> ";
+    return line != "refused";
+  }
+};
+
+class ApplicationTest : public CKernelTest {
+ protected:
+  ApplicationTest() {
+    CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<CScripted>("scripted");
+    Record().clear();
+  }
+  static std::string Execute(const std::string& line) {
+    return CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+  }
+  static void WriteScript(const std::string& text) { std::ofstream("autoexec.txt") << text; }
+};
+
+TEST_F(ApplicationTest, BasicCommandsAnswerAndAct) {
+  struct CCase {
+    const char* line;
+    const char* result;
+    const char* logged;
+    const char* record;
+  };
+  for (const CCase& c : std::vector<CCase>{
+           {"starttask(\"scripted\")", "scripted started", "", "scripted@100 "},
+           {"STARTTASK(scripted, a, -5.9, 1, x)", "a started", "", "a@-5,1,x "},
+           {"starttask(scripted, 5)", "scripted started", "", "scripted@5 "},
+           {"starttask(scripted, g, x, 7)", "g started", "", "g@100,x,7 "},
+           {"starttask(scripted, big, 99999999999)", "big started", "", "big@2147483647 "},
+           {"starttask(100%d, n)", "failed to start n",
+            "[ERROR] Trying to start a task 100%d that doesn't exist.\n", ""},
+           {"starttask(5)",
+            "Error: StartTask( tasktype, taskname, priority ) requires atleast one parameter.", "",
+            ""},
+           {"pausetask(5)", "Error: PauseTask( taskname ) requires atleast one parameter.", "", ""},
+           {"pausetask(%s)", "", "[ERROR] Trying to pause a task %s that doesn't exist.\n", ""},
+           {"pausetask(a); pausetask(a)", "\n\n", "", ""},
+           {"resumetask(A)", "", "[ERROR] Trying to resume a task A that doesn't exist.\n", ""},
+           {"resumetask", "Error: ResumeTask( taskname ) requires atleast one parameter.", "", ""},
+           {"stoptask()", "Error: StopTask( taskname ) requires atleast one parameter.", "", ""},
+           {"stoptask(z)", "",
+            "CTaskFactory::StopTask() called[ERROR] Trying to stop a task z that doesn't exist.\n",
+            ""},
+           {"stoptask(a); stoptask(a)", "\n\n",
+            "CTaskFactory::StopTask() calledCTaskFactory::StopTask() called", "a.exit "},
+           {"a::do(1, 2)", "", "", "a<do(1, 2)> "},
+           {"a::refused", "No namespace named space\n", "", "a<refused> "},
+           {"b::do", "No namespace named space\n",
+            "[ERROR] Sorry the namespace or task b doesn't exist.\n", ""},
+           {"load", "Error: Load() You need to give a filename as a parameter.", "", ""},
+           {"load(missing.txt)", "", "", ""},
+           {"taskload(1)", "Error: TaskLoad() You need to give a task library name as a parameter.",
+            "", ""},
+           {"taskload(none)", "", "", ""},
+           {"quit", "bye bye", "", ""},
+       }) {
+    CLogCapture log;
+    EXPECT_EQ(Execute(c.line), c.result) << c.line;
+    CLog::GetSingletonPtr()->Write("|\n");  // ends what is pending
+    EXPECT_EQ(log.Text(), std::string(c.logged) + "|\n") << c.line;
+    EXPECT_EQ(std::exchange(Record(), {}), c.record) << c.line;
+  }
+}
+
+TEST_F(ApplicationTest, ASecondTaskOfANameRunsWithoutIt) {
+  CTaskFactory& factory = CTaskFactory::GetSingleton();
+  Execute("starttask(scripted, one)");
+  CTask* first = factory.GetTask("one");
+  Execute("starttask(scripted, one, 3)");
+  EXPECT_EQ(factory.GetTask("one"), first);
+  EXPECT_EQ(factory.GetTaskNames(), std::vector<std::string>{"one"});
+  Execute("stoptask(one); quit");
+  EXPECT_EQ(Kernel().Run(), 0);
+  EXPECT_EQ(Record(), "one@100 one@3 one.exit one.exit ");
+}
+
+TEST_F(ApplicationTest, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
+  const CTaskLibraryRegistrar registrar("lib", [] {
+    CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<CScripted>("loaded");
+  });
+  WriteScript(
+      "starttask(loaded, early)\ntaskload(lib)\nstarttask(loaded, l)\n"
+      "kernel_frame_sleep = 7\nquit");
+  {
+    CApplication application;
+    EXPECT_EQ(Kernel().FrameSleep(), 7);
+    Kernel().FrameSleep() = 0;
+    EXPECT_EQ(application.Run(), 0);
+  }
+  EXPECT_EQ(Record(), "l@100 l.exit ");
+  EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);
+  EXPECT_EQ(CApplicationFactory::PeekSingletonPtr(), nullptr);
+  EXPECT_EQ(CLog::PeekSingletonPtr(), nullptr);
+}
+
+TEST_F(ApplicationTest, LoadRunsOnTheApplicationConsole) {
+  std::ofstream("set.txt") << "where = here";
+  const std::unique_ptr<CConsole> own(CApplicationFactory::GetSingletonPtr()->NewConsole());
+  EXPECT_EQ(own->GetCommand("load"), nullptr);  // a task's console has none of the basic commands
+  own->AddCommand("load", CApplicationFactory::GetSingletonPtr()->GetConsole()->GetCommand("load"));
+  own->Execute("load(set.txt)", false);
+  EXPECT_EQ(own->FindVariable("where"), nullptr);
+  EXPECT_EQ(Execute("where"), "here");
+}
+
+TEST_F(ApplicationTest, EchoWritesTheLineAndItsResult) {
+  CConsoleBridge console;
+  CLogCapture log;
+  EXPECT_EQ(console.Execute("x = 100%s", true), "100%s");
+  console.Execute("// nothing", true);
+  console.Execute("silent", false);
+  EXPECT_EQ(log.Text(), "x = 100%s\n100%s\n// nothing\n");
+}
+
+}  // namespace
+}  // namespace vask::test
