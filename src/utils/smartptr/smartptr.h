@@ -14,8 +14,9 @@ class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
  public:
   void Register(T* object) { ++myCounts[object]; }
 
-  // Takes one registration back; the last one deletes the object.
-  void Release(T* object) {
+  // Takes one registration back; the last one deletes the object. Not inlined: the compiler, which
+  // does not know the counts, would warn of uses after a delete that does not happen.
+  [[gnu::noinline]] void Release(T* object) {
     const auto found = myCounts.find(object);
     if (found == myCounts.end() || --found->second > 0) {
       return;

@@ -148,6 +148,24 @@ TEST_F(CGeneratorTest, FindsWhatThePlainLoopFinds) {
   }
 }
 
+// What is kept from step to step must not outlive a change of any one field.
+TEST_F(CGeneratorTest, SeesEachFieldChangeAlone) {
+  CSceneMaker maker;
+  std::vector<CPhysicsBody> bodies(30);
+  for (CPhysicsBody& body : bodies) {
+    body = maker.MakeBody(5.0F, 0);
+  }
+  for (float CPhysicsBody::*const field :
+       {&CPhysicsBody::x, &CPhysicsBody::y, &CPhysicsBody::halfWidth, &CPhysicsBody::halfHeight,
+        &CPhysicsBody::angle}) {
+    Compare(bodies);
+    for (CPhysicsBody& body : bodies) {
+      body.*field = maker.MakeBody(5.0F, 0).*field;
+    }
+    EXPECT_GT(Compare(bodies), 10U);
+  }
+}
+
 // Boxes in one place bring two contacts each, the circle among them one: the limit is passed by
 // one.
 TEST_F(CGeneratorTest, StopsAtTheLimitButFinishesThePair) {
