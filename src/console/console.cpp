@@ -216,14 +216,6 @@ std::string CConsole::GetVariable(const std::string& name) const {
   return variable == nullptr ? std::string() : variable->GetString();
 }
 
-std::vector<std::string> CConsole::GetVariableNames() const {
-  std::vector<std::string> names;
-  for (const auto& [key, variable] : myVariables) {
-    names.push_back(variable->GetName());
-  }
-  return names;
-}
-
 std::string CConsole::Key(const std::string& name) const {
   std::string key = name;
   if (!myCaseSensitive) {

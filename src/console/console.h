@@ -70,7 +70,6 @@ class CConsole {
   void RegisterVariable(const std::string& name, T& variable) {
     AddVariable(name, std::make_unique<CVarRef<T>>(&variable, name));
   }
-  std::vector<std::string> GetVariableNames() const;
 
  private:
   std::string Key(const std::string& name) const;

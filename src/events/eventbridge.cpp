@@ -19,10 +19,8 @@ void CEventBridge::RemoveAdapters(const void* owner) {
 }
 
 void CEventBridge::AddWindowListener(IWindowListener* listener) {
-  if (!myWindowListeners.Contains(listener)) {
-    AddResizeListener(listener);
-    myWindowListeners.Append(listener);
-  }
+  AddResizeListener(listener);
+  myWindowListeners.AppendOnce(listener);
 }
 
 void CEventBridge::RemoveWindowListener(IWindowListener* listener) {

@@ -54,7 +54,8 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
     RemoveAdapters(owner);
   }
 
-  // A window listener hears of resizes and of the focus. Adding a listener twice counts once.
+  // A listener that is added twice hears each event once; but a window listener is also a receiver
+  // of resizes, and hears of those once for each time that it was added.
   void AddWindowListener(IWindowListener* listener);
   void RemoveWindowListener(IWindowListener* listener);
   void AddKeyboardListener(IKeyboardListener* listener);

@@ -43,7 +43,7 @@ CBrumbleGfx::CBrumbleGfx(CGameLogic* gameLogic) : myGameLogic(gameLogic) { myHea
 
 bool CBrumbleGfx::IsKitten() const { return myIndex >= kFirstKitten; }
 
-void CBrumbleGfx::Update(float x, float y, float angle, float /*halfWidth*/, float /*halfHeight*/,
+void CBrumbleGfx::Update(float x, float y, float angle, float halfWidth, float /*halfHeight*/,
                          std::int32_t /*shape*/, std::int32_t /*look*/) {
   LoadFirstSprite();
   if (myHasPosition && x == myPosition.x && y == myPosition.y) {
@@ -51,6 +51,7 @@ void CBrumbleGfx::Update(float x, float y, float angle, float /*halfWidth*/, flo
   }
   myHasPosition = true;
   myPosition = {x, y};
+  myHalfWidth = halfWidth;
   if (IsKitten()) {
     myRotation = kFullTurn - angle * kDegreesPerRadian;
     if (myGameLogic != nullptr) {
@@ -115,6 +116,7 @@ void CBrumbleGfx::SetAngularVelocity(float angularVelocity) {
     return;
   }
   mySprite = CGfxFactory::GetSingletonPtr()->LoadSprite(KittenFile(myHair, mySpin));
+  myTriedToLoad = false;  // a kitten whose new look is missing gets its first one back
   PlaceSprite();
 }
 

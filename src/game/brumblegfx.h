@@ -43,13 +43,15 @@ class CBrumbleGfx : public IPhysicsGfxBridge {
   CGameLogic* myGameLogic;
   vask::CSpritePtr mySprite;
   int myIndex = -1;
-  CVec2 myPosition;            // the last that was reported
-  bool myHasPosition = false;  // the first report always places the sprite, also at the origin
-  bool myTriedToLoad = false;  // a file that cannot be read is not read again at every step
+  CVec2 myPosition;          // the last that was reported
+  float myHalfWidth = 0.0F;  // the last that was reported; kept for drawing a body to its size
   float myAngularVelocity = 0.0F;
   float myRotation = 0.0F;  // degrees
   int mySpin = 0;           // 0 slow, 1 spinning, 2 spinning fast
   int myHair = 1;           // 1 full, 2 thinning, 3 bald
+
+  bool myHasPosition = false;  // the first report always places the sprite, also at the origin
+  bool myTriedToLoad = false;  // a file that cannot be read is not read again at every step
 };
 
 }  // namespace brumble

@@ -1,6 +1,5 @@
 #include "game/brumbleingameui.h"
 
-#include "game/gamefiles.h"
 #include "game/gfxfactory.h"
 #include "input/mouse.h"
 #include "utils/log/log.h"
@@ -27,7 +26,7 @@ void CBrumbleTaskImpl::CBrumbleInGameUi::ShowHelp() {
 void CBrumbleTaskImpl::CBrumbleInGameUi::ShowGameOver() {
   *vask::CLog::GetSingletonPtr() << "Gameover\n";
   myState = kHelpOrGameOver;
-  myScreen = CGfxFactory::GetSingletonPtr()->LoadSprite(kGameOverFile);
+  myScreen = CGfxFactory::GetSingletonPtr()->LoadSprite(myGameOverFile);
   vask::CMouse::GetSingletonPtr()->AddDragged(this);
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "game/brumbletaskimpl.h"
+#include "game/gamefiles.h"
 #include "gfx/sprite.h"
 #include "input/mouseable.h"
 
@@ -26,7 +29,10 @@ class CBrumbleTaskImpl::CBrumbleInGameUi : public vask::CMouseableImpl {
   CBrumbleTaskImpl* myOwner;
   EState myState = kNew;
   vask::CSpritePtr myScreen;
+  vask::CSpritePtr mySecondSprite;  // stays empty: kept for a picture beside the screen's own
   vask::CSpritePtr myBubbles;
+  std::string myText;  // stays empty: kept for a text on the screen
+  std::string myGameOverFile = kGameOverFile;
 };
 
 }  // namespace brumble

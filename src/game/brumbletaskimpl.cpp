@@ -13,10 +13,8 @@
 namespace brumble {
 namespace {
 
-constexpr unsigned kPhysicsStep = 5;  // milliseconds of the clock
-constexpr unsigned kGameSpeed = 3;    // the world runs faster than the clock
-constexpr int kMostSteps = 4;         // per frame
-constexpr unsigned kLogicStep = 100;
+constexpr unsigned kGameSpeed = 3;  // the world runs faster than the clock
+constexpr int kMostSteps = 4;       // per frame
 
 }  // namespace
 
@@ -82,11 +80,11 @@ void CBrumbleTaskImpl::Update() {
 
 void CBrumbleTaskImpl::RunPhysics() {
   int steps = 0;
-  while (steps < kMostSteps && myPhysicsClock.GetTime() > kPhysicsStep) {
-    myPhysicsClock -= kPhysicsStep;
+  while (steps < kMostSteps && myPhysicsClock.GetTime() > myPhysicsStep) {
+    myPhysicsClock -= myPhysicsStep;
     const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
     myPhysics.SetMousePosition(mouse.GetPointerX(), mouse.GetPointerY());
-    myPhysics.Step(kPhysicsStep * kGameSpeed);
+    myPhysics.Step(myPhysicsStep * kGameSpeed);
     ++steps;
   }
   // A slow frame loses the rest of its backlog: catching up would only make the next one slower.
@@ -96,10 +94,10 @@ void CBrumbleTaskImpl::RunPhysics() {
 }
 
 void CBrumbleTaskImpl::RunLogic() {
-  if (myLogicClock.GetTime() <= kLogicStep) {
+  if (myLogicClock.GetTime() <= myLogicStep) {
     return;
   }
-  myLogicClock -= kLogicStep;
+  myLogicClock -= myLogicStep;
   if (myGameLogic.IsGameOver()) {
     ShowGameOver();
   } else {

@@ -19,12 +19,10 @@ class CBrumbleTaskImpl : public IKittenSpawner {
  public:
   class CBrumbleInGameUi;
 
-  // Adds up the motions of the mouse.
+  // Adds up the motions of the mouse; kept for a game that steers by them.
   class CMouseDeltaListener : public vask::CMouseableImpl {
    public:
     void OnMouseMoveRelative(int dx, int dy) override;
-    int GetTotalX() const { return myTotalX; }
-    int GetTotalY() const { return myTotalY; }
 
    private:
     std::int32_t myTotalX = 0;  // pixels
@@ -63,13 +61,15 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   // Destroyed in the reverse order: the screens leave first, the world with its bridges last.
   CPhysicsHandle myPhysics;
   vask::CTimer myPhysicsClock;
+  unsigned myPhysicsStep = 5;  // milliseconds of the clock
   vask::CTimer myLogicClock;
+  unsigned myLogicStep = 100;
   CGameLogic myGameLogic;
   CBrumbleGfxFactory myGfxFactory;
-  CPictureCache myPictures;
   vask::CSpritePtr myBackground;  // empty until the first game
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
+  CPictureCache myPictures;
 };
 
 }  // namespace brumble

@@ -56,13 +56,15 @@ void CGameLogic::NewGame() {
   state.kittensLeft = kKittensPerGame;
   state.isGameOver = false;
   LoadSigns();
+  Place(myScoreBoard, kScorePlace, 0);
+  Place(myStakeBoard, kStakePlace, 0);
   myClock.Reset();
   state.stake = 0;
   myKittens.clear();
   state.kittensInPlay = 0;
   state.lastRemoval = myClock.GetTime();
   state.lastHitSound = 0;
-  PlaceBoards();
+  Place(myKittensLeftBoard, kKittensLeftPlace, kKittensPerGame);
 }
 
 void CGameLogic::LoadSigns() {
@@ -71,12 +73,6 @@ void CGameLogic::LoadSigns() {
   myOven = sprites.LoadSprite(kOvenFile);
   myKittenSigns = sprites.LoadSprite(kKittenSignsFile);
   myKittensLeftSign = sprites.LoadSprite(kKittensLeftFile);
-}
-
-void CGameLogic::PlaceBoards() {
-  Place(myScoreBoard, kScorePlace, 0);
-  Place(myStakeBoard, kStakePlace, 0);
-  Place(myKittensLeftBoard, kKittensLeftPlace, kKittensPerGame);
 }
 
 void CGameLogic::Tick() {

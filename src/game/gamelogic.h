@@ -75,7 +75,6 @@ class CGameLogic : public IGameLogicReceiver {
 
  private:
   void LoadSigns();
-  void PlaceBoards();
   void SpawnKitten();
   void RemoveKitten(int index);
   CKittenRecord* FindRecord(int index);

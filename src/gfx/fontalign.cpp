@@ -85,11 +85,14 @@ int CFontAlign::FitLine(const CFont& font, const std::string& text, const CRect<
       }
       wordWidth += font.GetCharWidth(static_cast<unsigned char>(character));
     }
-    if (myLineWidth + wordWidth > rect.w) {
+    const bool isParagraphEnd = position == length || character == kLineEnd;
+    // Behind a blank that reaches over the edge nothing is left that would need a further line.
+    const bool isUsedUp = isParagraphEnd && position == wordStart;
+    if (!isUsedUp && myLineWidth + wordWidth > rect.w) {
       return wordStart - start;
     }
     myLineWidth += wordWidth;
-    if (position == length || character == kLineEnd) {
+    if (isParagraphEnd) {
       myEndsParagraph = true;
       return std::min(position + 1, length) - start;
     }

@@ -55,9 +55,13 @@ int& ScaleSmoothing();
 int& RotateSmoothing();
 
 struct ImageDeleter {
-  void operator()(IPixel* image) const { FreeImage(image); }
+  void operator()(IPixel* image) const {
+    if (!image->IsStatic()) {
+      FreeImage(image);
+    }
+  }
 };
-// An owner of a picture.
+// An owner of a picture; static ones are only held.
 using ImagePtr = std::unique_ptr<IPixel, ImageDeleter>;
 
 }  // namespace vask::Gfx

@@ -243,8 +243,7 @@ void CSprite::SetVisible(bool visible) {
 
 void CSprite::SetSize(int width, int height) {
   const SSize size{std::max(width, 0), std::max(height, 0)};
-  const bool isShown = ShownSize() == SSize{myRect.w, myRect.h};
-  if (IsEmpty() || (isShown && size == UnrotatedSize())) {
+  if (IsEmpty() || size == SSize{myRect.w, myRect.h}) {
     return;
   }
   MarkChanged();
@@ -268,7 +267,7 @@ void CSprite::SetAlpha(int alpha) {
   }
   MarkChanged();
   myAlpha = clamped;
-  ShowImage();
+  RenewCopy();  // of the same size: the rectangle stays, also one that a file has given
 }
 
 int CSprite::GetAlpha() const { return myAlpha; }
@@ -355,10 +354,14 @@ void CSprite::ImageChanged() {
   ShowImage();
 }
 
-void CSprite::ShowImage() {
+void CSprite::RenewCopy() {
   myCopy.reset();
   myCopy = MakeCopy();
   myImage = myCopy != nullptr ? myCopy.get() : LoadedImage();
+}
+
+void CSprite::ShowImage() {
+  RenewCopy();
   const SSize shown = ShownSize();
   myRect.w = shown.w;
   myRect.h = shown.h;

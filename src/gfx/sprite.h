@@ -125,6 +125,7 @@ class CSprite {
 
   void TakeLoaded(IPixel* image);
   void ShowImage();
+  void RenewCopy();
   Gfx::ImagePtr MakeCopy() const;
   bool IsRotated() const;
   SSize UnrotatedSize() const;

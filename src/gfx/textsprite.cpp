@@ -20,19 +20,6 @@ CRect<int> Near(CRect<int> rect) {
   return rect;
 }
 
-// The size that a file asks for. It is not taken from the sprite: an empty sprite has none.
-CRect<int> FileSize(const CXmlContext& xml) {
-  CRect<int> rect;
-  const CXmlElement* element = xml.GetCurrent();
-  for (int i = 0; element != nullptr && i < element->GetChildCount(); ++i) {
-    if (element->GetChild(i)->GetName() == "ImageRect") {
-      ReadRect(*element->GetChild(i), rect);
-      break;
-    }
-  }
-  return Near(rect);
-}
-
 }  // namespace
 
 CTextSprite::CTextSprite() = default;
@@ -58,7 +45,7 @@ void CTextSprite::Serialize(CXmlContext& xml) {
 }
 
 void CTextSprite::ReadFields(CXmlContext& xml) {
-  const CRect<int> size = FileSize(xml);
+  const CRect<int> size = Near(GetRect());
   TakeBuffer(size.w, size.h);
   CRect<int> start;
   const bool hasStart = xml.HasChild("FontStartPosition");

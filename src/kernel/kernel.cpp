@@ -30,7 +30,8 @@ CKernel::CKernel() : myFocusHandler(std::make_unique<CWindowFocusHandler>(this))
   CEventBridge::GetSingleton().AddWindowListener(myFocusHandler.get());
 }
 
-CKernel::~CKernel() = default;
+// The handler leaves the bridge while the lists that it speaks to still stand.
+CKernel::~CKernel() { myFocusHandler.reset(); }
 
 int CKernel::Run() {
   while (!myTasks.IsEmpty()) {
@@ -221,7 +222,9 @@ void CKernel::OnFocusLost() {
 void CKernel::OnFocusGained() {
   // A Resume may lose the focus again; who is left then waits for the next gain.
   while (HasFocus() && !myFocusPausedTasks.IsEmpty()) {
-    ResumeTask(myFocusPausedTasks.Front());
+    CTask* task = myFocusPausedTasks.Front();
+    myFocusPausedTasks.Remove(task);
+    ResumeTask(task);
   }
 }
 

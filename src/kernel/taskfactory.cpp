@@ -9,9 +9,9 @@
 namespace vask {
 
 CTaskFactory::CTaskFactory() {
-  CKernel::GetSingletonPtr();
+  Kernel();
   CApplicationFactory::GetSingletonPtr();
-  CLog::GetSingletonPtr();
+  Log();
 }
 
 CTaskFactory::~CTaskFactory() {
@@ -24,7 +24,7 @@ bool CTaskFactory::StartTask(const std::string& type, const std::string& name, i
                              CConsoleParams* params) {
   std::unique_ptr<CTask> task(myPlugFactory.GetNew(type));
   if (task == nullptr) {
-    CLog::GetSingletonPtr()->Print("[ERROR] Trying to start a task %s that doesn't exist.\n",
+    Log().Print("[ERROR] Trying to start a task %s that doesn't exist.\n",
                                    type.c_str());
     return false;
   }
@@ -36,36 +36,36 @@ bool CTaskFactory::StartTask(const std::string& type, const std::string& name, i
   } else {
     myNamelessTasks.push_back(std::move(task));
   }
-  CKernel::GetSingletonPtr()->StartTask(started, params);
+  Kernel().StartTask(started, params);
   return true;
 }
 
 void CTaskFactory::PauseTask(const std::string& name) {
   if (CTask* task = GetTask(name)) {
-    CKernel::GetSingletonPtr()->PauseTask(task);
+    Kernel().PauseTask(task);
     return;
   }
-  CLog::GetSingletonPtr()->Print("[ERROR] Trying to pause a task %s that doesn't exist.\n",
+  Log().Print("[ERROR] Trying to pause a task %s that doesn't exist.\n",
                                  name.c_str());
 }
 
 void CTaskFactory::ResumeTask(const std::string& name) {
   if (CTask* task = GetTask(name)) {
-    CKernel::GetSingletonPtr()->ResumeTask(task);
+    Kernel().ResumeTask(task);
     return;
   }
-  CLog::GetSingletonPtr()->Print("[ERROR] Trying to resume a task %s that doesn't exist.\n",
+  Log().Print("[ERROR] Trying to resume a task %s that doesn't exist.\n",
                                  name.c_str());
 }
 
 void CTaskFactory::StopTask(const std::string& name) {
   // Without a line end: the next text of the log follows on the same line.
-  CLog::GetSingletonPtr()->Write("CTaskFactory::StopTask() called");
+  Log().Write("CTaskFactory::StopTask() called");
   if (CTask* task = GetTask(name)) {
-    CKernel::GetSingletonPtr()->KillTask(task);
+    Kernel().KillTask(task);
     return;
   }
-  CLog::GetSingletonPtr()->Print("[ERROR] Trying to stop a task %s that doesn't exist.\n",
+  Log().Print("[ERROR] Trying to stop a task %s that doesn't exist.\n",
                                  name.c_str());
 }
 
@@ -73,7 +73,7 @@ bool CTaskFactory::SendCommand(const std::string& name, const std::string& line)
   if (CTask* task = GetTask(name)) {
     return task->ExecuteCommand(line);
   }
-  CLog::GetSingletonPtr()->Print("[ERROR] Sorry the namespace or task %s doesn't exist.\n",
+  Log().Print("[ERROR] Sorry the namespace or task %s doesn't exist.\n",
                                  name.c_str());
   return false;
 }
@@ -83,12 +83,14 @@ CTask* CTaskFactory::GetTask(const std::string& name) const {
   return found == myTasks.end() ? nullptr : found->second.get();
 }
 
-std::vector<std::string> CTaskFactory::GetTaskNames() const {
-  std::vector<std::string> names;
-  for (const auto& [name, task] : myTasks) {
-    names.push_back(name);
-  }
-  return names;
+CKernel& CTaskFactory::Kernel() {
+  myKernel = CKernel::GetSingletonPtr();
+  return *myKernel;
+}
+
+CLog& CTaskFactory::Log() {
+  myLog = CLog::GetSingletonPtr();
+  return *myLog;
 }
 
 }  // namespace vask

@@ -11,6 +11,9 @@
 
 namespace vask {
 
+class CKernel;
+class CLog;
+
 // Makes tasks by type name, owns them and finds them by their task name.
 class CTaskFactory : public CStaticSingleton<CTaskFactory> {
  public:
@@ -36,10 +39,16 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
   bool SendCommand(const std::string& name, const std::string& line);
   // Null for an unknown name.
   CTask* GetTask(const std::string& name) const;
-  std::vector<std::string> GetTaskNames() const;
 
  private:
+  // The live ones: the application takes both down when it ends, and the factory, which outlives
+  // it, serves the next application's.
+  CKernel& Kernel();
+  CLog& Log();
+
   TypeFactory myPlugFactory;
+  CKernel* myKernel = nullptr;
+  CLog* myLog = nullptr;
   std::map<std::string, std::unique_ptr<CTask>> myTasks;
   std::vector<std::unique_ptr<CTask>> myNamelessTasks;
 };

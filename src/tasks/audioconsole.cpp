@@ -107,10 +107,8 @@ class CStopMusicCmd : public CConsoleCommand {
  public:
   explicit CStopMusicCmd(CSDLMixerMusicPlayer& music) : myMusic(music) {}
 
-  std::string Execute(CConsoleParams* params) override {
-    if (params->Size() > 0) {
-      Warn("StopMusic -command, no parameters needed");
-    }
+  std::string Execute(CConsoleParams*) override {
+    Warn("StopMusic -command, no parameters needed");
     return Execute();
   }
   std::string Execute() override {

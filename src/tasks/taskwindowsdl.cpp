@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 #include "console/consoleparams.h"
 #include "events/eventbridge.h"
@@ -30,15 +29,10 @@ std::string DriverName() {
   return name.data();
 }
 
-// SDL falls back to drivers that paint into a terminal, or nowhere, when there is no display. A
-// player is not served by them; whoever wants one names it in the environment.
-bool IsFallbackDriver(std::string_view driver) {
-  const char* wanted = std::getenv("SDL_VIDEODRIVER");
-  if (wanted != nullptr && *wanted != '\0') {
-    return false;
-  }
-  return driver == "aalib" || driver == "caca" || driver == "dummy";
-}
+// Without a display SDL falls back to drivers that paint into a terminal, or nowhere, and some of
+// them write to it before they are refused. A player is not served by them; whoever wants one, or
+// another kind of display, names it in the environment.
+void ChooseDriver() { setenv("SDL_VIDEODRIVER", "x11", 0); }
 
 // Full screen must end, and the display's mode come back, however the program ends.
 void QuitSdlAtExit() { [[maybe_unused]] static const int registered = std::atexit(SDL_Quit); }
@@ -89,6 +83,8 @@ CTaskWindowSDL::~CTaskWindowSDL() {
 bool CTaskWindowSDL::Start(CConsoleParams* params) {
   if (params != nullptr) {
     ReadParams(*params);
+  } else {
+    UseDefaults();
   }
   const std::string failure = InitVideo();
   CreateWindowDescription();
@@ -125,6 +121,15 @@ bool CTaskWindowSDL::ExecuteCommand(const std::string& line) {
   return true;
 }
 
+void CTaskWindowSDL::UseDefaults() {
+  myFlags = 0;
+  myWidth = kDefaultWidth;
+  myHeight = kDefaultHeight;
+  myBpp = 0;
+  myFullscreen = false;
+  myCaption = kDefaultCaption;
+}
+
 void CTaskWindowSDL::ReadParams(const CConsoleParams& params) {
   const auto readInteger = [&](int index, int& field) {
     if (params.Has(index, CVariable::kNumber)) {
@@ -153,17 +158,9 @@ void CTaskWindowSDL::ReadParams(const CConsoleParams& params) {
 
 std::string CTaskWindowSDL::InitVideo() {
   Log() << "Initializing video ";
-  bool isUp = SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != -1;
-  if (isUp) {
+  ChooseDriver();
+  if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != -1) {
     QuitSdlAtExit();
-    const std::string driver = DriverName();
-    if (IsFallbackDriver(driver)) {
-      SDL_Quit();
-      SDL_SetError("only SDL's driver \"%s\" would start", driver.c_str());
-      isUp = false;
-    }
-  }
-  if (isUp) {
     Log() << "[OK]\n\n";
     return {};
   }
@@ -262,7 +259,7 @@ void CTaskWindowSDL::OpenMode() {
   const int depth = sdl::GetModeDepth(myWidth, myHeight, myBpp, flags);
   if (depth == 0) {
     Log().Error() << "Error the screen mode is not available\n";
-    Log().Error() << "Resolution: " << myWidth << " " << myHeight << " @ " << myBpp << "\n";
+    Log().Error() << "Resolution: " << myWidth << ", " << myHeight << " @ " << myBpp << "\n";
     Log().Error() << "Flags: " << flags << "\n";
   }
   if (depth != myBpp) {

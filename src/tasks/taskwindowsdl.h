@@ -47,6 +47,10 @@ class CTaskWindowSDL : public CTask {
   bool IsFullscreen() const { return myFullscreen; }
 
  private:
+  static constexpr int kDefaultWidth = 640;
+  static constexpr int kDefaultHeight = 480;
+  static constexpr char kDefaultCaption[] = "SDL Window";
+
   class CWindowCommand : public CConsoleCommand {
    public:
     explicit CWindowCommand(CTaskWindowSDL* task) : myTask(task) {}
@@ -83,6 +87,7 @@ class CTaskWindowSDL : public CTask {
     std::string Execute() override;
   };
 
+  void UseDefaults();
   void ReadParams(const CConsoleParams& params);
   // Answers why there is no video; empty when there is.
   std::string InitVideo();
@@ -98,13 +103,13 @@ class CTaskWindowSDL : public CTask {
   CCommandToggleFullscreen myCommandToggleFullscreen{this};
   SDL_Surface* myScreen = nullptr;
   std::uint32_t myFlags = 0;
-  int myWidth = 640;
-  int myHeight = 480;
+  int myWidth = kDefaultWidth;
+  int myHeight = kDefaultHeight;
   int myBpp = 0;  // 0: the display's own depth
   bool myFullscreen = false;
   bool myResizable = true;
   bool myFrames = true;
-  std::string myCaption = "SDL Window";
+  std::string myCaption = kDefaultCaption;
   std::string myIconFile;
   std::uint32_t myNewSurfaceFlags = 0;
 };

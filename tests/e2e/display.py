@@ -8,8 +8,9 @@ import tempfile
 import time
 
 import numpy
-from Xlib import X, display
+from Xlib import X, display, error
 from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
+from Xlib.protocol import event
 
 
 def wait_for(condition, seconds, what="the condition"):
@@ -108,8 +109,11 @@ class Display:
             self.connection.intern_atom("_NET_CLIENT_LIST"), X.AnyPropertyType)
         for window_id in clients.value if clients else []:
             window = self.connection.create_resource_object("window", window_id)
-            if window.get_wm_name() == title:
-                return window
+            try:
+                if window.get_wm_name() == title:
+                    return window
+            except error.BadWindow:
+                continue  # it has gone meanwhile
         return None
 
     def rect_of(self, window):
@@ -117,6 +121,15 @@ class Display:
         geometry = window.get_geometry()
         corner = window.translate_coords(self.root, 0, 0)
         return -corner.x, -corner.y, geometry.width, geometry.height
+
+    def close_window(self, window):
+        """As the close button of the window's frame does."""
+        message = event.ClientMessage(
+            window=window, client_type=self.connection.intern_atom("_NET_CLOSE_WINDOW"),
+            data=(32, [X.CurrentTime, 2, 0, 0, 0]))
+        self.root.send_event(message,
+                             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.sync()
 
     def run(self, *command):
         return subprocess.run(command, env=self.environment, check=True, capture_output=True,

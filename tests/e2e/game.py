@@ -42,7 +42,9 @@ class Game:
             script.write_text(self.script(script.read_text()))
         if self.prepare:
             self.prepare(self.runtime)
-        environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy")
+        suppressions = ROOT / "tests" / "support" / "leaks.supp"
+        environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy",
+                           LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
         environment.pop("DISPLAY", None)
         if self.screen:
             environment["DISPLAY"] = self.screen.name
@@ -110,6 +112,30 @@ class Game:
         wait_for(lambda: not matches(self.picture(), load_picture("help_screen")), 5, "play")
 
 
+    def wait_for_kitten(self, seconds=15):
+        """Waits until a kitten is well inside the window."""
+        def there():
+            place = find_kitten(self.picture())
+            return place is not None and place[1] > 60
+        wait_for(there, seconds, "a kitten")
+
+    def end_in_order(self, seconds=30):
+        """Closes the window; answers the exit status."""
+        self.screen.close_window(self.window)
+        return self.wait_for_end(seconds)
+
+
+# The main colour of every kitten picture; nothing else that play shows has it.
+KITTEN = numpy.array((22, 200, 216))
+
+
+def find_kitten(picture):
+    """The centre of the kitten's colour, or None."""
+    near = (numpy.abs(picture.astype(numpy.int16) - KITTEN) < 20).all(axis=2)
+    rows, columns = near.nonzero()
+    return (columns.mean(), rows.mean()) if len(rows) > 25 else None
+
+
 def load_picture(name):
     with Image.open(ROOT / "runtime" / "data" / "gfx" / f"{name}.png") as image:
         return numpy.asarray(image.convert("RGBA"))
@@ -121,6 +147,12 @@ def matches(shown, expected, share=0.6):
         return False
     same = (numpy.abs(shown.astype(int) - expected[:, :, :3]) <= 2).all(axis=2)
     return same.mean() >= share
+
+
+def fire_burns(picture, before):
+    """Whether a burst of fire stands at the bottom of the pit that was not there before."""
+    changed = numpy.abs(picture[480:].astype(int) - before[480:]).max(axis=2) > 60
+    return changed.sum() > 1500
 
 
 class Digits:

@@ -1,20 +1,11 @@
 """Plays as a person would: looks at the window, moves the pointer."""
 import time
 
-import numpy
+from game import find_kitten
 
-# The main colour of every kitten picture; nothing else that play shows has it.
-KITTEN = numpy.array((22, 200, 216))
 GRAVITY = 265  # pixels per second and second of play
 OVEN_AIM_OFFSET = (30, 20)  # press from the lower right, so that the kitten climbs the left wall
 REACTION = 0.035  # seconds between a pointer motion and its effect
-
-
-def find_kitten(picture):
-    """The centre of the kitten's colour, or None."""
-    near = (numpy.abs(picture.astype(numpy.int16) - KITTEN) < 20).all(axis=2)
-    rows, columns = near.nonzero()
-    return (columns.mean(), rows.mean()) if len(rows) > 25 else None
 
 
 def pointer_for(place):

@@ -30,11 +30,7 @@ class Machine(unittest.TestCase):
         with Display() as screen, Game(screen, build="asan",
                                        prepare=lambda r: (r / "log.txt").mkdir()) as game:
             game.start_playing()
-            self.close_in_order(game)
-
-    def close_in_order(self, game):
-        game.screen.run("xdotool", "windowquit", str(game.window.id))
-        self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
+            self.assertEqual(game.end_in_order(), 0, game.standard_error())
 
 
 class Scripts(unittest.TestCase):
@@ -90,8 +86,7 @@ class Data(unittest.TestCase):
                 time.sleep(0.4)
             game.point_at(60, 100)
             time.sleep(3)
-            game.screen.run("xdotool", "windowquit", str(game.window.id))
-            self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
+            self.assertEqual(game.end_in_order(), 0, game.standard_error())
 
     def test_broken_files(self):
         noise = os.urandom(4000)

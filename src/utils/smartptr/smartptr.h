@@ -25,6 +25,12 @@ class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
     delete object;
   }
 
+  // Takes back every registration of an object that dies by other means than its last pointer, as
+  // one on the stack or a member does: else the next object at its address would inherit the count
+  // and never be freed. Called from the object's destructor; pointers that still hold it are stale
+  // and must go before a new object can be held under the same address.
+  void Forget(T* object) { myCounts.erase(object); }
+
   // How many smart pointers hold the object.
   std::size_t Count(const T* object) const {
     const auto found = myCounts.find(const_cast<T*>(object));

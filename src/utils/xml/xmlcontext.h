@@ -28,6 +28,9 @@ class CXmlContext {
   // reading mode.
   CXmlContext(CXmlElement* root, EMode mode, std::string fileName = {});
 
+  // As given; for messages, and for a context that is begun on an element below this one.
+  const std::string& GetFileName() const { return myFileName; }
+
   bool IsReading() const { return myMode == kReading; }
   bool IsWriting() const { return myMode == kWriting; }
 
