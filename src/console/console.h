@@ -17,7 +17,7 @@ class CConsoleParams;
 // Executes lines of the command language.
 //
 //   name                         a command without parameters, else a variable, else the word
-//   itself name(1, text, "more text")   a command with numbers and strings; a string holds no comma
+//   name(1, text, "more text")   a command with numbers and strings; a string holds no comma
 //   variable = value             the value is executed as a line; chains set every variable
 //   one; two; three              statements in turn
 //   task::name(...)              a command of a task's own console

@@ -58,7 +58,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   void ResumeClocks();
   void ResetClocks();
 
-  // Destroyed in the reverse order: the screens leave first, the world with its bridges last.
+  // Destroyed in the reverse order: the world with its bridges goes last.
   CPhysicsHandle myPhysics;
   vask::CTimer myPhysicsClock;
   unsigned myPhysicsStep = 5;  // milliseconds of the clock

@@ -24,8 +24,7 @@ bool CTaskFactory::StartTask(const std::string& type, const std::string& name, i
                              CConsoleParams* params) {
   std::unique_ptr<CTask> task(myPlugFactory.GetNew(type));
   if (task == nullptr) {
-    Log().Print("[ERROR] Trying to start a task %s that doesn't exist.\n",
-                                   type.c_str());
+    Log().Print("[ERROR] Trying to start a task %s that doesn't exist.\n", type.c_str());
     return false;
   }
   CTask* started = task.get();
@@ -45,8 +44,7 @@ void CTaskFactory::PauseTask(const std::string& name) {
     Kernel().PauseTask(task);
     return;
   }
-  Log().Print("[ERROR] Trying to pause a task %s that doesn't exist.\n",
-                                 name.c_str());
+  Log().Print("[ERROR] Trying to pause a task %s that doesn't exist.\n", name.c_str());
 }
 
 void CTaskFactory::ResumeTask(const std::string& name) {
@@ -54,8 +52,7 @@ void CTaskFactory::ResumeTask(const std::string& name) {
     Kernel().ResumeTask(task);
     return;
   }
-  Log().Print("[ERROR] Trying to resume a task %s that doesn't exist.\n",
-                                 name.c_str());
+  Log().Print("[ERROR] Trying to resume a task %s that doesn't exist.\n", name.c_str());
 }
 
 void CTaskFactory::StopTask(const std::string& name) {
@@ -65,16 +62,14 @@ void CTaskFactory::StopTask(const std::string& name) {
     Kernel().KillTask(task);
     return;
   }
-  Log().Print("[ERROR] Trying to stop a task %s that doesn't exist.\n",
-                                 name.c_str());
+  Log().Print("[ERROR] Trying to stop a task %s that doesn't exist.\n", name.c_str());
 }
 
 bool CTaskFactory::SendCommand(const std::string& name, const std::string& line) {
   if (CTask* task = GetTask(name)) {
     return task->ExecuteCommand(line);
   }
-  Log().Print("[ERROR] Sorry the namespace or task %s doesn't exist.\n",
-                                 name.c_str());
+  Log().Print("[ERROR] Sorry the namespace or task %s doesn't exist.\n", name.c_str());
   return false;
 }
 

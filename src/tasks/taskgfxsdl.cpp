@@ -10,12 +10,20 @@
 
 namespace vask {
 
+namespace {
+
+// How many of these tasks own a factory: a script may start two.
+constinit int ourFactoryCount = 0;
+
+}  // namespace
+
 CTaskGfxSDL::CTaskGfxSDL() { FollowScreenSize(); }
 
 CTaskGfxSDL::~CTaskGfxSDL() { Shutdown(); }
 
 bool CTaskGfxSDL::Start() {
   FollowScreenSize();
+  ourFactoryCount += myFactory == nullptr ? 1 : 0;
   myFactory = std::make_unique<CGfxFactorySDL>();
   Gfx::SetFactory(myFactory.get());
   myScreen = std::make_unique<CPixelScreenSDL>();
@@ -77,12 +85,17 @@ void CTaskGfxSDL::Shutdown() {
     Gfx::SetFactory(nullptr);
   }
   myFactory.reset();
-  Gfx::SetScreen(nullptr);
+  --ourFactoryCount;
+  if (Gfx::GetScreen() == myScreen.get()) {
+    Gfx::SetScreen(nullptr);
+  }
   myScreen.reset();
   myVideoSurface = nullptr;
   // A factory that somebody put into the place of ours has no other owner.
-  delete Gfx::GetFactory();
-  Gfx::SetFactory(nullptr);
+  if (ourFactoryCount == 0) {
+    delete Gfx::GetFactory();
+    Gfx::SetFactory(nullptr);
+  }
 }
 
 }  // namespace vask

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -28,9 +27,5 @@ class CEcho : public CConsoleCommand {
 
   std::vector<std::string> calls;
 };
-
-inline void WriteFile(const std::string& name, const std::string& text) {
-  std::ofstream(name, std::ios::binary) << text;
-}
 
 }  // namespace vask::test

@@ -88,12 +88,10 @@ inline std::vector<vask::CTextSprite*> Floating() {
 class GameTest : public ::testing::Test {
  protected:
   explicit GameTest(bool withData = true) {
-    std::filesystem::create_directories(folder);
-    std::filesystem::current_path(folder);
     if (withData) {
       std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+      vask::Gfx::SetFactory(&pictures);
     }
-    vask::Gfx::SetFactory(withData ? &pictures : nullptr);
     vask::CGlobalAppTimer::GetSingletonPtr()->Reset();
     vask::CAnimationUpdator::GetSingletonPtr()->Update(clock.Now());
     GameState() = {};
@@ -107,8 +105,7 @@ class GameTest : public ::testing::Test {
   ~GameTest() override {
     CDeathToASprite::DeleteAll();
     vask::Gfx::SetFactory(nullptr);
-    std::filesystem::current_path(oldFolder);
-    std::filesystem::remove_all(folder);
+    std::filesystem::remove("data");
   }
 
   // Time goes by for the timers and for what moves on the screen.
@@ -117,9 +114,6 @@ class GameTest : public ::testing::Test {
     vask::CAnimationUpdator::GetSingletonPtr()->Update(clock.Now());
   }
 
-  const std::filesystem::path oldFolder = std::filesystem::current_path();
-  const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() / ("brumble_game_" + std::to_string(getpid()));
   vask::test::CFakeClock clock;
   vask::test::CFakeRandom random{{16384}};
   CFakePictures pictures;

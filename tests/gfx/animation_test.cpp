@@ -11,8 +11,6 @@
 
 #include "gfx/animatedsprite.h"
 #include "gfx/animationupdator.h"
-#include "gfx/framerect.h"
-#include "gfx/framesound.h"
 #include "kernel/taskfactory.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
@@ -21,22 +19,14 @@
 namespace vask {
 namespace {
 
-using test::CLogCapture;
-using test::CTestScreen;
-
-constexpr unsigned kNearWrap = 4294967200U;
-
-// Stands in for the audio task and keeps the lines that it is sent.
+// The lines that the audio task, for which the probe stands in, was sent.
+std::vector<std::string> sounds;
 class CAudioProbe : public CTask {
  public:
   void Update() override {}
   bool ExecuteCommand(const std::string& line) override {
-    Lines().push_back(line);
+    sounds.push_back(line);
     return true;
-  }
-  static std::vector<std::string>& Lines() {
-    static std::vector<std::string> lines;
-    return lines;
   }
 };
 const CTaskTypeRegistrar<CAudioProbe> kRegistrar("audioprobe");
@@ -59,97 +49,99 @@ class CProbeFrame : public IFrame {
   std::function<void()> myAction;
 };
 
-std::unique_ptr<IFrame> Rect(int x, unsigned length, std::unique_ptr<IFrame> wrapped = nullptr) {
-  return std::make_unique<CFrameRect>(CRect<int>{x, 0, 1, 1}, length, std::move(wrapped));
+std::string Sound(const std::string& file, const std::string& element = "Frame") {
+  const std::string name = file.empty() ? "" : " sound_file=\"" + file + "\"";
+  return "<" + element + " type=\"frame_sound\"" + name + " ></" + element + ">";
 }
-std::unique_ptr<IFrame> Sound(const std::string& file) {
-  return std::make_unique<CFrameSound>(file);
+std::string Rect(int x, int length, const std::string& wrapped = "") {
+  return "<Frame type=\"frame_rect\" ><Rect x=\"" + std::to_string(x) +
+         "\" w=\"9\" h=\"99\" ></Rect><FrameLength>" + std::to_string(length) + "</FrameLength>" +
+         wrapped + "</Frame>";
 }
+std::string Wrapped(int depth) {
+  std::string text;
+  for (int i = 0; i < depth; ++i) {
+    text = "<Wrapped type=\"frame_rect\" >" + text + "</Wrapped>";
+  }
+  return text;
+}
+std::string Named(const std::string& name, const std::string& frames, int loop = 0) {
+  return "<Animation name=\"" + name + "\" loop=\"" + std::to_string(loop) + "\" >" + frames +
+         "</Animation>";
+}
+
+void Update(unsigned time) { CAnimationUpdator::GetSingletonPtr()->Update(time); }
 
 class Animation : public testing::Test {
  protected:
   Animation() {
-    if (CTaskFactory::GetSingletonPtr()->GetTask("Audio") == nullptr) {
-      CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr);
-    }
-    CAudioProbe::Lines().clear();
+    CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr);
+    sounds.clear();
   }
   ~Animation() override { CAnimationUpdator::DeleteSingleton(); }
 
-  static std::unique_ptr<CAnimatedSprite> NewSheet() {
+  static std::unique_ptr<CAnimatedSprite> Read(const std::string& fields) {
     auto sprite = std::make_unique<CAnimatedSprite>();
     sprite->SetImage(Gfx::NewBuffer(50, 50));
+    std::istringstream file("<S>" + fields + "</S>");
+    const auto root = ReadXml(file);
+    CXmlContext xml(root.get(), CXmlContext::kReading);
+    sprite->Serialize(xml);
     return sprite;
   }
-  template <typename... Frames>
-  static std::unique_ptr<CAnimation> Make(const std::string& name, bool loop, Frames... frames) {
-    auto animation = std::make_unique<CAnimation>(name, loop);
-    (animation->AddFrame(std::move(frames)), ...);
-    return animation;
+  static std::string Write(CAnimatedSprite& sprite) {
+    CXmlElement root("S");
+    CXmlContext xml(&root, CXmlContext::kWriting);
+    sprite.Serialize(xml);
+    std::ostringstream text;
+    WriteXml(root, text);
+    return text.str();
   }
-  static void Update(unsigned time) { CAnimationUpdator::GetSingletonPtr()->Update(time); }
-  static int Shown(const CSprite& sprite) { return sprite.GetImageRect().x; }
   // Updates at each time and lists what is shown then.
-  static std::string Play(CAnimatedSprite& sprite, unsigned start, std::vector<unsigned> times) {
+  static std::string Play(CAnimatedSprite& sprite, unsigned start,
+                          const std::vector<unsigned>& times) {
     std::string shown;
     for (const unsigned time : times) {
       Update(start + time);
-      shown += std::to_string(Shown(sprite)) + " ";
+      shown += std::to_string(sprite.GetImageRect().x);
     }
     return shown;
   }
 
-  CTestScreen myScreen{20, 20};
+  test::CTestScreen myScreen{20, 20};
 };
 
 TEST_F(Animation, FramesFollowTheirTimes) {
-  for (const unsigned start : {0U, 5000U, kNearWrap}) {
-    const auto loop = NewSheet();
-    loop->AddAnimation(Make("a", true, Rect(1, 100), Rect(2, 100), Rect(3, 100)));
-    loop->PlayAnimation("a");
-    EXPECT_EQ(Play(*loop, start, {0, 50, 99, 100, 150, 200, 299, 300, 400}), "1 1 1 2 2 3 3 1 2 ");
-    EXPECT_TRUE(loop->IsPlaying());
-
-    const auto once = NewSheet();
-    once->AddAnimation(Make("a", false, Rect(1, 100), Rect(2, 100)));
-    once->PlayAnimation("a");
-    EXPECT_EQ(Play(*once, start, {0, 100, 199, 200, 900}), "1 2 2 2 2 ");
-    EXPECT_FALSE(once->IsPlaying());
-    EXPECT_EQ(once->GetCurrentFrame(), 1U);
-
-    const auto mixed = NewSheet();  // frames without a length hand over with the next update
-    mixed->AddAnimation(
-        Make("a", true, Rect(1, 0), Sound(""), Rect(2, 50, Sound("")), Rect(3, 30)));
-    mixed->PlayAnimation("a");
-    EXPECT_EQ(Play(*mixed, start, {0, 1, 2, 3, 32, 33, 34}), "1 2 3 3 1 1 2 ");
+  const std::string pair = Rect(1, 100) + Rect(2, 100);
+  const struct {
+    std::string frames;
+    int loop;
+    float factor;
+    std::vector<unsigned> times;
+    std::string shown;
+  } cases[] = {
+      // clang-format off
+      {pair + Rect(3, 100), 1, 1, {0, 50, 99, 100, 150, 200, 299, 300, 400}, "111223312"},
+      {pair, 0, 1, {0, 100, 199, 200, 900}, "12222"},
+      // Frames without a length hand over with the next update.
+      {Rect(1, 0) + Sound("") + Rect(2, 50, Sound("", "Wrapped")) + Rect(3, 30), 1, 1,
+       {0, 1, 2, 3, 32, 33, 34}, "1233112"},
+      {"", 1, 1, {0, 250, 500}, "000"},
+      {pair, 1, 2, {0, 49, 50, 100, 200}, "11212"},
+      {pair, 1, 0.5F, {0, 49, 50, 100, 200}, "11112"},
+      {pair, 1, 0, {0, 49, 50, 100, 200}, "11111"},
+      {pair, 1, NAN, {0, 49, 50, 100, 200}, "11121"},
+      // clang-format on
+  };
+  for (const unsigned start : {0U, 5000U, 4294967200U}) {
+    for (const auto& row : cases) {
+      const auto sprite = Read(Named("a", row.frames, row.loop));
+      sprite->PlayAnimation("a");
+      sprite->SetTimeMultiply(row.factor);
+      EXPECT_EQ(Play(*sprite, start, row.times), row.shown) << row.frames << start;
+      EXPECT_EQ(sprite->IsPlaying(), row.loop == 1);
+    }
   }
-}
-
-TEST_F(Animation, SpeedScalesTheClock) {
-  const std::vector<std::pair<float, std::string>> cases = {{2.0F, "1 1 2 1 2 "},
-                                                            {0.5F, "1 1 1 1 2 "},
-                                                            {0.0F, "1 1 1 1 1 "},
-                                                            {-1.0F, "1 1 1 2 1 "},
-                                                            {NAN, "1 1 1 2 1 "}};
-  for (const auto& [factor, shown] : cases) {
-    const auto sprite = NewSheet();
-    sprite->AddAnimation(Make("a", true, Rect(1, 100), Rect(2, 100)));
-    sprite->PlayAnimation("a");
-    sprite->SetTimeMultiply(factor);
-    EXPECT_EQ(Play(*sprite, 7, {0, 49, 50, 100, 200}), shown) << factor;
-  }
-}
-
-TEST_F(Animation, SpriteIsWokenWhenItIsDueAndOncePerUpdate) {
-  int applied = 0;
-  const auto sprite = NewSheet();
-  sprite->AddAnimation(Make("a", true, std::make_unique<CProbeFrame>([&] { ++applied; })));
-  sprite->PlayAnimation("a");
-  sprite->PlayAnimation("a");
-  for (unsigned time = 1000; time < 1030; ++time) {
-    Update(time);
-  }
-  EXPECT_EQ(applied, 3);
   CAnimatedSprite idle;
   idle.Play();
   EXPECT_LE(idle.GetWait(2000), 0) << "due at once";
@@ -158,41 +150,31 @@ TEST_F(Animation, SpriteIsWokenWhenItIsDueAndOncePerUpdate) {
 }
 
 TEST_F(Animation, PlayingAgainStartsFromTheFirstFrameWhateverTheClock) {
-  const auto sprite = NewSheet();
-  sprite->AddAnimation(Make("a", false, Rect(1, 100), Rect(2, 100)));
-  sprite->AddAnimation(Make("b", false, Rect(3, 100)));
-  sprite->AddAnimation(Make("b", false, Rect(4, 100)));
-  sprite->PlayAnimation("nothing yet");
-  sprite->PlayAnimation("a");
-  Play(*sprite, 0, {0, 100});
-  sprite->PlayAnimation("a");
-  EXPECT_EQ(Play(*sprite, 0, {101, 199}), "2 2 ") << "it plays on";
-  sprite->PlayAnimation("b");
-  EXPECT_EQ(Play(*sprite, 0, {199, 298}), "3 3 ");
-  EXPECT_TRUE(sprite->IsPlaying());
-  sprite->PlayAnimation("a");
-  EXPECT_EQ(Play(*sprite, 0, {300, 399, 400, 500}), "1 1 2 2 ");
-  sprite->PlayAnimation("unknown");
-  EXPECT_EQ(Play(*sprite, 0, {600, 699, 700}), "1 1 2 ");
+  const auto sprite = Read(Named("a", Rect(1, 100) + Rect(2, 100)) + Named("b", Rect(3, 100)) +
+                           Named("b", Rect(4, 100)));
+  const struct {
+    const char* name;
+    std::vector<unsigned> times;
+    std::string shown;
+  } steps[] = {{"none", {0}, "0"},
+               {"a", {0, 100}, "12"},
+               {"a", {101, 199}, "22"},
+               {"b", {199, 298}, "33"},
+               {"a", {300, 399, 400, 500}, "1122"},
+               {"none", {600, 699, 700}, "112"}};
+  for (const auto& step : steps) {
+    sprite->PlayAnimation(step.name);
+    EXPECT_EQ(Play(*sprite, 0, step.times), step.shown) << step.name << step.times[0];
+  }
 }
 
 TEST_F(Animation, SoundPlaysOnceThroughTheAudioTask) {
-  const auto sprite = NewSheet();
-  sprite->AddAnimation(Make("a", false, Sound("data/a b.wav"), Rect(2, 100), Sound(""),
-                            Rect(3, 10, Sound("c.wav"))));
+  const auto sprite = Read(Named("a", Sound("data/a b.wav") + Rect(2, 100) + Sound("") +
+                                          Rect(3, 10, Sound("c.wav", "Wrapped"))));
   sprite->PlayAnimation("a");
-  Play(*sprite, 0, {0, 1, 50, 100, 101, 102, 103, 200});
-  ASSERT_EQ(CAudioProbe::Lines().size(), 2U);
-  EXPECT_EQ(CAudioProbe::Lines()[0], "PlayEffect( \"data/a b.wav\" )");
-  EXPECT_NE(CAudioProbe::Lines()[1].find("c.wav"), std::string::npos);
-}
-
-TEST_F(Animation, EmptyAnimationChangesNothing) {
-  const auto sprite = NewSheet();
-  sprite->AddAnimation(Make("a", true));
-  sprite->PlayAnimation("a");
-  EXPECT_EQ(Play(*sprite, 0, {0, 250, 500}), "0 0 0 ");
-  EXPECT_EQ(sprite->GetImageRect().w, 50);
+  EXPECT_EQ(Play(*sprite, 0, {0, 1, 50, 100, 101, 102, 103, 200}), "22223333");
+  EXPECT_EQ(sounds, (std::vector<std::string>{"PlayEffect( \"data/a b.wav\" )",
+                                              "PlayEffect( \"c.wav\" )"}));
 }
 
 TEST_F(Animation, FramesMayDeleteStopAndStartSprites) {
@@ -206,90 +188,59 @@ TEST_F(Animation, FramesMayDeleteStopAndStartSprites) {
       [&] { log += "4", sprites[4]->PlayAnimation("other"); },
       [&] { log += "5", sprites[3]->Play(); }};
   for (std::size_t i = 0; i < sprites.size(); ++i) {
-    sprites[i] = NewSheet();
-    sprites[i]->AddAnimation(Make("a", true, std::make_unique<CProbeFrame>(actions[i])));
-    sprites[i]->AddAnimation(Make("other", true, Rect(9, 1000)));
+    sprites[i] = Read(Named("other", Rect(9, 1000)));
+    auto animation = std::make_unique<CAnimation>("a", true);
+    animation->AddFrame(std::make_unique<CProbeFrame>(actions[i]));
+    sprites[i]->AddAnimation(std::move(animation));
     sprites[i]->PlayAnimation("a");
   }
   Update(100);
   EXPECT_EQ(log, "0145");
-  EXPECT_EQ(Shown(*sprites[4]), 0);
-  Update(101);
-  EXPECT_EQ(Shown(*sprites[4]), 9);
+  EXPECT_EQ(Play(*sprites[4], 0, {100, 101}), "99");
   sprites[1].reset();
   Update(111);
   EXPECT_EQ(log, "0145353");
 }
 
-std::string Wrapped(int depth) {
-  std::string open;
-  std::string close;
-  for (int i = 0; i < depth; ++i) {
-    open += "<Wrapped type=\"frame_rect\" ><FrameLength>" + std::to_string(i) + "</FrameLength>";
-    close += "</Wrapped>";
-  }
-  return open + close;
-}
-
 TEST_F(Animation, BadFramesAreSkippedWithOneLine) {
-  const std::vector<std::tuple<std::string, std::string, std::size_t>> cases = {
-      // frames, what is shown at 0, 10 and 20, lines in the log
-      {"<Frame></Frame>", "0 0 0 ", 1},
-      {"<Frame type=\"frame_circle\" ></Frame>", "0 0 0 ", 1},
-      {"<Other></Other>", "0 0 0 ", 0},
-      {"<Frame type=\"frame_rect\" ><Wrapped type=\"no\" ></Wrapped></Frame>", "0 0 0 ", 1},
-      {"<Frame type=\"frame_rect\" >" + Wrapped(16) + "</Frame>", "0 0 0 ", 0},
-      {"<Frame type=\"frame_rect\" >" + Wrapped(17) + "</Frame>", "0 0 0 ", 1},
-      {"<Frame type=\"frame_rect\" >" + Wrapped(3000) + "</Frame>", "0 0 0 ", 1},
-      {"<Frame type=\"frame_sound\" ></Frame>", "0 5 5 ", 0},
-      {"<Frame type=\"frame_sound\" sound_file=\"a,b\" ></Frame>", "0 5 5 ", 1},
-      {"<Frame type=\"frame_sound\" sound_file=\"a;b\" ></Frame>", "0 5 5 ", 1},
-      {"<Frame type=\"frame_sound\" sound_file=\"a::b\" ></Frame>", "0 5 5 ", 1},
-      {"<Frame type=\"frame_sound\" sound_file=\"a//b\" ></Frame>", "0 5 5 ", 1}};
-  for (const auto& [frames, shown, lines] : cases) {
-    std::istringstream file(
-        "<S><CurrentAnimation>a</CurrentAnimation><CurrentFrame>99</CurrentFrame>"
-        "<Animation name=\"a\" loop=\"0\" >" +
-        frames +
-        "<Frame type=\"frame_rect\" ><Rect x=\"5\" w=\"9\" h=\"99\" ></Rect></Frame></Animation>"
-        "</S>");
-    const auto root = ReadXml(file);
-    const auto sprite = NewSheet();
-    CLogCapture log;
-    CXmlContext xml(root.get(), CXmlContext::kReading);
-    sprite->Serialize(xml);
+  const std::pair<std::string, std::size_t> cases[] = {
+      // frames, lines in the log
+      {"<Frame></Frame>", 1},
+      {"<Frame type=\"frame_circle\" ></Frame>", 1},
+      {"<Other></Other>", 0},
+      {Rect(1, 0, "<Wrapped type=\"no\" ></Wrapped>"), 1},
+      {Rect(1, 0, Wrapped(16)), 0},
+      {Rect(1, 0, Wrapped(17)), 1},
+      {Rect(1, 0, Wrapped(3000)), 1},
+      {Sound(""), 0},
+      {Sound("a,b"), 1},
+      {Sound("a;b"), 1},
+      {Sound("a::b"), 1},
+      {Sound("a//b"), 1}};
+  for (const auto& [frames, lines] : cases) {
+    test::CLogCapture log;
+    const auto sprite =
+        Read("<CurrentAnimation>a</CurrentAnimation><CurrentFrame>99</CurrentFrame>" +
+             Named("a", frames + Rect(5, 0)));
     EXPECT_EQ(log.Lines().size(), lines) << frames << log.Text();
-    Play(*sprite, 0, {0, 10, 20, 30, 40});
+    Play(*sprite, 0, {0, 10, 20, 30});
     EXPECT_EQ(sprite->GetImageRect(), (CRect<int>{5, 0, 9, 50})) << frames;
     EXPECT_FALSE(sprite->IsPlaying());
   }
-  EXPECT_TRUE(CAudioProbe::Lines().empty());
+  EXPECT_TRUE(sounds.empty());
 }
 
 TEST_F(Animation, WrittenSpriteReadsBack) {
-  const auto write = [](CAnimatedSprite& sprite) {
-    CXmlElement root("Sprite");
-    CXmlContext xml(&root, CXmlContext::kWriting);
-    sprite.Serialize(xml);
-    std::ostringstream text;
-    WriteXml(root, text);
-    return text.str();
-  };
-  const auto sprite = NewSheet();
-  sprite->AddAnimation(Make("a", true, Rect(1, 100, Sound("s.wav")), Sound("t.wav"), Rect(2, 9)));
-  sprite->AddAnimation(Make("b", false));
-  sprite->SetTimeMultiply(1.5F);
+  const auto sprite = Read("<TimeMultiply>1.5</TimeMultiply>" + Named("b", "") +
+                           Named("a", Rect(1, 100, Sound("s.wav", "Wrapped")) + Sound("t.wav"), 1));
   sprite->PlayAnimation("a");
-  const std::string text = write(*sprite);
-  std::istringstream file(text);
-  const auto root = ReadXml(file);
-  CAnimatedSprite read;
-  CXmlContext xml(root.get(), CXmlContext::kReading);
-  CLogCapture log;
-  read.Serialize(xml);
-  EXPECT_EQ(write(read), text);
+  std::string text = Write(*sprite);
+  test::CLogCapture log;
+  const auto read = Read(text.substr(text.find('>') + 1, text.rfind('<') - text.find('>') - 1));
+  EXPECT_EQ(Write(*read), text);
+  EXPECT_NE(text.find("s.wav"), std::string::npos);
   EXPECT_EQ(log.Text(), "") << "the order of reading is the order of writing";
-  EXPECT_TRUE(read.IsPlaying());
+  EXPECT_TRUE(read->IsPlaying());
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ class CScene {
 
   void ChangeSomething() {
     for (int changes = Below(6); changes > 0; --changes) {
-      while (mySprites.size() < 6) {
+      while (mySprites.size() < 9) {
         AddSprite();
       }
       Below(12) == 0 ? ChangeLayer() : ChangeSprite();

@@ -11,155 +11,9 @@
 namespace vask {
 namespace {
 
-using test::CLogCapture;
-using test::CTestScreen;
 using test::NewSprite;
 
 const CColor kRed(255, 0, 0);
-const CColor kGreen(0, 255, 0);
-const CColor kMagenta(255, 0, 255);
-
-class Layer : public testing::Test {
- protected:
-  void Draw() { myLayer->DrawFrame(); }
-
-  CTestScreen myScreen{40, 30};
-  CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
-};
-
-TEST_F(Layer, SortsByDepthWithTheNewestInFrontOfItsEquals) {
-  std::vector<std::unique_ptr<CSprite>> sprites;
-  for (const int z : {50, 100, 50, 7, 100, -2147483647 - 1, 2147483647}) {
-    sprites.push_back(std::make_unique<CSprite>());
-    sprites.back()->SetZ(z);
-    sprites.back()->SetParent(myLayer);
-  }
-  const auto order = [&] {
-    std::string text;
-    for (const CSprite* child : myLayer->GetChildren()) {
-      for (std::size_t i = 0; i < sprites.size(); ++i) {
-        text += sprites[i].get() == child ? std::to_string(i) : "";
-      }
-    }
-    return text;
-  };
-  EXPECT_EQ(order(), "5320416");
-  sprites[0]->SetZ(100);
-  EXPECT_EQ(order(), "5320416") << "in front of the others at 100";
-  sprites[2]->SetVisible(false);
-  EXPECT_EQ(order(), "530416");
-  sprites[2]->SetZ(100);
-  sprites[2]->SetVisible(true);
-  EXPECT_EQ(order(), "5320416");
-  sprites[6]->SetParent(myLayer);
-  EXPECT_EQ(order(), "5320416");
-  Draw();
-}
-
-TEST_F(Layer, HidingTwiceIsHidingOnce) {
-  const CSpritePtr sprite = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
-  for (int i = 0; i < 2; ++i) {
-    sprite->SetVisible(false);
-    EXPECT_EQ(sprite->GetParent(), nullptr);
-    EXPECT_EQ(sprite->GetDirtyState(), 0);
-  }
-  Draw();
-  EXPECT_EQ(myScreen.At(2, 2), 0U);
-  for (int i = 0; i < 2; ++i) {
-    sprite->SetVisible(true);
-    EXPECT_EQ(myLayer->GetChildren().size(), 1U);
-  }
-  Draw();
-  EXPECT_EQ(myScreen.At(2, 2), 0xFF0000U);
-}
-
-TEST_F(Layer, HiddenSpriteForgetsALayerThatItLeaves) {
-  CSpriteLayer other;
-  CSpritePtr moved = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
-  moved->SetVisible(false);
-  moved->SetParent(&other);
-  moved->SetVisible(true);
-  EXPECT_EQ(moved->GetParent(), &other);
-  CSpritePtr dead = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
-  dead->SetVisible(false);
-  dead.Reset();
-  myLayer->ShowChild(moved.Get());
-  EXPECT_TRUE(myLayer->GetChildren().empty());
-}
-
-TEST_F(Layer, DyingLayerLeavesItsChildrenWithoutOne) {
-  auto layer = std::make_unique<CSpriteLayer>();
-  layer->SetParent(myLayer);
-  const CSpritePtr shown = NewSprite(layer.get(), {0, 0, 5, 5}, kRed);
-  const CSpritePtr hidden = NewSprite(layer.get(), {9, 0, 5, 5}, kRed);
-  hidden->SetVisible(false);
-  Draw();
-  layer.reset();
-  EXPECT_EQ(shown->GetParent(), nullptr);
-  hidden->SetVisible(true);
-  EXPECT_EQ(hidden->GetParent(), nullptr);
-  Draw();
-  EXPECT_EQ(myScreen.At(2, 2), 0U) << "nobody draws them any more";
-}
-
-TEST_F(Layer, CannotBePutIntoItself) {
-  CSpriteLayer outer;
-  CSpriteLayer inner;
-  outer.SetParent(myLayer);
-  inner.SetParent(&outer);
-  outer.SetParent(&inner);
-  outer.SetParent(&outer);
-  EXPECT_EQ(outer.GetParent(), myLayer);
-  inner.SetVisible(false);
-  outer.SetParent(&inner);
-  EXPECT_EQ(outer.GetParent(), myLayer);
-}
-
-TEST_F(Layer, DrawsAllOnceForEachReason) {
-  const CSpritePtr sprite = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
-  CLogCapture log;
-  const auto frames = [&] {
-    log.Clear();
-    Draw();
-    Draw();
-    return log.Count("drawing all");
-  };
-  EXPECT_EQ(frames(), 1U) << "the first frame";
-  sprite->SetX(3);
-  EXPECT_EQ(frames(), 0U);
-  myLayer->RefreshAll();
-  EXPECT_EQ(frames(), 1U);
-  myScreen.Resize(50, 30);
-  EXPECT_EQ(frames(), 1U);
-  sprite->SetX(0);
-  Draw();
-  EXPECT_EQ(myScreen.At(6, 2), 0U) << "the background is known after drawing all";
-}
-
-TEST_F(Layer, RestoresMagentaExactly) {
-  const CSpritePtr back = NewSprite(myLayer, {0, 0, 40, 30}, kMagenta, 9);
-  const CSpritePtr front = NewSprite(myLayer, {5, 5, 9, 9}, kGreen, 1);
-  Draw();
-  front->SetX(20);
-  Draw();
-  EXPECT_EQ(myScreen.At(7, 7), 0xFF00FFU);
-  EXPECT_EQ(myScreen.At(22, 7), 0x00FF00U);
-}
-
-TEST_F(Layer, SpriteWithoutABackBufferLeavesATrail) {
-  const CSpritePtr sprite = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
-  sprite->SetOwnsBackBuffer(false);
-  Draw();
-  sprite->SetX(20);
-  Draw();
-  EXPECT_EQ(myScreen.At(2, 2), 0xFF0000U);
-  sprite->SetOwnsBackBuffer(true);
-  for (const int x : {10, 30}) {
-    sprite->SetX(x);
-    Draw();
-  }
-  EXPECT_EQ(myScreen.At(12, 2), 0U);
-}
 
 class CCountingSprite : public CSprite {
  public:
@@ -170,51 +24,129 @@ class CCountingSprite : public CSprite {
   int painted = 0;
 };
 
-TEST_F(Layer, PaintsOnlyWhatChangedAndWhatIsInFrontOfIt) {
+class Layer : public testing::Test {
+ protected:
+  void Draw() { myLayer->DrawFrame(); }
+  CSpritePtr Red(int z = 100) { return NewSprite<CCountingSprite>(myLayer, {0, 0, 5, 5}, kRed, z); }
+
+  test::CTestScreen myScreen{40, 30};
+  CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
+};
+
+TEST_F(Layer, SortsByDepthWithTheNewestInFrontOfItsEquals) {
   std::vector<CSpritePtr> sprites;
-  for (const int z : {1, 2, 2, 3}) {
-    sprites.push_back(NewSprite<CCountingSprite>(myLayer, {0, 0, 5, 5}, kRed, z));
+  for (const int z : {50, 100, 50, 7, 100, -2147483647 - 1, 2147483647}) {
+    sprites.push_back(Red(z));
   }
-  Draw();
-  const auto painted = [&] {
+  const auto order = [&] {
     std::string text;
-    for (const CSpritePtr& sprite : sprites) {
-      int& count = dynamic_cast<CCountingSprite&>(*sprite).painted;
-      text += std::to_string(std::exchange(count, 0));
+    for (const CSprite* child : myLayer->GetChildren()) {
+      for (std::size_t i = 0; i < sprites.size(); ++i) {
+        text += sprites[i].Get() == child ? std::to_string(i) : "";
+      }
     }
     return text;
   };
-  EXPECT_EQ(painted(), "1111");
+  EXPECT_EQ(order(), "5320416");
+  sprites[1]->SetZ(50);
+  EXPECT_EQ(order(), "5312046");
+  sprites[2]->SetVisible(false);
+  EXPECT_EQ(order(), "531046");
+  sprites[2]->SetZ(100);
+  sprites[2]->SetVisible(true);
+  EXPECT_EQ(order(), "5310246");
   Draw();
-  EXPECT_EQ(painted(), "0000");
-  sprites[2]->SetX(2);
-  sprites[2]->SetX(3);
-  Draw();
-  EXPECT_EQ(painted(), "1010") << "the third lies in front of the second";
-  sprites[3]->SetX(100);
-  Draw();
-  painted();
-  sprites[0]->SetX(1);
-  Draw();
-  EXPECT_EQ(painted(), "1000");
-  sprites[0]->SetX(100);
-  Draw();
-  painted();
-  sprites[1]->SetX(1);
-  Draw();
-  EXPECT_EQ(painted(), "0110") << "what is off the screen waits there";
 }
 
-TEST_F(Layer, SpritesMayChangeAndDieAfterTheScreen) {
-  CSpritePtr sprite = NewSprite(myLayer, {0, 0, 5, 5}, kRed);
+TEST_F(Layer, HidingTwiceIsHidingOnceAndRemembersTheLayer) {
+  const CSpritePtr sprite = Red();
+  for (const bool visible : {false, false, true, true}) {
+    sprite->SetVisible(visible);
+    EXPECT_EQ(sprite->GetParent() == myLayer, visible);
+    EXPECT_EQ(myLayer->GetChildren().size(), visible ? 1U : 0U);
+    Draw();
+    EXPECT_EQ(myScreen.At(2, 2), visible ? 0xFF0000U : 0U);
+  }
+}
+
+TEST_F(Layer, SpritesAndLayersDieInAnyOrder) {
+  auto inner = std::make_unique<CSpriteLayer>();
+  inner->SetParent(myLayer);
+  CSpriteLayer innermost;
+  innermost.SetParent(inner.get());
+  innermost.SetVisible(false);
+  inner->SetParent(&innermost);
+  inner->SetParent(inner.get());
+  EXPECT_EQ(inner->GetParent(), myLayer) << "no layer can be put into itself";
+  const CSpritePtr shown = Red();
+  const CSpritePtr hidden = Red();
+  shown->SetParent(inner.get());
+  hidden->SetParent(inner.get());
+  hidden->SetVisible(false);
+  CSpritePtr dead = Red();
+  dead->SetVisible(false);
+  dead.Reset();
+  Draw();
+  inner.reset();
+  hidden->SetVisible(true);
+  EXPECT_EQ(shown->GetParent(), nullptr);
+  EXPECT_EQ(hidden->GetParent(), nullptr);
+  CSpritePtr late = Red();
   Draw();
   Gfx::SetScreen(nullptr);
-  sprite->SetX(9);
+  late->SetX(9);
   Draw();
-  sprite.Reset();
+  late.Reset();
   Gfx::SetScreen(&myScreen.Picture());
   Draw();
-  EXPECT_EQ(myScreen.At(2, 2), 0U);
+  EXPECT_EQ(myScreen.At(2, 2), 0U) << "nobody draws them any more";
+}
+
+TEST_F(Layer, DrawsAllOnceForEachReason) {
+  const CSpritePtr sprite = Red();
+  test::CLogCapture log;
+  const auto frames = [&] {
+    log.Clear();
+    Draw();
+    Draw();
+    return log.Count("drawing all");
+  };
+  EXPECT_EQ(frames(), 1U) << "the first frame";
+  sprite->SetAlpha(254);
+  EXPECT_EQ(sprite->GetDirtyState(), 1) << "changed";
+  sprite->SetX(3);
+  EXPECT_EQ(sprite->GetDirtyState(), 2) << "moved";
+  EXPECT_EQ(frames(), 0U);
+  EXPECT_EQ(sprite->GetDirtyState(), 0);
+  myLayer->RefreshAll();
+  EXPECT_EQ(frames(), 1U);
+  myScreen.Resize(50, 30);
+  EXPECT_EQ(frames(), 1U);
+  sprite->SetX(0);
+  Draw();
+  EXPECT_EQ(myScreen.At(6, 2), 0U) << "the background is known after drawing all";
+}
+
+TEST_F(Layer, PaintsOnlyWhatChangedAndWhatIsInFrontOfIt) {
+  std::vector<CSpritePtr> sprites;
+  for (const int z : {1, 2, 2, 3}) {
+    sprites.push_back(Red(z));
+  }
+  const struct {
+    std::size_t moved;
+    int x;
+    const char* painted;
+  } steps[] = {{0, 0, "1111"}, {0, 0, "0000"}, {2, 3, "1010"},   {3, 100, "1111"},
+               {0, 1, "1000"}, {1, 1, "1110"}, {0, 100, "1000"}, {1, 2, "0110"}};
+  for (const auto& step : steps) {
+    sprites[step.moved]->SetX(step.x);
+    Draw();
+    std::string painted;
+    for (const CSpritePtr& sprite : sprites) {
+      painted += std::to_string(std::exchange(dynamic_cast<CCountingSprite&>(*sprite).painted, 0));
+    }
+    EXPECT_EQ(painted, step.painted) << step.moved << " to " << step.x;
+  }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,12 +16,13 @@ class CThread : public CFakeThread {
  public:
   CThread(char name, int interval, std::string& record) : myName(name), myRecord(record) {
     SetInterval(interval);
+    Start();
   }
   ~CThread() override { myRecord += std::string("~") + myName; }
   void Update() override {
     myRecord += myName;
-    if (react) {
-      std::exchange(react, nullptr)();
+    if (const auto once = std::exchange(react, nullptr)) {
+      once();
     }
   }
   std::function<void()> react;
@@ -34,28 +34,22 @@ class CThread : public CFakeThread {
 
 class FakeThreadTest : public testing::Test {
  protected:
-  ~FakeThreadTest() override {
+  ~FakeThreadTest() override { Clean(); }
+  void Clean() {
     while (CFakeThread::PeekList() != nullptr) {
       delete CFakeThread::GetList().Front();
     }
+    record.clear();
   }
-  CThread& Make(char name, int interval = 10) { return *new CThread(name, interval, record); }
-  CThread& Start(char name, int interval = 10) {
-    CThread& thread = Make(name, interval);
-    thread.Start();
-    return thread;
-  }
-  std::string Run(unsigned wait = 0, unsigned slice = 0) {
-    clock.Advance(wait);
-    CFakeThread::RunThreads(slice);
-    return std::exchange(record, {});
-  }
+  CThread& Start(char name, int interval = 10) { return *new CThread(name, interval, record); }
 
   // One call after each wait, their records divided by "|".
-  std::string RunAfter(const std::vector<unsigned>& waits) {
+  std::string Run(const std::vector<unsigned>& waits = {0}, unsigned slice = 0) {
     std::string all;
     for (const unsigned wait : waits) {
-      all += (all.empty() ? "" : "|") + Run(wait);
+      clock.Advance(wait);
+      CFakeThread::RunThreads(slice);
+      all += std::exchange(record, {}) + "|";
     }
     return all;
   }
@@ -64,65 +58,59 @@ class FakeThreadTest : public testing::Test {
   std::string record;
 };
 
-TEST_F(FakeThreadTest, RunsAtOnceThenEveryInterval) {
-  EXPECT_EQ(Run(), "");
-  CThread& a = Make('a', 20);
-  EXPECT_EQ(Run(100), "");
-  a.Start();
-  EXPECT_EQ(RunAfter({0, 19, 1, 100, 19}), "a||a|a|");
+TEST_F(FakeThreadTest, RunsAtOnceThenEveryIntervalOfItsOwnTime) {
+  EXPECT_EQ(Run(), "|");
+  CThread& a = Start('a', 20);
+  EXPECT_EQ(Run({0, 19, 1, 100, 19}), "a||a|a||");
   a.Pause();
-  EXPECT_EQ(Run(500), "");
+  EXPECT_EQ(Run({500}), "|");
   a.Resume();
   EXPECT_EQ(a.GetTime(), 139U);
-  EXPECT_EQ(Run(), "");
-  EXPECT_EQ(Run(1), "a");
+  EXPECT_EQ(Run({0, 1}), "|a|");
   a.Pause();
   a.Start();  // from 0, and due at once
-  EXPECT_EQ(Run(), "a");
+  EXPECT_EQ(Run(), "a|");
 }
 
 TEST_F(FakeThreadTest, APausedOrWaitingThreadHoldsBackTheYounger) {
   CThread& a = Start('a', 30);
   CThread& b = Start('b');
   Start('c');
-  EXPECT_EQ(RunAfter({0, 20, 10}), "abc||abc");
+  EXPECT_EQ(Run({0, 20, 10}), "abc||abc|");
   b.Pause();
-  EXPECT_EQ(Run(30), "a");
+  EXPECT_EQ(Run({30}), "a|");
   b.Kill();
   a.Pause();
-  EXPECT_EQ(Run(30), "");  // the dead one waits for its turn, too
+  EXPECT_EQ(Run({30}), "|");  // the dead one waits for its turn, too
   a.Resume();
-  EXPECT_EQ(Run(30), "a~bc");
+  EXPECT_EQ(Run({30}), "a~bc|");
 }
 
 TEST_F(FakeThreadTest, ThreadsComeAndGoInAnUpdate) {
+  CThread* a = nullptr;
   CThread* b = nullptr;
-  struct CCase {
+  const struct {
     const char* what;
-    std::function<void(CThread*)> act;  // by a, before b and c
+    std::function<void()> act;  // by a, before b and c
     const char* ran;
+  } cases[] = {
+      {"kills itself", [&] { a->Kill(); }, "a~abc|"},
+      {"deletes itself", [&] { delete a; }, "a~abc|"},
+      {"deletes the next", [&] { delete b; }, "a~bc|"},
+      {"kills the next", [&] { b->Kill(); }, "a~bc|"},
+      {"deletes both", [&] { delete a, delete b; }, "a~a~bc|"},
+      {"pauses itself", [&] { a->Pause(); }, "abc|"},
+      {"starts another", [&] { Start('d'); }, "abcd|"},
+      {"deletes all", [&] { Clean(); }, "|"},
   };
-  for (const CCase& c : std::vector<CCase>{
-           {"kills itself", [](CThread* a) { a->Kill(); }, "a~abc"},
-           {"deletes itself", [](CThread* a) { delete a; }, "a~abc"},
-           {"deletes the next", [&](CThread*) { delete b; }, "a~bc"},
-           {"kills the next", [&](CThread*) { b->Kill(); }, "a~bc"},
-           {"deletes both", [&](CThread* a) { delete a, delete b; }, "a~a~bc"},
-           {"pauses itself", [](CThread* a) { a->Pause(); }, "abc"},
-           {"starts another", [this](CThread*) { Start('d'); }, "abcd"},
-       }) {
-    CThread& a = Start('a');
+  for (const auto& c : cases) {
+    Clean();
+    a = &Start('a');
     b = &Start('b');
     Start('c');
-    a.react = [&] { c.act(&a); };
+    a->react = c.act;
     EXPECT_EQ(Run(), c.ran) << c.what;
-    while (CFakeThread::PeekList() != nullptr) {
-      delete CFakeThread::GetList().Front();
-    }
-    record.clear();
   }
-  Start('x').react = [] { delete CFakeThread::GetList().Front(); };  // the last of all
-  EXPECT_EQ(Run(), "x~x");
 }
 
 TEST_F(FakeThreadTest, ASliceRepeatsPassesFromTheFront) {
@@ -134,7 +122,7 @@ TEST_F(FakeThreadTest, ASliceRepeatsPassesFromTheFront) {
       Start('b');
     };
   };
-  EXPECT_EQ(Run(0, 20), "aab");
+  EXPECT_EQ(Run({0}, 20), "aab|");
 }
 
 }  // namespace

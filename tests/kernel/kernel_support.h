@@ -7,21 +7,20 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
-#include "kernel/task.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 
 namespace vask::test {
 
-// Writes its hooks down as "name.hook " and does in them what the test wants.
+// Writes its hooks down as "name.hook " and does in them what the test wants. An update is written
+// as the name alone.
 class CRecorder : public CTask {
  public:
-  CRecorder(std::string name, int priority, std::string& record) : myRecord(record) {
+  CRecorder(const std::string& name, int priority, std::string& record) : myRecord(record) {
     SetName(name);
     SetPriority(priority);
   }
@@ -29,13 +28,13 @@ class CRecorder : public CTask {
   using CTask::Start;
   bool Start() override {
     const bool result = runs;  // the reaction may delete the task
-    Note("start");
+    Note("start", ".start");
     return result;
   }
-  void Update() override { Note("update"); }
-  void Exit() override { Note("exit"); }
-  void Pause() override { Note("pause"); }
-  void Resume() override { Note("resume"); }
+  void Update() override { Note("update", ""); }
+  void Exit() override { Note("exit", ".exit"); }
+  void Pause() override { Note("pause", ".pause"); }
+  void Resume() override { Note("resume", ".resume"); }
   bool PauseOnFocusLost() const override { return pausesOnFocusLost; }
 
   bool runs = true;
@@ -44,56 +43,44 @@ class CRecorder : public CTask {
   std::map<std::string, std::function<void()>> reactions;
 
  private:
-  void Note(const std::string& hook) {
-    myRecord += GetName() + "." + hook + " ";
-    if (const auto found = reactions.find(hook); found != reactions.end()) {
-      const auto reaction = std::move(found->second);
-      reactions.erase(found);
-      reaction();
+  void Note(const std::string& hook, const std::string& written) {
+    myRecord += GetName() + written + " ";
+    if (auto reaction = reactions.extract(hook)) {
+      reaction.mapped()();
     }
   }
 
   std::string& myRecord;
 };
 
-// Goes before all others in every frame.
-class CDriver : public CTask {
- public:
-  explicit CDriver(std::function<void(int)> onFrame) : myOnFrame(std::move(onFrame)) {
-    SetPriority(-1000);
-  }
-  void Update() override { myOnFrame(myFrame++); }
-
- private:
-  std::function<void(int)> myOnFrame;
-  int myFrame = 0;
-};
-
 // A world of its own: a fresh kernel on a clock that stands, and tasks that record.
 class CKernelTest : public testing::Test {
  protected:
   CKernelTest() { Clean(); }
-  ~CKernelTest() override {
-    tasks.clear();
-    Clean();
-  }
+  ~CKernelTest() override { Clean(); }
 
-  static void Clean() {
+  void Clean() {
+    tasks.clear();
     CTaskFactory::DeleteSingleton();
     CKernel::DeleteSingleton();
     CApplicationFactory::DeleteSingleton();
   }
 
-  CKernel& Kernel() { return CKernel::GetSingleton(); }
+  static CKernel& Kernel() { return CKernel::GetSingleton(); }
+  static void Focus(bool gained) { CEventBridge::GetSingleton().FocusEvent(gained); }
+  void Pause(const std::string& name) { Kernel().PauseTask(tasks[name].get()); }
+  void Resume(const std::string& name) { Kernel().ResumeTask(tasks[name].get()); }
+  void Kill(const std::string& name) { Kernel().KillTask(tasks[name].get()); }
 
-  CRecorder& Make(const std::string& name, int priority) {
+  CRecorder& Make(const std::string& name, int priority, unsigned interval = 0) {
     tasks[name] = std::make_unique<CRecorder>(name, priority, record);
+    tasks[name]->SetTimedInterval(interval);
     return *tasks[name];
   }
 
-  CRecorder& Start(const std::string& name, int priority, unsigned interval = 0) {
-    CRecorder& task = Make(name, priority);
-    task.SetTimedInterval(interval);
+  CRecorder& Start(const std::string& name, int priority, unsigned interval = 0, bool runs = true) {
+    CRecorder& task = Make(name, priority, interval);
+    task.runs = runs;
     Kernel().StartTask(&task, nullptr);
     return task;
   }
@@ -101,16 +88,22 @@ class CKernelTest : public testing::Test {
   // Runs so many frames, calling `onFrame` at the front of each, then quits. Answers what the
   // frames recorded; `record` then holds the frame of the quitting.
   std::string RunFrames(int frames, const std::function<void(int)>& onFrame = nullptr) {
+    struct CDriver : CTask {
+      void Update() override { onFrame(frame++); }
+      std::function<void(int)> onFrame;
+      int frame = 0;
+    } driver;
     record.clear();
     std::string recorded;
-    CDriver driver([&](int frame) {
+    driver.SetPriority(-1000);
+    driver.onFrame = [&](int frame) {
       if (frame == frames) {
         recorded = std::exchange(record, {});
         Kernel().Quit();
       } else if (onFrame) {
         onFrame(frame);
       }
-    });
+    };
     Kernel().StartTask(&driver, nullptr);
     EXPECT_EQ(Kernel().Run(), 0);
     return recorded;

@@ -28,11 +28,8 @@ class CScriptedRandom : public vask::platform::IRandomSource {
  public:
   void Seed(unsigned seed) override { mySeed = seed; }
   int Next() override {
-    if (myNext < myScript.size()) {
-      return myScript[myNext++];
-    }
-    myState = myState * 69069U + 1U;
-    return static_cast<int>(myState >> 17U);
+    return myNext < myScript.size() ? myScript[myNext++]
+                                    : static_cast<int>((myState = myState * 69069U + 1U) >> 17U);
   }
 
   std::vector<int> myScript;
@@ -43,72 +40,60 @@ class CScriptedRandom : public vask::platform::IRandomSource {
   std::uint32_t myState = 1;
 };
 
-using EventLog = std::vector<std::string>;
-
 // Writes what it is told into the log, each line headed by the number it was born with.
 class CLoggingBridge : public IPhysicsGfxBridge {
  public:
-  CLoggingBridge(int number, EventLog& log) : myNumber(number), myLog(log) { myHealth = 3000.0F; }
-  ~CLoggingBridge() override { Log("gone"); }
+  using Log = std::vector<std::string>;
+  CLoggingBridge(int number, Log& log) : myNumber(number), myLog(log) { myHealth = 3000.0F; }
+  ~CLoggingBridge() override { Add("gone"); }
 
   void Update(float, float, float, float, float, std::int32_t, std::int32_t) override {
-    Log("update");
+    Add("update");
   }
   int SetIndex(int index) override {
-    Log("index " + std::to_string(index));
+    Add("index " + std::to_string(index));
     return std::exchange(myIndex, index);
   }
   void OnImpact(float impulseSquared, IPhysicsGfxBridge* other) override {
-    myImpulsesSquared.push_back(impulseSquared);
-    myOther = other;
-    if (myBody != nullptr) {
-      mySpeedAtImpact = myBody->vx;
-    }
+    myImpacts.push_back({impulseSquared, other, myBody != nullptr ? myBody->vx : 0.0F});
   }
   int GetIndex() const override { return myIndex; }
-  void SetAngularVelocity(float) override { Log("spin"); }
-  void OnDamaged() override { Log("damaged"); }
+  void SetAngularVelocity(float) override { Add("spin"); }
+  void OnDamaged() override { Add("damaged"); }
 
-  std::vector<float> myImpulsesSquared;
-  IPhysicsGfxBridge* myOther = nullptr;
-  const CPhysicsBody* myBody = nullptr;  // whose speed to note at an impact
-  float mySpeedAtImpact = 0.0F;
+  struct CImpact {
+    float impulseSquared;
+    IPhysicsGfxBridge* other;
+    float vx;  // of `myBody` at that moment
+  };
+  std::vector<CImpact> myImpacts;
+  const CPhysicsBody* myBody = nullptr;
 
  private:
-  void Log(const std::string& what) { myLog.push_back(std::to_string(myNumber) + " " + what); }
+  void Add(const std::string& what) { myLog.push_back(std::to_string(myNumber) + " " + what); }
 
   int myNumber;
   int myIndex = -1;
-  EventLog& myLog;
-};
-
-class CLoggingFactory : public IPhysicsGfxBridgeFactory {
- public:
-  explicit CLoggingFactory(EventLog& log) : myLog(log) {}
-  std::unique_ptr<IPhysicsGfxBridge> Create() override {
-    return std::make_unique<CLoggingBridge>(myBorn++, myLog);
-  }
-
- private:
-  int myBorn = 0;
-  EventLog& myLog;
+  Log& myLog;
 };
 
 // A world with the arena built, over replaced random numbers and a stopped clock, as if the process
 // had just begun.
-class CWorldTest : public testing::Test {
+class CWorldTest : public testing::Test, public IPhysicsGfxBridgeFactory {
  protected:
   CWorldTest() {
     WorldState() = {};
     vask::platform::SetRandomSource(&myRandom);
     vask::platform::SetWallClock([] { return std::int64_t{1234567}; });
-    myWorld = std::make_unique<CPhysicsWorld>();
     myWorld->SetUp();
   }
   ~CWorldTest() override {
     WorldState() = {};
     vask::platform::SetRandomSource(nullptr);
     vask::platform::SetWallClock(nullptr);
+  }
+  std::unique_ptr<IPhysicsGfxBridge> Create() override {
+    return std::make_unique<CLoggingBridge>(myBorn++, myLog);
   }
 
   CPhysicsBody& Body(std::size_t index) { return CPhysicsWorldPeer::Bodies(*myWorld)[index]; }
@@ -119,7 +104,9 @@ class CWorldTest : public testing::Test {
   }
 
   CScriptedRandom myRandom;
-  std::unique_ptr<CPhysicsWorld> myWorld;
+  CLoggingBridge::Log myLog;
+  int myBorn = 0;
+  std::unique_ptr<CPhysicsWorld> myWorld = std::make_unique<CPhysicsWorld>();
 };
 
 }  // namespace brumble
