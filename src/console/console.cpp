@@ -90,7 +90,8 @@ std::string CConsole::ExecuteAssignment(const std::string& line) {
     const std::string word(Trim(line));
     return FindVariable(word) != nullptr ? GetVariable(word) : word;
   }
-  // A copy: a command in the line may free the line, as one that binds a key anew does.
+  // A command in the line may free the line, as one that binds a key anew does.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const std::string copy = line;
   const CAssignmentChain chain(copy, LongestCommandName(), [this](const std::string& name) {
     return GetCommand(name) != nullptr;

@@ -63,7 +63,7 @@ void CAnimatedSprite::ReadAnimations(const CXmlContext& xml) {
     CXmlElement* child = element->GetChild(i);
     if (child->GetName() == "Animation") {
       auto animation = std::make_unique<CAnimation>();
-      CXmlContext context(child, CXmlContext::kReading);
+      CXmlContext context(child, CXmlContext::kReading, xml.GetFileName());
       animation->Serialize(context);
       AddAnimation(std::move(animation));
     }

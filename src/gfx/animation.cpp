@@ -74,7 +74,7 @@ void CAnimation::Serialize(CXmlContext& xml) {
   for (int i = 0; i < element->GetChildCount(); ++i) {
     CXmlElement* child = element->GetChild(i);
     if (child->GetName() == "Frame") {
-      AddFrame(ReadFrame(*child));
+      AddFrame(ReadFrame(*child, xml.GetFileName()));
     }
   }
 }

@@ -50,7 +50,7 @@ const char* FrameTypeName(IFrame::frame_type type) {
   return kTypeNames[static_cast<std::size_t>(type)];
 }
 
-std::unique_ptr<IFrame> ReadFrame(CXmlElement& element) {
+std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName) {
   CLog& log = *CLog::GetSingletonPtr();
   if (IsTooDeep(element)) {
     log.Warning() << "Animation: a frame is wrapped too deep, it is skipped\n";
@@ -62,7 +62,7 @@ std::unique_ptr<IFrame> ReadFrame(CXmlElement& element) {
     log.Warning() << "Animation: a frame of the unknown type \"" << type << "\" is skipped\n";
     return nullptr;
   }
-  CXmlContext context(&element, CXmlContext::kReading);
+  CXmlContext context(&element, CXmlContext::kReading, fileName);
   frame->Serialize(context);
   return frame;
 }

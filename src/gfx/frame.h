@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "designpatterns/plugfactory.h"
 
@@ -38,8 +39,9 @@ CFrameFactory& GetFrameFactory();
 const char* FrameTypeName(IFrame::frame_type type);
 
 // The frame that an element describes by its attribute "type" and the rest. Null, with one line in
-// the log, for a missing or unknown type, and for a frame that is wrapped more than 16 deep.
-std::unique_ptr<IFrame> ReadFrame(CXmlElement& element);
+// the log, for a missing or unknown type, and for a frame that is wrapped more than 16 deep. The
+// file name is that of the whole document.
+std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName);
 
 // Writes the frame as a child element of the given name.
 void WriteFrame(CXmlContext& xml, const char* elementName, IFrame& frame);

@@ -28,7 +28,7 @@ void CFrameRect::Serialize(CXmlContext& xml) {
   xml.OptionalValue("FrameLength", myFrameLength);
   if (xml.IsReading()) {
     CXmlElement* wrapped = xml.HasChild("Wrapped") ? xml.GetChild("Wrapped") : nullptr;
-    myWrapped = wrapped != nullptr ? ReadFrame(*wrapped) : nullptr;
+    myWrapped = wrapped != nullptr ? ReadFrame(*wrapped, xml.GetFileName()) : nullptr;
   } else if (myWrapped != nullptr) {
     WriteFrame(xml, "Wrapped", *myWrapped);
   }

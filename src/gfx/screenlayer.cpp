@@ -20,7 +20,13 @@ CScreenLayer::CScreenLayer()
   SetCanvas(myCanvasSprite.get());
 }
 
-CScreenLayer::~CScreenLayer() { SetCanvas(nullptr); }
+CScreenLayer::~CScreenLayer() {
+  SetCanvas(nullptr);
+  // A later object at the same address starts with a count of its own.
+  if (auto* owners = CSmartPtrManager<CSprite>::PeekSingletonPtr()) {
+    owners->Forget(this);
+  }
+}
 
 int CScreenLayer::GetTypeId() const { return kScreenLayer; }
 

@@ -36,8 +36,6 @@ int Rand() { return Current().Next(); }
 
 void SeedRand(unsigned seed) { Current().Seed(seed); }
 
-IRandomSource* SetRandomSource(IRandomSource* source) {
-  return std::exchange(Installed(), source);
-}
+IRandomSource* SetRandomSource(IRandomSource* source) { return std::exchange(Installed(), source); }
 
 }  // namespace vask::platform

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "utils/containers/autolist.h"
 
-// As SDL_mixer declares it.
-typedef struct _Mix_Music Mix_Music;
+#include <SDL_mixer.h>
+
+#include <string>
 
 namespace vask {
 

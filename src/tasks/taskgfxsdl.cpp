@@ -42,8 +42,7 @@ void CTaskGfxSDL::Update() {
   if (myScreen == nullptr || now - myLastFrame < myFrameInterval) {
     return;
   }
-  // The window may open its first mode after this task has started.
-  if (sdl::GetVideoSurface() != myVideoSurface) {
+  if (IsScreenStale()) {
     OnResize(0, 0);
   }
   CTaskGfx::Update();
@@ -65,6 +64,13 @@ void CTaskGfxSDL::OnResize(int, int) {
   if (CScreenLayer* layer = CScreenLayer::PeekSingletonPtr()) {
     layer->RefreshAll();
   }
+}
+
+// A window that started after this task sets its modes after this task has heard of them.
+bool CTaskGfxSDL::IsScreenStale() const {
+  const SDL_Surface* surface = sdl::GetVideoSurface();
+  return surface != myVideoSurface ||
+         (surface != nullptr && sdl::Bounds(*surface) != myScreen->GetRect());
 }
 
 void CTaskGfxSDL::FollowScreenSize() {

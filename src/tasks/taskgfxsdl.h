@@ -28,6 +28,7 @@ class CTaskGfxSDL : public CTaskGfx {
   void OnResize(int width, int height);
 
  private:
+  bool IsScreenStale() const;
   void FollowScreenSize();
   void Shutdown();
 

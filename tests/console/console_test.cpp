@@ -2,20 +2,42 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <memory>
 #include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "console_support.h"
+#include "console/commandfactory.h"
+#include "console/consolecommand.h"
+#include "console/consoleparams.h"
+#include "support/logcapture.h"
 #include "utils/trim.h"
 
 namespace vask {
 namespace {
 
-using test::CEcho;
+// Tells how it was called: "bare", or its parameters with their kinds, as "[n:10][s:abc]".
+struct CEcho : CConsoleCommand {
+  std::string Execute(CConsoleParams* params) override {
+    std::string text;
+    for (int i = 0; i < params->Size(); ++i) {
+      text += (params->IsType(i, CVariable::kNumber) ? "[n:" : "[s:") + params->GetString(i) + "]";
+    }
+    calls += text + "\n";
+    return text.empty() ? "none" : text;
+  }
+  std::string Execute() override {
+    calls += "bare\n";
+    return "bare";
+  }
+  std::string calls;
+};
 
 class ConsoleTest : public testing::Test {
  protected:
@@ -32,17 +54,11 @@ class ConsoleTest : public testing::Test {
   CConsole console;
 };
 
-TEST_F(ConsoleTest, NamesMatchWithoutCaseUnlessToldOtherwise) {
-  ExpectResults({{"echo", "bare"}, {" \tECHO ", "bare"}, {"eChO (1)", "[n:1]"}, {"ech", "ech"}});
-  console.SetCaseSensitive(true);
-  console.AddCommand("Strict", &echo);
-  ExpectResults({{"Strict", "bare"}, {"strict", "strict"}, {"STRICT()", "STRICT()"}});
-}
-
 // clang-format off
 TEST_F(ConsoleTest, ParsesParameters) {
   ExpectResults({
       {"echo(10, -2.5, .5, abc, \"a b\", 1e5,)", "[n:10][n:-2.5][n:0.5][s:abc][s:a b][s:1e5]"},
+      {" \tECHO ", "bare"}, {"eChO (1)", "[n:1]"}, {"ech", "ech"},
       {"echo()", "none"}, {"echo(", "bare"}, {"echo)(1)", "echo)(1)"},
       {"echo(\"a,b\")", "[s:\"a][s:b\"]"}, {"echo(\",\"\")", "[s:\"][s:]"},
       {"echo(\"\"x\"\")", "[s:\"x\"]"}, {"echo(f(1),(2))", "[s:f(1)][s:(2)]"},
@@ -51,6 +67,9 @@ TEST_F(ConsoleTest, ParsesParameters) {
       {"echo(10px, 0x10, inf, nan, 1 2)", "[s:10px][s:0x10][s:inf][s:nan][s:1 2]"},
       {"echo(1234567, 0.1234567)", "[n:1.23457e+06][n:0.123457]"},
   });
+  console.SetCaseSensitive(true);
+  console.AddCommand("Strict", &echo);
+  ExpectResults({{"Strict", "bare"}, {"strict", "strict"}, {"STRICT()", "STRICT()"}});
 }
 
 TEST_F(ConsoleTest, SpecialLines) {
@@ -87,8 +106,7 @@ TEST_F(ConsoleTest, AssignsAndReads) {
 // clang-format on
 
 // The rules told plainly, right side by right side.
-class CRecursiveConsole : public CConsole {
- public:
+struct CRecursiveConsole : CConsole {
   std::string Execute(const std::string& line, bool) override {
     const std::string name(Trim(GetCommandName(line)));
     const bool isOwn = IsSpecialLine(line) || GetCommand(name) != nullptr;
@@ -99,8 +117,8 @@ class CRecursiveConsole : public CConsole {
     if (equals == std::string::npos) {
       return CConsole::ExecuteAssignment(line);
     }
-    const std::string name(Trim(equals > 0 ? line.substr(0, equals) : line.substr(1)));
-    names.push_back(name);
+    names.emplace_back(Trim(equals > 0 ? line.substr(0, equals) : line.substr(1)));
+    const std::string name = names.back();
     SetVariable(name, equals > 0 ? std::string(Trim(Execute(line.substr(equals + 1), false))) : "");
     return GetVariable(name);
   }
@@ -118,15 +136,14 @@ TEST_F(ConsoleTest, ChainsGiveWhatTheRecursiveRuleGives) {
     }
     CConsole tested;
     CRecursiveConsole reference;
-    CEcho calls;
-    CEcho expectedCalls;
+    CEcho calls[2];
     for (const char* name : {"echo", "eq", "a=b"}) {
-      tested.AddCommand(name, &calls);
-      reference.AddCommand(name, &expectedCalls);
+      tested.AddCommand(name, &calls[0]);
+      reference.AddCommand(name, &calls[1]);
     }
     ASSERT_EQ(tested.Execute(line, false), reference.Execute(line, false)) << line;
     ASSERT_EQ(tested.ExecuteAssignment(line), reference.ExecuteAssignment(line)) << line;
-    ASSERT_EQ(calls.calls, expectedCalls.calls) << line;
+    ASSERT_EQ(calls[0].calls, calls[1].calls) << line;
     for (const std::string& name : reference.names) {
       ASSERT_EQ(tested.GetVariable(name), reference.GetVariable(name)) << line;
     }
@@ -152,37 +169,91 @@ TEST_F(ConsoleTest, LinesOfAMegabyteEndSoonAndDoNotNest) {
 }
 
 // Frees the line that is being executed, as a key does that binds itself anew.
-class CForget : public CConsoleCommand {
- public:
-  std::string Execute() override {
-    std::string().swap(line);
-    return "forgotten";
-  }
-  std::string line;
+struct CForget : CConsoleCommand {
+  std::string Execute() override { return std::string().swap(line), "forgotten"; }
+  std::string line = "forget; a rather long name = forget // and a comment";
 };
 
 TEST_F(ConsoleTest, ACommandMayFreeTheLineThatItStandsIn) {
   CForget forget;
   console.AddCommand("forget", &forget);
-  forget.line = "a rather long name = forget";
-  EXPECT_EQ(console.Execute(forget.line, false), "forgotten");
-  forget.line = "forget; another statement // and a comment";
-  EXPECT_EQ(console.Execute(forget.line, false), "forgotten\nanother statement\n");
+  EXPECT_EQ(console.Execute(forget.line, false), "forgotten\nforgotten\n");
 }
 
-TEST(Variable, ConvertsBetweenTextAndNumber) {
-  CVariableString text;
-  text.SetNumber(1.0 / 3);
-  EXPECT_EQ(text.GetString(), "0.333333");
-  CVariableNumber number(4);
-  number.SetString("none");
-  EXPECT_EQ(number.GetString(), "4");
+TEST(Variable, IntegersTruncateAndSaturate) {
   const int most = 2147483647;
   for (const auto& [written, integer] : std::vector<std::pair<const char*, int>>{
            {"2.9 m", 2}, {"-2.9", -2}, {"2147483648", most}, {"1e999", most}, {"-1e999", ~most}}) {
     EXPECT_EQ(ToInteger(CVariableString(written).GetNumber()), integer) << written;
   }
   EXPECT_EQ(ToInteger(std::nan("")), 0);
+}
+
+void WriteFile(const std::string& name, const std::string& text) {
+  std::ofstream(name, std::ios::binary) << text;
+}
+
+struct CLoad : CConsoleCommand {
+  explicit CLoad(CConsole& itsConsole) : console(itsConsole) {}
+  std::string Execute(CConsoleParams* p) override { return console.ExecuteFile(p->GetString(0)); }
+  std::string Execute() override { return {}; }
+  CConsole& console;
+};
+
+TEST_F(ConsoleTest, ScriptsExecuteEveryLineAndNeverNestEndlessly) {
+  const test::CLogCapture log;
+  WriteFile("lines.txt", "echo(1)\r\n\n// no\n  echo( two )\necho\r\nx = a\r\r\ny = b\r");
+  for (const char* name : {"lines.txt", "missing.txt", ".", ""}) {
+    EXPECT_EQ(console.ExecuteFile(name), "") << name;
+  }
+  EXPECT_EQ(std::exchange(echo.calls, {}), "[n:1]\n[s:two]\nbare\n");
+  EXPECT_EQ(console.GetVariable("x") + console.GetVariable("y"), "a\rb\r");
+  EXPECT_TRUE(log.Lines().empty());
+
+  // Files load each other through a second console, as from a task's.
+  CConsole second;
+  CLoad load[] = {CLoad(second), CLoad(console)};
+  console.AddCommand("load", &load[0]);
+  second.AddCommand("load", &load[1]);
+  second.AddCommand("echo", &echo);
+  std::filesystem::create_directories("folder");
+  std::filesystem::create_symlink("../self.txt", "folder/link.txt");
+  WriteFile("self.txt", "load(self.txt)\nload(./folder/../self.txt)\nload(folder/link.txt)\necho");
+  for (std::size_t round = 1; round <= 2; ++round) {  // an ended file may be executed again
+    console.ExecuteFile("self.txt");
+    EXPECT_TRUE(log.Count("self.txt") == 2 * round && log.Count("link.txt") == round) << log.Text();
+  }
+  EXPECT_EQ(std::exchange(echo.calls, {}), "bare\nbare\n");
+  EXPECT_EQ(log.Lines().front().level, kLogError);
+  for (int i = 1; i <= 66; ++i) {
+    WriteFile("deep" + std::to_string(i), "echo(1)\nload(deep" + std::to_string(i + 1) + ")\n");
+  }
+  console.ExecuteFile("deep1");
+  EXPECT_EQ(std::count(echo.calls.begin(), echo.calls.end(), '1'), 64);
+  EXPECT_EQ(log.Count("deep65"), log.Lines().size() - 6);
+}
+
+TEST(CommandFactory, LibrariesAttachDetachAndKeepTheirFirstCommands) {
+  CCommandFactory& factory = CCommandFactory::GetSingleton();
+  CEcho own;
+  {
+    CConsole console;
+    auto first = std::make_unique<CEcho>();
+    const CEcho* kept = first.get();
+    factory.AddCommand("lib", "one", std::move(first));
+    factory.AddCommand("lib", "one", std::make_unique<CEcho>());
+    factory.LoadLib("Lib", &console);  // case counts
+    EXPECT_EQ(console.GetCommand("one"), nullptr);
+    factory.LoadLib("lib", &console);
+    EXPECT_EQ(console.GetCommand("one"), kept);
+    factory.Forget(&console);
+    EXPECT_EQ(console.GetCommand("one"), nullptr);
+    console.AddCommand("one", &own);
+    factory.Forget(&console);  // no longer loaded: leaves the console's own commands alone
+    EXPECT_EQ(console.GetCommand("one"), &own);
+    factory.LoadLib("lib", &console);  // and the console dies
+  }
+  CCommandFactory::DeleteSingleton();
 }
 
 }  // namespace

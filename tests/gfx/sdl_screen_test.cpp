@@ -1,82 +1,47 @@
-#include "gfx/sdl/pixelscreensdl.h"
+#include <gtest/gtest.h>
 
 #include "kernel/applicationfactory.h"
-#include "sdl_support.h"
+#include "support/testpicture.h"
 
 namespace vask::test {
 
-namespace {
-
-class CScreenTest : public CSdlScreen {
- protected:
-  void SetUp() override {
-    CSdlScreen::SetUp();
-    myScreen.Reset(SDL_GetVideoSurface());
-  }
-  void TearDown() override {
-    SetLimit("75");
-    CPixelScreenSDL::FullFlip() = true;
-    Gfx::ScreenRect() = {};
-    CSdlScreen::TearDown();
-  }
-
-  static void SetLimit(const char* limit) {
-    CApplicationFactory::GetSingletonPtr()->GetConsole()->SetVariable("gfx_flip_rects_size", limit);
-  }
-  void AddRects(int count) {
-    for (int i = 0; i < count; ++i) {
-      myScreen.AddDirtyRect({i % kWidth, 0, 1, 1});
-    }
-  }
-
-  CPixelScreenSDL myScreen;
-};
-
-}  // namespace
-
-TEST_F(CScreenTest, TheListHoldsAsManyRectanglesAsTheVariableSays) {
+TEST(Screen, TheListHoldsAsManyRectanglesAsTheVariableSays) {
+  CTestScreen screen(64, 48);
+  CPixelScreenSDL& picture = screen.Picture();
+  CConsole* console = CApplicationFactory::GetSingletonPtr()->GetConsole();
+  EXPECT_EQ(console->GetVariable("gfx_flip_rects_size"), "75");
   struct {
     const char* limit;
     int added;
     bool isAll;
-  } const cases[] = {{"75", 75, false}, {"75", 76, true}, {"2", 3, true}, {"0", 500, false}};
+  } const cases[] = {{"2", 3, true}, {"0", 500, false}, {"75", 75, false}, {"75", 76, true}};
   for (const auto& c : cases) {
-    SetLimit(c.limit);
-    AddRects(c.added);
-    EXPECT_EQ(myScreen.IsUpdateAll(), c.isAll) << c.limit << ", " << c.added;
-    myScreen.Flip();
-    EXPECT_FALSE(myScreen.IsUpdateAll());
-    EXPECT_EQ(myScreen.GetDirtyCount(), 0U);
+    console->SetVariable("gfx_flip_rects_size", c.limit);
+    for (int i = 0; i < c.added; ++i) {
+      picture.AddDirtyRect({i % 64, 0, 1, 1});
+    }
+    EXPECT_EQ(picture.IsUpdateAll(), c.isAll) << c.limit << ", " << c.added;
+    picture.Flip();
+    EXPECT_FALSE(picture.IsUpdateAll());
+    EXPECT_EQ(picture.GetDirtyCount(), 0U);
   }
 }
 
-TEST_F(CScreenTest, RectanglesAreCutToTheScreenAndTheScreenItselfIsEverything) {
+TEST(Screen, RectanglesAreCutToTheScreenAndTheScreenItselfIsEverything) {
+  CTestScreen screen(64, 48);
+  CPixelScreenSDL& picture = screen.Picture();
   CPixelScreenSDL::FullFlip() = false;
-  myScreen.AddDirtyRect({-10, -10, 5, 5});
-  myScreen.AddDirtyRect({kWidth, 0, 5, 5});
-  EXPECT_EQ(myScreen.GetDirtyCount(), 0U);
   // SDL would write outside its memory for a rectangle that was not cut.
-  myScreen.AddDirtyRect({-10, -10, 10000, 10000});
-  EXPECT_EQ(myScreen.GetDirtyCount(), 1U);
-  myScreen.Flip();
-  EXPECT_EQ(myScreen.GetDirtyCount(), 0U);
-  myScreen.AddDirtyRect({0, 0, kWidth, kHeight});
-  EXPECT_TRUE(myScreen.IsUpdateAll());
-  AddRects(3);
-  EXPECT_EQ(myScreen.GetDirtyCount(), 0U);
-}
-
-TEST_F(CScreenTest, FollowsTheSurfaceThroughAModeChange) {
-  SDL_Surface* larger = sdl::OpenVideoMode(100, 80, 32, 0);
-  myScreen.Reset(larger);
-  EXPECT_EQ(myScreen.GetRect(), (CRect<int>{0, 0, 100, 80}));
-  EXPECT_EQ(Gfx::ScreenRect(), myScreen.GetRect());
-  EXPECT_EQ(sdl::OpenVideoMode(-1, 5, 32, 0), nullptr);
-  EXPECT_EQ(sdl::OpenVideoMode(70000, 70000, 32, 0), nullptr);
-  EXPECT_EQ(sdl::GetVideoSurface(), nullptr);
-  myScreen.Reset(sdl::GetVideoSurface());
-  myScreen.Flip();
-  EXPECT_TRUE(myScreen.IsEmpty());
+  for (const CRect<int>& rect : {CRect<int>{-9, -9, 5, 5}, {64, 0, 5, 5}, {-9, -9, 9999, 9999}}) {
+    picture.AddDirtyRect(rect);
+    EXPECT_EQ(picture.GetDirtyCount(), rect.w > 5 ? 1U : 0U);
+  }
+  picture.Flip();
+  picture.AddDirtyRect({0, 0, 64, 48});
+  EXPECT_TRUE(picture.IsUpdateAll());
+  picture.AddDirtyRect({0, 0, 1, 1});
+  EXPECT_EQ(picture.GetDirtyCount(), 0U);
+  CPixelScreenSDL::FullFlip() = true;
 }
 
 }  // namespace vask::test

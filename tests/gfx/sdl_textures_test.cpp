@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "gfx/texturemanager.h"
 #include "support/logcapture.h"
 
@@ -9,75 +7,47 @@ namespace vask::test {
 
 namespace {
 
-std::multiset<int*> ourReleased;
-
 struct SReleaser {
-  void operator()(int* surface) const { ourReleased.insert(surface); }
-};
-
-class CTexturesTest : public testing::Test {
- protected:
-  CTexturesTest() { ourReleased.clear(); }
-
-  CTextureManager<int*, SReleaser> myTextures;
-  CLogCapture myLog;
-  int mySurface = 0;
-  int myOther = 0;
+  void operator()(int* releases) const { ++*releases; }
 };
 
 }  // namespace
 
-TEST_F(CTexturesTest, TheLastReferenceFreesOnce) {
-  myTextures.AddNew("a", &mySurface, false);
-  EXPECT_EQ(myTextures.GetPointer("a"), &mySurface);
-  EXPECT_TRUE(myTextures.AddReference(&mySurface));
-  myTextures.Release(&mySurface);
-  myTextures.Release(&mySurface);
-  EXPECT_TRUE(ourReleased.empty());
-  myTextures.Release(&mySurface);
-  EXPECT_EQ(ourReleased.count(&mySurface), 1U);
-  EXPECT_FALSE(myTextures.Exists("a"));
-}
-
-TEST_F(CTexturesTest, KeptSurfacesStayAndComeBack) {
-  myTextures.AddNew("kept", &mySurface, true);
-  myTextures.Release(&mySurface);
-  myTextures.Release(&mySurface);
-  EXPECT_TRUE(ourReleased.empty());
-  EXPECT_FALSE(myTextures.AddReference(&mySurface));
-  EXPECT_TRUE(myLog.Has("a pointer no longer in the memory: kept"));
-  EXPECT_EQ(myTextures.GetPointer("kept"), &mySurface);
-  EXPECT_TRUE(myTextures.AddReference(&mySurface));
-}
-
-TEST_F(CTexturesTest, UnknownSurfacesAreFreedAndNullIsNothing) {
-  myTextures.Release(&myOther);
-  EXPECT_EQ(ourReleased.count(&myOther), 1U);
-  myTextures.Release(nullptr);
-  EXPECT_EQ(ourReleased.size(), 1U);
-  EXPECT_FALSE(myTextures.AddReference(nullptr));
-  EXPECT_TRUE(myLog.Lines().empty());
-}
-
-TEST_F(CTexturesTest, MisuseIsReportedAndChangesNothing) {
-  myTextures.AddNew("a", &mySurface, false);
-  myTextures.AddNew("a", &myOther, false);
-  EXPECT_EQ(myTextures.GetPointer("missing"), nullptr);
-  const std::vector<CLogCapture::SLine> expected = {
-      {"CTextureManager::AddNew() - trying to add a new texture, but we already have one of the "
-       "same "
-       "name: a",
-       kLogError},
-      {"CTextureManager::GetPointer() - trying to get pointer to a file that doesn't exist: "
-       "missing",
-       kLogWarning}};
-  EXPECT_EQ(myLog.Lines(), expected);
-  EXPECT_EQ(myTextures.GetPointer("a"), &mySurface);
-  myLog.Clear();
-  myTextures.SetReportErrors(false);
-  myTextures.AddNew("a", &myOther, false);
-  myTextures.GetPointer("missing");
-  EXPECT_TRUE(myLog.Lines().empty());
+TEST(Textures, TheLastReferenceFreesOnceUnlessTheTextureIsKept) {
+  CTextureManager<int*, SReleaser> textures;
+  const CLogCapture log;
+  int releases = 0;
+  for (const bool isKept : {false, true}) {
+    releases = 0;
+    textures.AddNew("a", &releases, isKept);
+    EXPECT_EQ(textures.GetPointer("a"), &releases);
+    EXPECT_TRUE(textures.AddReference(&releases));
+    textures.Release(&releases);
+    textures.Release(&releases);
+    EXPECT_EQ(releases, 0);
+    textures.Release(&releases);
+    EXPECT_EQ(releases, isKept ? 0 : 1);
+    EXPECT_EQ(textures.Exists("a"), isKept);
+  }
+  EXPECT_FALSE(textures.AddReference(&releases));
+  textures.AddNew("a", nullptr, false);
+  EXPECT_EQ(textures.GetPointer("missing"), nullptr);
+  EXPECT_EQ(textures.GetPointer("a"), &releases);
+  int unknown = 0;
+  textures.Release(&unknown);
+  EXPECT_EQ(unknown, 1);
+  textures.Release(nullptr);
+  EXPECT_FALSE(textures.AddReference(nullptr));
+  const std::string at = "CTextureManager::";
+  EXPECT_EQ(log.Text(), at +
+                            "AddReference() - trying add a reference to a pointer no longer in the "
+                            "memory: a\n" +
+                            at +
+                            "AddNew() - trying to add a new texture, but we already have one "
+                            "of the same name: a\n" +
+                            at +
+                            "GetPointer() - trying to get pointer to a file that doesn't "
+                            "exist: missing\n");
 }
 
 }  // namespace vask::test

