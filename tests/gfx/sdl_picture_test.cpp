@@ -1,14 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <climits>
 #include <cmath>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
 
+#include "gfx/sdl/rgbablit.h"
 #include "gfx/sdl/sdltextures.h"
-#include "sdl_support.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
 
 namespace vask::test {
 
 namespace {
 
-class CPictureTest : public CSdlScreen {
+SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
+SDL_Surface* SurfaceOf(const Gfx::ImagePtr& image) { return SurfaceOf(image.get()); }
+
+// Of a 32-bit surface.
+std::uint32_t& PixelOf(SDL_Surface* surface, int x, int y = 0) {
+  return sdl::Row32(*surface, y)[x];
+}
+std::uint32_t& PixelOf(const Gfx::ImagePtr& image, int x, int y = 0) {
+  return PixelOf(SurfaceOf(image), x, y);
+}
+std::vector<std::uint32_t> PixelsOf(SDL_Surface* surface) {
+  std::vector<std::uint32_t> pixels;
+  for (int i = 0; i < surface->w * surface->h; ++i) {
+    pixels.push_back(PixelOf(surface, i % surface->w, i / surface->w));
+  }
+  return pixels;
+}
+
+// A 32-bit surface of random pixels, with many of the alphas that are treated apart.
+sdl::SurfacePtr NewNoise(int width, int height, bool hasAlpha, int seed) {
+  sdl::SPixelFormat format = sdl::AlphaFormat();
+  format.alphaMask = hasAlpha ? format.alphaMask : 0;
+  sdl::SurfacePtr surface = sdl::NewSurface(width, height, format);
+  std::mt19937 random(static_cast<unsigned>(seed));
+  for (int i = 0; i < width * height; ++i) {
+    const std::uint32_t pixel = static_cast<std::uint32_t>(random());
+    const auto kind = random() % 8;
+    PixelOf(surface.get(), i % width, i / width) = kind < 2   ? pixel & 0x00FFFFFF
+                                                   : kind < 4 ? pixel | 0xFF000000
+                                                              : pixel;
+  }
+  return surface;
+}
+
+// Writes a BMP of one row with these colours (red, green, blue from the high byte down).
+void WriteBmp(const std::string& name, const std::vector<std::uint32_t>& colors) {
+  const sdl::SurfacePtr row =
+      sdl::NewSurface(static_cast<int>(colors.size()), 1, {32, 0xFF0000, 0x00FF00, 0x0000FF, 0});
+  std::copy(colors.begin(), colors.end(), &PixelOf(row.get(), 0));
+  ASSERT_EQ(SDL_SaveBMP(row.get(), name.c_str()), 0);
+}
+
+std::vector<int> ReadFile(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  std::vector<int> bytes;
+  for (std::istreambuf_iterator<char> it(file), end; it != end; ++it) {
+    bytes.push_back(static_cast<unsigned char>(*it));
+  }
+  return bytes;
+}
+
+// Two pixels, one below the other, in the given depth: red, then the key colour.
+SDL_Surface* NewColumn(int depth, std::uint32_t alphaMask, bool isKeyed) {
+  SDL_Surface* surface =
+      depth <= 8 ? SDL_CreateRGBSurface(0, 1, 2, depth, 0, 0, 0, 0)
+                 : SDL_CreateRGBSurface(0, 1, 2, depth, 0xFF0000, 0xFF00, 0xFF, alphaMask);
+  SDL_Color colors[] = {{255, 0, 0, 0}, {255, 0, 255, 0}};
+  if (SDL_Palette* palette = surface->format->palette) {
+    palette->ncolors = 2;
+    SDL_SetColors(surface, colors, 0, 2);
+  }
+  sdl::WritePixel(*surface, 0, 0, depth <= 8 ? 0 : 0xFF0000 | (0x80000000 & alphaMask));
+  sdl::WritePixel(*surface, 0, 1, depth <= 8 ? 1 : 0xFF00FF | (0x20000000 & alphaMask));
+  SDL_SetColorKey(surface, isKeyed ? SDL_SRCCOLORKEY : 0, depth <= 8 ? 1 : 0xFF00FF);
+  return surface;
+}
+
+struct SReleaser {
+  void operator()(int* releases) const { ++*releases; }
+};
+
+class CPictureTest : public testing::Test {
  protected:
   // A buffer whose pixels tell their position.
   static Gfx::ImagePtr NewChart(int width, int height) {
@@ -18,9 +99,48 @@ class CPictureTest : public CSdlScreen {
     }
     return chart;
   }
+
+  CTestScreen myScreen{64, 48};
 };
 
 }  // namespace
+
+TEST(Textures, TheLastReferenceFreesOnceUnlessTheTextureIsKept) {
+  CTextureManager<int*, SReleaser> textures;
+  const CLogCapture log;
+  int releases = 0;
+  for (const bool isKept : {false, true}) {
+    releases = 0;
+    textures.AddNew("a", &releases, isKept);
+    EXPECT_EQ(textures.GetPointer("a"), &releases);
+    EXPECT_TRUE(textures.AddReference(&releases));
+    textures.Release(&releases);
+    textures.Release(&releases);
+    EXPECT_EQ(releases, 0);
+    textures.Release(&releases);
+    EXPECT_EQ(releases, isKept ? 0 : 1);
+    EXPECT_EQ(textures.Exists("a"), isKept);
+  }
+  EXPECT_FALSE(textures.AddReference(&releases));
+  textures.AddNew("a", nullptr, false);
+  EXPECT_EQ(textures.GetPointer("missing"), nullptr);
+  EXPECT_EQ(textures.GetPointer("a"), &releases);
+  int unknown = 0;
+  textures.Release(&unknown);
+  EXPECT_EQ(unknown, 1);
+  textures.Release(nullptr);
+  EXPECT_FALSE(textures.AddReference(nullptr));
+  const std::string at = "CTextureManager::";
+  EXPECT_EQ(log.Text(), at +
+                            "AddReference() - trying add a reference to a pointer no longer in the "
+                            "memory: a\n" +
+                            at +
+                            "AddNew() - trying to add a new texture, but we already have one "
+                            "of the same name: a\n" +
+                            at +
+                            "GetPointer() - trying to get pointer to a file that doesn't "
+                            "exist: missing\n");
+}
 
 TEST_F(CPictureTest, OneFileIsOneSurfaceUntilItsLastPictureDiesAndABufferIsCopied) {
   WriteBmp("shared.bmp", {0x112233});
@@ -234,6 +354,106 @@ TEST_F(CPictureTest, WorksWithoutVideo) {
   EXPECT_FALSE(Gfx::ImagePtr(loaded->Rotate(45))->IsEmpty());
   EXPECT_EQ(sdl::OpenVideoMode(32, 32, 32, 0), nullptr);
   EXPECT_EQ(sdl::GetModeDepth(32, 32, 32, 0), 0);
+}
+
+// Widths around the four pixels of a step, at every alignment, between all kinds of surfaces.
+TEST_F(CPictureTest, PlainBlitsGiveExactlySdlsPixels) {
+  for (int i = 0; i < 19 * 4; ++i) {
+    const int width = 1 + i / 4;
+    const auto source = NewNoise(width + 3, 5, i % 2 == 0, width);
+    const auto ours = NewNoise(24, 8, i % 4 < 2, 99);
+    const auto sdls = NewNoise(24, 8, i % 4 < 2, 99);
+    sdl::BlitPlain(source.get(), {width % 4, 1, width, 3}, ours.get(), 2, 4);
+    SDL_Rect from{static_cast<Sint16>(width % 4), 1, static_cast<Uint16>(width), 3};
+    SDL_Rect to{2, 4, 0, 0};
+    SDL_UpperBlit(source.get(), &from, sdls.get(), &to);
+    ASSERT_EQ(PixelsOf(ours.get()), PixelsOf(sdls.get()))
+        << "width " << width << ", kind " << i % 4;
+  }
+}
+
+TEST_F(CPictureTest, OverBlitIsWithinOneOfTheExactBlend) {
+  const auto source = NewNoise(257, 257, true, 1);
+  const auto target = NewNoise(257, 257, true, 2);
+  const auto above = PixelsOf(source.get());
+  const auto below = PixelsOf(target.get());
+  sdl::BlitOver(source.get(), {0, 0, 257, 257}, target.get(), 0, 0);
+  const auto results = PixelsOf(target.get());
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    const std::uint32_t from = above[i];
+    const std::uint32_t onto = below[i];
+    const std::uint32_t result = results[i];
+    const double a = (from >> 24) / 255.0;
+    const double b = (onto >> 24) / 255.0 * (1 - a);
+    if (from >> 24 == 0 || from >> 24 == 255 || onto >> 24 == 0) {
+      ASSERT_EQ(result, from >> 24 == 0 ? onto : from) << std::hex << from << " over " << onto;
+      continue;
+    }
+    ASSERT_NEAR(result >> 24, (a + b) * 255, 1) << std::hex << from << " over " << onto;
+    for (int shift = 0; shift < 24; shift += 8) {
+      const double exact = ((from >> shift & 0xFF) * a + (onto >> shift & 0xFF) * b) / (a + b);
+      ASSERT_NEAR(result >> shift & 0xFF, exact, 1) << std::hex << from << " over " << onto;
+    }
+  }
+}
+
+TEST_F(CPictureTest, OverBlitCountsASourceWithoutAlphaAsOpaqueLessItsKey) {
+  for (const sdl::SPixelFormat& format : {sdl::SPixelFormat{16, 0xF800, 0x07E0, 0x001F, 0},
+                                          sdl::SPixelFormat{32, 0xFF0000, 0xFF00, 0xFF, 0}}) {
+    const auto source = sdl::NewSurface(2, 1, format);
+    sdl::SetColorKey(source.get(), CColor(255, 0, 255));
+    sdl::WritePixel(*source, 0, 0, SDL_MapRGB(source->format, 255, 0, 255));
+    sdl::WritePixel(*source, 1, 0, SDL_MapRGB(source->format, 255, 255, 255));
+    const Gfx::ImagePtr target(Gfx::NewBuffer(2, 1));
+    PixelOf(target, 0) = PixelOf(target, 1) = 0x40102030;
+    sdl::BlitOver(source.get(), {0, 0, 2, 1}, SurfaceOf(target), 0, 0);
+    EXPECT_EQ(PixelOf(target, 0), 0x40102030U) << format.bits;
+    // SDL widens the five bits of a channel to 8 with up to one unit lost.
+    EXPECT_EQ(PixelOf(target, 1) | 0x00010101U, 0xFFFFFFFFU) << format.bits;
+  }
+}
+
+TEST_F(CPictureTest, TgaFilesOfEveryKind) {
+  // clang-format off
+  struct {
+    int depth;
+    std::uint32_t alphaMask;
+    bool isKeyed;
+    std::vector<int> bytes;  // the header, then palette and pixels
+  } const cases[] = {
+      {24, 0, true, {0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2, 0, 24, 0x20,
+                     0, 0, 255, 255, 0, 255}},
+      {32, 0xFF000000, false, {0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2, 0, 32, 0x28,
+                               0, 0, 255, 0x80, 255, 0, 255, 0x20}},
+      {8, 0, false, {0, 1, 1, 0, 0, 2, 0, 24, 0, 0, 0, 0, 1, 0, 2, 0, 8, 0x20,
+                     0, 0, 255, 255, 0, 255, 0, 1}},
+      {8, 0, true, {0, 1, 1, 0, 0, 2, 0, 32, 0, 0, 0, 0, 1, 0, 2, 0, 8, 0x28,
+                    0, 0, 255, 255, 255, 0, 255, 0, 0, 1}},
+  };
+  // clang-format on
+  for (const auto& c : cases) {
+    CPixelSDL picture(NewColumn(c.depth, c.alphaMask, c.isKeyed));
+    const std::uint32_t flags = picture.GetSurface()->flags;
+    ASSERT_TRUE(picture.SaveToFile("picture.tga"));
+    EXPECT_EQ(ReadFile("picture.tga"), c.bytes) << c.depth << " keyed " << c.isKeyed;
+    EXPECT_EQ(picture.GetSurface()->flags, flags);
+  }
+  // The last one's own transparent index survives loading.
+  const Gfx::ImagePtr loaded(Gfx::LoadImage("picture.tga", 0));
+  EXPECT_EQ(loaded->GetPixel(0, 1).a, 0);
+  EXPECT_EQ(loaded->GetPixel(0, 0).Pack(), 0xFFFF0000U);
+
+  CPixelSDL small(SDL_CreateRGBSurface(0, 4, 4, 4, 0, 0, 0, 0));
+  EXPECT_FALSE(small.SaveToFile("small.tga"));
+  EXPECT_STREQ(SDL_GetError(), "cannot save <8bpp images as TGA");
+  CPixelSDL part(NewColumn(24, 0, false));
+  part.SetRect({0, 1, 1, 1});
+  ASSERT_TRUE(part.SaveToFile("part.tga"));
+  EXPECT_EQ(ReadFile("part.tga").size(), 18U + 3U) << "only the image rectangle";
+  ASSERT_TRUE(part.SaveToFile("part.TGA"));
+  EXPECT_EQ(ReadFile("part.TGA")[0], 'B');
+  EXPECT_FALSE(part.SaveToFile("no/such/folder/part.tga"));
+  EXPECT_FALSE(CPixelSDL().SaveToFile("part.tga"));
 }
 
 }  // namespace vask::test

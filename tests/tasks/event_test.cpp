@@ -39,33 +39,13 @@ class CRecorder : public IWindowListener, public IKeyboardListener, public IMous
   std::string text;
 };
 
-// The two numbers that make the event.
-void Push(Uint8 type, int a = 0, int b = 0) {
-  SDL_Event event{};
-  if (type == SDL_ACTIVEEVENT) {
-    event.active = {type, static_cast<Uint8>(b), static_cast<Uint8>(a)};
-  } else if (type == SDL_KEYDOWN || type == SDL_KEYUP) {
-    event.key.keysym.sym = static_cast<SDLKey>(a);
-    event.key.keysym.unicode = static_cast<Uint16>(b);
-  } else if (type == SDL_MOUSEMOTION) {
-    event.motion = {type, 0, 0, static_cast<Uint16>(a), static_cast<Uint16>(b), -3, 4};
-  } else if (type == SDL_VIDEORESIZE) {
-    event.resize = {type, a, b};
-  } else {
-    event.button.button = static_cast<Uint8>(a);
-  }
-  event.type = type;
-  ASSERT_EQ(SDL_PushEvent(&event), 0);
-}
-
 class CEventTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0);
     sdl::OpenVideoMode(32, 32, 32, 0);
-    for (SDL_Event event; SDL_PollEvent(&event) != 0;) {
-    }
     myTask->Start();
+    myTask->Update();  // the window's own first events
   }
   void TearDown() override {
     myTask.reset();
@@ -81,41 +61,36 @@ class CEventTest : public testing::Test {
 TEST_F(CEventTest, EveryEventReachesItsListeners) {
   CRecorder recorder;
   struct {
-    Uint8 type;
-    int a, b;
+    SDL_Event event;
     const char* heard;
-  } const cases[] = {
-      {SDL_ACTIVEEVENT, SDL_APPINPUTFOCUS, 1, "focus 1\n"},
-      {SDL_ACTIVEEVENT, SDL_APPINPUTFOCUS | SDL_APPACTIVE, 0, "focus 0\n"},
-      {SDL_ACTIVEEVENT, SDL_APPMOUSEFOCUS | SDL_APPACTIVE, 1, ""},
-      {SDL_KEYDOWN, SDLK_a, 'A', "down 97 65\n"},
-      {SDL_KEYUP, SDLK_a, 127, "up 97 127\n"},
-      {SDL_KEYDOWN, SDLK_F1, 128, "down 282 0\n"},
-      {SDL_KEYUP, SDLK_F1, 0x2041, "up 282 0\n"},
-      {SDL_MOUSEMOTION, 60000, 7, "move 60000 7\nby -3 4\n"},
-      {SDL_MOUSEBUTTONDOWN, 1, 0, "press 1\n"},
-      {SDL_MOUSEBUTTONDOWN, 2, 0, "press 2\n"},
-      {SDL_MOUSEBUTTONUP, 3, 0, "release 4\n"},
-      {SDL_MOUSEBUTTONDOWN, 4, 0, "press 8\n"},
-      {SDL_MOUSEBUTTONUP, 5, 0, "release 16\n"},
-      {SDL_MOUSEBUTTONUP, 6, 0, "release 0\n"},
-      {SDL_VIDEORESIZE, 70, 50, "resize 70 50\n"},
-      {SDL_VIDEOEXPOSE, 0, 0, ""},
+  } cases[] = {
+      {{.active = {SDL_ACTIVEEVENT, 1, SDL_APPINPUTFOCUS}}, "focus 1\n"},
+      {{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS | SDL_APPACTIVE}}, "focus 0\n"},
+      {{.active = {SDL_ACTIVEEVENT, 1, SDL_APPMOUSEFOCUS | SDL_APPACTIVE}}, ""},
+      {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_a, KMOD_NONE, 'A'}}}, "down 97 65\n"},
+      {{.key = {SDL_KEYUP, 0, 0, {0, SDLK_a, KMOD_NONE, 127}}}, "up 97 127\n"},
+      {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_F1, KMOD_NONE, 128}}}, "down 282 0\n"},
+      {{.key = {SDL_KEYUP, 0, 0, {0, SDLK_F1, KMOD_NONE, 0x2041}}}, "up 282 0\n"},
+      {{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}, "move 60000 7\nby -3 4\n"},
+      {{.button = {SDL_MOUSEBUTTONDOWN, 0, 1, 0, 0, 0}}, "press 1\n"},
+      {{.button = {SDL_MOUSEBUTTONDOWN, 0, 2, 0, 0, 0}}, "press 2\n"},
+      {{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}}, "release 4\n"},
+      {{.button = {SDL_MOUSEBUTTONDOWN, 0, 4, 0, 0, 0}}, "press 8\n"},
+      {{.button = {SDL_MOUSEBUTTONUP, 0, 5, 0, 0, 0}}, "release 16\n"},
+      {{.button = {SDL_MOUSEBUTTONUP, 0, 6, 0, 0, 0}}, "release 0\n"},
+      {{.resize = {SDL_VIDEORESIZE, 70, 50}}, "resize 70 50\n"},
+      {{.expose = {SDL_VIDEOEXPOSE}}, ""},
+      {{.quit = {SDL_QUIT}}, ""},
   };
   std::string expected;
-  for (const auto& c : cases) {
-    Push(c.type, c.a, c.b);
+  for (auto& c : cases) {
+    ASSERT_EQ(SDL_PushEvent(&c.event), 0);
     expected += c.heard;
   }
   SDL_EnableUNICODE(0);
   myTask->Update();
   EXPECT_EQ(recorder.text, expected);
   EXPECT_EQ(SDL_EnableUNICODE(-1), 1);
-}
-
-TEST_F(CEventTest, ClosingTheWindowAsksTheKernelToQuit) {
-  Push(SDL_QUIT);
-  myTask->Update();
   EXPECT_TRUE(IsQuitting());
   EXPECT_FALSE(IsQuitting());
 }
