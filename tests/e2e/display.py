@@ -134,3 +134,29 @@ class Display:
     def run(self, *command):
         return subprocess.run(command, env=self.environment, check=True, capture_output=True,
                               text=True).stdout
+
+
+class Other:
+    """Another client's window, to take the focus."""
+
+    def __init__(self, screen):
+        self.screen = screen
+
+    def __enter__(self):
+        # A window of its own client, so that the focus really leaves the program.
+        script = ("from Xlib import X, display\n"
+                  "d = display.Display(); s = d.screen()\n"
+                  "w = s.root.create_window(900, 600, 200, 200, 0, s.root_depth)\n"
+                  "w.set_wm_name('Other'); w.map(); d.sync()\n"
+                  "while True: d.next_event()\n")
+        self.process = subprocess.Popen(["/usr/bin/python3", "-c", script],
+                                        env=self.screen.environment)
+        self.window = wait_for(lambda: self.screen.find_window("Other"), 10, "another window")
+        return self
+
+    def take_focus(self):
+        self.screen.run("xdotool", "windowfocus", "--sync", str(self.window.id))
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()

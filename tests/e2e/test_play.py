@@ -4,7 +4,7 @@ import unittest
 
 import numpy
 
-from display import Display, wait_for
+from display import Display, Other, wait_for
 from game import Digits, Game, find_kitten, fire_burns, load_picture
 from pilot import Pilot, pointer_for
 
@@ -58,7 +58,17 @@ class Play(unittest.TestCase):
             self.assertFalse(screen.cursor_is_visible(), "the second game hides the cursor")
             self.burn_the_rest(game, second)
             self.assert_counts_down(second)
+            self.assert_focus_starts_nothing(screen, game)
             self.assertEqual(game.log().count("Gameover"), 2)
+
+    def assert_focus_starts_nothing(self, screen, game):
+        shown = game.picture()
+        with Other(screen) as other:
+            other.take_focus()
+            time.sleep(0.3)
+            screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
+            time.sleep(1.0)
+        self.assertGreater((shown == game.picture()).mean(), 0.99, "game over stays as it is")
 
     def assert_monster_follows(self, game):
         game.point_at(*pointer_for((300, 400)))

@@ -4,7 +4,7 @@ import subprocess
 import time
 import unittest
 
-from display import Display, wait_for
+from display import Display, Other, wait_for
 from game import Game, load_picture, matches, program
 
 
@@ -78,6 +78,7 @@ class Focus(unittest.TestCase):
             screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
             time.sleep(1.0)
             self.assertTrue(matches(game.picture(), load_picture("title_screen"), 0.9))
+            self.assertFalse(screen.cursor_is_visible(), "coming back hides the cursor anywhere")
 
 
 class Ends(unittest.TestCase):
@@ -114,32 +115,6 @@ class Ends(unittest.TestCase):
                     Game(screen, build=build, script=lambda text: text + "\nquit\n") as game:
                 self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
                 self.assert_log_is_whole(game)
-
-
-class Other:
-    """Another client's window, to take the focus."""
-
-    def __init__(self, screen):
-        self.screen = screen
-
-    def __enter__(self):
-        # A window of its own client, so that the focus really leaves the program.
-        script = ("from Xlib import X, display\n"
-                  "d = display.Display(); s = d.screen()\n"
-                  "w = s.root.create_window(900, 600, 200, 200, 0, s.root_depth)\n"
-                  "w.set_wm_name('Other'); w.map(); d.sync()\n"
-                  "while True: d.next_event()\n")
-        self.process = subprocess.Popen(["/usr/bin/python3", "-c", script],
-                                        env=self.screen.environment)
-        self.window = wait_for(lambda: self.screen.find_window("Other"), 10, "another window")
-        return self
-
-    def take_focus(self):
-        self.screen.run("xdotool", "windowfocus", "--sync", str(self.window.id))
-
-    def __exit__(self, *_):
-        self.process.kill()
-        self.process.wait()
 
 
 def compatibility_library():
