@@ -18,7 +18,6 @@ namespace vask::test {
 
 namespace {
 
-SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
 SDL_Surface* SurfaceOf(const Gfx::ImagePtr& image) { return SurfaceOf(image.get()); }
 
 // Of a 32-bit surface.
@@ -28,14 +27,6 @@ std::uint32_t& PixelOf(SDL_Surface* surface, int x, int y = 0) {
 std::uint32_t& PixelOf(const Gfx::ImagePtr& image, int x, int y = 0) {
   return PixelOf(SurfaceOf(image), x, y);
 }
-std::vector<std::uint32_t> PixelsOf(SDL_Surface* surface) {
-  std::vector<std::uint32_t> pixels;
-  for (int i = 0; i < surface->w * surface->h; ++i) {
-    pixels.push_back(PixelOf(surface, i % surface->w, i / surface->w));
-  }
-  return pixels;
-}
-
 // A 32-bit surface of random pixels, with many of the alphas that are treated apart.
 sdl::SurfacePtr NewNoise(int width, int height, bool hasAlpha, int seed) {
   sdl::SPixelFormat format = sdl::AlphaFormat();
@@ -60,13 +51,10 @@ void WriteBmp(const std::string& name, const std::vector<std::uint32_t>& colors)
   ASSERT_EQ(SDL_SaveBMP(row.get(), name.c_str()), 0);
 }
 
-std::vector<int> ReadFile(const std::string& name) {
+std::vector<Uint8> ReadFile(const std::string& name) {
   std::ifstream file(name, std::ios::binary);
-  std::vector<int> bytes;
-  for (std::istreambuf_iterator<char> it(file), end; it != end; ++it) {
-    bytes.push_back(static_cast<unsigned char>(*it));
-  }
-  return bytes;
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  return {text.begin(), text.end()};
 }
 
 // Two pixels, one below the other, in the given depth: red, then the key colour.
@@ -419,7 +407,7 @@ TEST_F(CPictureTest, TgaFilesOfEveryKind) {
     int depth;
     std::uint32_t alphaMask;
     bool isKeyed;
-    std::vector<int> bytes;  // the header, then palette and pixels
+    std::vector<Uint8> bytes;  // the header, then palette and pixels
   } const cases[] = {
       {24, 0, true, {0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2, 0, 24, 0x20,
                      0, 0, 255, 255, 0, 255}},

@@ -21,17 +21,11 @@ class CLogCapture : public ILogListener {
   struct SLine {
     std::string text;
     int level;
-    bool operator==(const SLine&) const = default;
   };
 
   CLogCapture() { CLog::GetSingletonPtr()->AddListener(this); }
-  ~CLogCapture() override {
-    if (CLog* log = CLog::PeekSingletonPtr()) {
-      log->RemoveListener(this);
-    }
-  }
-  CLogCapture(const CLogCapture&) = delete;
-  CLogCapture& operator=(const CLogCapture&) = delete;
+  ~CLogCapture() override { CLog::GetSingletonPtr()->RemoveListener(this); }
+  CLogCapture& operator=(CLogCapture&&) = delete;  // neither moved nor copied
 
   void OnLog(const std::string& line, int level) override {
     myLines.push_back({line.substr(0, line.find('\n')), level});
@@ -41,9 +35,8 @@ class CLogCapture : public ILogListener {
 
   // How many lines contain the part.
   std::size_t Count(std::string_view part) const {
-    return static_cast<std::size_t>(std::count_if(
-        myLines.begin(), myLines.end(),
-        [part](const SLine& line) { return line.text.find(part) != std::string::npos; }));
+    return static_cast<std::size_t>(std::ranges::count_if(
+        myLines, [part](const SLine& line) { return line.text.find(part) != std::string::npos; }));
   }
   bool Has(std::string_view part) const { return Count(part) > 0; }
 

@@ -30,11 +30,7 @@ inline bool StartWith(CTask& task, const std::string& params) {
 // Whether somebody has asked the kernel to quit: a run of it lasts one frame then.
 inline bool IsQuitting() {
   struct CCounter : CTask {
-    void Update() override {
-      if (++updates > 1) {
-        CKernel::GetSingletonPtr()->Quit();
-      }
-    }
+    void Update() override { ++updates > 1 ? CKernel::GetSingletonPtr()->Quit() : void(); }
     int updates = 0;
   } counter;
   CKernel::GetSingletonPtr()->StartTask(&counter, nullptr);

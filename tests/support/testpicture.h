@@ -1,9 +1,6 @@
 #pragma once
 
-#include <SDL.h>
-
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 #include "gfx/gfx.h"
@@ -14,12 +11,24 @@
 
 namespace vask::test {
 
+inline SDL_Surface* SurfaceOf(IPixel* picture) {
+  return dynamic_cast<CPixelSDL&>(*picture).GetSurface();
+}
+
+// All pixels of a 32-bit surface, row by row.
+inline std::vector<std::uint32_t> PixelsOf(const SDL_Surface* surface) {
+  std::vector<std::uint32_t> pixels;
+  for (int y = 0; y < surface->h; ++y) {
+    const std::uint32_t* row = sdl::Row32(*surface, y);
+    pixels.insert(pixels.end(), row, row + surface->w);
+  }
+  return pixels;
+}
+
 // A 32-bit SDL screen with the picture factory installed, for as long as it lives.
 class CTestScreen {
  public:
   CTestScreen(int width, int height) {
-    static char driver[] = "SDL_VIDEODRIVER=dummy";
-    SDL_putenv(driver);
     SDL_Init(SDL_INIT_VIDEO);
     Gfx::SetFactory(&myFactory);
     Resize(width, height);
@@ -32,30 +41,15 @@ class CTestScreen {
     Gfx::SetFactory(nullptr);
     SDL_Quit();
   }
-  CTestScreen(const CTestScreen&) = delete;
-  CTestScreen& operator=(const CTestScreen&) = delete;
+  CTestScreen& operator=(CTestScreen&&) = delete;  // neither moved nor copied
 
   void Resize(int width, int height) {
     myScreen.Reset(sdl::OpenVideoMode(width, height, 32, SDL_SWSURFACE));
   }
-
   CPixelScreenSDL& Picture() { return myScreen; }
-  std::vector<std::uint32_t> Pixels() const { return PixelsOf(myScreen); }
   // 0xRRGGBB
   unsigned At(int x, int y) const {
-    const CColor color = myScreen.GetPixel(x, y);
-    return static_cast<unsigned>(color.r << 16 | color.g << 8 | color.b);
-  }
-
-  static std::vector<std::uint32_t> PixelsOf(const CPixelSDL& picture) {
-    const SDL_Surface* surface = picture.GetSurface();
-    const auto width = static_cast<std::size_t>(surface->w);
-    std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(surface->h));
-    for (int y = 0; y < surface->h; ++y) {
-      std::memcpy(&pixels[width * static_cast<std::size_t>(y)],
-                  static_cast<const char*>(surface->pixels) + y * surface->pitch, width * 4);
-    }
-    return pixels;
+    return sdl::ReadPixel(*myScreen.GetSurface(), x, y) & 0xFFFFFF;
   }
 
  private:
@@ -66,23 +60,10 @@ class CTestScreen {
 // A picture with an alpha channel, in one colour.
 inline IPixel* NewPicture(int width, int height, const CColor& color) {
   IPixel* picture = Gfx::NewBuffer(width, height);
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      picture->PutPixel(x, y, color);
-    }
+  for (int i = 0; i < width * height; ++i) {
+    picture->PutPixel(i % width, i / width, color);
   }
   return picture;
-}
-
-// A sprite with such a picture in a layer.
-inline CSpritePtr NewSprite(CSpriteLayer* layer, const CRect<int>& rect, const CColor& color,
-                            int z = 100) {
-  CSpritePtr sprite(new CSprite);
-  sprite->SetImage(NewPicture(rect.w, rect.h, color));
-  sprite->SetPosition(rect.x, rect.y);
-  sprite->SetZ(z);
-  sprite->SetParent(layer);
-  return sprite;
 }
 
 }  // namespace vask::test

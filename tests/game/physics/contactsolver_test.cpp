@@ -1,18 +1,14 @@
 #include "game/physics/contactsolver.h"
 
-#include <cmath>
-
 #include "game/physics/physics_support.h"
 
 namespace brumble {
 namespace {
 
-CPhysicsBody MakeBody(float x, float vx, float invMass) {
-  CPhysicsBody body;
-  body.x = x;
+void SetMotion(CPhysicsBody& body, float vx, float spin, float invMass) {
   body.vx = vx;
+  body.angularVelocity = spin;
   body.invMass = invMass;
-  return body;
 }
 
 class CSolverTest : public testing::Test {
@@ -20,71 +16,47 @@ class CSolverTest : public testing::Test {
   void Touch(CPhysicsBody& a, CPhysicsBody& b, CVec2 point, CVec2 normal) {
     myContacts->Append({&a, &b, point, point, normal, point});
   }
-  const std::vector<CLoggingBridge::CImpact>& Watch(CPhysicsBody& body) {
-    auto bridge = std::make_unique<CLoggingBridge>(0, myLog);
-    bridge->myBody = &body;
-    const auto& impacts = bridge->myImpacts;
-    body.bridge = std::move(bridge);
-    return impacts;
-  }
 
-  CLoggingBridge::Log myLog;
   std::unique_ptr<CContactBuffer> myContacts = std::make_unique<CContactBuffer>();
 };
 
-TEST_F(CSolverTest, HeadOnHitGivesTheSecondBodyLess) {
-  CPhysicsBody a = MakeBody(-1.0F, 2.0F, 1.0F);
-  CPhysicsBody b = MakeBody(1.0F, -1.0F, 1.0F);
-  const auto& hitsA = Watch(a);
-  const auto& hitsB = Watch(b);
-  Touch(a, b, {0, 0}, {-1, 0});
-  ResolveContacts(*myContacts);
-  EXPECT_FLOAT_EQ(a.vx, 2.0F - 0.9F * 3.0F);
-  EXPECT_FLOAT_EQ(b.vx, -1.0F + 0.81F * 3.0F);
-  ASSERT_TRUE(hitsA.size() == 1 && hitsB.size() == 1);
-  EXPECT_FLOAT_EQ(hitsA[0].impulseSquared, 2.7F * 2.7F);
-  EXPECT_FLOAT_EQ(hitsB[0].impulseSquared, 2.43F * 2.43F);
-  EXPECT_TRUE(hitsA[0].other == b.bridge.get() && hitsB[0].other == a.bridge.get());
-  // Each is told before its own velocity changes.
-  EXPECT_TRUE(hitsA[0].vx == 2.0F && hitsB[0].vx == -1.0F);
-}
-
-// The point of a spinning body may approach though its centre rests.
-TEST_F(CSolverTest, OnlyAnApproachAtThePointCounts) {
+// The second body gets less. The point of a spinning body may approach though its centre rests.
+TEST_F(CSolverTest, WhatApproachesAtThePointIsThrownBack) {
+  const CVec2 left = {-1.0F, 0.0F};
   // clang-format off
-  const struct { float vx, spin; CVec2 normal; bool isHit; } cases[] = {
-      {1, 0, {-1, 0}, true}, {-1, 0, {-1, 0}, false}, {0, 0, {-1, 0}, false},
-      {1, 0, {0, 0}, false}, {0, -1, {-1, 0}, true},  {0, 1, {-1, 0}, false}};
+  const struct { float vxA, spinA, vxB, invMassB; CVec2 normal; float newA, newB; Log log; } cases[] = {
+      {2, 0, -1, 1, left, -0.7F, 1.43F, {"0 hit by 1 with 270", "1 hit by 0 with 243"}},
+      {1, 0, 0, 0, left, -0.8F, 0, {"0 hit by 1 with 180", "1 hit by 0 with 162"}},
+      {0, -1, 0, 0, left, -1.8F, 0, {"0 hit by 1 with 180", "1 hit by 0 with 162"}},
+      {-1, 0, 0, 0, left, -1, 0, {}}, {0, 0, 0, 0, left, 0, 0, {}}, {0, 1, 0, 0, left, 0, 0, {}},
+      {1, 0, 0, 0, {0, 0}, 1, 0, {}}};
   // clang-format on
   for (const auto& c : cases) {
-    CPhysicsBody body = MakeBody(0.0F, c.vx, 1.0F);
-    body.angularVelocity = c.spin;
-    CPhysicsBody wall = MakeBody(2.0F, 0.0F, 0.0F);
+    Log log;
+    std::vector<CPhysicsBody> bodies(2);
+    SetMotion(bodies[0], c.vxA, c.spinA, 1.0F);
+    SetMotion(bodies[1], c.vxB, 0.0F, c.invMassB);
+    bodies[0].bridge = std::make_unique<CLoggingBridge>(0, log);
+    bodies[1].bridge = std::make_unique<CLoggingBridge>(1, log);
     myContacts->Clear();
-    Touch(body, wall, {1, 1}, c.normal);
+    Touch(bodies[0], bodies[1], {1, 1}, c.normal);
     ResolveContacts(*myContacts);
-    EXPECT_EQ(body.vx != c.vx, c.isHit) << c.vx << " " << c.spin;
+    EXPECT_NEAR(bodies[0].vx, c.newA, 1.0e-5F);
+    EXPECT_NEAR(bodies[1].vx, c.newB, 1.0e-5F);
+    EXPECT_EQ(log, c.log) << c.vxA << " " << c.spinA;
   }
 }
 
-TEST_F(CSolverTest, TheBudgetOfVisitsEndsTheStep) {
-  CPhysicsBody wall = MakeBody(0.0F, 0.0F, 0.0F);
-  {  // Between two walls a body is thrown to and fro, at 0.8 of its speed each time.
-    CPhysicsBody body = MakeBody(0.0F, 1.0F, 1.0F);
-    Touch(body, wall, {0, 0}, {-1, 0});
-    Touch(body, wall, {0, 0}, {1, 0});
-    ResolveContacts(*myContacts);
-    EXPECT_NEAR(body.vx / std::pow(0.8F, 200.0F), 1.0F, 1.0e-3F);
-  }
-  std::vector<CPhysicsBody> bodies(201);
-  myContacts->Clear();
-  for (CPhysicsBody& body : bodies) {
-    body = MakeBody(0.0F, 1.0F, 1.0F);
-    Touch(body, wall, {0, 0}, {-1, 0});
-  }
+// Between two walls a body is thrown to and fro, at 0.8 of its speed each time. The contact at rest
+// takes every third visit.
+TEST_F(CSolverTest, TwoHundredVisitsEndTheStep) {
+  CPhysicsBody body, wall;
+  SetMotion(body, 1.0F, 0.0F, 1.0F);
+  Touch(body, wall, {0, 0}, {-1, 0});
+  Touch(body, wall, {0, 0}, {1, 0});
+  Touch(wall, wall, {0, 0}, {1, 0});
   ResolveContacts(*myContacts);
-  EXPECT_LT(bodies[199].vx, 0.0F);
-  EXPECT_EQ(bodies[200].vx, 1.0F);
+  EXPECT_NEAR(body.vx / std::pow(0.8F, 134.0F), 1.0F, 1.0e-3F);
 }
 
 }  // namespace

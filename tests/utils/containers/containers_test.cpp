@@ -1,5 +1,4 @@
 #include "utils/containers/autolist.h"
-#include "utils/containers/container.h"
 #include "utils/containers/varref.h"
 #include "utils/rect.h"
 
@@ -36,20 +35,6 @@ TEST(VarRef, ReadsItsTypeOrKeepsTheValue) {
 }
 // clang-format on
 
-TEST(AnyContainer, AnswersTheExactTypeOnly) {
-  const std::string text = "text";
-  for (const CAnyContainer& value : {CAnyContainer(text), CAnyContainer("text")}) {
-    ASSERT_NE(value.Get<std::string>(), nullptr);
-    EXPECT_EQ(*value.Get<std::string>(), "text");
-  }
-  CAnyContainer number(1.5F);
-  const CAnyContainer copy = number;
-  number = 2;
-  EXPECT_EQ(copy.ToString() + " " + number.ToString(), "1.5 2");
-  EXPECT_EQ(number.Get<unsigned>(), nullptr);
-  EXPECT_EQ(CAnyContainer().Get<int>(), nullptr);
-}
-
 struct CListed : CAutoList<CListed> {};
 
 TEST(AutoList, HoldsTheLiveObjectsInTheOrderOfTheirMaking) {
@@ -66,15 +51,13 @@ TEST(AutoList, HoldsTheLiveObjectsInTheOrderOfTheirMaking) {
 
 TEST(Rect, Intersections) {
   const int most = std::numeric_limits<int>::max();
-  const struct {
-    CRect<int> a, b, both;
-  } cases[] = {
-      {{0, 0, 10, 10}, {5, 6, 10, 10}, {5, 6, 5, 4}},
-      {{0, 0, 10, 10}, {10, 0, 5, 5}, {}},
-      {{0, 0, 10, 10}, {2, 3, 0, 5}, {}},
-      {{0, 0, 10, 10}, {5, 5, -3, -3}, {}},
+  // clang-format off
+  const struct { CRect<int> a, b, both; } cases[] = {
+      {{0, 0, 10, 10}, {5, 6, 10, 10}, {5, 6, 5, 4}}, {{0, 0, 10, 10}, {10, 0, 5, 5}, {}},
+      {{0, 0, 10, 10}, {2, 3, 0, 5}, {}}, {{0, 0, 10, 10}, {5, 5, -3, -3}, {}},
       {{-5, -5, most, most}, {10, 10, most, most}, {10, 10, most - 15, most - 15}},
   };
+  // clang-format on
   for (const auto& c : cases) {
     EXPECT_EQ(c.a.Intersection(c.b), c.both);
     EXPECT_EQ(c.b.Intersection(c.a), c.both);

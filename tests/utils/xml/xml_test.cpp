@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <random>
 #include <sstream>
@@ -30,7 +29,7 @@ std::string Written(const CXmlElement& root) {
 // clang-format off
 TEST(Xml, TreesAndTheirText) {
   const std::pair<const char*, const char*> cases[] = {
-      {"<a y='two' x=\"1\"><b>t</b><b/></a>", "<a x=\"1\" y=\"two\" >\n  <b>\n    t\n  </b>\n  <b>\n  </b>\n</a>\n"},
+      {"<a y='two' x=\"1\"><b>t</b></a>", "<a x=\"1\" y=\"two\" >\n  <b>\n    t\n  </b>\n</a>\n"},
       {"<a>&lt;x&gt; &amp;&apos;&quot; &amp;lt; &amp;quot; &amp;amp; &#65; &foo;</a>",
        "<a>\n  <x> &'\" &lt; \" &amp; &#65; &foo;\n</a>\n"},
       {"<a>first<b>x</b>last</a>", "<a>\n  last\n  <b>\n    x\n  </b>\n</a>\n"},
@@ -45,18 +44,12 @@ TEST(Xml, TreesAndTheirText) {
 // clang-format on
 
 struct CRecord {
-  bool flag = false;
-  unsigned count = 0;
-  float ratio = 0;
   std::string text;
   CRect<int> rect;
   int extra = -1;
 
   void Serialize(CXmlContext& xml) {
-    xml.Value("Flag", flag);
-    xml.Value("Count", count);
     if (xml.BeginNode("Inner")) {
-      xml.Value("Ratio", ratio);
       xml.Value("Text", text);
       xml.EndNode("Inner");
     }
@@ -67,23 +60,21 @@ struct CRecord {
 };
 
 TEST(Xml, ObjectsReadBackWhatTheyWrote) {
-  const CRecord record{true, 4'000'000'000U, 0.25F, "two words", {1, -2, 3, 4}, 9};
-  CRecord written = record;
-  ASSERT_TRUE(SaveXml(written, "record.xml", "Record"));
-  CRecord read;
   const test::CLogCapture log;
+  CRecord written{"two words", {1, -2, 3, 4}, 9};
+  ASSERT_TRUE(SaveXml(written, "record.xml"));
+  CRecord read;
   EXPECT_TRUE(LoadXml(read, "record.xml"));
-  EXPECT_EQ(read, record);
-  EXPECT_EQ(ReadXmlFile("record.xml")->GetName(), "Record");
+  EXPECT_EQ(read, written);
   EXPECT_FALSE(LoadXml(read, "missing.xml") || LoadXml(read, "") || LoadXml(read, "."));
   EXPECT_FALSE(SaveXml(read, "no folder/record.xml"));
-  std::ofstream("odd.xml")
-      << "<r><Flag>2</Flag><Count>-1</Count><Rect y=\"z\" h=\"99999999999\"/></r>";
+  std::ofstream("odd.xml") << "<r><Rect y=\"z\" h=\"99999999999\"/><Extra>x</Extra></r>";
   EXPECT_TRUE(LoadXml(read, "odd.xml"));  // what does not read as its type keeps the value
-  EXPECT_EQ(read, record);
+  EXPECT_EQ(read, written);
   EXPECT_EQ(log.Text(), "");
 }
 
+// clang-format off
 TEST(XmlContext, ReportsWhatIsOutOfPlace) {
   const std::string end = " in file: f.xml at line 0\n";
   const std::string order =
@@ -91,24 +82,17 @@ TEST(XmlContext, ReportsWhatIsOutOfPlace) {
   const std::string none = "Xml warning, ain't no childs left in the current node: r" + end;
   const std::string other = "Xml warning, trying to end a different node: a should end: b" + end;
   // A letter asks for the child of that name, ">" goes down into "b", "<" ends "b", "!" ends "a".
-  const struct {
-    const char* asked;
-    const char* found;
-    std::string logged;
-  } cases[] = {
-      {"abac", "1234", ""},
-      {"cbaa", "4231", order + none + order + order},
-      {"cza", "401", order + none + none + order},
-      {"zab", "012", ""},
-      {"a>d<ac", "1534", ""},
-      {"a>!ac", "134", other},
+  const struct { std::string asked, found, logged; } cases[] = {
+      {"abac", "1234", ""}, {"cbaa", "4231", order + none + order + order},
+      {"cza", "401", order + none + none + order}, {"zab", "012", ""},
+      {"a>d<ac", "1534", ""}, {"a>!ac", "134", other},
   };
   for (const auto& c : cases) {
     const auto root = Read("<r><a>1</a><b><d>5</d>2</b><a>3</a><c>4</c></r>");
     CXmlContext xml(root.get(), CXmlContext::kReading, "f.xml");
     const test::CLogCapture log;
     std::string found;
-    for (const char asked : std::string(c.asked)) {
+    for (const char asked : c.asked) {
       if (asked == '>') {
         EXPECT_TRUE(!xml.BeginNode("z") && xml.BeginNode("b"));
       } else if (asked == '<' || asked == '!') {
@@ -118,69 +102,49 @@ TEST(XmlContext, ReportsWhatIsOutOfPlace) {
         found += child == nullptr ? "0" : child->GetContent();
       }
     }
-    EXPECT_EQ(found, c.found) << c.asked;
-    EXPECT_EQ(log.Text(), c.logged) << c.asked;
+    EXPECT_EQ(found + log.Text(), c.found + c.logged) << c.asked;
   }
 }
+// clang-format on
 
-TEST(XmlContext, BelowNoElementNothingHappens) {
-  CXmlElement child("child");
-  CXmlContext above(&child, CXmlContext::kReading);
-  above.EndNode("child");
-  CXmlContext writing(nullptr, CXmlContext::kWriting);
-  for (CXmlContext* xml : {&above, &writing}) {
-    int number = 4;
-    EXPECT_FALSE(xml->HasChild("a") || xml->BeginNode("a") || xml->Value("a", number));
-    EXPECT_EQ(xml->GetChild("a"), nullptr);
-    xml->SetAttribute("a", 1);
-    xml->EndNode("a");
-    EXPECT_EQ(xml->GetCurrent(), nullptr);
-  }
-}
-
-std::string Repeat(int count, const std::function<std::string(int)>& piece) {
+std::string Repeat(int count, const std::string& piece) {
   std::string text;
-  for (int i = 0; i < count; ++i) {
-    text += piece(i);
+  for (; count > 0; --count) {
+    text += piece;
   }
   return text;
 }
 
 // Each would take minutes, or the whole stack, if the work grew faster than the input.
 TEST(Xml, HugeDocuments) {
-  const std::string deep = Repeat(300'000, [](int) { return "<a>"; });
-  EXPECT_EQ(Read(deep)->GetChildCount(), 1);
-  EXPECT_EQ(Written(*Read(deep.substr(0, 3 * 3'000))).size(), 3'000U * (4 + 5 + 2 * 2'999));
+  EXPECT_EQ(Read(Repeat(300'000, "<a>"))->GetChildCount(), 1);
+  EXPECT_EQ(Written(*Read(Repeat(3'000, "<a>"))).size(), 3'000U * (4 + 5 + 2 * 2'999));
 
-  const auto attribute = [](int i) { return " n" + std::to_string(i) + " = \"v\""; };
-  const std::string words = Repeat(200'000, [](int) { return " w"; });
-  const auto wide = Read("<a" + words + Repeat(100'000, attribute) + "/>");
-  EXPECT_EQ(wide->GetAttributes().size(), 100'000U);
+  std::string attributes = Repeat(200'000, " w");
+  for (int i = 0; i < 100'000; ++i) {
+    attributes += " n" + std::to_string(i) + " = \"v\"";
+  }
+  EXPECT_EQ(Read("<a" + attributes + "/>")->GetAttributes().size(), 100'000U);
 
   const std::string value(10'000'000, '=');
-  const auto big = Read("<a x=\"" + value + "\" y=\"1\">" + value + "&amp;</a>");
+  const std::string content = value + Repeat(500'000, "&lt;&amp;");
+  const auto big = Read("<a x=\"" + value + "\" y=\"1\">" + content + "</a>");
   EXPECT_EQ(big->GetAttribute("x").ToString(), value);
-  EXPECT_EQ(big->GetContent(), value + "&");
-  const std::string entities = Repeat(500'000, [](int) { return "&lt;&amp;"; });
-  EXPECT_EQ(Read("<a>" + entities + "</a>")->GetContent().size(), 1'000'000U);
+  EXPECT_EQ(big->GetContent(), value + Repeat(500'000, "<&"));
 
-  const auto list = Read("<r>" + Repeat(200'000, [](int) { return "<i><v>1</v></i>"; }) + "</r>");
+  const auto list = Read("<r>" + Repeat(200'000, "<i><v>1</v></i>") + "</r>");
   CXmlContext xml(list.get(), CXmlContext::kReading);
-  int sum = 0;
-  while (sum < 200'000 && xml.HasChild("i") && xml.BeginNode("i")) {
-    int item = 0;
-    xml.Value("v", item);
-    sum += item;
+  int items = 0;
+  for (int number = 0; items < 200'000 && xml.BeginNode("i"); items += number) {
+    xml.Value("v", number);
     xml.EndNode("i");
   }
-  EXPECT_EQ(sum, 200'000);
+  EXPECT_EQ(items, 200'000);
 }
 
 // Writes down the events as text: "<name key=[value]>", "</name>", "'text'".
 class CEventTrace : public CXmlHandlerInterface {
  public:
-  void StartDocument() override { trace += "{"; }
-  void EndDocument() override { trace += "}"; }
   void Characters(const std::string& text) override { trace += "'" + text + "'"; }
   void StartElement(const std::string& name, const Attributes& attrs) override {
     trace += "<" + name;
@@ -198,28 +162,20 @@ std::string Trace(const std::string& document, bool trim = true) {
   CEventTrace handler;
   std::istringstream stream(document);
   CXmlParser(handler, trim).ParseStream(stream);
-  return handler.trace.substr(1, handler.trace.size() - 2);
+  return handler.trace;
 }
 
 // clang-format off
 TEST(XmlParser, Events) {
   const std::pair<const char*, const char*> cases[] = {
       {"", ""}, {"text only", ""}, {"<a", ""}, {"<a>x", "<a>"}, {"<a>hello</a>", "<a>'hello'</a>"},
-      {"<a x=\"1\" y=\"two words\">", "<a x=[1] y=[two words]>"},
-      {"<a/><b />", "<a></a><b></b>"}, {"<a x=\"1\"/>", "<a x=[1]></a>"},
-      {"<a x=\"1\" y=\"2\" />", "<a x=[1] y=[2]></a>"},
-      {"<a x = \"1\" y= \"2\">", "<a x=[1] y=[2]>"}, {"<a x=\"1\"y=\"2\">", "<a x=[1] y=[2]>"},
-      {"<a x=\"1\" x=\"2\">", "<a x=[1]>"}, {"<a x=\"b=c\">", "<a x=[b=c]>"},
-      {"<a x=\"\" y=q z= >", "<a x=[] y=[] z=[]>"}, {"<a x=\"no end >", "<a x=[no en]>"},
-      {"<a x='b c'>", "<a c' x=[]>"}, {"<a x=\"1\" junk y=\"2\">", "<a junk x=[1] y=[2]>"},
-      {"<a href=\"b/\"></a>", "<a href=[b/]></a>"}, {"<x=\"1\" y=\"2\">t", "< x=[1]>"},
-      {"<x=\"1\"/>", "< x=[1]></>"}, {"<=><=\"1\">", "< =[]>< =[1]>"},
+      {"<a x=\"1\" y=\"two words\">", "<a x=[1] y=[two words]>"}, {"<a/><b />", "<a></a><b></b>"},
+      {"<a x=\"1\" y=\"2\" />", "<a x=[1] y=[2]></a>"}, {"<a x='b c'>", "<a c' x=[]>"},
       {"<a x=\"&lt;\">&lt;</a>", "<a x=[&lt;]>'&lt;'</a>"},
       {"<!-- <a> --><!DOCTYPE x>", "'-->'"}, {"<!-- one line -->", ""},
       {"<?xml version=\"1.0\"?>", "<?xml ? version=[1.0]>"}, {"<></><  ><a ></ a>", "</><a></ a>"},
       {"<a x=\"1 > 2\"><b>", "<a x=[]>'2\">'<b>"}, {"<a x=\"<b>\">", "<a x=[<]>"},
-      {"<a>one\n  two  \n\n three</a>", "<a>'onetwothree'</a>"},
-      {"<a>\n  <b>\n  </b>\n</a>", "<a><b></b></a>"}, {"<a\nb>", "<ab>"},
+      {"<a>one\n  two  \n\n three</a>", "<a>'onetwothree'</a>"}, {"<a\nb>", "<ab>"},
       {"<a>\r\ntext\r\n</a>\r\n", "<a>'text'</a>"}, {"<a>x</b></c>", "<a>'x'</b></c>"},
   };
   for (const auto& [document, events] : cases) {
