@@ -32,7 +32,12 @@ std::string DriverName() {
 // Without a display SDL falls back to drivers that paint into a terminal, or nowhere, and some of
 // them write to it before they are refused. A player is not served by them; whoever wants one, or
 // another kind of display, names it in the environment.
-void ChooseDriver() { setenv("SDL_VIDEODRIVER", "x11", 0); }
+void ChooseDriver() {
+  const char* named = std::getenv("SDL_VIDEODRIVER");
+  if (named == nullptr || *named == '\0') {
+    setenv("SDL_VIDEODRIVER", "x11", 1);
+  }
+}
 
 // Full screen must end, and the display's mode come back, however the program ends.
 void QuitSdlAtExit() { [[maybe_unused]] static const int registered = std::atexit(SDL_Quit); }

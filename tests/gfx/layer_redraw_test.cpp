@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <random>
@@ -17,24 +18,39 @@ constexpr int kHeight = 72;
 
 class CScene {
  public:
-  explicit CScene(unsigned seed) : myRandom(seed) {
-    for (Layer& layer : myLayers) {
-      RenewLayer(layer);
-    }
-  }
+  explicit CScene(unsigned seed) : myRandom(seed) {}
   void ChangeSomething() {
-    for (int changes = Below(6); changes > 0; --changes) {
-      while (mySprites.size() < 9) {
-        AddSprite();
-      }
-      Below(12) == 0 ? ChangeLayer(AnyOf(myLayers)) : ChangeSprite(AnyOf(mySprites));
-    }
+    Sprite& s = AnyOf(mySprites);
+    Layer& layer = AnyOf(myLayers);
+    s ? void() : Renew(s);
+    layer ? void() : Renew(layer);
+    // clang-format off
+    std::vector<std::function<void()>> changes = {
+        [&] { s->SetPosition(Place(kWidth), Place(kHeight)); },
+        [&] { s->SetPosition(s->GetX() + Below(9) - 4, s->GetY() + 2); },
+        [&] { s->SetZ(Below(6)); }, [&] { s->SetAlpha(Below(256)); },
+        [&] { s->SetRotation(static_cast<float>(Below(720))); },
+        [&] { s->SetSize(1 + Below(50), 1 + Below(50)); },
+        [&] { s->SetRect(AnyRect()); }, [&] { s->SetScrollRect(AnyRect()); },
+        [&] { s->SetImageRect({Below(10), Below(10), Below(20), Below(20)}); },
+        [&] { s->SetImage(Below(3) == 0 ? nullptr : AnyPicture()); },
+        [&] { s->SetVisible(true), s->SetAlpha(255); },
+        [&] { s->SetVisible(Toss()); }, [&] { s->SetVisible(false), s->SetVisible(true); },
+        [&] { s->SetParent(Below(3) == 0 ? nullptr : AnyLayer()); },
+        [&] { s->SetParent(nullptr), s->SetParent(AnyLayer()); },
+        [&] { s->SetX(5), s->SetVisible(false), s->SetX(50); },
+        [&] { s.reset(); }, [&] { Renew(s); },
+        [&] { layer->SetZ(Below(6)); }, [&] { layer->SetVisible(Toss()); },
+        [&] { layer->SetParent(AnyLayer()); }, [&] { Toss() ? Renew(layer) : void(); },
+        [&] { layer->SetImage(Toss() ? nullptr : AnyPicture()); },
+        [&] { Below(9) == 0 ? CScreenLayer::GetSingletonPtr()->RefreshAll() : void(); }};
+    // clang-format on
+    AnyOf(changes)();
   }
 
  private:
   using Layer = std::unique_ptr<CSpriteLayer>;
   using Sprite = std::unique_ptr<CSprite>;
-  using Changes = std::vector<std::function<void()>>;
 
   int Below(int limit) { return static_cast<int>(myRandom() % static_cast<unsigned>(limit)); }
   int Place(int size) { return Below(size + 60) - 40; }
@@ -42,7 +58,7 @@ class CScene {
   std::uint8_t AnyByte() { return static_cast<std::uint8_t>(Below(256)); }
   bool Toss() { return Below(2) == 0; }
   template <typename T>
-  auto& AnyOf(T& all) {
+  typename T::reference AnyOf(T& all) {
     return all[myRandom() % all.size()];
   }
   CSpriteLayer* AnyLayer() {
@@ -59,74 +75,37 @@ class CScene {
     const std::uint8_t alpha = isKeyed || Toss() ? 255 : AnyByte();
     const CColor color(AnyByte(), AnyByte(), AnyByte(), alpha);
     for (int i = 0; i < width * height; ++i) {
-      if (i % 7 != 0) {
-        picture->PutPixel(i % width, i / width, i % 3 == 0 ? CColor(255, 0, 255) : color);
-      }
+      const CColor key(255, 0, 255), none(0, 0, 0, 0);
+      picture->PutPixel(i % width, i / width, i % 7 == 0 ? none : i % 3 == 0 ? key : color);
     }
     return picture;
   }
 
-  void AddSprite() {
-    CSprite& sprite = *mySprites.emplace_back(std::make_unique<CSprite>());
-    sprite.SetImage(AnyPicture());
-    sprite.SetPosition(Place(kWidth), Place(kHeight));
-    sprite.SetZ(Below(6));
-    sprite.SetParent(AnyLayer());
-  }
   // An old layer orphans its sprites.
-  void RenewLayer(Layer& layer) {
-    layer = std::make_unique<CSpriteLayer>();
-    layer->SetZ(Below(6));
-    layer->SetParent(AnyLayer());
-  }
-
-  void ChangeSprite(Sprite& s) {
-    // clang-format off
-    const Changes changes = {
-        [&] { s->SetPosition(Place(kWidth), Place(kHeight)); },
-        [&] { s->SetPosition(s->GetX() + Below(9) - 4, s->GetY() + 2); },
-        [&] { s->SetZ(Below(6)); },
-        [&] { s->SetAlpha(Below(256)); },
-        [&] { s->SetRotation(static_cast<float>(Below(720))); },
-        [&] { s->SetSize(Below(50), Below(50)); },
-        [&] { s->SetRect(AnyRect()); },
-        [&] { s->SetScrollRect(AnyRect()); },
-        [&] { s->SetImageRect({Below(10), Below(10), Below(20), Below(20)}); },
-        [&] { s->SetImage(Below(3) == 0 ? nullptr : AnyPicture()); },
-        [&] { s->SetVisible(true), s->SetAlpha(255); },
-        [&] { s->SetVisible(Toss()); },
-        [&] { s->SetVisible(false), s->SetVisible(true); },
-        [&] { s->SetParent(Below(3) == 0 ? nullptr : AnyLayer()); },
-        [&] { s->SetParent(nullptr), s->SetParent(AnyLayer()); },
-        [&] { s->SetX(5), s->SetVisible(false), s->SetX(50); },
-        [&] { AddSprite(), mySprites.pop_back(); },
-        [&] { s = std::move(mySprites.back()), mySprites.pop_back(); }};
-    // clang-format on
-    AnyOf(changes)();
-  }
-  void ChangeLayer(Layer& layer) {
-    const Changes changes = {
-        [&] { layer->SetZ(Below(6)); },
-        [&] { layer->SetVisible(Toss()); },
-        [&] { layer->SetParent(AnyLayer()); },
-        [&] { layer->SetImage(AnyPicture()), layer->SetPosition(Below(kWidth), Below(kHeight)); },
-        [&] { RenewLayer(layer); },
-        [&] { CScreenLayer::GetSingletonPtr()->RefreshAll(); }};
-    AnyOf(changes)();
+  template <typename T>
+  void Renew(std::unique_ptr<T>& sprite) {
+    sprite = std::make_unique<T>();
+    sprite->SetImage(AnyPicture());
+    sprite->SetPosition(Place(kWidth), Place(kHeight));
+    sprite->SetZ(Below(6));
+    sprite->SetParent(AnyLayer());
   }
 
   std::mt19937 myRandom;
   std::array<Layer, 3> myLayers;
-  std::vector<Sprite> mySprites;
+  std::array<Sprite, 9> mySprites;
 };
 
-// Everything that is visible, back to front.
-void PaintAll(CSpriteLayer& layer, CSprite& canvas) {
-  layer.Paint(&canvas);
-  const std::vector<CSprite*>& children = layer.GetChildren();
-  for (auto child = children.rbegin(); child != children.rend(); ++child) {
-    auto* inner = dynamic_cast<CSpriteLayer*>(*child);
-    inner != nullptr ? PaintAll(*inner, canvas) : (*child)->Paint(&canvas);
+// What is visible of the sprite, and of a layer's children back to front.
+void PaintAll(CSprite& sprite, IPixel* canvas) {
+  const CRect<int> rect = sprite.GetRect(), scroll = sprite.GetScrollRect();
+  const CRect<int> part = scroll == CRect<int>{} ? rect : rect.Intersection(scroll);
+  if (sprite.GetTypeId() != CSprite::kScreenLayer) {
+    sprite.GetImage()->Blit(canvas, {part.x - rect.x, part.y - rect.y, part.w, part.h}, part);
+  }
+  if (auto* layer = dynamic_cast<CSpriteLayer*>(&sprite)) {
+    std::for_each(layer->GetChildren().rbegin(), layer->GetChildren().rend(),
+                  [=](CSprite* child) { PaintAll(*child, canvas); });
   }
 }
 
@@ -135,13 +114,13 @@ TEST(LayerRedraw, ShowsWhatPaintingEverythingShows) {
     CTestScreen screen(kWidth, kHeight);
     CScene scene(seed);
     for (int frame = 0; frame < 250; ++frame) {
-      scene.ChangeSomething();
+      for (int changes = frame % 6; changes > 0; --changes) {
+        scene.ChangeSomething();
+      }
       CScreenLayer::GetSingletonPtr()->DrawFrame();
-      CSprite black;
-      black.SetImage(Gfx::NewScreenBuffer(kWidth, kHeight, Gfx::kMagenta));
-      PaintAll(*CScreenLayer::GetSingletonPtr(), black);
-      ASSERT_EQ(PixelsOf(SurfaceOf(&screen.Picture())), PixelsOf(SurfaceOf(black.GetImage())))
-          << "seed " << seed << ", frame " << frame;
+      const Gfx::ImagePtr canvas(Gfx::NewScreenBuffer(kWidth, kHeight, Gfx::kMagenta));
+      PaintAll(*CScreenLayer::GetSingletonPtr(), canvas.get());
+      ASSERT_EQ(PixelsOf(screen.Picture()), PixelsOf(*canvas)) << "seed " << seed << ", " << frame;
     }
   }
 }

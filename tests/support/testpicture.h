@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
-#include "gfx/gfx.h"
 #include "gfx/screenlayer.h"
 #include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
@@ -11,16 +9,16 @@
 
 namespace vask::test {
 
-inline SDL_Surface* SurfaceOf(IPixel* picture) {
-  return dynamic_cast<CPixelSDL&>(*picture).GetSurface();
+inline SDL_Surface* SurfaceOf(const IPixel& picture) {
+  return dynamic_cast<const CPixelSDL&>(picture).GetSurface();
 }
 
 // All pixels of a 32-bit surface, row by row.
-inline std::vector<std::uint32_t> PixelsOf(const SDL_Surface* surface) {
+inline std::vector<std::uint32_t> PixelsOf(const IPixel& picture) {
   std::vector<std::uint32_t> pixels;
-  for (int y = 0; y < surface->h; ++y) {
-    const std::uint32_t* row = sdl::Row32(*surface, y);
-    pixels.insert(pixels.end(), row, row + surface->w);
+  for (int y = 0; y < picture.GetSurfaceHeight(); ++y) {
+    const std::uint32_t* row = sdl::Row32(*SurfaceOf(picture), y);
+    pixels.insert(pixels.end(), row, row + picture.GetSurfaceWidth());
   }
   return pixels;
 }

@@ -3,27 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <string>
 
-#include "kernel/applicationfactory.h"
-#include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "tasks/taskaudiosdlmixer.h"
 
 namespace vask::test {
-
 namespace {
 
-std::string Bytes(std::size_t value, int count) {
-  std::string bytes;
-  for (int i = 0; i < count; ++i) {
-    bytes += static_cast<char>(value >> (8 * i));
-  }
-  return bytes;
+std::string Bytes(std::size_t value, std::size_t count) {
+  return std::string(reinterpret_cast<const char*>(&value), count);
 }
 
 // Half a minute of sound, so that nothing ends by itself while a test looks at it.
@@ -34,15 +26,11 @@ std::string Wave(unsigned frequency = 11025, unsigned channels = 1, unsigned bit
          Bytes(bits, 2) + "data" + Bytes(data.size(), 4) + data;
 }
 
-void WriteFile(const std::string& name, const std::string& content) {
-  std::ofstream(name, std::ios::binary) << content;
-}
-
 class AudioTest : public testing::Test {
  protected:
   AudioTest() {
-    WriteFile("one.wav", Wave());
-    WriteFile("two.wav", Wave());
+    std::ofstream("one.wav") << Wave();
+    std::ofstream("two.wav") << Wave();
   }
   ~AudioTest() override {
     myTask.Exit();
@@ -55,41 +43,31 @@ class AudioTest : public testing::Test {
   CTaskAudioSDLMixer myTask;
 };
 
-}  // namespace
-
 TEST_F(AudioTest, StartsAsTheScriptSays) {
-  CConsole* console = CApplicationFactory::GetSingletonPtr()->GetConsole();
-  console->Execute("taskload(sdl_mixer); starttask(audio, Audio, 9, 44100.9, s8, 1, 512, 3)",
-                   false);
-  EXPECT_TRUE(
-      myLog.Has("Audio device opened 1 times  with parameters frequency: 44100Hz, format: "
-                "S8, channels: 1"));
-  EXPECT_EQ(Mix_AllocateChannels(-1), 3);
-  CTaskFactory::GetSingletonPtr()->StopTask("Audio");
-  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0) << "still open";
-
-  EXPECT_TRUE(StartWith(myTask, "fast, foo, x, x, x"));
+  StartWith(myTask, "fast, foo, x, x, x");
   EXPECT_EQ(myLog.Count(" start-up parameter ("), 5U);
   EXPECT_TRUE(myLog.Has("frequency: 22050Hz, format: S16LSB, channels: 2, chunksize: 1024"));
+  myTask.Exit();
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0) << "still open";
+  StartWith(myTask, "44100.9, s8, 1, 512, 3");
+  EXPECT_TRUE(myLog.Has("with parameters frequency: 44100Hz, format: S8, channels: 1"));
+  EXPECT_EQ(Mix_AllocateChannels(-1), 3);
+  myTask.Exit();
   for (const std::string n : {"-1000000000000", "-1", "0", "1", "70000", "1000000000000"}) {
     StartWith(myTask, n + ", u8, " + n + ", " + n + ", " + n);  // as the device likes
     Run("PlayMusicFadeIn( one.wav )");
-    Run("StopMusicFadeOut( 200 )");
     myTask.Exit();
   }
 }
 
 TEST_F(AudioTest, WrongCallsAreReportedAndDoNothing) {
   ASSERT_TRUE(myTask.Start());
-  for (const char* line :
-       {"StopMusic()", "StopMusic( 1 )", "StopMusicFadeOut", "StopMusicFadeOut( now )",
-        "PlayEffect", "PlayEffect()", "PlayEffect( 5 )", "PreloadEffect()", "PreloadEffect( 5 )",
-        "PlayMusic", "PlayMusic( 5 )", "PlayMusicFadeIn()", "PlayMusicFadeIn( 5, 5 )"}) {
+  for (const std::string line :
+       {"StopMusic()", "StopMusicFadeOut", "StopMusicFadeOut( now )", "PlayEffect( 5 )",
+        "PreloadEffect()", "PlayMusic", "PlayMusic( 5 )", "PlayMusicFadeIn( 5, 5 )"}) {
     myLog.Clear();
     Run(line);
-    const std::string name(line, std::strcspn(line, "("));
-    ASSERT_EQ(myLog.Lines().size(), 1U) << line;
-    EXPECT_EQ(myLog.Lines()[0].text.find(name + " -command"), 0U) << line;
+    ASSERT_EQ(myLog.Text().find(line.substr(0, line.find('(')) + " -command"), 0U) << line;
     EXPECT_EQ(myLog.Lines()[0].level, kLogWarning);
   }
 }
@@ -111,42 +89,34 @@ TEST_F(AudioTest, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {
   expectLoads(2, 1);
   Run("PlayEffect( two.wav )");
   expectLoads(2, 1);
-  Run("PlayEffect( one.wav )");
-  expectLoads(3, 1);
   myTask.Exit();
-  expectLoads(3, 3);
+  expectLoads(2, 2);
 }
 
 TEST_F(AudioTest, FadesFollowTheLastRequest) {
   ASSERT_TRUE(myTask.Start());
-  Run("PlayMusic( one.wav )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_IN) << "the first track";
-  Run("PlayMusic( two.wav )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_NO_FADING);
-  EXPECT_EQ(myLog.Count("freed CSDLMixerMusicData"), 1U);
-  Run("StopMusicFadeOut( 20000 )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_OUT);
+  const Mix_Fading none = MIX_NO_FADING, in = MIX_FADING_IN, out = MIX_FADING_OUT;
+  // clang-format off
+  const struct { const char* line; Mix_Fading fading; bool plays; } steps[] = {
+      {"PlayMusic( one.wav )", in, true}, {"PlayMusic( two.wav )", none, true},
+      {"StopMusicFadeOut( 20000 )", out, true}, {"PlayMusic( one.wav )", in, true},
+      {"PlayMusicFadeIn( one.wav, 99 )", none, true}, {"StopMusicFadeOut( 99 )", none, false},
+      {"PlayMusicFadeIn( one.wav, -7 )", none, true}, {"StopMusicFadeOut( -7 )", none, false},
+      {"PlayMusicFadeIn( one.wav, 0 )", none, true}, {"StopMusicFadeOut( 20000 )", out, true},
+  };
+  // clang-format on
   const unsigned before = SDL_GetTicks();
-  Run("PlayMusic( one.wav )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_IN);
-  Run("StopMusicFadeOut( 20000 )");
-  myTask.Exit();
-  EXPECT_LT(SDL_GetTicks() - before, 15000U) << "waited for the fade";
-  ASSERT_TRUE(myTask.Start());
-  for (const std::string milliseconds : {"1", "99", "0", "-7"}) {
-    Run("PlayMusicFadeIn( one.wav, " + milliseconds + " )");
-    EXPECT_EQ(Mix_FadingMusic(), MIX_NO_FADING) << milliseconds;
-    EXPECT_NE(Mix_PlayingMusic(), 0);
-    Run("StopMusicFadeOut( " + milliseconds + " )");
-    EXPECT_EQ(Mix_PlayingMusic(), 0) << milliseconds;
+  for (const auto& step : steps) {
+    Run(step.line);
+    EXPECT_EQ(Mix_FadingMusic(), step.fading) << step.line;
+    EXPECT_EQ(Mix_PlayingMusic() != 0, step.plays) << step.line;
   }
+  myTask.Exit();
+  EXPECT_LT(SDL_GetTicks() - before, 15000U) << "waited for a fade";
 }
 
 TEST_F(AudioTest, ATrackThatEndsStartsAgainUnlessItWasStoppedAndAPauseHoldsAll) {
   ASSERT_TRUE(myTask.Start());
-  Run("PlayMusic( missing.ogg )");
-  myTask.Update();  // there is no track to play again
-  EXPECT_EQ(myLog.Count("Could not load music-file  missing.ogg"), 1U);
   Run("PlayMusic( one.wav )");
   Mix_HaltMusic();
   myTask.Update();
@@ -155,8 +125,7 @@ TEST_F(AudioTest, ATrackThatEndsStartsAgainUnlessItWasStoppedAndAPauseHoldsAll) 
   Run("PlayEffect( one.wav )");
   for (const int isPaused : {1, 0}) {
     isPaused != 0 ? myTask.Pause() : myTask.Resume();
-    EXPECT_EQ(Mix_PausedMusic(), isPaused);
-    EXPECT_EQ(Mix_Paused(-1), isPaused);
+    EXPECT_EQ(Mix_PausedMusic() + Mix_Paused(-1), 2 * isPaused);
   }
   Run("StopMusic");
   myTask.Update();
@@ -165,42 +134,30 @@ TEST_F(AudioTest, ATrackThatEndsStartsAgainUnlessItWasStoppedAndAPauseHoldsAll) 
 
 TEST_F(AudioTest, WhatIsNoSoundIsOnlyReported) {
   ASSERT_TRUE(myTask.Start());
-  std::vector<std::string> contents = {Wave(0), Wave(1), Wave(0x7FFFFFFF), Wave(11025, 0),
-                                       Wave(11025, 1, 0)};
-  for (std::size_t length = 30; length < 44; ++length) {
-    contents.push_back(Wave().substr(0, length));
-  }
-  for (const std::string& content : contents) {
-    myLog.Clear();
-    WriteFile("bad.wav", content);
+  for (const std::string& content :
+       {Wave(0), Wave(1), Wave(0x7FFFFFFF), Wave(11025, 0), Wave(11025, 1, 0), Wave().substr(0, 30),
+        Wave().substr(0, 43)}) {
+    std::ofstream("bad.wav") << content;
     Run("PlayEffect( bad.wav )");
     Run("PlayMusic( bad.wav )");
-    EXPECT_EQ(myLog.Count("Could not load effect-file  bad.wav"), 1U) << content.size();
-    EXPECT_EQ(myLog.Count("Could not load music-file  bad.wav"), 1U) << content.size();
-    EXPECT_EQ(myLog.Count("SDL_Mixer says: "), 2U);
-    myTask.Update();
+    myTask.Update();  // there is no track to play again
   }
+  EXPECT_EQ(myLog.Count("Could not load effect-file  bad.wav"), 7U);
+  EXPECT_EQ(myLog.Count("Could not load music-file  bad.wav"), 7U);
 }
 
 TEST_F(AudioTest, WithoutADeviceEveryHookIsSafeAndTheLogSaysWhy) {
   setenv("SDL_AUDIODRIVER", "missing", 1);
   EXPECT_FALSE(myTask.Start());
-  EXPECT_TRUE(myLog.Has("\t[failed]"));
   EXPECT_TRUE(myLog.Has("Mix_OpenAudio failed with parameters frequency: 22050Hz, format: S16LSB"));
-  EXPECT_TRUE(myLog.Has("Error description: No available audio device"));
-  int depth = 0;
-  for (const auto& line : myLog.Lines()) {
-    depth += line.level == kLogBlockBegin ? 1 : line.level == kLogBlockEnd ? -1 : 0;
-  }
-  EXPECT_EQ(depth, 0) << "a block was left open";
   myLog.Clear();
   myTask.Update();
   myTask.Pause();
   myTask.Resume();
   Run("PlayEffect( one.wav )");
   myTask.Exit();
-  myTask.Exit();
   EXPECT_TRUE(myLog.Lines().empty());
 }
 
+}  // namespace
 }  // namespace vask::test

@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <sstream>
 
 #include "events/eventbridge.h"
 #include "support/fakeclock.h"
 #include "utils/timer/globalapptimer.h"
-#include "utils/xml/xml.h"
 
 namespace vask {
 namespace {
@@ -48,42 +46,7 @@ TEST(Timer, CountsPausesAndJumps) {
   }
 }
 
-TEST(Timer, LoadsWhatThereIs) {
-  const struct { const char* saved; unsigned now, later; } cases[] = {
-      {"<time>700</time><pause>1</pause>", 700, 700}, {"<time>700</time><pause>0</pause>", 700, 705},
-      {"<time>700</time>", 700, 700}, {"<pause>0</pause>", 30, 35}, {"", 30, 30},
-  };
-  for (const auto& c : cases) {  // into a timer that is paused at 30, then 5 ms go by
-    CFakeClock clock(100000);
-    CTimer timer;
-    timer.SetTime(30);
-    timer.Pause();
-    clock.Advance(400);
-    std::istringstream saved(std::string("<r>") + c.saved + "</r>");
-    const auto root = ReadXml(saved);
-    CXmlContext reading(root.get(), CXmlContext::kReading);
-    timer.Serialize(reading);
-    EXPECT_EQ(timer.GetTime(), c.now) << c.saved;
-    clock.Advance(5);
-    EXPECT_EQ(timer.GetTime(), c.later) << c.saved;
-  }
-}
 // clang-format on
-
-TEST(Timer, AChainFollowsItsSource) {
-  CFakeClock clock;
-  CTimer source;
-  CTimer timer(&source);
-  CTimer other;
-  clock.Advance(100);
-  source.Pause();
-  timer.Mark();
-  clock.Advance(100);
-  EXPECT_FLOAT_EQ(timer.GetSeconds() + timer.GetSecondsSinceMark(), 0.1F);
-  timer = other;  // takes the state, 1000 being the clock's start, but keeps its own source
-  EXPECT_EQ(timer.GetTime(), 0U);
-  EXPECT_EQ((other - (other - 50)).GetTime(), 50U);
-}
 
 TEST(AppTimer, StandsStillWithoutTheFocus) {
   CFakeClock clock;
