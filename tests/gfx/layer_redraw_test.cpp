@@ -30,17 +30,17 @@ class CScene {
         [&] { s->SetPosition(s->GetX() + Below(9) - 4, s->GetY() + 2); },
         [&] { s->SetZ(Below(6)); }, [&] { s->SetAlpha(Below(256)); },
         [&] { s->SetRotation(static_cast<float>(Below(720))); },
-        [&] { s->SetSize(1 + Below(50), 1 + Below(50)); },
-        [&] { s->SetRect(AnyRect()); }, [&] { s->SetScrollRect(AnyRect()); },
-        [&] { s->SetImageRect({Below(10), Below(10), Below(20), Below(20)}); },
-        [&] { s->SetImage(Below(3) == 0 ? nullptr : AnyPicture()); },
-        [&] { s->SetVisible(true), s->SetAlpha(255); },
-        [&] { s->SetVisible(Toss()); }, [&] { s->SetVisible(false), s->SetVisible(true); },
-        [&] { s->SetParent(Below(3) == 0 ? nullptr : AnyLayer()); },
+        [&] { s->SetSize(1 + Below(50), 1 + Below(50)); }, [&] { s->SetRect(AnyRect()); },
+        [&] { s->SetScrollRect(Toss() ? AnyRect() : CRect<int>{9, 9, kWidth, kHeight}); },
+        [&] { s->SetImageRect({Below(10), Below(10), Below(50), Below(50)}); },
+        [&] { s->SetImage(Below(9) == 0 ? nullptr : AnyPicture()); },
+        [&] { s->SetVisible(true), s->SetAlpha(255); }, [&] { s->SetVisible(Below(4) > 0); },
+        [&] { s->SetVisible(false), s->SetVisible(true); },
+        [&] { s->SetParent(Below(9) == 0 ? nullptr : AnyLayer()); },
         [&] { s->SetParent(nullptr), s->SetParent(AnyLayer()); },
         [&] { s->SetX(5), s->SetVisible(false), s->SetX(50); },
-        [&] { s.reset(); }, [&] { Renew(s); },
-        [&] { layer->SetZ(Below(6)); }, [&] { layer->SetVisible(Toss()); },
+        [&] { s.reset(); }, [&] { Renew(s); }, [&] { Renew(s); },
+        [&] { layer->SetZ(Below(6)); }, [&] { layer->SetVisible(Below(4) > 0); },
         [&] { layer->SetParent(AnyLayer()); }, [&] { Toss() ? Renew(layer) : void(); },
         [&] { layer->SetImage(Toss() ? nullptr : AnyPicture()); },
         [&] { Below(9) == 0 ? CScreenLayer::GetSingletonPtr()->RefreshAll() : void(); }};
@@ -69,7 +69,7 @@ class CScene {
   // With holes, half-transparent pixels and opaque magenta, keyed or with an alpha channel.
   IPixel* AnyPicture() {
     const bool isKeyed = Toss();
-    const int width = 1 + Below(29), height = 1 + Below(29);
+    const int width = 1 + Below(49), height = 1 + Below(49);
     IPixel* picture = isKeyed ? Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)
                               : Gfx::NewBuffer(width, height);
     const std::uint8_t alpha = isKeyed || Toss() ? 255 : AnyByte();
@@ -93,7 +93,7 @@ class CScene {
 
   std::mt19937 myRandom;
   std::array<Layer, 3> myLayers;
-  std::array<Sprite, 9> mySprites;
+  std::array<Sprite, 12> mySprites;
 };
 
 // What is visible of the sprite, and of a layer's children back to front.

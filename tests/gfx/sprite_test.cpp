@@ -59,8 +59,7 @@ TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
   for (const auto& [fields, rect, scroll, z, alpha] : files) {
     CSpritePtr sprite = LoadXmlText("base", fields);
     for (int round = 0; round < 2; ++round) {  // read, then written and read back
-      EXPECT_TRUE(sprite->GetRect() == rect && sprite->GetScrollRect() == scroll)
-          << fields << round;
+      EXPECT_TRUE(sprite->GetRect() == rect && sprite->GetScrollRect() == scroll) << fields;
       EXPECT_TRUE(sprite->GetZ() == z && sprite->GetAlpha() == alpha) << fields << round;
       ASSERT_TRUE(SaveXml(*sprite, "written.xml"));
       sprite = Load("written.xml");
