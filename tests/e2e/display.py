@@ -8,7 +8,7 @@ import tempfile
 import time
 
 import numpy
-from Xlib import X, display, error
+from Xlib import X, XK, display, error
 from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
 from Xlib.protocol import event
 
@@ -98,6 +98,18 @@ class Display:
         self.press(button)
         time.sleep(0.03)
         self.release(button)
+
+    def press_key(self, name):
+        """A key by its X name, such as Escape, F11 or Alt_L."""
+        self._fake_key(X.KeyPress, name)
+
+    def release_key(self, name):
+        self._fake_key(X.KeyRelease, name)
+
+    def _fake_key(self, kind, name):
+        code = self.connection.keysym_to_keycode(XK.string_to_keysym(name))
+        xtest.fake_input(self.connection, kind, code)
+        self.sync()
 
     def cursor_is_visible(self):
         image = self.connection.xfixes_get_cursor_image(self.root)

@@ -1,0 +1,76 @@
+#include "input/keynames.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vask {
+
+namespace {
+
+struct SKeyName {
+  int key;
+  const char* name;
+};
+
+// clang-format off
+constexpr std::array kWords = std::to_array<SKeyName>({
+    {8, "backspace"}, {9, "tab"}, {12, "clear"}, {13, "return"}, {19, "pause"}, {27, "escape"},
+    {32, "space"}, {96, "backquote"}, {127, "delete"},
+    {266, "[.]"}, {267, "[/]"}, {268, "[*]"}, {269, "[-]"}, {270, "[+]"},
+    {271, "enter"}, {272, "equals"},
+    {273, "up"}, {274, "down"}, {275, "right"}, {276, "left"},
+    {277, "insert"}, {278, "home"}, {279, "end"}, {280, "page_up"}, {281, "page_down"},
+    {300, "numlock"}, {301, "caps_lock"}, {302, "scroll_lock"},
+    {303, "right_shift"}, {304, "left_shift"}, {305, "right_ctrl"}, {306, "left_ctrl"},
+    {307, "right_alt"}, {308, "left_alt"}, {309, "right_meta"}, {310, "left_meta"},
+    {311, "left_super"}, {312, "right_super"}, {313, "alt_gr"}, {314, "compose"},
+    {315, "help"}, {316, "print_screen"}, {317, "sys_req"}, {318, "break"}, {319, "menu"},
+    {320, "power"}, {321, "euro"}, {322, "undo"},
+});
+// clang-format on
+
+// Consecutive keys that are numbered from 0 or 1.
+struct SNumberedKeys {
+  int first, last;
+  const char* before;
+  int firstNumber;
+  const char* behind;
+};
+
+constexpr std::array kNumbered = std::to_array<SNumberedKeys>({
+    {160, 255, "world_", 0, ""},
+    {256, 265, "[", 0, "]"},
+    {282, 296, "f", 1, ""},
+});
+
+// Keys that are called by the character they type.
+constexpr bool IsCharacterKey(int key) {
+  const bool isSign = key >= '!' && key <= '@' && key != '%';
+  return isSign || (key >= '[' && key <= 'z' && key != '`');
+}
+
+}  // namespace
+
+std::string NameFromKey(int key) {
+  if (IsCharacterKey(key)) {
+    return {static_cast<char>(key)};
+  }
+  for (const SNumberedKeys& keys : kNumbered) {
+    if (key >= keys.first && key <= keys.last) {
+      return keys.before + std::to_string(key - keys.first + keys.firstNumber) + keys.behind;
+    }
+  }
+  const auto* found = std::ranges::find(kWords, key, &SKeyName::key);
+  return found == kWords.end() ? std::string() : found->name;
+}
+
+int KeyFromName(std::string_view name) {
+  for (int key = 1; key < kKeyCount && !name.empty(); ++key) {
+    if (NameFromKey(key) == name) {
+      return key;
+    }
+  }
+  return 0;
+}
+
+}  // namespace vask

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "utils/signalslot/genericevent.h"
+#include "utils/signalslot/signalconnection.h"
+#include "utils/signalslot/signaltarget.h"
+#include "utils/signalslot/ssobject.h"
+
+namespace vask {
+
+class CXmlContext;
+
+namespace css {
+
+// Something that happens to an object, for others to hear of: they connect slots, the owner emits.
+//
+//   class CLamp : public css::CSignalTarget { public: void Toggle(); };
+//   css::CSignal clicked;                     // a member of the button
+//   clicked.Connect(&lamp, &CLamp::Toggle);
+//   clicked.Emit();                           // calls the slots in the order of connecting
+//
+// Deleting the signal or the target ends the connection. Slots may connect, delete any target and
+// delete the signal: an emission calls the slots that were connected when it began and still are
+// when their turn comes. After Emit the caller may be gone, unless it knows better.
+class CSignal {
+ public:
+  CSignal();
+  ~CSignal();
+  CSignal(const CSignal&) = delete;
+  CSignal& operator=(const CSignal&) = delete;
+
+  // Connects a member function with up to two parameters; nothing for a null target.
+  template <typename Object, typename T, typename... A>
+  void Connect(Object* target, void (T::*function)(A...)) {
+    static_assert(std::is_base_of_v<CSignalTarget, Object>, "the signal must hear of its death");
+    if (target != nullptr) {
+      T* own = target;
+      Connect(std::make_unique<CSignalConnection>(MakeSlot(own, function), target,
+                                                  CSSObject<T>::IsClassSaved()));
+    }
+  }
+  template <typename R, typename A, typename B>
+  void Connect(R (*function)(A, B)) {
+    Connect(std::make_unique<CSignalConnection>(
+        std::make_unique<CSGenericEvent2<R, A, B>>(function), nullptr, false));
+  }
+  // Takes a connection over, as ICCSSObject::Connect makes it; null, or one whose target has died
+  // meanwhile, is nothing.
+  void Connect(std::unique_ptr<CSignalConnection> connection);
+
+  // Calls the slots that take so many arguments. An argument of another type than the slot's is
+  // converted through its text; where that fails the slot is not called.
+  void Emit();
+  void Emit(const CAnyContainer& a);
+  void Emit(const CAnyContainer& a, const CAnyContainer& b);
+
+  std::size_t GetConnectionCount() const;
+
+  // One element "Slot" for each connection, with the attributes "target" (the object's name) and
+  // "function" (the slot's). Writing leaves out what is not published under a name; reading adds to
+  // the connections that are there.
+  void Serialize(CXmlContext& xml);
+
+ private:
+  friend class CSignalConnection;
+
+  // Outlives the signal while it is emitting: the slot whose call deletes the signal, and the list
+  // that is being walked.
+  struct SConnections {
+    // Frees what has been dropped, unless an emission still walks over it.
+    void FreeDropped();
+
+    std::vector<std::unique_ptr<CSignalConnection>> list;
+    int emissions = 0;  // nested ones counted
+  };
+  class CEmission;
+
+  template <typename CallSlot>
+  void EmitWith(CallSlot call);
+  void Read(const CXmlContext& xml);
+  void Write(CXmlContext& xml) const;
+
+  std::shared_ptr<SConnections> myConnections;
+};
+
+}  // namespace css
+}  // namespace vask

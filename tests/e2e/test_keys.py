@@ -1,0 +1,49 @@
+"""The keys that the start-up script binds, typed on a real keyboard."""
+import time
+import unittest
+
+from display import Display, Other, wait_for
+from game import Game, load_picture, matches
+
+
+class Keys(unittest.TestCase):
+    def test_full_screen_and_the_end(self):
+        with Display() as screen, Game(screen) as game:
+            game.wait_for_window()
+            game.point_at(400, 300)
+            game.wait_for_picture("title_screen")
+            for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
+                self.type(screen, keys)
+                self.wait_for_full_screen(screen)
+                self.type(screen, keys)
+                game.wait_for_picture("title_screen")
+            with Other(screen) as other:
+                self.assert_nothing_sticks(screen, game, other)
+            self.type(screen, ["Escape"])
+            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
+
+    def type(self, screen, keys):
+        """Holds the keys together for longer than the server takes to repeat one."""
+        for key in keys:
+            screen.press_key(key)
+        time.sleep(1.0)
+        for key in reversed(keys):
+            screen.release_key(key)
+
+    def wait_for_full_screen(self, screen):
+        # In the middle of the display, where the window is not: its frame shifts it.
+        middle = ((screen.size[0] - 800) // 2, (screen.size[1] - 600) // 2, 800, 600)
+        title = load_picture("title_screen")
+        wait_for(lambda: matches(screen.picture(middle), title, 0.9), 5, "full screen")
+
+    def assert_nothing_sticks(self, screen, game, other):
+        """A key that comes up while another window has the focus is not held afterwards."""
+        screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
+        screen.press_key("Alt_L")
+        time.sleep(0.2)
+        other.take_focus()
+        screen.release_key("Alt_L")
+        screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
+        toggles = game.log().count("drawing all")
+        self.type(screen, ["Return"])
+        self.assertEqual(game.log().count("drawing all"), toggles)
