@@ -13,8 +13,7 @@
 namespace vask::test {
 namespace {
 
-constexpr int kWidth = 96;
-constexpr int kHeight = 72;
+constexpr int kWidth = 96, kHeight = 72;
 
 class CScene {
  public:
