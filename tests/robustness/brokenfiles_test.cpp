@@ -133,6 +133,20 @@ TEST_F(BrokenFiles, SpriteFiles) {
   });
 }
 
+TEST_F(BrokenFiles, SpritesWithoutTheirPictures) {
+  for (const auto& entry : fs::directory_iterator("data/gfx")) {
+    if (entry.path().extension() == ".png") {
+      fs::remove(entry.path());
+    }
+  }
+  for (const auto& entry : fs::directory_iterator("data/gfx")) {
+    ShowSprite(entry.path().string());
+    EXPECT_TRUE(
+        CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(entry.path().string()))->IsEmpty() ||
+        entry.path().extension() == ".bmp");
+  }
+}
+
 TEST_F(BrokenFiles, Pictures) {
   ReadEach({".png", ".bmp"}, [this](const std::string& file) { ShowSprite(file); });
 }
