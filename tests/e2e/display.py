@@ -47,7 +47,7 @@ class Display:
         self.connection = display.Display(self.name)
         self.connection.xfixes_query_version()
         self.root = self.connection.screen().root
-        wait_for(self._manager_is_there, 10, "the window manager")
+        wait_for(self._manager_is_ready, 60, "the window manager")
         self._map_pixels()
         return self
 
@@ -59,8 +59,10 @@ class Display:
         self.pixels = None
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def _manager_is_there(self):
-        atom = self.connection.intern_atom("_NET_SUPPORTING_WM_CHECK")
+    def _manager_is_ready(self):
+        # It announces itself before it has read its theme and fonts, which takes long the first
+        # time on a machine; this list comes when it begins to manage windows.
+        atom = self.connection.intern_atom("_NET_CLIENT_LIST")
         return self.root.get_full_property(atom, X.AnyPropertyType)
 
     def _map_pixels(self):
