@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "support/docexample.h"
 #include "support/logcapture.h"
 #include "utils/signalslot/cssobject.h"
 #include "utils/xml/xml.h"
@@ -184,13 +185,15 @@ TEST_F(SignalTest, IsWiredByXml) {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
   };
   const std::string good = element("b", "hear") + element("a", "add") + element("a", "hear");
-  std::istringstream document("<r>" + good + "<Else target=\"a\" function=\"hear\"></Else>" +
-                              element("z", "hear") + element("a", "none") +
-                              element("impostor", "hear") + "<Slot></Slot></r>");
-  const auto root = ReadXml(document);
-  CXmlContext xml(root.get(), CXmlContext::kReading);
+  const auto read = [this](const std::string& text) {
+    std::istringstream document(text);
+    const auto root = ReadXml(document);
+    CXmlContext xml(root.get(), CXmlContext::kReading);
+    signal->Serialize(xml);
+  };
   const test::CLogCapture log;
-  signal->Serialize(xml);
+  read("<r>" + good + "<Else target=\"a\" function=\"hear\"></Else>" + element("z", "hear") +
+       element("a", "none") + element("impostor", "hear") + "<Slot></Slot></r>");
   EXPECT_EQ(log.Count("Could not connect the slot"), 4U) << log.Text();
 
   signal->Connect(&HearFree);
@@ -207,6 +210,12 @@ TEST_F(SignalTest, IsWiredByXml) {
   EXPECT_EQ(Emit(), "aa");
   signal->Emit(7);
   EXPECT_EQ(ourRecord, "a7");
+
+  const CNamed lamp("lamp");
+  table.Add("toggle", &CNamed::Hear);
+  read(test::DocExample("Signal wiring"));
+  ourRecord.clear();
+  EXPECT_EQ(Emit(), "aalamp");
 }
 
 }  // namespace

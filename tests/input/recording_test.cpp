@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "events/eventbridge.h"
+#include "input/playbackmouse.h"
+#include "input/recordmouse.h"
+#include "platform/wallclock.h"
+#include "support/docexample.h"
+#include "support/fakeclock.h"
+#include "support/logcapture.h"
+#include "utils/randomstate.h"
+#include "utils/timer/timer.h"
+
+namespace vask {
+namespace {
+
+std::string FileText(const char* fileName) {
+  std::ifstream file(fileName);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string WithoutSeed(const std::string& file) { return file.substr(file.find('\n') + 1); }
+
+// Plays the file in frames of twelve days; answers what a recorder hears of it.
+std::string PlayBack(const std::string& file) {
+  std::ofstream("played.rec") << file;
+  test::CFakeClock real(0);
+  const CRecordMouse hearer("heard.rec");
+  CPlaybackMouse playback("played.rec", GetGlobalTimerImpl());
+  for (int i = 0; i < 9; ++i) {
+    real.Advance(1U << 30U);
+    playback.Update();
+    EXPECT_TRUE(HasReached(real.Now(), GetGlobalTime())) << "ahead of the real clock";
+  }
+  EXPECT_EQ(GetGlobalTime(), real.Now()) << "after the last event";
+  return WithoutSeed(FileText("heard.rec"));
+}
+
+TEST(Recording, IsPlayedBack) {
+  platform::SetWallClock([] { return std::int64_t{4000000000}; });  // beyond 31 bits
+  const CRecordMouse recorder("game.rec");
+  platform::SetWallClock(nullptr);
+  const auto number = CRandomState::GetSingleton().Next();
+  test::CFakeClock clock(1000);
+  CEventBridge::GetSingleton().MouseMove(20, -1, 1, 2);
+  clock.Advance(7);
+  CEventBridge::GetSingleton().MouseButtonDown(4);
+  CEventBridge::GetSingleton().MouseButtonUp(4);
+  const std::string file = FileText("game.rec");
+  EXPECT_EQ(file, "4000000000\n1000 mm 20 -1\n1007 md 4\n1007 mu 4\n");
+  const test::CLogCapture log;
+  EXPECT_EQ(PlayBack(file), WithoutSeed(file));
+  EXPECT_EQ(log.Count("HelperPlayback doesn't work properly with delta"), 1U);
+  EXPECT_EQ(CRandomState::GetSingleton().Next(), number);
+}
+
+// clang-format off
+TEST(Recording, IsPlayedLineByLineAtItsTimes) {
+  const std::string example = test::DocExample("Input records");
+  const std::pair<std::string, std::string> files[] = {
+      {example, WithoutSeed(example)}, {"", ""}, {"\n\n", ""}, {"7", ""},
+      {"7\n1500 mm 20\n", "1500 mm 0 0\n"}, {"7\n1500 mu 1\n1500 md 1", "1500 mu 1\n1500 md 1\n"},
+      {"\xFF\n\nmm\n5\n5 mx 1 2\n5 md\n5 MD 1\n \t9 \t mu  8 7\r\n", "9 mu 8\n"},
+      {"x\nx mm y z\nx md \xFF" + std::string(1, '\0'), "0 mm 0 0\n0 md 0\n"},
+      {"7\n1 mm 99999999999999999999 -2147483648\n", "1 mm 1000000 -1000000\n"},
+      {"7\n50 md 1\n20 md 2\n60 mu 1\n", "50 md 1\n50 md 2\n60 mu 1\n"},
+      {"7\n2000000000 md 1\n4000000000 md 2\n5 md 4\n", "2000000000 md 1\n4000000000 md 2\n5 md 4\n"},
+  };
+  for (const auto& [file, events] : files) {
+    EXPECT_EQ(PlayBack(file), events) << file;
+  }
+}
+// clang-format on
+
+struct CEnder : CRecordMouse {
+  using CRecordMouse::CRecordMouse;
+  void OnMouseMove(int, int) override { playback.reset(); }
+  std::unique_ptr<CPlaybackMouse> playback;
+};
+
+TEST(Recording, PutsTheRealClockBackUnlessAnotherIsInstalled) {
+  CEnder ender("heard.rec");
+  std::ofstream("played.rec") << "7\n0 mm 1 1\n0 md 1\n";
+  const test::CFakeClock real(77);
+  ender.playback = std::make_unique<CPlaybackMouse>("played.rec", GetGlobalTimerImpl());
+  EXPECT_EQ(GetGlobalTime(), 0U);
+  ender.playback->Update();
+  EXPECT_EQ(GetGlobalTime(), 77U);
+  EXPECT_EQ(WithoutSeed(FileText("heard.rec")), "") << "played on after its end";
+  const auto number = CRandomState(CRandomState::GetSingleton()).Next();
+  ender.playback = std::make_unique<CPlaybackMouse>("missing.rec");
+  EXPECT_EQ(CRandomState::GetSingleton().Next(), number) << "the seed was set";
+  const test::CFakeClock other(99);
+  ender.playback.reset();
+  EXPECT_EQ(GetGlobalTime(), 99U);
+}
+
+}  // namespace
+}  // namespace vask
