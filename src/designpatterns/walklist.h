@@ -36,6 +36,8 @@ class CWalkList {
       return myList->myItems[myNext++];
     }
 
+    bool IsListAlive() const { return myList != nullptr; }
+
    private:
     friend class CWalkList;
     CWalkList* myList;
@@ -103,7 +105,7 @@ class CWalkList {
   void ForEachPresent(Visit visit) {
     CWalk alive(*this);
     for (T* item : std::vector<T*>(myItems)) {
-      if (alive.myList == nullptr) {
+      if (!alive.IsListAlive()) {
         return;
       }
       if (Contains(item)) {

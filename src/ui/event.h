@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+
+#include "ui/geometry.h"
+
+namespace vask::ui {
+
+class IMouse;
+
+// Something that happens to a widget. Who makes it asks afterwards whether somebody handled it.
+class IEvent {
+ public:
+  enum EType : std::int32_t {
+    kMouseMove = 1,
+    kMouseOut = 2,
+    kMouseOver = 3,
+    kMouseButtonDown = 4,
+    kMouseButtonUp = 5,
+    kKeyDown = 6,
+    kKeyUp = 7,
+    kFocusGained = 8,  // routed through the tree, it asks who takes the focus
+    kFocusLost = 9,
+  };
+
+  virtual ~IEvent() = default;
+
+  std::int32_t GetType() const { return myType; }
+  bool IsHandled() const { return myHandled; }
+  void SetHandled(bool handled) { myHandled = handled; }
+
+ protected:
+  explicit IEvent(std::int32_t type) : myType(type) {}
+  IEvent(const IEvent&) = default;
+  IEvent& operator=(const IEvent&) = default;
+
+ private:
+  std::int32_t myType;
+  bool myHandled = false;
+};
+
+class CMouseEvent : public IEvent {
+ public:
+  // Buttons are the bits of the event bridge; those of a press and a release hold the one button.
+  // The mouse is not owned and may be null.
+  CMouseEvent(std::int32_t type, SPoint position, std::int32_t buttons, IMouse* mouse)
+      : IEvent(type), myPosition(position), myButtons(buttons), myMouse(mouse) {}
+  // An event of another type that the first has caused.
+  CMouseEvent(std::int32_t type, const CMouseEvent& cause)
+      : CMouseEvent(type, cause.myPosition, cause.myButtons, cause.myMouse) {}
+
+  SPoint GetPosition() const { return myPosition; }
+  std::int32_t GetButtons() const { return myButtons; }
+  IMouse* GetMouse() const { return myMouse; }
+
+ private:
+  SPoint myPosition;
+  std::int32_t myButtons;
+  IMouse* myMouse;
+};
+
+class CKeyboardEvent : public IEvent {
+ public:
+  // The character is 0 for a key that types none.
+  CKeyboardEvent(std::int32_t type, std::int32_t key, std::uint8_t character)
+      : IEvent(type), myKey(key), myCharacter(character) {}
+
+  std::int32_t GetKey() const { return myKey; }
+  std::uint8_t GetCharacter() const { return myCharacter; }
+
+ private:
+  std::int32_t myKey;
+  std::uint8_t myCharacter;
+};
+
+class CFocusEvent : public IEvent {
+ public:
+  // The position is that of the click that moves the focus; a loss of the focus needs none.
+  explicit CFocusEvent(std::int32_t type, SPoint position = {})
+      : IEvent(type), myPosition(position) {}
+
+  SPoint GetPosition() const { return myPosition; }
+
+ private:
+  SPoint myPosition;
+};
+
+}  // namespace vask::ui

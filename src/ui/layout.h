@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "utils/rect.h"
+
+namespace vask::ui {
+
+// A rectangle as four texts. They are numbers, or expressions over "parent.x", "parent.y",
+// "parent.w", "parent.h" and the same of "this", such as "parent.x + parent.w - 25", for the
+// calculator to evaluate.
+struct SLayout {
+  std::string x;
+  std::string y;
+  std::string width;
+  std::string height;
+
+  // Whether all four are numbers, with or without a sign: then nothing has to be evaluated again.
+  bool IsPlain() const;
+  // The rectangle of a plain layout, without fractions.
+  CRect<int> ToRect() const;
+  // The rectangle of a widget that has the rectangle `own` until now. Without a parent (null) its
+  // names stay in the text, where the calculator ignores them.
+  CRect<int> Evaluate(const CRect<int>& own, const CRect<int>* parent) const;
+};
+
+}  // namespace vask::ui
