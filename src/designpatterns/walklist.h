@@ -89,34 +89,53 @@ class CWalkList {
     for (CWalk* walk : myWalks) {
       walk->myNext -= position < walk->myNext ? 1 : 0;
     }
+    Strike(item);
     return true;
   }
 
   void Clear() {
     myItems.clear();
+    for (std::vector<T*>* snapshot : mySnapshots) {
+      std::fill(snapshot->begin(), snapshot->end(), nullptr);
+    }
     for (CWalk* walk : myWalks) {
       walk->myNext = 0;
     }
   }
 
   // Calls `visit` for each element that was there when the walk began and is still there when its
-  // turn comes; newcomers wait for the next walk. Safe when the list dies meanwhile.
+  // turn comes; newcomers wait for the next walk, also one that stands at the address of an element
+  // that has died. Safe when the list dies meanwhile.
   template <typename Visit>
   void ForEachPresent(Visit visit) {
-    CWalk alive(*this);
-    for (T* item : std::vector<T*>(myItems)) {
+    const CWalk alive(*this);
+    std::vector<T*> present = myItems;
+    mySnapshots.push_back(&present);
+    for (std::size_t i = 0; i < present.size(); ++i) {
+      if (present[i] != nullptr) {
+        visit(present[i]);
+      }
       if (!alive.IsListAlive()) {
         return;
       }
-      if (Contains(item)) {
-        visit(item);
+    }
+    std::erase(mySnapshots, &present);
+  }
+
+ private:
+  // Takes an element that has left out of the walks that still have it before them.
+  void Strike(const T* item) {
+    if (!Contains(item)) {
+      for (std::vector<T*>* snapshot : mySnapshots) {
+        std::replace(snapshot->begin(), snapshot->end(), const_cast<T*>(item),
+                     static_cast<T*>(nullptr));
       }
     }
   }
 
- private:
   std::vector<T*> myItems;
   std::vector<CWalk*> myWalks;
+  std::vector<std::vector<T*>*> mySnapshots;  // of the walks of ForEachPresent
 };
 
 }  // namespace vask

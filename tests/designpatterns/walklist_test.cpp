@@ -27,6 +27,7 @@ const struct {
     {"inserts before itself", [](auto& l) { l->Insert(1, Item(4)); }, "abcd", "abcd"},
     {"inserts behind itself", [](auto& l) { l->Insert(2, Item(4)); }, "abecd", "abcd"},
     {"goes to the end", [](auto& l) { l->Remove(Item(1)), l->Append(Item(1)); }, "abcdb", "abcd"},
+    {"the next goes and comes", [](auto& l) { l->Remove(Item(2)), l->Append(Item(2)); }, "abdc", "abd"},
     {"clears and refills", [](auto& l) { l->Clear(), l->Append(Item(4)); }, "abe", "ab"},
     {"deletes the list", [](auto& l) { l.reset(); }, "ab", "ab"},
 };
