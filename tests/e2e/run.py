@@ -17,6 +17,11 @@ class Result(unittest.TextTestResult):
         super().addSuccess(test)
         self.stream.writeln(f"    {time.monotonic() - self.began:.1f} s")
 
+    def addFailure(self, test, err):
+        # At once, too: a long run that is ended early still tells what went wrong.
+        super().addFailure(test, err)
+        self.stream.writeln(f"    {time.monotonic() - self.began:.1f} s: {err[1]}")
+
 
 def main():
     loader = unittest.defaultTestLoader

@@ -93,19 +93,19 @@ class Play(unittest.TestCase):
         wait_for(lambda: watch.look(game.picture()) or watch.scores[-1] >= 500, 10, "a score")
 
     def signs_drop_in(self, game, watch):
-        """The sign of the grilled kitten comes down over the middle of the screen."""
+        """The sign of the grilled kitten comes down over the middle of the screen, below a sign that
+        came shortly before it."""
         sign = load_picture("b_grilled_kitten")
         h, w = sign.shape[:2]
-        solid = sign[:, :, 3] == 255
+        rows, columns = (place[::9] for place in (sign[:, :, 3] == 255).nonzero())
+        colours = sign[rows, columns, :3].astype(int)
 
         def shown():
             picture = game.picture()
             watch.look(picture)
-            for y in range(0, 125 - h // 2 + 1):
-                part = picture[y:y + h, 400 - w // 2:400 - w // 2 + w].astype(int)
-                if (numpy.abs(part - sign[:, :, :3]).max(axis=2)[solid] <= 4).mean() > 0.6:
-                    return True
-            return False
+            middle = picture[:, 400 - w // 2:400 - w // 2 + w].astype(int)
+            return any((numpy.abs(middle[y + rows, columns] - colours).max(axis=1) <= 4).mean() > 0.6
+                       for y in range(0, 600 - h))
         wait_for(shown, 3, "the sign of a grilled kitten")
 
     def burn_the_rest(self, game, watch):
