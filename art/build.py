@@ -14,9 +14,10 @@ sys.path.insert(1, os.path.join(HERE, "fonts"))
 import compose  # noqa: E402
 import digits  # noqa: E402
 import sprites  # noqa: E402
+import widgets  # noqa: E402
 
 RUNTIME = os.path.join(os.path.dirname(HERE), "runtime")
-GFX, SFX, MUSIC = "data/gfx", "data/sfx", "data/music"
+GFX, GUI, SFX, MUSIC = "data/gfx", "data/gui", "data/sfx", "data/music"
 
 
 def target(path):
@@ -40,6 +41,15 @@ def save_png(image, path, opaque=False):
     subprocess.run(["optipng", "-quiet", "-o2", "-nc", "-nb", "-np", "-strip", "all", target(path)], check=True)
 
 
+def save_gif(image, path):
+    """Every colour as it is; a GIF knows no half-clear edges."""
+    colors = [color for _, color in image.getcolors()]
+    pixels = Image.new("P", image.size)
+    pixels.putpalette([value for color in colors for value in color])
+    pixels.putdata([colors.index(color) for color in image.getdata()])
+    pixels.save(target(path), optimize=False)
+
+
 def write_text(path, text):
     with open(target(path), "w", encoding="ascii", newline="\n") as f:
         f.write(text)
@@ -51,7 +61,7 @@ def tag(name, content, indent=1):
 
 def sprite_file(kind, picture, rect, z, more=""):
     attributes = " ".join('%s="%d"' % pair for pair in rect)
-    return ('<Sprite type="%s">\n' % kind + tag("ImageFilename", picture) +
+    return ('<Sprite type="%s">\n' % kind + (tag("ImageFilename", picture) if picture else "") +
             "  <ImageRect %s></ImageRect>\n" % attributes + tag("Z", z) + tag("Alpha", 255) + more + "</Sprite>\n")
 
 
@@ -102,6 +112,23 @@ def icon():
     ground.convert("RGB").save(target("%s/icon.bmp" % GFX))
 
 
+def gui():
+    for name, draw in widgets.GIFS.items():
+        save_gif(draw(), "%s/%s.gif" % (GUI, name))
+    for name, draw in widgets.PNGS.items():
+        save_png(draw(), "%s/%s.png" % (GUI, name), opaque=True)
+    text_input()
+
+
+def text_input():
+    """An input line: its text starts at the left edge, where the cursor counts from."""
+    more = ('  <FontStartPosition x="0" y="2"></FontStartPosition>\n'
+            '  <FontRect x="0" y="0" w="400" h="20"></FontRect>\n' +
+            tag("Text", "") + tag("BackdropFile", "%s/text_input.png" % GUI) + tag("FontFile", "system"))
+    rect = (("x", 0), ("y", 0), ("w", 400), ("h", 20))
+    write_text("%s/text_input.xml" % GUI, sprite_file("sprite_text", None, rect, 100, more))
+
+
 def run_script(script, *arguments):
     subprocess.run([sys.executable, os.path.join(HERE, "sfx", script)] + list(arguments), check=True)
 
@@ -133,8 +160,8 @@ def one_sprite(name):
 
 
 def main(wanted):
-    steps = {"gfx": gfx, "sfx": sounds, "music": music, "numbers": numbers}
-    for name in wanted or ("gfx", "sfx", "music"):
+    steps = {"gfx": gfx, "gui": gui, "sfx": sounds, "music": music, "numbers": numbers}
+    for name in wanted or ("gfx", "gui", "sfx", "music"):
         if name in steps:
             steps[name]()
         elif name in sprites.SPRITES:

@@ -26,11 +26,14 @@ class CStaticSingleton {
 
   // Forgets the instance, then deletes it; does nothing when there is none. The next
   // GetSingletonPtr() makes a new one.
-  static void DeleteSingleton() { delete std::exchange(ourInstance, nullptr); }
+  static void DeleteSingleton() { delete ReleaseSingleton(); }
 
  protected:
   CStaticSingleton() = default;
   ~CStaticSingleton() = default;
+
+  // Forgets the instance, which belongs to the caller then; null when there is none.
+  static T* ReleaseSingleton() { return std::exchange(ourInstance, nullptr); }
 
  private:
   static inline T* ourInstance = nullptr;

@@ -57,4 +57,10 @@ void ForgetReceiver(IEventBase* receiver) {
   }
 }
 
+void ClearReceivers() {
+  SetFocus(nullptr);
+  SetMouseOver(nullptr);
+  Receivers().capture.Clear();
+}
+
 }  // namespace vask::ui

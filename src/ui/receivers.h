@@ -33,5 +33,7 @@ void SendToKeyboardReceiver(CKeyboardEvent& event);
 
 // Takes a receiver out of the capture list and from the keyboard.
 void ForgetReceiver(IEventBase* receiver);
+// Nobody has the focus, the keyboard, the mouse over it or the capture any more. Tells nobody.
+void ClearReceivers();
 
 }  // namespace vask::ui
