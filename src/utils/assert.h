@@ -1,0 +1,94 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "utils/containers/varref.h"
+
+namespace vask {
+
+// A check that failed: what was expected where, and the variables that tell why it was not so.
+class CAssertion {
+ public:
+  CAssertion(std::string expression, std::string file, int line, std::string message = "")
+      : myExpression(std::move(expression)),
+        myFile(std::move(file)),
+        myLine(line),
+        myMessage(std::move(message)) {}
+
+  // Watches variables, which must outlive the assertion; a constant one can't be changed. `names`
+  // are their names, separated by commas.
+  template <typename... T>
+  void Watch(std::string_view names, T&... variables) {
+    (myVariables.push_back(NewReference(TakeName(names), variables)), ...);
+  }
+
+  const std::string& GetExpression() const { return myExpression; }
+  const std::string& GetFile() const { return myFile; }
+  int GetLine() const { return myLine; }
+  // What the caller says of the failure, else the expression.
+  const std::string& GetMessage() const { return myMessage.empty() ? myExpression : myMessage; }
+  const std::vector<std::unique_ptr<CVarRefBase>>& GetVariables() const { return myVariables; }
+
+ private:
+  template <typename T>
+  static std::unique_ptr<CVarRefBase> NewReference(std::string name, T& variable) {
+    if constexpr (std::is_const_v<T>) {
+      return std::make_unique<CVarRefConst<std::remove_const_t<T>>>(&variable, std::move(name));
+    } else {
+      return std::make_unique<CVarRef<T>>(&variable, std::move(name));
+    }
+  }
+  // Cuts the first name off the front.
+  static std::string TakeName(std::string_view& names);
+
+  std::string myExpression;
+  std::string myFile;
+  int myLine;
+  std::string myMessage;
+  std::vector<std::unique_ptr<CVarRefBase>> myVariables;
+};
+
+// Told of each failed assertion. When it returns, the failing code goes on.
+class IAssertHandler {
+ public:
+  virtual ~IAssertHandler() = default;
+  virtual void OnAssertFailed(const CAssertion& assertion) = 0;
+};
+
+// One for the process, not owned; null for none: then failures are only logged, as errors.
+void SetAssertHandler(IAssertHandler* handler);
+
+// While assertions are banned, failures are passed over in silence. Off at start.
+void BanAsserts(bool ban);
+bool AreAssertsBanned();
+
+// What the two checks below do when they fail.
+void AssertFailed(const CAssertion& assertion);
+
+}  // namespace vask
+
+// Checks the expression in every build. When it is false the developer is told, and the code behind
+// goes on: it has to be fit for that. A text to tell may follow the expression.
+#define VASK_ASSERT(expression, ...)                                                       \
+  do {                                                                                     \
+    if (!(expression)) {                                                                   \
+      ::vask::AssertFailed(                                                                \
+          ::vask::CAssertion(#expression, __FILE__, __LINE__ __VA_OPT__(, ) __VA_ARGS__)); \
+    }                                                                                      \
+  } while (false)
+
+// The same with variables that the developer sees and, unless they are constant, may change:
+//   VASK_ASSERT_WATCHING(index < count, index, count);
+#define VASK_ASSERT_WATCHING(expression, ...)                         \
+  do {                                                                \
+    if (!(expression)) {                                              \
+      ::vask::CAssertion vaskFailed(#expression, __FILE__, __LINE__); \
+      vaskFailed.Watch(#__VA_ARGS__, __VA_ARGS__);                    \
+      ::vask::AssertFailed(vaskFailed);                               \
+    }                                                                 \
+  } while (false)
