@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <sstream>
 
 #include "gfx/font.h"
+#include "utils/inputfile.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -28,7 +28,7 @@ CLog& Log() { return *CLog::GetSingletonPtr(); }
 
 // Empty when the file cannot be read.
 std::string ReadFirstLine(const std::string& fileName) {
-  std::ifstream file(fileName, std::ios::binary);
+  std::ifstream file = OpenInputFile(fileName);
   std::string line(kMaxLineLength, '\0');
   file.read(line.data(), static_cast<std::streamsize>(line.size()));
   line.resize(static_cast<std::size_t>(file.gcount()));

@@ -1,10 +1,10 @@
 #include "input/playbackmouse.h"
 
-#include <fstream>
 #include <utility>
 
 #include "events/eventbridge.h"
 #include "input/playbacktimer.h"
+#include "utils/inputfile.h"
 #include "utils/log/log.h"
 #include "utils/randomstate.h"
 #include "utils/timer/timer.h"
@@ -45,10 +45,7 @@ CPlaybackMouse::~CPlaybackMouse() {
 }
 
 void CPlaybackMouse::Read() {
-  if (myFileName.empty()) {
-    return;
-  }
-  std::ifstream file(myFileName);
+  std::ifstream file = OpenInputFile(myFileName);
   std::string line;
   if (!std::getline(file, line)) {
     return;

@@ -7,6 +7,8 @@
 #include <fstream>
 #include <string_view>
 
+#include "utils/inputfile.h"
+
 namespace vask {
 
 namespace {
@@ -66,6 +68,10 @@ bool HasData(std::istream& file) {
 }  // namespace
 
 bool CheckSoundFile(const std::string& fileName) {
+  if (IsEndless(fileName)) {
+    SDL_SetError("This is no file");
+    return false;
+  }
   Header header{};
   std::ifstream file(fileName, std::ios::binary);
   file.read(header.data(), kHeaderSize);

@@ -12,6 +12,7 @@
 #include "gfx/sdl/video.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
+#include "utils/inputfile.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -231,7 +232,8 @@ void CTaskWindowSDL::SetCaption(const std::string& caption) {
 
 void CTaskWindowSDL::WindowSetIcon(const std::string& file) {
   constexpr char kOperation[] = " CApplicationSDL::WindowSetIcon() ";
-  const sdl::SurfacePtr icon(SDL_LoadBMP_RW(SDL_RWFromFile(file.c_str(), "rb"), 1));
+  const sdl::SurfacePtr icon(
+      IsEndless(file) ? nullptr : SDL_LoadBMP_RW(SDL_RWFromFile(file.c_str(), "rb"), 1));
   if (icon == nullptr) {
     Log().Warning() << kOperation << "Could not load file: " << file << "\n";
   } else if (icon->w > kMaxIconSide) {

@@ -2,6 +2,7 @@
 // it: nothing may crash, hang or read outside its memory.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -106,6 +107,9 @@ class BrokenFiles : public ::testing::Test {
     }
     fs::remove(path);
     read(path.string());
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);  // nobody writes into it
+    read(path.string());
+    fs::remove(path);
     WriteAll(path, whole);
   }
 

@@ -9,12 +9,16 @@
 #include "gfx/sdl/pixelsdl.h"
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/video.h"
+#include "utils/inputfile.h"
 
 namespace vask {
 
 namespace {
 
 sdl::SurfacePtr Load(const std::string& file) {
+  if (IsEndless(file)) {
+    return nullptr;
+  }
   const sdl::SurfacePtr loaded(IMG_Load(file.c_str()));
   if (loaded == nullptr || !sdl::IsValidSize(loaded->w, loaded->h)) {
     return nullptr;

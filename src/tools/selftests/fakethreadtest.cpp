@@ -4,6 +4,7 @@
 
 #include "tools/selftests/standinclock.h"
 #include "tools/tester.h"
+#include "utils/log/log.h"
 
 namespace vask::tester {
 namespace {
@@ -33,7 +34,9 @@ class CCountingThread : public CFakeThread {
 // one call. The clock goes on while it is read, as a real one does.
 bool TestFakeThreads(STest& test) {
   if (CFakeThread::PeekList() != nullptr) {
-    return false;  // a slice would run on the threads of the game, and they would hold ours back
+    // A slice would run on the threads of the game, and they would hold ours back.
+    *CLog::GetSingletonPtr() << "Not run, since threads of the program are at work\n";
+    return false;
   }
   const CStandInClock clock(1);
   SCount count;

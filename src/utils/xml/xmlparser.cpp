@@ -1,9 +1,9 @@
 #include "utils/xml/xmlparser.h"
 
+#include "utils/inputfile.h"
 #include "utils/trim.h"
 
 #include <algorithm>
-#include <fstream>
 #include <utility>
 
 namespace vask {
@@ -41,10 +41,7 @@ bool StartsWithBlankOrSlash(std::string_view text) {
 }  // namespace
 
 void CXmlParser::ParseFile(const std::string& fileName) {
-  std::ifstream file;
-  if (!fileName.empty()) {
-    file.open(fileName);
-  }
+  std::ifstream file = OpenInputFile(fileName);
   ParseStream(file);
 }
 
