@@ -65,7 +65,9 @@ void CDesktopWidget::HandleEvent(IEvent& event) {
 }
 
 void CDesktopWidget::HandleMouseEvent(CMouseEvent& event) {
-  SendToMouseCapture(event);
+  if (event.IsRouted()) {
+    SendToMouseCapture(event);
+  }
   if (!myIsForgotten) {
     CWidget::HandleEvent(event);
   }
@@ -79,7 +81,7 @@ void CDesktopWidget::HandleMouseEvent(CMouseEvent& event) {
 void CDesktopWidget::HandleKeyboardEvent(CKeyboardEvent& event) {
   if (event.GetType() == IEvent::kKeyDown) {
     myKeyRepeater->Press(event.GetKey(), event.GetCharacter());
-  } else {
+  } else if (event.GetType() == IEvent::kKeyUp) {
     myKeyRepeater->Release(event.GetKey());
   }
   SendToKeyboardReceiver(event);

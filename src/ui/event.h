@@ -26,6 +26,10 @@ class IEvent {
   virtual ~IEvent() = default;
 
   std::int32_t GetType() const { return myType; }
+  // Whether it goes to the widget under its position.
+  bool IsRouted() const {
+    return myType == kMouseMove || myType == kMouseButtonDown || myType == kMouseButtonUp;
+  }
   bool IsHandled() const { return myHandled; }
   void SetHandled(bool handled) { myHandled = handled; }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "events/eventbridge.h"
 #include "ui/geometry.h"
 
 namespace vask::ui {
@@ -35,6 +36,14 @@ enum ECursor : std::int32_t {
 inline void ChangeCursor(IMouse* mouse, std::int32_t type) {
   if (mouse != nullptr) {
     mouse->ChangeCursor(type);
+  }
+}
+
+// The arrow comes back, for a widget that goes while it has changed the cursor: no event brings it
+// a mouse then.
+inline void RestoreCursor() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->ChangeCursor(kCursorArrow);
   }
 }
 

@@ -12,6 +12,7 @@ struct SReceivers {
   IEventBase* keyboard = nullptr;
   CWidget* mouseOver = nullptr;
   CWalkList<IEventBase> capture;
+  unsigned generation = 0;
 };
 
 // Never destroyed: receivers that die at the end of the process still leave it.
@@ -61,6 +62,9 @@ void ClearReceivers() {
   SetFocus(nullptr);
   SetMouseOver(nullptr);
   Receivers().capture.Clear();
+  ++Receivers().generation;
 }
+
+unsigned GetReceiversGeneration() { return Receivers().generation; }
 
 }  // namespace vask::ui

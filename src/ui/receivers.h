@@ -35,5 +35,7 @@ void SendToKeyboardReceiver(CKeyboardEvent& event);
 void ForgetReceiver(IEventBase* receiver);
 // Nobody has the focus, the keyboard, the mouse over it or the capture any more. Tells nobody.
 void ClearReceivers();
+// Differs after each ClearReceivers(): who called a handler in between can tell by it.
+unsigned GetReceiversGeneration();
 
 }  // namespace vask::ui

@@ -5,6 +5,7 @@
 #include "gfx/textsprite.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
+#include "ui/receivers.h"
 #include "utils/log/log.h"
 
 namespace vask::ui {
@@ -13,6 +14,15 @@ namespace {
 // The key symbols of the signals, in their order.
 constexpr std::array<std::int32_t, CTextInputWidget::kKeySignalCount> kSignalKeys = {
     8, 13, 9, 273, 274, 276, 275, 127, 278, 279};
+
+// The text as it is drawn: what would lay it out, and so be invisible in one line, shows as the box
+// of a code that has no glyph.
+std::string Drawn(std::string text) {
+  constexpr char kBox = 1;
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, kBox);
+  return text;
+}
 
 }  // namespace
 
@@ -26,6 +36,12 @@ CTextInputWidget::CTextInputWidget(CWidget* parent, const CRect<int>& rect, bool
   CWidget::SetIgnoreEvent(IEvent::kFocusLost, false);
   ConnectEditingKeys();
   DrawPlain();
+}
+
+CTextInputWidget::~CTextInputWidget() {
+  if (GetMouseOver() == this) {
+    RestoreCursor();
+  }
 }
 
 void CTextInputWidget::ConnectEditingKeys() {
@@ -42,7 +58,7 @@ void CTextInputWidget::DrawPlain() {
   constexpr int kNoAlignment = -1;
   if (CFont* font = GetFont()) {
     font->SetAlign(kNoAlignment);
-    GetSprite()->SetText(myText);
+    GetSprite()->SetText(Drawn(myText));
   }
 }
 
@@ -55,7 +71,7 @@ CFont* CTextInputWidget::GetFont() const {
 std::int32_t CTextInputWidget::WidthBefore(std::int32_t position) const {
   const CFont* font = GetFont();
   const auto count = static_cast<std::size_t>(Limited(position));
-  return font != nullptr ? font->GetTextWidth(myText.substr(0, count)) : 0;
+  return font != nullptr ? font->GetTextWidth(Drawn(myText.substr(0, count))) : 0;
 }
 
 void CTextInputWidget::OnFocusEvent(CFocusEvent& event) {
@@ -118,7 +134,7 @@ std::string CTextInputWidget::GetText() const { return myText; }
 void CTextInputWidget::ChangeText(const std::string& text) {
   myText = text;
   if (GetSprite()) {
-    GetSprite()->SetText(myText);
+    GetSprite()->SetText(Drawn(myText));
   }
 }
 
@@ -162,9 +178,11 @@ void CTextInputWidget::SetCursorToPoint(SPoint point) {
   if (reach < 1) {
     return;
   }
-  std::int32_t position = Length();
-  while (position > 0 && WidthBefore(position) > reach) {
-    --position;
+  std::int32_t position = 0;
+  std::int32_t beyond = Length() + 1;
+  while (beyond - position > 1) {
+    const std::int32_t middle = position + (beyond - position) / 2;
+    (WidthBefore(middle) <= reach ? position : beyond) = middle;
   }
   MoveCursorTo(position);
 }

@@ -42,6 +42,7 @@ class CTextInputWidget : public CWidget {
   // The cursor's picture is loaded when the cursor is first shown.
   CTextInputWidget(CWidget* parent, const CRect<int>& rect, bool relative, const std::string& name,
                    const CSpritePtr& sprite, const std::string& cursorFile);
+  ~CTextInputWidget() override;
 
   void OnMouseEvent(CMouseEvent& event) override;
   void OnKeyboardEvent(CKeyboardEvent& event) override;

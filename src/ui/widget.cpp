@@ -8,13 +8,17 @@
 namespace vask::ui {
 namespace {
 
-// A handler may delete the widget whose handler it is; a walk over its children knows of that.
-using Life = CWalkList<CWidget>::CWalk;
+// A handler may delete the widget whose handler it is; a walk over its children knows of that. Or
+// the desktop, whose widgets stay in memory for a while, but nobody must hear of them any more.
+class CLife {
+ public:
+  explicit CLife(CWalkList<CWidget>& children) : myWalk(children) {}
+  bool GoesOn() const { return myWalk.IsListAlive() && GetReceiversGeneration() == myGeneration; }
 
-bool IsRouted(std::int32_t type) {
-  return type == IEvent::kMouseMove || type == IEvent::kMouseButtonDown ||
-         type == IEvent::kMouseButtonUp;
-}
+ private:
+  CWalkList<CWidget>::CWalk myWalk;
+  unsigned myGeneration = GetReceiversGeneration();
+};
 
 // How much an extent has grown; a parent that had none scales nothing.
 double Factor(int newExtent, int oldExtent) {
@@ -93,7 +97,7 @@ CWidget::~CWidget() {
 }
 
 void CWidget::HandleEvent(IEvent& event) {
-  if (IsRouted(event.GetType())) {
+  if (event.IsRouted()) {
     if (auto* mouseEvent = dynamic_cast<CMouseEvent*>(&event)) {
       RouteMouseEvent(*mouseEvent);
     }
@@ -118,18 +122,18 @@ void CWidget::RouteMouseEvent(CMouseEvent& event) {
 }
 
 void CWidget::ReceiveMouseEvent(CMouseEvent& event) {
-  const Life life(myChildren);
+  const CLife life(myChildren);
   CWidget* left = GetMouseOver();
   if (left != this) {
     if (left != nullptr && !left->IgnoresEvent(IEvent::kMouseOut)) {
       CMouseEvent out(IEvent::kMouseOut, event);
       left->OnMouseEvent(out);
     }
-    if (life.IsListAlive() && !IgnoresEvent(IEvent::kMouseOver)) {
+    if (life.GoesOn() && !IgnoresEvent(IEvent::kMouseOver)) {
       CMouseEvent over(IEvent::kMouseOver, event);
       OnMouseEvent(over);
     }
-    if (!life.IsListAlive()) {
+    if (!life.GoesOn()) {
       return;
     }
     SetMouseOver(this);
@@ -156,16 +160,16 @@ void CWidget::RouteFocusRequest(CFocusEvent& event) {
 }
 
 void CWidget::TakeFocus(CFocusEvent& event) {
-  const Life life(myChildren);
+  const CLife life(myChildren);
   CWidget* loser = GetFocus();
   if (loser != nullptr && !loser->IgnoresEvent(IEvent::kFocusLost)) {
     CFocusEvent lost(IEvent::kFocusLost);
     loser->OnFocusEvent(lost);
   }
-  if (life.IsListAlive()) {
+  if (life.GoesOn()) {
     OnFocusEvent(event);
   }
-  if (life.IsListAlive()) {
+  if (life.GoesOn()) {
     SetFocus(this);
   }
   event.SetHandled(true);

@@ -82,6 +82,12 @@ CWindowWidget::CWindowWidget(CWidget* parent, const CRect<int>& rect, bool relat
   Connect();
 }
 
+CWindowWidget::~CWindowWidget() {
+  if (myCursorChanged) {
+    RestoreCursor();
+  }
+}
+
 // Later children lie in front: the two buttons over the title bar.
 void CWindowWidget::BuildChildren() {
   myTitleBar = NewButton("title bar", "data/gui/titlebar.gif");
@@ -198,6 +204,7 @@ void CWindowWidget::StartResizing(const CMouseEvent& event) {
   const SPoint nearCorner{rect.x, rect.y};
   const SPoint farCorner = nearCorner + SPoint{rect.w, rect.h};
   myDraggedEdges = edges;
+  myGrabbedRect = rect;
   myPointerOffset = pointer - SPoint{(edges & kRight) != 0 ? farCorner.x : nearCorner.x,
                                      (edges & kBottom) != 0 ? farCorner.y : nearCorner.y};
   AddMouseCapture(this);
@@ -210,10 +217,13 @@ void CWindowWidget::StopResizing(const CMouseEvent& event) {
   myDraggedEdges = 0;
   RemoveMouseCapture(this);
   ShowCursorFor(EdgesAt(event.GetPosition()), event.GetMouse());
+  SetMouseOver(nullptr);  // whom the pointer is over now shows a cursor of its own again
 }
 
+// From the rectangle of the grab, not the last one: where the desktop has shifted the window, it
+// would grow with every event, and an event may come twice.
 void CWindowWidget::DragEdges(SPoint pointer) {
-  const CRect<int>& old = GetRect();
+  const CRect<int>& old = myGrabbedRect;
   const SSpan x =
       Dragged({old.x, old.w}, myDraggedEdges, pointer.x, myPointerOffset.x, myMinimumWidth);
   const SSpan y =

@@ -19,12 +19,15 @@ class CWindowWidget : public CWidget {
   CWindowWidget(CWidget* parent, const CRect<int>& rect, bool relative, const std::string& name,
                 const CSpritePtr& sprite);
 
+  ~CWindowWidget() override;
+
   void HandleEvent(IEvent& event) override;
   void OnMouseEvent(CMouseEvent& event) override;
   virtual CWidget* GetClientArea() const;
 
   bool IsClosed() const { return myClosed; }
-  void Close() { myClosed = true; }
+  void Close() { SetClosed(true); }
+  void SetClosed(bool closed) { myClosed = closed; }
   void Raise() { RaiseToTop(this); }
   bool IsMaximised() const { return myMaximised; }
   // Between the whole of the parent and what the window was before. Nothing without a parent.
@@ -63,6 +66,7 @@ class CWindowWidget : public CWidget {
   bool myCursorChanged = false;
   std::int32_t myMinimumWidth = 100;
   std::int32_t myMinimumHeight = 50;
+  CRect<int> myGrabbedRect;  // when the resizing began
 };
 
 }  // namespace vask::ui

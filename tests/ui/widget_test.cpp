@@ -171,6 +171,12 @@ TEST_F(Widget, FocusGoesToTheFrontmostThatTakesIt) {
   CKeyboardEvent key(IEvent::kKeyDown, 65, 'a');
   SendToKeyboardReceiver(key);
   EXPECT_EQ(theHeard, "b6 ");
+  theHook = [&](const std::string& note) {
+    note == "b9" ? ClearReceivers(), SetFocus(myRoot.get()) : void();
+  };
+  Send(8, 5);
+  EXPECT_EQ(GetFocus(), myRoot.get()) << "whoever has it since the receivers were cleared";
+  SetFocus(b);
   theHook = [&](const std::string& note) { note == "b9" ? delete a : void(); };
   EXPECT_EQ(Send(8, 5), "b9 ~a !") << "the taker dies";
   delete b;

@@ -68,10 +68,12 @@ class WidgetKinds : public testing::Test {
     Mouse(Event::kMouseButtonDown, x, y);
     Mouse(Event::kMouseButtonUp, x, y);
   }
-  // From one point to the other with the left button held.
+  // From one point to the other with the left button held. Of two moves to one place the second
+  // changes nothing.
   void Drag(SPoint from, SPoint to) {
     myClock.Advance(1000);  // no double click
     Mouse(Event::kMouseButtonDown, from.x, from.y);
+    Mouse(Event::kMouseMove, to.x, to.y);
     Mouse(Event::kMouseMove, to.x, to.y);
     Mouse(Event::kMouseButtonUp, to.x, to.y);
   }
@@ -168,6 +170,7 @@ TEST_F(WidgetKinds, TextInputEditsAtItsCursor) {
       {275, 0, "ac", 2}, {276, 0, "ac", 1}, {98, 'b', "abc", 2}, {127, 0, "ab", 2}, {127, 0, "ab", 2},
       {278, 0, "ab", 0}, {8, 0, "ab", 0}, {0, '\x01', "\x01" "ab", 1}, {279, 0, "\x01" "ab", 3},
       {8, 0, "\x01" "a", 2}, {13, 13, "\x01" "a", 2}, {9, 9, "\x01" "a", 2}, {304, 0, "\x01" "a", 2},
+      {271, 13, "\x01" "a\r", 3},
   };
   // clang-format on
   CTextInputWidget* input = NewInput({100, 40, 50, 20});
@@ -180,7 +183,9 @@ TEST_F(WidgetKinds, TextInputEditsAtItsCursor) {
     EXPECT_EQ(input->GetText() + std::to_string(input->GetCursor()), text + std::to_string(cursor));
   }
   EXPECT_EQ(ear.heard, "click ") << "the return key";
-  EXPECT_EQ(dynamic_cast<CTextSprite&>(*input->GetSprite()).GetText(), input->GetText());
+  EXPECT_EQ(dynamic_cast<CTextSprite&>(*input->GetSprite()).GetText(),
+            "\x01"
+            "a\x01");
 
   input->SetText("wide text");  // characters of six pixels
   // The point and the cursor after it, which a point on the left does not move.
@@ -238,6 +243,7 @@ TEST_F(WidgetKinds, WindowBorders) {
       {{299, 249}, {50, 50}, "8 ", {100, 100, 100, 50}},       // not below the minimum
       {{100, 100}, {290, 240}, "8 ", {200, 200, 100, 50}},     // the other edges stay
       {{299, 170}, {899, 170}, "6 ", {0, 100, 800, 150}},      // fitted into the desktop
+      {{285, 249}, {799, 249}, "8 ", {86, 100, 714, 150}},     // and no further with each event
       {{150, 150}, {160, 160}, "", {100, 100, 200, 150}},      // no border
   };
   // clang-format on
