@@ -12,6 +12,7 @@
 #include "console/consoleparams.h"
 #include "console/scriptguard.h"
 #include "console/split.h"
+#include "utils/inputfile.h"
 #include "utils/trim.h"
 
 namespace vask {
@@ -31,6 +32,21 @@ void AddParam(CConsoleParams& params, std::string_view piece) {
   } else {
     params.AddString(std::string(Unquote(trimmed)));
   }
+}
+
+// The keys of a console's map as a person writes them.
+template <typename Map>
+std::vector<std::string> Names(const Map& entries, bool caseSensitive) {
+  std::vector<std::string> names;
+  for (const auto& [key, entry] : entries) {
+    std::string& name = names.emplace_back(key);
+    if (!caseSensitive) {
+      std::ranges::transform(name, name.begin(),
+                             [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    }
+  }
+  std::ranges::sort(names);  // the keys are sorted by their capitals
+  return names;
 }
 
 }  // namespace
@@ -69,7 +85,7 @@ std::unique_ptr<CConsoleParams> CConsole::ParseParams(std::string_view line) {
 }
 
 std::string CConsole::ExecuteFile(const std::string& fileName) {
-  std::ifstream file(fileName, std::ios::binary);
+  std::ifstream file = OpenInputFile(fileName);
   if (!file) {
     return {};
   }
@@ -189,6 +205,14 @@ std::string CConsole::ExecuteNamespaceCall(const std::string& call) {
 
 std::string CConsole::ExecuteInNamespace(const std::string&, const std::string& command) {
   return Execute(command, false);
+}
+
+std::vector<std::string> CConsole::GetCommandNames() const {
+  return Names(myCommands, myCaseSensitive);
+}
+
+std::vector<std::string> CConsole::GetVariableNames() const {
+  return Names(myVariables, myCaseSensitive);
 }
 
 void CConsole::AddVariable(const std::string& name, std::unique_ptr<CVarRefBase> variable) {

@@ -56,6 +56,10 @@ class CConsole {
   // The base executes the command here, whatever the namespace.
   virtual std::string ExecuteInNamespace(const std::string& space, const std::string& command);
 
+  // The names that are known here, sorted; in lower case unless case counts.
+  std::vector<std::string> GetCommandNames() const;
+  std::vector<std::string> GetVariableNames() const;
+
   // Variables. The console owns the reference; an earlier one of the same name dies.
   void AddVariable(const std::string& name, std::unique_ptr<CVarRefBase> variable);
   void RemoveVariable(const std::string& name);

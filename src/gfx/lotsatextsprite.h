@@ -18,8 +18,8 @@ class ILotsATextDrawer {
 };
 
 // A view of a text that is too long to be drawn whole. It shows the end of the text, and follows it
-// as the text grows, until it is scrolled up: then it stays where it is. A text that is shorter than
-// the view sits at its bottom.
+// as the text grows, until it is scrolled up: then it stays where it is. A text that is shorter
+// than the view sits at its bottom.
 //
 //   auto* view = new CLotsATextSprite(400, 180);
 //   view->SetDrawer(&drawer);  // asked every 100 ms

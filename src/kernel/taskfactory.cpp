@@ -78,6 +78,16 @@ CTask* CTaskFactory::GetTask(const std::string& name) const {
   return found == myTasks.end() ? nullptr : found->second.get();
 }
 
+std::vector<std::string> CTaskFactory::GetTaskNames() const {
+  std::vector<std::string> names;
+  for (const auto& [name, task] : myTasks) {
+    if (!task->IsDead()) {
+      names.push_back(name);
+    }
+  }
+  return names;
+}
+
 CKernel& CTaskFactory::Kernel() {
   myKernel = CKernel::GetSingletonPtr();
   return *myKernel;

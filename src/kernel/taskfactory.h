@@ -39,6 +39,8 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
   bool SendCommand(const std::string& name, const std::string& line);
   // Null for an unknown name.
   CTask* GetTask(const std::string& name) const;
+  // Of the tasks that can be reached by name and have not been stopped; sorted.
+  std::vector<std::string> GetTaskNames() const;
 
  private:
   // The live ones: the application takes both down when it ends, and the factory, which outlives

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ui/buttonwidget.h"
+#include "ui/consolewidget.h"
 #include "ui/desktopwidget.h"
 #include "ui/textinputwidget.h"
 #include "ui/windowwidget.h"
@@ -14,6 +15,7 @@ namespace {
     RegisterWidget<CWidget>("CWidget") && RegisterWidget<CButtonWidget>("CButtonWidget") &&
     RegisterWidget<CTextInputWidget>("CTextInputWidget") &&
     RegisterWidget<CWindowWidget>("CWindowWidget") &&
+    RegisterWidget<CConsoleWidget>("CConsoleWidget") &&
     CWidgetFactory::GetSingletonPtr()->Register("CDesktopWidget",
                                                 std::make_unique<CDesktopFactoryMaker>());
 

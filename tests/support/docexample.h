@@ -5,9 +5,9 @@
 
 namespace vask::test {
 
-// The example in a section of docs/files.md: its indented lines.
-inline std::string DocExample(const std::string& section) {
-  std::ifstream page(BRUMBLE_RUNTIME_FOLDER "/../docs/files.md");
+// The example in a section of a page of docs/: its indented lines.
+inline std::string DocExample(const std::string& section, const std::string& name = "files.md") {
+  std::ifstream page(BRUMBLE_RUNTIME_FOLDER "/../docs/" + name);
   std::string example, line;
   while (std::getline(page, line) && line != "## " + section) {
   }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "utils/signalslot/signaltarget.h"
+
+namespace vask::ui {
+class CConsoleWidget;
+class CWindowWidget;
+}  // namespace vask::ui
+
+namespace vask {
+
+class CConsoleInput;
+
+// The console over the running game: a window that shows the log, and a line below it whose text
+// the application console executes. Up and down browse what was executed, Tab completes names.
+//
+// The widgets stand on the desktop and may die with it at any time. Whatever is executed may close,
+// or delete, the console window.
+class CConsoleWindow : public css::CSignalTarget {
+ public:
+  CConsoleWindow();
+  ~CConsoleWindow();
+
+  // The slots of the input line's keys.
+  void Execute();
+  void HistoryBack();
+  void HistoryForward();
+  void Complete();
+
+  // Whether the user has closed it, or its widgets have died.
+  bool IsClosed() const;
+  bool IsExecuting() const { return *myExecutions > 0; }
+  // Says that the window is to be closed, or takes that back.
+  void TurnClosedFlag();
+
+ private:
+  bool AreWidgetsAlive() const;
+  void Build();
+  void ShowEntry();
+
+  ui::CWindowWidget* myWindow = nullptr;  // owned by the desktop, as all widgets in it
+  CConsoleInput* myInput = nullptr;
+  std::vector<std::string> myHistory;  // oldest first
+  std::int32_t myPosition = 0;         // of the shown entry, counted from the newest
+  std::shared_ptr<int> myExecutions;   // that are going on; they outlive the window
+};
+
+}  // namespace vask

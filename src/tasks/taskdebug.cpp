@@ -1,0 +1,147 @@
+#include "tasks/taskdebug.h"
+
+#include <algorithm>
+
+#include "gfx/font.h"
+#include "gfx/screenlayer.h"
+#include "gfx/textsprite.h"
+#include "input/playbackmouse.h"
+#include "input/recordmouse.h"
+#include "kernel/applicationfactory.h"
+#include "kernel/taskfactory.h"
+#include "tasks/debugcommands.h"
+
+namespace vask {
+namespace {
+
+const CTaskTypeRegistrar<CTaskDebug> registrar("debug");
+
+constexpr unsigned kSecond = 1000;  // milliseconds
+
+constexpr int kTextWidth = 75;
+constexpr int kTextHeight = 20;
+constexpr int kTextDepth = -6;
+constexpr int kTextMargin = 10;  // from the lower left corner of the screen
+constexpr int kBackdropWidth = 125;
+constexpr int kBackdropHeight = 25;
+constexpr int kBackdropAlpha = 128;
+
+// The text is white, and stands on whatever the game shows.
+Gfx::ImagePtr NewBackdrop() {
+  const CColor dark(16, 16, 24);
+  const Gfx::ImagePtr picture(Gfx::NewBuffer(kBackdropWidth, kBackdropHeight));
+  for (int y = 0; y < kBackdropHeight; ++y) {
+    for (int x = 0; x < kBackdropWidth; ++x) {
+      picture->PutPixel(x, y, dark);
+    }
+  }
+  return Gfx::ImagePtr(picture->CloneWithAlpha(kBackdropAlpha));
+}
+
+CSpritePtr NewFrameRateText() {
+  auto text = std::make_unique<CTextSprite>(LoadFont("system"), kTextWidth, kTextHeight);
+  text->SetBackdrop(NewBackdrop());
+  text->SetZ(kTextDepth);
+  text->SetPosition(kTextMargin,
+                    std::max(Gfx::ScreenRect().h - kTextHeight - kTextMargin, kTextMargin));
+  text->SetParent(CScreenLayer::GetSingletonPtr());
+  return CSpritePtr(text.release());
+}
+
+}  // namespace
+
+CTaskDebug::~CTaskDebug() { ForgetCommands(); }
+
+bool CTaskDebug::Start() {
+  myCommands.reset(CApplicationFactory::GetSingletonPtr()->NewConsole());
+  for (const auto& [name, command] : GetDebugCommands()) {
+    myCommands->AddCommand(name, command);
+  }
+  myFrameRateText = NewFrameRateText();
+  myFrameRateElement = std::make_unique<zogui::CGuiElement>(myFrameRateText.Get());
+  return true;
+}
+
+// The playback comes last: what hears of its events may stop the task.
+void CTaskDebug::Update() {
+  if (myConsoleWindow != nullptr && myConsoleWindow->IsClosed()) {
+    myConsoleWindow.reset();
+  }
+  CountFrame();
+  if (myInputDevice != nullptr) {
+    myInputDevice->Update();
+  }
+}
+
+void CTaskDebug::CountFrame() {
+  ++myFrames;
+  const unsigned now = myTimer.GetTime();
+  if (now - myLastFrameRateTime < kSecond) {
+    return;
+  }
+  const auto frames = static_cast<float>(myFrames);
+  if (myFrameRate.average < 1.0F) {
+    myFrameRate.average = frames;
+  }
+  myFrameRate.average = (myFrameRate.average + frames) * 0.5F;
+  myFrameRate.lowest = std::min(myFrameRate.lowest, myFrames);
+  myFrameRate.highest = std::max(myFrameRate.highest, myFrames);
+  if (myFrameRateText) {
+    myFrameRateText->SetText("Fps: " + std::to_string(myFrames));
+  }
+  myFrames = 0;
+  myLastFrameRateTime = now;
+}
+
+void CTaskDebug::Exit() {
+  ForgetCommands();
+  myConsoleWindow.reset();
+  myFrameRateElement.reset();
+  myFrameRateText.Reset();
+  myCommands.reset();
+  myInputDevice.reset();
+}
+
+// The commands are those of all debug tasks.
+void CTaskDebug::ForgetCommands() {
+  for (const auto& [name, command] : GetDebugCommands()) {
+    command->ForgetTask(this);
+  }
+}
+
+bool CTaskDebug::ExecuteCommand(const std::string& line) {
+  if (myCommands == nullptr) {
+    return false;
+  }
+  for (const auto& [name, command] : GetDebugCommands()) {
+    command->SetTask(this);
+  }
+  myCommands->Execute(line, false);
+  return true;
+}
+
+void CTaskDebug::ToggleConsole() {
+  if (myConsoleWindow != nullptr && myConsoleWindow->IsExecuting()) {
+    myConsoleWindow->TurnClosedFlag();
+    return;
+  }
+  const bool isOpen = myConsoleWindow != nullptr && !myConsoleWindow->IsClosed();
+  myConsoleWindow.reset();
+  if (!isOpen) {
+    myConsoleWindow = std::make_unique<CConsoleWindow>();
+  }
+}
+
+void CTaskDebug::RecordInput(const std::string& fileName) {
+  myInputDevice.reset();
+  myInputDevice = std::make_unique<CRecordMouse>(fileName);
+}
+
+void CTaskDebug::PlaybackInput(const std::string& fileName) {
+  myInputDevice.reset();
+  myInputDevice = std::make_unique<CPlaybackMouse>(fileName);
+}
+
+CTaskDebug::SFrameRate CTaskDebug::GetFrameRate() const { return myFrameRate; }
+
+}  // namespace vask

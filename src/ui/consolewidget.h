@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "gfx/font.h"
+#include "ui/widget.h"
+
+namespace vask {
+class CLotsATextSprite;
+}
+
+namespace vask::ui {
+
+// Shows the log while it is written, over the whole of its parent but a line at the bottom. The
+// wheel scrolls it.
+class CConsoleWidget : public CWidget {
+ public:
+  CConsoleWidget();
+  CConsoleWidget(CWidget* parent, const std::string& name);
+  ~CConsoleWidget() override;
+
+  void OnMouseEvent(CMouseEvent& event) override;
+
+  // Down for positive numbers. A page is what the widget shows but for one line.
+  void ScrollLines(std::int32_t lines);
+  void ScrollPages(std::int32_t pages);
+
+ private:
+  void ScrollBy(std::int32_t pixels);
+
+  std::unique_ptr<CFont> myFont;
+};
+
+}  // namespace vask::ui

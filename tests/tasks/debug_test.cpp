@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <regex>
+
+#include "events/eventbridge.h"
+#include "gfx/textsprite.h"
+#include "kernel/applicationfactory.h"
+#include "kernel/taskfactory.h"
+#include "support/fakeclock.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
+#include "tasks/debugcommands.h"
+#include "tasks/taskdebug.h"
+#include "ui/desktopwidget.h"
+#include "ui/receivers.h"
+#include "ui/textinputwidget.h"
+#include "utils/assert.h"
+
+namespace vask::test {
+
+// A run with the UI task and two debug tasks. As the name of a stopped task is taken for good, all
+// names hold the number of the run, for which "%" stands.
+struct CRun {
+  CRun() {
+    Execute("starttask(ui, ui%, 7);starttask(debug, debug%, 6);starttask(debug, other%, 6)");
+  }
+  ~CRun() {
+    Execute("stoptask(ui%);stoptask(debug%);stoptask(other%);stoptask(new%)"), ++ourNumber;
+  }
+
+  static std::string Numbered(const std::string& line) {
+    return std::regex_replace(line, std::regex("%"), std::to_string(ourNumber));
+  }
+  static void Execute(const std::string& line) {
+    CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(Numbered(line), false);
+  }
+  static CTaskDebug& Task() {
+    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered("debug%")));
+  }
+  static const auto& Windows() { return ui::CDesktopWidget::GetSingletonPtr()->GetChildren(); }
+  // Types into the line of the frontmost console and answers what it shows then; "^", "_" and "<"
+  // are the keys up, down and left.
+  static std::string Type(const std::string& keys) {
+    SetFocus(Windows().front()->GetChildren().front()->GetChildren().front());
+    for (const char key : Numbered(keys)) {
+      const int code = key == '^' ? 273 : key == '_' ? 274 : key == '<' ? 276 : key;
+      ui::CKeyboardEvent event(ui::IEvent::kKeyDown, code, static_cast<std::uint8_t>(key));
+      ui::CDesktopWidget::GetSingletonPtr()->HandleEvent(event);
+    }
+    const auto* line = dynamic_cast<ui::CTextInputWidget*>(ui::GetFocus());
+    return line != nullptr ? line->GetText() : "";
+  }
+
+  static inline int ourNumber = 0;
+  CFakeClock clock;
+  CTestScreen screen{80, 60};
+};
+
+TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
+  CRun run;
+  CLogCapture log;
+  run.Execute("debut = 1");
+  // Each in a console of its own: keys, and the text after them.
+  // clang-format off
+  const std::pair<const char*, const char*> cases[] = {
+      {"a\rb\r^", "a"}, {"a\rb\r^^", "a"}, {"a\rb\r^^_", "b"}, {"a\rb\r^^__", "b"}, {"b\r^", "b"}, {"a\r_", ""},
+      {"a\rb\rc^", "b"}, {"a\rb\rc^_", "c"}, {"a\rb\rc^_^", "c"}, {"a\r\r^", "a"}, {"^", ""}, {"QUI\t", "quit"}, {"a\rb\rc\r^^\r^", "c"},
+      {"debug%::ToggleConsole;debug%::ToggleConsole\rb\r^", "debug%::ToggleConsole;debug%::ToggleConsole"},
+      {"x = DEBU\t", "x = debut"}, {"help(qui)<\t", "help(quit)"}, {"a;oth\t", "a;other%::"}, {"f(oth\t", "f(other%"},
+      {"f(1);oth\t", "f(1);other%::"}, {"OTH\t", "OTH"}, {"other%::qui\t", "other%::qui"}, {"de\t", "debu"}};
+  // clang-format on
+  for (const auto& [keys, text] : cases) {
+    run.Execute("debug%::ToggleConsole");
+    EXPECT_EQ(run.Type(keys), run.Numbered(text));
+    run.Execute("debug%::ToggleConsole");
+    EXPECT_TRUE(run.Windows().empty());
+  }
+  EXPECT_NE(log.Text().find("a\na\nb\nb\na\n"), std::string::npos) << "lines and results";
+  EXPECT_TRUE(log.Has(run.Numbered("debug%::  debut"))) << "choices";
+}
+
+TEST(Debug, ExecutedLinesMayEndWhatExecutesThem) {
+  // What is typed; how many windows there are after the next frame (9: there is none); whose
+  // console is opened again.
+  // clang-format off
+  const std::tuple<std::string, std::size_t, std::string> cases[] = {
+      {"debug%::ToggleConsole", 0, "debug%"}, {"debug%::ToggleConsole;debug%::ToggleConsole", 1, ""},
+      {"other%::ToggleConsole", 2, ""}, {"stoptask(debug%)", 0, "other%"}, {"stoptask(ui%)", 0, "debug%"},
+      {"stoptask(ui%)", 9, "debug%"}, {"stoptask(ui%);debug%::ToggleConsole", 0, "debug%"},
+      {"stoptask(debug%);debug%::ToggleConsole;stoptask(ui%)", 0, "other%"}, {"stoptask(ui%);stoptask(debug%)", 0, "other%"},
+      {"stoptask(ui%);starttask(ui, new%, 70)", 0, "debug%"},
+      {"stoptask(debug%);starttask(debug, new%, 60);new%::ToggleConsole", 1, ""}};
+  // clang-format on
+  for (const auto& [typed, windows, again] : cases) {
+    CRun run;
+    run.Execute("debug%::ToggleConsole"), run.Type(typed + "\r");
+    windows < 9 ? run.Task().Update() : void();
+    EXPECT_EQ(run.Windows().size(), windows % 9) << typed;
+    run.Execute(again + "::ToggleConsole");
+    EXPECT_EQ(run.Type("x"), "x") << typed;
+  }
+}
+
+TEST(Debug, CountsFrames) {
+  CRun run;
+  const std::vector<CSprite*>& sprites = CScreenLayer::GetSingletonPtr()->GetChildren();
+  CScreenLayer::GetSingletonPtr()->DrawFrame();
+  EXPECT_TRUE(sprites[1]->GetZ() == -6 && run.screen.At(70, 40) != 0) << "has a backdrop";
+  // Frames and their length in milliseconds; text and figures after them.
+  // clang-format off
+  const std::tuple<int, unsigned, std::string, float, unsigned, unsigned> cases[] = {
+      {60, 16, "", 0, UINT_MAX, 0}, {1, 40, "Fps: 61", 61, 61, 61}, {1, 999, "Fps: 61", 61, 61, 61},
+      {1, 1, "Fps: 2", 31.5F, 2, 61}, {100, 10, "Fps: 100", 65.75F, 2, 100}};
+  // clang-format on
+  for (const auto& [frames, length, shown, average, lowest, highest] : cases) {
+    for (int i = 0; i < frames; ++i) {
+      run.clock.Advance(length), run.Task().Update();
+    }
+    const auto [mean, least, most] = run.Task().GetFrameRate();
+    EXPECT_EQ(dynamic_cast<CTextSprite&>(*sprites[1]).GetText(), shown);
+    EXPECT_TRUE(mean == average && least == lowest && most == highest) << shown;
+  }
+  run.Execute("stoptask(debug%)");
+  EXPECT_EQ(sprites.size(), 1U) << "that of the other task";
+}
+
+TEST(Debug, CommandsReachTheirOwnTaskOrComplain) {
+  CRun run;
+  // A line, what it complains of, whether assertions are banned after it.
+  // clang-format off
+  const std::string ban = "BanAsserts - command, need atleast on parameter. 1 = ban assert dialog box, 0 = allow assert dialog box.\n";
+  const std::string file = "Input -command, requires atleast one parameter, the file recording is saved to.\n";
+  const std::tuple<const char*, std::string, bool> cases[] = {
+      {"BanAsserts(1)", "", true}, {"BanAsserts", ban, true}, {"BanAsserts(off)", ban, true}, {"BanAsserts(0.9)", "", false},
+      {"banasserts(-2)", "", true}, {"BanAsserts(0)", "", false}, {"RecordInput", "Record" + file, false},
+      {"RecordInput(5)", "Record" + file, false}, {"PlaybackInput(5)", "Playback" + file, false}};
+  // clang-format on
+  for (const auto& [line, complaint, isBanned] : cases) {
+    CLogCapture log;
+    EXPECT_TRUE(run.Task().ExecuteCommand(line) && AreAssertsBanned() == isBanned) << line;
+    EXPECT_EQ(log.Text(), complaint) << line;
+    EXPECT_TRUE(complaint.empty() || log.Lines()[0].level == kLogError);
+  }
+  std::ofstream("game.rec") << "1\n0 mm 3 4\n7 md 1\n";
+  run.Execute("debug%::PlaybackInput(game.rec);other%::RecordInput(copy.rec)");
+  run.Task().Update();
+  const auto playbackClock = GetGlobalTimerImpl();
+  run.Execute("debug%::RecordInput(new.rec)");
+  EXPECT_FALSE(GetGlobalTimerImpl() == playbackClock) << "the playback has ended";
+  CEventBridge::GetSingletonPtr()->MouseMove(5, 6, 0, 0);
+  run.Execute("other%::ToggleConsole;stoptask(debug%)");
+  CEventBridge::GetSingletonPtr()->MouseButtonUp(1);
+  std::stringstream records;
+  records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
+  const std::regex seedOrTime("(^|\n)[0-9]+");
+  EXPECT_EQ(std::regex_replace(records.str(), seedOrTime, ""), " mm 5 6 mm 3 4 mm 5 6 mu 1\n");
+  GetDebugCommands()[0].command->Execute();
+  EXPECT_TRUE(run.Windows().empty()) << "the commands are still the other task's";
+  run.Execute("stoptask(other%)");
+  GetDebugCommands()[0].command->Execute();
+  EXPECT_TRUE(run.Windows().empty() && !run.Task().ExecuteCommand("ToggleConsole"));
+}
+
+}  // namespace vask::test
