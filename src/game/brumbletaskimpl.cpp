@@ -113,6 +113,9 @@ void CBrumbleTaskImpl::StartNewGame() {
   myPhysics.ResetWorld();
   ResetClocks();
   myScreen.reset();
+  if (myIsPaused) {
+    Pause();  // the task has been paused on the screen before: the game waits for it
+  }
 }
 
 void CBrumbleTaskImpl::ShowGameOver() {
@@ -124,11 +127,13 @@ void CBrumbleTaskImpl::ShowGameOver() {
 }
 
 void CBrumbleTaskImpl::Pause() {
+  myIsPaused = true;
   PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 void CBrumbleTaskImpl::Resume() {
+  myIsPaused = false;
   if (myScreen == nullptr) {
     ResumeClocks();
   }
@@ -153,11 +158,13 @@ void CBrumbleTaskImpl::DropExtraKitten() { myPhysics.SpawnKitten(); }
 void CBrumbleTaskImpl::PauseClocks() {
   myPhysicsClock.Pause();
   myLogicClock.Pause();
+  myGameLogic.PauseClock();
 }
 
 void CBrumbleTaskImpl::ResumeClocks() {
   myPhysicsClock.Resume();
   myLogicClock.Resume();
+  myGameLogic.ResumeClock();
 }
 
 void CBrumbleTaskImpl::ResetClocks() {

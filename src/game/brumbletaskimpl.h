@@ -70,6 +70,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CPictureCache myPictures;
+  bool myIsPaused = false;  // the task
 };
 
 }  // namespace brumble

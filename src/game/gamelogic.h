@@ -42,6 +42,9 @@ class CGameLogic : public IGameLogicReceiver {
 
   void NewGame();
   void Tick();
+  // A pause must neither end a run of spins nor bring the next kitten nearer.
+  void PauseClock() { myClock.Pause(); }
+  void ResumeClock() { myClock.Resume(); }
   bool IsGameOver() const;
   // Multiplies `points` in place when a kitten (any index but 0) earns them beside others in play.
   void AddScore(int kittenIndex, int& points);

@@ -3,6 +3,7 @@
 #include "console/commandfactory.h"
 #include "kernel/basiccommands.h"
 #include "kernel/consolebridge.h"
+#include "kernel/extracommands.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -20,7 +21,9 @@ CConsole* CApplicationFactory::GetConsole() {
   if (myConsole == nullptr) {
     myConsole.reset(NewConsole());
     RegisterBasicCommands();
+    RegisterExtraCommands();
     CCommandFactory::GetSingletonPtr()->LoadLib("basic", myConsole.get());
+    CCommandFactory::GetSingletonPtr()->LoadLib("extra", myConsole.get());
   }
   return myConsole.get();
 }

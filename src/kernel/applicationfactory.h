@@ -31,8 +31,11 @@ class CApplicationFactory : public CStaticSingleton<CApplicationFactory> {
   CApplicationFactory(const CApplicationFactory&) = delete;
   CApplicationFactory& operator=(const CApplicationFactory&) = delete;
 
-  // The application console, made with the "basic" commands by the first call.
+  // The application console, made with the "basic" and "extra" commands by the first
+  // call.
   CConsole* GetConsole();
+  // The application console, or null when nobody has asked for it yet.
+  CConsole* PeekConsole() const { return myConsole.get(); }
   // A fresh console for a task's own commands, owned by the caller.
   CConsole* NewConsole();
   CLog* GetLog();

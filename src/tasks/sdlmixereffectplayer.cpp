@@ -2,6 +2,7 @@
 
 #include <SDL_mixer.h>
 
+#include "tasks/audiovolume.h"
 #include "tasks/sdlmixereffectdata.h"
 #include "utils/log/log.h"
 
@@ -14,6 +15,8 @@ constexpr int kFirstFreeChannel = -1;
 constexpr int kNoTimeLimit = -1;
 
 }  // namespace
+
+CSDLMixerEffectPlayer::CSDLMixerEffectPlayer() { ApplyVolume(); }
 
 CSDLMixerEffectPlayer::~CSDLMixerEffectPlayer() {
   Mix_HaltChannel(kAllChannels);
@@ -45,9 +48,18 @@ void CSDLMixerEffectPlayer::Pause() { Mix_Pause(kAllChannels); }
 void CSDLMixerEffectPlayer::Resume() { Mix_Resume(kAllChannels); }
 
 void CSDLMixerEffectPlayer::Update() {
+  ApplyVolume();
   if (myHasPlayed && Mix_Playing(kAllChannels) == 0) {
     Sweep();
     myHasPlayed = false;
+  }
+}
+
+void CSDLMixerEffectPlayer::ApplyVolume() {
+  mySettings[0] = AudioVolumes().effects;
+  const int volume = ToMixerVolume(mySettings[0]);
+  if (Mix_Volume(0, -1) != volume) {
+    Mix_Volume(kAllChannels, volume);
   }
 }
 

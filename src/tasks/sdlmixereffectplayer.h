@@ -9,7 +9,7 @@ namespace vask {
 // stays in memory until everything has fallen silent, a preloaded one to the end.
 class CSDLMixerEffectPlayer {
  public:
-  CSDLMixerEffectPlayer() = default;
+  CSDLMixerEffectPlayer();
   // Silences and frees all effects.
   ~CSDLMixerEffectPlayer();
   CSDLMixerEffectPlayer(const CSDLMixerEffectPlayer&) = delete;
@@ -20,14 +20,15 @@ class CSDLMixerEffectPlayer {
   // All effects together.
   void Pause();
   void Resume();
-  // Frees what is not needed any more.
+  // Follows the volume, and frees what is not needed any more.
   void Update();
 
  private:
+  void ApplyVolume();
   static void Sweep();
 
-  bool myHasPlayed = false;  // since the last sweep
-  [[maybe_unused]] std::array<float, 2> mySettings{1.0F, 1.0F};
+  bool myHasPlayed = false;                     // since the last sweep
+  std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
 };
 
 }  // namespace vask

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tasks/audiovolume.h"
 #include "tasks/sdlmixermusicdata.h"
 #include "utils/log/log.h"
 #include "utils/timer/globaltimerimpl.h"
@@ -21,7 +22,9 @@ constexpr unsigned kRetryDelay = 1000;
 }  // namespace
 
 CSDLMixerMusicPlayer::CSDLMixerMusicPlayer(int chunkMilliseconds)
-    : myShortestFade(std::max(kShortestFade, chunkMilliseconds)) {}
+    : myShortestFade(std::max(kShortestFade, chunkMilliseconds)) {
+  ApplyVolume();
+}
 
 CSDLMixerMusicPlayer::~CSDLMixerMusicPlayer() {
   Mix_HaltMusic();
@@ -95,11 +98,21 @@ void CSDLMixerMusicPlayer::Resume() {
 }
 
 void CSDLMixerMusicPlayer::Update() {
+  ApplyVolume();
   if (myState != kPlaying || Mix_PlayingMusic() != 0 || !CSDLMixerMusicData::Lives(myMusic)) {
     return;
   }
   if (!myHasFailed || HasReached(GetGlobalTime(), myFailedTime + kRetryDelay)) {
     Play(std::string(myMusic->GetFileName()));
+  }
+}
+
+// Only what is new is set: setting it holds up the mixer.
+void CSDLMixerMusicPlayer::ApplyVolume() {
+  mySettings[0] = AudioVolumes().music;
+  const int volume = ToMixerVolume(mySettings[0]);
+  if (Mix_VolumeMusic(-1) != volume) {
+    Mix_VolumeMusic(volume);
   }
 }
 

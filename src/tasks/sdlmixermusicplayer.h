@@ -26,7 +26,7 @@ class CSDLMixerMusicPlayer {
   void StopFadeOut(int milliseconds);
   void Pause();
   void Resume();
-  // Starts a track that has ended again.
+  // Follows the volume, and starts a track that has ended again.
   void Update();
 
  private:
@@ -35,12 +35,13 @@ class CSDLMixerMusicPlayer {
   void SetFade(int milliseconds);
   int FadeTime() const;
   bool StartMusic(const CSDLMixerMusicData& music);
+  void ApplyVolume();
 
   CSDLMixerMusicData* myMusic = nullptr;  // current
   int myState = kPaused;
   int myFadeTime = 3000;
   bool myFades = true;
-  [[maybe_unused]] std::array<float, 2> mySettings{1.0F, 1.0F};
+  std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
   int myShortestFade;
   bool myHasFailed = false;   // the last attempt to play
   unsigned myFailedTime = 0;  // when, on the global clock

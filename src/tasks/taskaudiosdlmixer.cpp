@@ -13,6 +13,7 @@
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "tasks/audioconsole.h"
+#include "tasks/audiovolume.h"
 #include "tasks/sdlmixereffectplayer.h"
 #include "tasks/sdlmixermusicplayer.h"
 #include "utils/log/log.h"
@@ -23,6 +24,7 @@ namespace {
 
 void RegisterSdlMixerTasks() {
   CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<CTaskAudioSDLMixer>("audio");
+  RegisterAudioVolumes();
 }
 
 const CTaskLibraryRegistrar registrar("sdl_mixer", &RegisterSdlMixerTasks);

@@ -18,7 +18,8 @@ class CSDLMixerMusicPlayer;
 //   starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
 //   Audio::PlayEffect( "data/sfx/hit.wav" )
 //
-// Without an audio device the game plays on in silence.
+// The variables "audio_music_volume" and "audio_effect_volume" say how loud. Without an audio
+// device the game plays on in silence.
 class CTaskAudioSDLMixer : public CTask {
  public:
   class CAudioConsoleImpl;

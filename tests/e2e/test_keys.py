@@ -3,7 +3,8 @@ import time
 import unittest
 
 from display import Display, Other, wait_for
-from game import Game, load_picture, matches
+from game import Game, find_kitten, load_picture, matches
+from test_sound import RATE, Recorder
 
 
 class Keys(unittest.TestCase):
@@ -22,6 +23,28 @@ class Keys(unittest.TestCase):
             self.type(screen, ["Escape"])
             self.assertEqual(game.wait_for_end(), 0, game.standard_error())
 
+    def test_music_and_pause(self):
+        with Display() as screen, Game(screen, environment=Recorder.ENVIRONMENT) as game:
+            recorder = Recorder(game)
+            game.wait_for_window()
+            game.point_at(400, 300)
+            game.wait_for_picture("title_screen")
+            for is_heard in (True, False, True):
+                wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, 5, f"music: {is_heard}")
+                self.type(screen, ["m"])
+            game.start_playing()
+            game.point_at(5, 5)
+            game.wait_for_kitten()
+            self.type(screen, ["p"])
+            place = find_kitten(game.picture())
+            time.sleep(1.0)
+            self.assertEqual(find_kitten(game.picture()), place)
+            self.assertTrue(screen.cursor_is_visible())
+            self.assertFalse(recorder.heard()[-RATE:].any(), "the last M")
+            self.type(screen, ["p"])
+            self.assertNotEqual(find_kitten(game.picture()), place)
+            self.assertFalse(screen.cursor_is_visible())
+
     def type(self, screen, keys):
         """Holds the keys together for longer than the server takes to repeat one."""
         for key in keys:
@@ -29,6 +52,7 @@ class Keys(unittest.TestCase):
         time.sleep(1.0)
         for key in reversed(keys):
             screen.release_key(key)
+        time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
 
     def wait_for_full_screen(self, screen):
         # In the middle of the display, where the window is not: its frame shifts it.

@@ -59,14 +59,17 @@ class Focus(unittest.TestCase):
             other.take_focus()
             wait_for(screen.cursor_is_visible, 5, "the cursor without focus")
             time.sleep(0.3)
-            first = game.picture()
+            first = self.world(game)
             screen.move_pointer(15, 5)
             time.sleep(1.0)
-            self.assertTrue((first == game.picture()).all(), "the world stands still")
+            self.assertTrue((first == self.world(game)).all(), "the world stands still")
             screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
             game.point_at(20, 20)
             wait_for(lambda: not screen.cursor_is_visible(), 5, "play again")
-            wait_for(lambda: not (first == game.picture()).all(), 5, "a moving world")
+            wait_for(lambda: not (first == self.world(game)).all(), 5, "a moving world")
+
+    def world(self, game):
+        return game.picture()[:560]  # the frame rate below it changes also while play stands still
 
     def test_the_title_starts_nothing_when_the_focus_comes_back(self):
         with Display() as screen, Game(screen) as game, Other(screen) as other:

@@ -94,6 +94,22 @@ TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
   }
 }
 
+// The first kitten is due 600 ms after the start of the game.
+TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
+  task.Start();
+  task.Pause();
+  Click();
+  Click();
+  EXPECT_TRUE(isCursorShown);
+  for (const int kittens : {0, 0, 0, 1}) {
+    Frame(5000);
+    task.Resume();
+    Frame(151);
+    EXPECT_EQ(GameState().kittensInPlay, kittens);
+    task.Pause();
+  }
+}
+
 // A kitten that moves down in the very step after its drop must keep its record, or the game waits
 // for its end for ever. The extra kitten before it counts for nothing.
 TEST_F(TaskTest, ARecordFollowsItsKittenFromTheFirstStepOn) {

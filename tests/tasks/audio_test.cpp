@@ -6,6 +6,8 @@
 #include <fstream>
 #include <string>
 
+#include "kernel/applicationfactory.h"
+#include "kernel/tasklibraries.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -130,6 +132,29 @@ TEST_F(AudioTest, ATrackThatEndsStartsAgainUnlessItWasStoppedAndAPauseHoldsAll) 
   Run("StopMusic");
   myTask.Update();
   EXPECT_EQ(Mix_PlayingMusic(), 0);
+}
+
+TEST_F(AudioTest, VolumesFollowTheirVariablesAtOnceAndStayInRange) {
+  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
+  console.Execute("audio_effect_volume = 0.25", false);  // a script that is early
+  CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");
+  ASSERT_TRUE(myTask.Start());
+  EXPECT_EQ(Mix_Volume(-1, -1), 32);
+  CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");  // changes nothing
+  Run("PlayMusic( one.wav )");
+  const std::string file = BRUMBLE_RUNTIME_FOLDER "/data/keys/music.txt";
+  // clang-format off
+  const std::pair<std::string, int> steps[] = {
+      {"audio_music_volume = 0.5", 64}, {"audio_music_volume = 7", 128}, {"audio_music_volume = -1", 0},
+      {"audio_music_volume = nan", 0}, {"audio_music_volume = loud", 0}, {"audio_music_volume = 0.25", 32},
+      {"audio_effect_volume = 1", 32}, {"load(" + file + ")", 0}, {"load(" + file + ")", 128}};
+  // clang-format on
+  for (const auto& [line, volume] : steps) {
+    console.Execute(line, false);
+    myTask.Update();
+    EXPECT_EQ(Mix_VolumeMusic(-1), volume) << line;
+  }
+  EXPECT_EQ(Mix_Volume(-1, -1), 128);
 }
 
 TEST_F(AudioTest, WhatIsNoSoundIsOnlyReported) {

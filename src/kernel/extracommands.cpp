@@ -1,0 +1,119 @@
+#include "kernel/extracommands.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/commandfactory.h"
+#include "console/consolecommand.h"
+#include "console/consoleparams.h"
+#include "kernel/applicationfactory.h"
+
+namespace vask {
+namespace {
+
+// What "help" tells. The usage that a command answers itself would do for some of them only: asked
+// for its own, "quit" quits.
+struct SUsage {
+  std::string_view command;  // in lower case
+  std::string_view text;
+};
+
+constexpr std::array kUsages = std::to_array<SUsage>({
+    {"help",
+     "help lists commands and variables; help(name) tells how to use a command, or a variable's "
+     "value."},
+    {"load", "load(file) runs every line of a script file."},
+    {"pausetask", "pausetask(task) parks a running task until resumetask."},
+    {"quit", "quit ends the program after this frame."},
+    {"resumetask", "resumetask(task) lets a parked task run again."},
+    {"starttask",
+     "starttask(type, name, priority, ...) starts a task; lower priorities run first in a frame. "
+     "The name may be left out (it is the type then), and the priority (100); what follows goes to "
+     "the task."},
+    {"stoptask", "stoptask(task) ends a task for good."},
+    {"taskload", "taskload(library) makes the task types of a library known: sdl or sdl_mixer."},
+    {"toggle",
+     "toggle(variable, line, line) runs the first line and sets the variable to 1; the next time "
+     "it runs the second and sets it to 0. The lines hold no comma, \"::\", \";\" or \"//\"."},
+});
+
+CConsole& Console() { return *CApplicationFactory::GetSingletonPtr()->GetConsole(); }
+
+std::string Join(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) {
+    text += (text.empty() ? "" : ", ") + name;
+  }
+  return text;
+}
+
+std::string UsageOf(const std::string& command) {
+  const auto isIt = [&](const SUsage& usage) {
+    return Console().GetCommand(std::string(usage.command)) == Console().GetCommand(command);
+  };
+  const auto* found = std::ranges::find_if(kUsages, isIt);
+  return found != kUsages.end() ? std::string(found->text)
+                                : "There is no help for the command " + command + ".";
+}
+
+class CConsoleCmdHelp : public CConsoleCommand {
+ public:
+  std::string Execute(CConsoleParams* params) override {
+    if (params->Size() == 0) {
+      return Execute();
+    }
+    const std::string name = params->GetString(0);
+    if (Console().GetCommand(name) != nullptr) {
+      return UsageOf(name);
+    }
+    if (Console().FindVariable(name) != nullptr) {
+      return name + " is a variable: " + Console().GetVariable(name);
+    }
+    return "There is no command or variable " + name + ".";
+  }
+  std::string Execute() override {
+    return "Commands: " + Join(Console().GetCommandNames()) +
+           "\nVariables: " + Join(Console().GetVariableNames()) + "\nhelp(name) tells more of one.";
+  }
+};
+
+class CConsoleCmdToggle : public CConsoleCommand {
+ public:
+  std::string Execute(CConsoleParams* params) override {
+    const auto isText = [&](int index) {
+      return params->Has(index, CVariable::kString) && !params->GetString(index).empty();
+    };
+    // A fourth parameter is a line that was cut at a comma.
+    if (params->Size() != 3 || !isText(0) || !isText(1) || !isText(2)) {
+      return Execute();
+    }
+    const std::string variable = params->GetString(0);
+    const bool isSecond = CVariableString(Console().GetVariable(variable)).GetNumber() != 0.0;
+    // Before the line runs, so that the line may say otherwise.
+    Console().SetVariable(variable, isSecond ? "0" : "1");
+    return Console().Execute(params->GetString(isSecond ? 2 : 1), false);
+  }
+  std::string Execute() override {
+    return "Error: Toggle( variable, line, line ) requires a variable and two lines without a "
+           "comma.";
+  }
+};
+
+}  // namespace
+
+void RegisterExtraCommands() {
+  static bool isRegistered = false;
+  if (isRegistered) {
+    return;
+  }
+  isRegistered = true;
+  CCommandFactory& factory = CCommandFactory::GetSingleton();
+  factory.AddCommand("extra", "help", std::make_unique<CConsoleCmdHelp>());
+  factory.AddCommand("extra", "toggle", std::make_unique<CConsoleCmdToggle>());
+}
+
+}  // namespace vask

@@ -1,0 +1,110 @@
+// The documents of those who change the game: examples that run, and nothing left out.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "game/gfxfactory.h"
+#include "gfx/font.h"
+#include "gfx/spritefactory.h"
+#include "input/keynames.h"
+#include "kernel/application.h"
+#include "kernel/applicationfactory.h"
+#include "kernel/tasklibraries.h"
+#include "support/docexample.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
+#include "utils/trim.h"
+#include "utils/xml/xml.h"
+
+namespace brumble {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadAll(const fs::path& file) {
+  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
+}
+std::string Written(const std::string& file) {
+  std::ostringstream text;
+  vask::WriteXml(*vask::ReadXmlFile(file), text);
+  return text.str();
+}
+
+// What the engine makes of an example, it writes again: no element is misspelt, or read as nothing.
+TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
+  const vask::test::CTestScreen screen(80, 60);
+  const vask::test::CLogCapture log;
+  fs::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+  for (const char* kind : {"Sprites", "Animated sprites", "Text sprites", "The sprite table"}) {
+    std::ofstream("example.xml") << vask::test::DocExample(kind);
+    if (std::string(kind) == "The sprite table") {
+      CGfxFactory table;
+      table.Load("example.xml", "");
+      vask::SaveXml(table, "written.xml", "GfxFactory");
+    } else {
+      const vask::CSpritePtr sprite(vask::CSpriteFactory::GetSingletonPtr()->Load("example.xml"));
+      vask::SaveXml(*sprite, "written.xml", "Sprite");
+    }
+    EXPECT_EQ(Written("written.xml"), Written("example.xml")) << kind;
+  }
+  std::ofstream("example.ogf") << vask::test::DocExample("Fonts");
+  EXPECT_TRUE(vask::LoadFont("example.ogf")->HasGlyphs());
+  EXPECT_EQ(log.Text(), "");
+  fs::remove("data");
+}
+
+TEST(Documents, LinesOfTheLanguageAnswerAsTheySay) {
+  const vask::CApplication application;
+  const std::string example = vask::test::DocExample("The language", "console.md");
+  EXPECT_NE(example, "");
+  std::istringstream lines(example);
+  for (std::string line; std::getline(lines, line);) {
+    std::string answer =
+        vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    std::ranges::replace(answer, '\n', ' ');
+    EXPECT_EQ(vask::Trim(answer), vask::Trim(line.substr(line.find("//") + 2))) << line;
+  }
+}
+
+TEST(Documents, EveryCommandVariableAndKeyIsInTheConsolePage) {
+  const vask::CApplication application;
+  const vask::test::CTestScreen screen(8, 6);
+  vask::CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");
+  const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
+  std::vector<std::string> names = console.GetCommandNames();
+  std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
+  // The tasks' own commands, and the variables that are only read, stand in the code alone.
+  const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
+  for (const char* room : {"tasks", "tools"}) {
+    for (const auto& entry :
+         fs::directory_iterator(BRUMBLE_RUNTIME_FOLDER "/../src/" + std::string(room))) {
+      const std::string code = ReadAll(entry.path());
+      for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
+        names.push_back(it->format("$1$2$3"));
+      }
+    }
+  }
+  const std::string page = ReadAll(BRUMBLE_RUNTIME_FOLDER "/../docs/console.md");
+  for (const std::string& name : names) {
+    EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
+  }
+  // A key is there by its name, or between two that are.
+  std::set<int> keys;
+  const std::regex shown("`(\\S+)`(?: to `(\\S+)`)?");
+  for (std::sregex_iterator it(page.begin(), page.end(), shown), end; it != end; ++it) {
+    const int first = vask::KeyFromName((*it)[1].str());
+    for (int key = first; key <= std::max(first, vask::KeyFromName((*it)[2].str())); ++key) {
+      keys.insert(key);
+    }
+  }
+  for (int key = 1; key < vask::kKeyCount; ++key) {
+    EXPECT_TRUE(keys.contains(key) || vask::NameFromKey(key).empty()) << vask::NameFromKey(key);
+  }
+}
+
+}  // namespace
+}  // namespace brumble
