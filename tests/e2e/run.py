@@ -30,7 +30,9 @@ def main():
     else:
         suite = loader.discover(str(pathlib.Path(__file__).parent))
     result = unittest.TextTestRunner(verbosity=2, resultclass=Result).run(suite)
-    bad = len(result.failures) + len(result.errors)
+    # A test counts once, however many of its cases fail.
+    bad = len({getattr(test, "test_case", test).id()
+               for test, _ in result.failures + result.errors})
     print(f"{result.testsRun - bad} passed, {bad} failed")
     return 1 if bad or not result.testsRun else 0
 
