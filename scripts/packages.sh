@@ -2,9 +2,9 @@
 # Does nothing, and needs no network, when all of them are there.
 
 build_packages=(g++ cmake ninja-build pkg-config libsdl1.2-dev libsdl-image1.2-dev
-  libsdl-mixer1.2-dev libsdl-gfx1.2-dev)
+  libsdl-mixer1.2-dev libsdl-gfx1.2-dev libx11-dev)
 test_packages=(libgtest-dev clang-format clang-tidy python3 python3-numpy python3-pil python3-xlib
-  xvfb openbox xdotool libsdl2-2.0-0)
+  python3-aiosmtpd xvfb openbox xdotool libsdl2-2.0-0)
 
 fail() {
   printf '%s: %s\n' "$(basename "$0")" "$*" >&2

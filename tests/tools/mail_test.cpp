@@ -1,0 +1,163 @@
+#include "tools/mail.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <functional>
+
+#include "kernel/applicationfactory.h"
+#include "support/logcapture.h"
+#include "tools/assertmail.h"
+#include "tools/base64.h"
+
+namespace vask {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Runs the mail server's script, which describes the arguments, and the client; answers what the
+// server got.
+std::string Serve(const std::vector<std::string>& answers, const std::function<void(int)>& client) {
+  std::string text = BRUMBLE_RUNTIME_FOLDER "/../tests/support/mailserver.py";
+  for (const std::string& answer : answers) {
+    text += " '" + answer + "'";
+  }
+  std::FILE* server = popen(text.c_str(), "r");
+  int port = 0;
+  EXPECT_EQ(std::fscanf(server, "%d%*c", &port), 1);
+  client(port);
+  text.resize(10'000'000);
+  text.resize(std::fread(text.data(), 1, text.size(), server));
+  pclose(server);
+  return text;
+}
+
+TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
+  const int count = 3;
+  std::string name = "h\x7F\xA9";
+  CAssertion assertion("count < 3", "a.cpp", 7, "Too many");
+  assertion.Watch("count, name", count, name);
+  CApplicationFactory::DeleteSingleton();
+  CApplicationFactory* factory = CApplicationFactory::GetSingletonPtr();
+  MailAssertion(assertion, "");
+  EXPECT_EQ(factory->PeekConsole(), nullptr);
+  CConsole* console = factory->GetConsole();
+  const auto mailed = [&](const std::string& settings) {
+    return Serve({}, [&](int port) {
+      console->Execute("mail_port = " + std::to_string(port) + ";" + settings, false);
+      MailAssertion(assertion, ".\n..two\rthree\r\n" + std::string(901, 'x'));
+    });
+  };
+  // clang-format off
+  EXPECT_EQ(mailed("mail_recipient = dev@localhost; mail_sender = \"me@here\""),
+            "localhost me@here ['dev@localhost']\nMIME-Version: 1.0\r\nFrom: Cassert test program <me@here>\r\n"
+            "To: dev <dev@localhost>\r\nSubject: BUGBUG: Cassert test program\r\n"
+            "Content-type: text/plain; charset=US-ASCII\r\n\r\n"
+            "Too many\r\n\r\ncount < 3 (a.cpp:7)\r\n\r\nconst i count = 3\r\n" +
+            std::string(typeid(name).name()) + " name = h??\r\n\r\n"
+            ".\r\n..two\r\nthree\r\n" + std::string(900, 'x') + "\r\nx\r\n\r\n\r\n");
+  testing::internal::CaptureStdout();
+  const std::string got = mailed("mail_recipient = a@b; mail_sender = ; mail_helo = c; mail_host = 127.0.0.1");
+  EXPECT_TRUE(got.starts_with("c brumble@localhost ['a@b']\n")) << got;
+  EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("127.0.0.1\n220 "));
+  // clang-format on
+}
+
+TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
+  const auto send = [](int port) {
+    CMail mail;
+    mail.SetHost("127.0.0.1");
+    mail.SetPort(0x10000 + port);
+    EXPECT_EQ(mail.GetPort(), 25);
+    mail.SetPort(port);
+    mail.SetHelo("here\r\nRCPT TO:all@b");
+    mail.SetSender("Me\nBcc: all", "me@a");
+    mail.SetSubject("Sub\r\n.\r\nject");
+    mail.SetText("Text");
+    mail.AddAttachment("f\x7F\r\n.txt", std::string(5'700'000, '\xFF'));
+    EXPECT_TRUE(mail.Send("you@b"));
+  };
+  // clang-format off
+  std::string expected =
+      "here  RCPT TO:all@b me@a ['you@b']\n\r\nMIME-Version: 1.0\r\nFrom: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\n"
+      "Subject: Sub  .  ject\r\nContent-type: multipart/mixed; boundart=\"stringiboundi\"\r\n--stringiboundi\r\n"
+      "Content-type: text/plain; charset=\"us-ascii\"\r\nContent-Transfer-Encoding: quoted-printable\r\n"
+      "Text\r\n\r\n--stringiboundi\r\nContent-Type: application/octet-stream; name=\"f   .txt\"\r\n"
+      "Content-Transfer-Encoding: base64\r\nContent-Disposition: attachment; filename=\"f   .txt\"\r\n\r\n";
+  // clang-format on
+  for (int line = 0; line < 100'000; ++line) {
+    expected += std::string(76, '/') + "\r\n";
+  }
+  EXPECT_TRUE(Serve({}, send) == expected + "--stringiboundi\r\n");
+}
+
+TEST(Mail, GetsAlongWithBadHosts) {
+  const std::string ok = "250 ok\r\n", go = "354 go\r\n", bye = "221 bye\r\n";
+  const std::string longLine = "250 " + std::string(5000, 'x') + "\r\n";
+  // clang-format off
+  const struct {
+    std::vector<std::string> answers;
+    std::string unanswered;  // the line of the error, empty for none
+    std::string lastReply;
+    SMailLimits limits = {1s, 20s};
+  } kCases[] = {
+      {{"", "close"}, "HELO localhost", ""},
+      {{ok, ok, "close"}, "MAIL FROM:a@b", ok},
+      {{ok, ok, ok, ok, go + "close"}, ".", go},
+      {{"", "hang"}, "HELO localhost", ""},
+      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2"},
+      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {20s, 1s}},
+      {std::vector<std::string>(4 + 9 + 2 + 1, "500 no\r\n"), "", "500 no\r\n"},  // also to each line of the mail
+      {{ok, "250-a\r\n2\r\n", "250-a\r\n250-b\r\n250 c\r\n", ok, go, ok, bye}, "", bye},
+      {{"", ok + ok, ok, ok, go, ok, bye}, "", ok},  // greets late
+      {{longLine, longLine, ok, ok, go, ok, longLine}, "", longLine.substr(0, 1024)},
+      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye},
+      {{ok, ok, ok, ok, go, ok, "hang"}, "QUIT", ok},
+  };
+  // clang-format on
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(&row - kCases);
+    const test::CLogCapture log;
+    CMail mail(row.limits);
+    mail.SetSender("a", "a@b");
+    const bool isGood = row.unanswered.empty();
+    const std::string got = Serve(row.answers, [&](int port) {
+      mail.SetPort(port);
+      const auto start = std::chrono::steady_clock::now();
+      EXPECT_EQ(mail.Send("dev@localhost"), isGood);
+      EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+    });
+    EXPECT_TRUE(mail.GetReply().starts_with(row.lastReply)) << mail.GetReply();
+    EXPECT_LE(mail.GetReply().size(), 1024U);
+    EXPECT_TRUE(got.ends_with("QUIT\r\nclosed in order") || !isGood) << got;
+    EXPECT_EQ(log.Text(), isGood ? "" : "Error on sending line: " + row.unanswered + "\n");
+  }
+}
+
+TEST(Mail, SaysWhyItConnectsNowhere) {
+  const auto complaint = [](const std::string& recipient, const std::string& sender) {
+    const test::CLogCapture log;
+    CMail mail;
+    mail.SetPort(1);  // nobody listens there
+    mail.SetSender("a", sender);
+    EXPECT_FALSE(mail.Send(recipient));
+    EXPECT_EQ(log.Lines()[0].level, kLogError);
+    return log.Text();
+  };
+  const std::string good = "a@127.9.9.9";
+  for (const char* bad : {"nobody", "", "a b@c", "<a@b", "a@b>", "a@b\r\nDATA", "a@\x7F"}) {
+    EXPECT_TRUE(complaint(bad, good).starts_with("The email address ")) << bad;
+    EXPECT_TRUE(complaint(good, bad).ends_with(" is not a valid email address\n")) << bad;
+  }
+  EXPECT_EQ(complaint(good, good), "Error couldn't connect to host 127.9.9.9 \n");
+  EXPECT_EQ(complaint("a@b@", good), "Error couldn't connect to host b@ \n");
+}
+
+TEST(Base64, PadsTheLastGroup) {
+  EXPECT_EQ(EncodeBase64("abc"), "YWJj");
+  EXPECT_EQ(EncodeBase64("ab"), "YWI=");
+  EXPECT_EQ(EncodeBase64(std::string_view("a\0\xFF\xFE", 4)), "YQD//g==");
+}
+
+}  // namespace
+}  // namespace vask
