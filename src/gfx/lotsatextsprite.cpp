@@ -19,13 +19,14 @@ void CLotsATextSprite::SetSize(int width, int height) {
   if (width == GetRect().w && height == GetRect().h) {
     return;
   }
-  ReplaceImage(Gfx::NewBuffer(width, height));
-  if (myDrawer == nullptr || IsEmpty()) {
-    return;
+  if (myDrawer != nullptr) {
+    Hold();
   }
-  myDrawer->Draw(LoadedImage(), ViewArea(), true);
-  ImageChanged();
-  myTextHeight = myDrawer->GetTextHeight();  // other line breaks are no new text
+  ReplaceImage(Gfx::NewBuffer(width, height));
+  if (myDrawer != nullptr && !IsEmpty()) {
+    Paint(true);
+    ImageChanged();
+  }
 }
 
 void CLotsATextSprite::Update() {
@@ -33,9 +34,21 @@ void CLotsATextSprite::Update() {
     return;
   }
   Hold();
-  if (myDrawer->Draw(LoadedImage(), ViewArea(), false)) {
+  if (Paint(false)) {
     ImageChanged();
   }
+}
+
+// Other line breaks make the text another height, and what is shown lies elsewhere in it: it is
+// painted once more.
+bool CLotsATextSprite::Paint(bool force) {
+  const CRect<int> area = ViewArea();
+  const bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
+  myTextHeight = myDrawer->GetTextHeight();
+  if (ViewArea() != area) {
+    myDrawer->Draw(LoadedImage(), ViewArea(), true);
+  }
+  return hasPainted;
 }
 
 void CLotsATextSprite::SetDrawer(ILotsATextDrawer* drawer) {

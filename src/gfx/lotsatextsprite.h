@@ -48,6 +48,8 @@ class CLotsATextSprite : public CSprite, public CFakeThread {
   int TopIn(int textHeight) const;
   void MoveTo(int top, int textHeight);
   void Hold();
+  // Answers whether it painted.
+  bool Paint(bool force);
   CRect<int> ViewArea() const;
 
   ILotsATextDrawer* myDrawer = nullptr;

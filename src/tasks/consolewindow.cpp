@@ -11,6 +11,7 @@
 #include "ui/consolewidget.h"
 #include "ui/desktopwidget.h"
 #include "ui/gfxhandler.h"
+#include "ui/receivers.h"
 #include "ui/windowwidget.h"
 #include "utils/log/log.h"
 
@@ -44,10 +45,13 @@ void LogChoices(const std::vector<std::string>& choices) {
 
 }  // namespace
 
-CConsoleWindow::CConsoleWindow() : myExecutions(std::make_shared<int>(0)) { Build(); }
+CConsoleWindow::CConsoleWindow()
+    : myExecutions(std::make_shared<int>(0)), myGeneration(ui::GetReceiversGeneration()) {
+  Build();
+}
 
 CConsoleWindow::~CConsoleWindow() {
-  if (AreWidgetsAlive()) {
+  if (HasWidgets()) {
     DropConnections();
     delete myWindow;
   }
@@ -69,13 +73,16 @@ void CConsoleWindow::Build() {
   myInput->GetPageSignal().Connect(view, &ui::CConsoleWidget::ScrollPages);
 }
 
-// The signals that the slots are connected to are the input line's, and go with it.
-bool CConsoleWindow::AreWidgetsAlive() const { return GetConnectionCount() > 0; }
+// The signals that the slots are connected to are the input line's, and go with it. Those of a
+// desktop that has been forgotten are on their way.
+bool CConsoleWindow::HasWidgets() const {
+  return GetConnectionCount() > 0 && ui::GetReceiversGeneration() == myGeneration;
+}
 
-bool CConsoleWindow::IsClosed() const { return !AreWidgetsAlive() || myWindow->IsClosed(); }
+bool CConsoleWindow::IsClosed() const { return !HasWidgets() || myWindow->IsClosed(); }
 
 void CConsoleWindow::TurnClosedFlag() {
-  if (AreWidgetsAlive()) {
+  if (HasWidgets()) {
     myWindow->SetClosed(!myWindow->IsClosed());
   }
 }

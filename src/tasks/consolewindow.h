@@ -32,6 +32,8 @@ class CConsoleWindow : public css::CSignalTarget {
   void HistoryForward();
   void Complete();
 
+  // Whether the widgets still stand on the desktop.
+  bool HasWidgets() const;
   // Whether the user has closed it, or its widgets have died.
   bool IsClosed() const;
   bool IsExecuting() const { return *myExecutions > 0; }
@@ -39,7 +41,6 @@ class CConsoleWindow : public css::CSignalTarget {
   void TurnClosedFlag();
 
  private:
-  bool AreWidgetsAlive() const;
   void Build();
   void ShowEntry();
 
@@ -48,6 +49,7 @@ class CConsoleWindow : public css::CSignalTarget {
   std::vector<std::string> myHistory;  // oldest first
   std::int32_t myPosition = 0;         // of the shown entry, counted from the newest
   std::shared_ptr<int> myExecutions;   // that are going on; they outlive the window
+  unsigned myGeneration;               // of the receivers when it was built
 };
 
 }  // namespace vask

@@ -48,7 +48,6 @@ class CTaskDebug : public CTask {
 
  private:
   void ForgetCommands();
-  void ShowFrameRate();
   void CountFrame();
 
   std::unique_ptr<CConsole> myCommands;             // null outside of start and exit

@@ -29,15 +29,16 @@ void CKeyRepeater::ReleaseAll() {
   myHeldKeys = 0;
 }
 
+// A clock that is set back, as a playback does, has not come to the next press.
 void CKeyRepeater::Update() {
   const unsigned now = myTimer.GetTime();
-  if (myHeldKeys == 0 || now - myLastCheck <= myInterval) {
+  if (myHeldKeys == 0 || !HasReached(now, myLastCheck + myInterval + 1)) {
     return;
   }
   myLastCheck = now;
   for (std::size_t key = 0; key < kKeys; ++key) {
     const std::optional<SPress>& press = myPresses[key];
-    if (press && now - press->time > myDelay) {
+    if (press && HasReached(now, press->time + myDelay + 1)) {
       CKeyboardEvent event(IEvent::kKeyDown, static_cast<std::int32_t>(key), press->character);
       SendToKeyboardReceiver(event);
     }

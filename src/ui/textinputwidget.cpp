@@ -5,7 +5,6 @@
 #include "gfx/textsprite.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
-#include "ui/receivers.h"
 #include "utils/log/log.h"
 
 namespace vask::ui {
@@ -39,7 +38,7 @@ CTextInputWidget::CTextInputWidget(CWidget* parent, const CRect<int>& rect, bool
 }
 
 CTextInputWidget::~CTextInputWidget() {
-  if (GetMouseOver() == this) {
+  if (myIsMouseOver) {
     RestoreCursor();
   }
 }
@@ -89,8 +88,10 @@ void CTextInputWidget::OnFocusEvent(CFocusEvent& event) {
 void CTextInputWidget::OnMouseEvent(CMouseEvent& event) {
   switch (event.GetType()) {
     case IEvent::kMouseOver:
+      myIsMouseOver = true;
       return ChangeCursor(event.GetMouse(), kCursorText);
     case IEvent::kMouseOut:
+      myIsMouseOver = false;
       return ChangeCursor(event.GetMouse(), kCursorArrow);
     case IEvent::kMouseButtonDown:
       return SetCursorToPoint(event.GetPosition());

@@ -88,6 +88,7 @@ class CTextInputWidget : public CWidget {
   std::int32_t myCursor = 0;  // how many characters stand before it
   SPoint myCursorOffset;      // from the widget's corner
   bool myIsCursorOn = false;
+  bool myIsMouseOver = false;
 };
 
 }  // namespace vask::ui

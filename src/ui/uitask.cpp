@@ -61,20 +61,22 @@ void CUiTask::OnMouseMove(int x, int y) {
 }
 
 void CUiTask::OnMouseButtonDown(int button) {
-  myMouse->Press(button);
-  SendButton(ui::IEvent::kMouseButtonDown, button);
+  if (myIsRunning) {
+    myMouse->Press(button);
+    SendButton(ui::IEvent::kMouseButtonDown, button);
+  }
 }
 
 void CUiTask::OnMouseButtonUp(int button) {
-  myMouse->Release(button);
-  SendButton(ui::IEvent::kMouseButtonUp, button);
+  if (myIsRunning) {
+    myMouse->Release(button);
+    SendButton(ui::IEvent::kMouseButtonUp, button);
+  }
 }
 
 void CUiTask::SendButton(int type, int button) {
-  if (myIsRunning) {
-    ui::CMouseEvent event(type, myMouse->GetPosition(), button, myMouse.get());
-    Desktop().HandleEvent(event);
-  }
+  ui::CMouseEvent event(type, myMouse->GetPosition(), button, myMouse.get());
+  Desktop().HandleEvent(event);
 }
 
 void CUiTask::OnUiKeyDown(int key) { SendKey(ui::IEvent::kKeyDown, key); }

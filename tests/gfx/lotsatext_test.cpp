@@ -38,6 +38,8 @@ TEST(LotsATextTest, KeepsItsPlaceInAGrowingText) {
   EXPECT_EQ(paper.asked, "10,20") << "of that size already";
   view.SetSize(30, 10);
   EXPECT_EQ(paper.asked, "20,30!");
+  view.ScrollBy(-5), paper.height = 60, view.SetSize(20, 10);
+  EXPECT_EQ(paper.asked, "15,20!") << "grown since";
 }
 
 }  // namespace vask::test

@@ -94,6 +94,8 @@ TEST(LogView, WidgetShowsTheEndOfTheLogAndScrolls) {
   delete new CConsoleWidget(&parent, "");
   *CLog::GetSingletonPtr() << "one two three\n";
   EXPECT_EQ(log.GetTextHeight(), height + 24) << "the other goes on";
+  parent.Resize(30, 44);
+  EXPECT_TRUE(Shows(*sprite.GetImage(), "two", "three", 0)) << "at once, with other line breaks";
   delete widget;
   EXPECT_LT(log.GetTextHeight(), height / 6) << "its font has gone";
 }

@@ -119,6 +119,8 @@ TEST_F(WidgetKinds, HeldKeysRepeatAfterTheDelay) {
   Key(Event::kKeyDown, 323, 'y');
   EXPECT_EQ(update(650), "y") << "begins anew";
   EXPECT_EQ(update(26), "y");
+  EXPECT_EQ(update(0U - 1000U), "") << "the clock is set back";
+  myClock.Advance(1000);
   CEar ear;
   input.GetKeySignal(CTextInputWidget::kReturn).Connect(&ear, &CEar::Click);
   Key(Event::kKeyDown, 13);
