@@ -1,6 +1,7 @@
 #include "utils/assert.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "utils/log/log.h"
 #include "utils/trim.h"
@@ -33,10 +34,26 @@ void AssertFailed(const CAssertion& assertion) {
     ourHandler->OnAssertFailed(assertion);
     return;
   }
-  if (CLog* log = CLog::PeekSingletonPtr()) {
-    log->Error() << "Assertion failed: " << assertion.GetExpression() << " (" << assertion.GetFile()
-                 << ":" << assertion.GetLine() << ")\n";
+  LogAssertion(assertion);
+}
+
+void LogAssertion(const CAssertion& assertion) {
+  LogErrors("Assertion failed: " + assertion.GetExpression() + " (" + assertion.GetFile() + ":" +
+            std::to_string(assertion.GetLine()) + ")");
+}
+
+void LogErrors(std::string_view text) {
+  static bool isLogging = false;
+  CLog* log = CLog::PeekSingletonPtr();
+  if (log == nullptr || std::exchange(isLogging, true)) {
+    return;
   }
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    log->Error() << line << "\n";
+    text.remove_prefix(std::min(text.size(), line.size() + 1));
+  }
+  isLogging = false;
 }
 
 }  // namespace vask

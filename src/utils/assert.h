@@ -70,6 +70,13 @@ bool AreAssertsBanned();
 // What the two checks below do when they fail.
 void AssertFailed(const CAssertion& assertion);
 
+// Writes the failure to the log, as an error on one line.
+void LogAssertion(const CAssertion& assertion);
+
+// Writes the text to the log, each of its lines as an error. Nothing happens without a log, or when
+// the log's own listeners call it.
+void LogErrors(std::string_view text);
+
 }  // namespace vask
 
 // Checks the expression in every build. When it is false the developer is told, and the code behind

@@ -1,0 +1,90 @@
+#include "platform/nativeform.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/editcontrol.h"
+
+namespace vask::platform {
+
+namespace {
+
+std::unique_ptr<CNativeControl> NewControl(EControlKind kind, std::string text, const SBox& box,
+                                           int id, unsigned style) {
+  switch (kind) {
+    case EControlKind::kEdit:
+      return std::make_unique<CEditControl>(std::move(text), box, id, style);
+    case EControlKind::kButton:
+      return std::make_unique<CButtonControl>(std::move(text), box, id, style);
+    default:
+      return std::make_unique<CStaticControl>(std::move(text), box, id, style);
+  }
+}
+
+}  // namespace
+
+std::size_t CNativeForm::Add(EControlKind kind, std::string text, const SBox& box, int id,
+                             unsigned style) {
+  myControls.push_back(NewControl(kind, std::move(text), box, id, style));
+  return myControls.size() - 1;
+}
+
+void CNativeForm::Draw(INativeCanvas& canvas) const {
+  for (const auto& control : myControls) {
+    const bool isPressed = control.get() == myPressed && myPointerIsOnPressed;
+    control->Draw(canvas, control.get() == myFocus, isPressed);
+  }
+}
+
+void CNativeForm::Press(int x, int y, const INativeFont& font) {
+  // The last one is in front.
+  const auto hit = std::find_if(myControls.rbegin(), myControls.rend(), [=](const auto& control) {
+    return control->GetBox().Contains(x, y);
+  });
+  myPressed = hit == myControls.rend() ? nullptr : hit->get();
+  myPointerIsOnPressed = true;
+  if (myPressed == nullptr) {
+    return;
+  }
+  if (myPressed->TakesFocus()) {
+    myFocus = myPressed;
+  }
+  myPressed->OnPress(x, y, font);
+}
+
+void CNativeForm::MovePointer(int x, int y) {
+  myPointerIsOnPressed = myPressed != nullptr && myPressed->GetBox().Contains(x, y);
+}
+
+std::optional<int> CNativeForm::Release() {
+  const CNativeControl* released = std::exchange(myPressed, nullptr);
+  if (released == nullptr || !myPointerIsOnPressed || !released->IsButton()) {
+    return std::nullopt;
+  }
+  return released->GetId();
+}
+
+void CNativeForm::FocusNext(bool backwards) {
+  const std::size_t count = myControls.size();
+  const auto current =
+      std::ranges::find(myControls, myFocus, &std::unique_ptr<CNativeControl>::get);
+  const auto start = static_cast<std::size_t>(current - myControls.begin());
+  // One more place than controls: none has the keyboard there.
+  const std::size_t places = count + 1;
+  for (std::size_t i = 1; i < places; ++i) {
+    const std::size_t place = (start + (backwards ? places - i : i)) % places;
+    if (place < count && myControls[place]->TakesFocus()) {
+      myFocus = myControls[place].get();
+      return;
+    }
+  }
+}
+
+std::optional<int> CNativeForm::Key(const SNativeKey& key, const INativeFont& font) {
+  if (myFocus == nullptr || !myFocus->OnKey(key, font)) {
+    return std::nullopt;
+  }
+  return myFocus->GetId();
+}
+
+}  // namespace vask::platform

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <climits>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/nativeform.h"
+
+namespace vask::platform {
+
+class CNativeWindow;
+
+enum class ENativeCursor { kArrow };
+
+// The styles of a window class, to be added up.
+inline constexpr unsigned kRedrawOnWidth = 1;   // drawn anew when its width changes
+inline constexpr unsigned kRedrawOnHeight = 2;  // drawn anew when its height changes
+inline constexpr unsigned kNoClose = 4;         // can't be closed by the user's request
+
+// The styles of a window, to be added up.
+inline constexpr unsigned kCaption = 1;
+inline constexpr unsigned kSystemMenu = 2;
+
+// Leaves the place of a window to the system.
+inline constexpr int kDefaultPosition = INT_MIN;
+
+// What windows of one kind have in common.
+struct SNativeWindowClass {
+  std::string name;
+  unsigned style = 0;
+  ENativeCursor cursor = ENativeCursor::kArrow;
+  // Called from the message loop for each click on a button, with the button's id.
+  std::function<void(CNativeWindow& window, int button)> procedure;
+};
+
+// A window of the desktop with standard controls, for the few occasions when the program has to
+// speak to its user beside its own screen. Each has a connection of its own to the display and
+// touches no other window of the program; nothing that happens to the connection ends the program.
+//
+//   CNativeWindow window({"Greeting", kNoClose, ENativeCursor::kArrow,
+//                         [](CNativeWindow& self, int) { self.PostQuitMessage(); }});
+//   if (window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption)) {
+//     window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
+//     window.Show();
+//     window.RunMessageLoop();
+//   }
+class CNativeWindow {
+ public:
+  explicit CNativeWindow(SNativeWindowClass windowClass);
+  // Destroys the window and ends the connection.
+  ~CNativeWindow();
+  CNativeWindow(const CNativeWindow&) = delete;
+  CNativeWindow& operator=(const CNativeWindow&) = delete;
+
+  // Once. The box is that of the content, without the frame; the user can't change its size. False:
+  // there is no display, or it has refused; GetError() tells.
+  bool Create(const std::string& title, const SBox& box, unsigned style);
+  // Gives window and controls the system's font for dialogs. False: the display has none.
+  bool SetDefaultFont();
+  // Answers the number by which the window knows the control.
+  std::size_t AddControl(EControlKind kind, const std::string& text, const SBox& box, int id = 0,
+                         unsigned style = 0);
+  void Show();
+
+  const std::string& GetText(std::size_t control) const;
+  void SetText(std::size_t control, const std::string& text);
+
+  // Handles what the user does until the quit message is posted, or the window is destroyed from
+  // outside. False: the connection was lost; GetError() tells.
+  bool RunMessageLoop();
+  void Destroy();
+  // Ends the message loop when the procedure comes back.
+  void PostQuitMessage();
+
+  // Why the last call answered false.
+  const std::string& GetError() const;
+
+ private:
+  class CImplementation;
+  std::unique_ptr<CImplementation> myImplementation;
+};
+
+}  // namespace vask::platform

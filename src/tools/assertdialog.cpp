@@ -1,0 +1,198 @@
+#include "tools/assertdialog.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+
+#include "platform/debugger.h"
+#include "platform/nativewindow.h"
+#include "tasks/screenrelease.h"
+#include "tools/assertmail.h"
+
+namespace vask {
+
+namespace {
+
+using platform::CNativeWindow;
+using platform::EControlKind;
+
+CAssertDialog theDialog;
+
+constexpr const char* kDescriptionPrompt =
+    "Write a little description on what happened and then press the mail button";
+
+constexpr int kWidth = 350;
+constexpr int kHeight = 240;  // without variables
+constexpr int kRowHeight = 25;
+constexpr int kControlHeight = 20;
+
+enum EButton : int {
+  kContinue = 101,
+  kDebug = 102,
+  kAbort = 103,
+  kIgnore = 104,
+  kIgnoreAll = 105,
+  kSendMail = 106,
+  kFirstChange = 200,  // the "Change" buttons of the variables, in their order
+};
+
+struct SButton {
+  const char* label;
+  int x;
+  int y;  // without variables
+  EButton id;
+};
+constexpr SButton kButtons[] = {
+    {"Ignore", 10, 155, kIgnore},       {"Ignore All", 90, 155, kIgnoreAll},
+    {"Send mail", 170, 155, kSendMail}, {"Continue", 10, 180, kContinue},
+    {"Debug", 90, 180, kDebug},         {"Abort", 170, 180, kAbort},
+};
+
+std::string ConstPrefix(const CVarRefBase& variable) {
+  return variable.IsReadOnly() ? "const " : "";
+}
+
+std::string Position(const CAssertion& assertion) {
+  return assertion.GetFile() + ", line " + std::to_string(assertion.GetLine());
+}
+
+// What is longer would push the line number out of the window.
+std::string Shorten(const std::string& text) {
+  constexpr std::size_t kLongest = 80;
+  return text.size() > kLongest ? text.substr(0, kLongest - 3) + "..." : text;
+}
+
+bool HasMessage(const CAssertion& assertion) {
+  return assertion.GetMessage() != assertion.GetExpression();
+}
+
+std::string AssertionText(const CAssertion& assertion) {
+  const std::string message = HasMessage(assertion) ? assertion.GetMessage() : "Assertion failed:";
+  return Shorten(message) + "\n\n" + Shorten(assertion.GetExpression()) + "\n" +
+         Position(assertion);
+}
+
+void Close(CNativeWindow& window) {
+  window.Destroy();
+  window.PostQuitMessage();
+}
+
+}  // namespace
+
+CAssertDialog::CAssertDialog() { SetAssertHandler(this); }
+
+CAssertDialog::~CAssertDialog() { SetAssertHandler(nullptr); }
+
+void CAssertDialog::OnAssertFailed(const CAssertion& assertion) {
+  if (myCurrent != nullptr) {
+    LogAssertion(assertion);
+    return;
+  }
+  myCurrent = &assertion;
+  if (!myIgnored.contains(CurrentIdentity())) {
+    const std::string failure = Show();
+    if (!failure.empty()) {
+      Report(failure);
+    }
+  }
+  myCurrent = nullptr;
+}
+
+std::string CAssertDialog::Show() {
+  const CScreenRelease release;
+  const int below = static_cast<int>(myCurrent->GetVariables().size()) * kRowHeight;
+  CNativeWindow window({"CAssertError",
+                        platform::kRedrawOnWidth | platform::kRedrawOnHeight | platform::kNoClose,
+                        platform::ENativeCursor::kArrow,
+                        [this](CNativeWindow& self, int button) { OnClick(self, button); }});
+  if (!window.Create(
+          "CAssert error",
+          {platform::kDefaultPosition, platform::kDefaultPosition, kWidth, kHeight + below},
+          platform::kCaption | platform::kSystemMenu) ||
+      !window.SetDefaultFont()) {
+    return window.GetError();
+  }
+  window.AddControl(EControlKind::kStatic, AssertionText(*myCurrent), {10, 10, 280, 90});
+  myDescription = window.AddControl(EControlKind::kEdit, kDescriptionPrompt, {10, 95, 280, 50});
+  AddVariables(window);
+  for (const SButton& button : kButtons) {
+    window.AddControl(EControlKind::kButton, button.label,
+                      {button.x, button.y + below, 75, kControlHeight}, button.id);
+  }
+  window.Show();
+  return window.RunMessageLoop() ? "" : window.GetError();
+}
+
+void CAssertDialog::AddVariables(CNativeWindow& window) {
+  myValues.clear();
+  int y = 150;
+  int change = kFirstChange;
+  for (const auto& variable : myCurrent->GetVariables()) {
+    window.AddControl(EControlKind::kStatic, ConstPrefix(*variable) + variable->GetName() + " = ",
+                      {10, y, 100, kControlHeight}, 0, platform::kClientEdge);
+    myValues.push_back(window.AddControl(EControlKind::kEdit, variable->GetString(),
+                                         {115, y, 100, kControlHeight}, 0,
+                                         platform::kClientEdge | platform::kAutoScroll));
+    window.AddControl(EControlKind::kButton, "Change", {220, y, 50, kControlHeight}, change++);
+    y += kRowHeight;
+  }
+}
+
+void CAssertDialog::OnClick(CNativeWindow& window, int button) {
+  switch (button) {
+    case kContinue:
+      Close(window);
+      break;
+    case kDebug:
+      platform::BreakIntoDebugger();
+      Close(window);
+      break;
+    case kAbort:
+      std::abort();
+    case kIgnore:
+      myIgnored.insert(CurrentIdentity());
+      Close(window);
+      break;
+    case kIgnoreAll:
+      BanAsserts(true);
+      Close(window);
+      break;
+    case kSendMail:
+      MailAssertion(*myCurrent, window.GetText(myDescription));
+      break;
+    default:
+      Change(window, static_cast<std::size_t>(button - kFirstChange));
+  }
+}
+
+void CAssertDialog::Change(CNativeWindow& window, std::size_t row) {
+  CVarRefBase& variable = *myCurrent->GetVariables()[row];
+  variable.SetString(window.GetText(myValues[row]));
+  // What the variable did not take is to be seen.
+  window.SetText(myValues[row], variable.GetString());
+}
+
+void CAssertDialog::Report(const std::string& reason) {
+  if (!myReported.insert(CurrentIdentity()).second) {
+    return;
+  }
+  std::string report = "Assertion failed: " + myCurrent->GetExpression() + "\n";
+  if (HasMessage(*myCurrent)) {
+    report += "  " + myCurrent->GetMessage() + "\n";
+  }
+  report += "  " + Position(*myCurrent) + "\n";
+  for (const auto& variable : myCurrent->GetVariables()) {
+    report +=
+        "  " + ConstPrefix(*variable) + variable->GetName() + " = " + variable->GetString() + "\n";
+  }
+  report += "  It can't be shown in a window (" + reason +
+            "). The program goes on; this place is not reported again.\n";
+  std::cerr << report << std::flush;
+  LogErrors(report);
+}
+
+CAssertDialog::Identity CAssertDialog::CurrentIdentity() const {
+  return {myCurrent->GetFile(), myCurrent->GetLine()};
+}
+
+}  // namespace vask

@@ -1,0 +1,77 @@
+// A task type "asserter" for the stepper. Its lines:
+//
+//   Fail               fails an assertion that watches two variables: count, and limit, a constant
+//   FailElsewhere      fails another one, with a message
+//   FailHoldingPixels  fails one between taking the screen's pixels and writing to them
+//   Unban              lifts the ban that "Ignore All" sets
+//   Tell               prints the variable and the window's state
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <iostream>
+#include <string>
+
+#include "events/eventbridge.h"
+#include "kernel/taskfactory.h"
+#include "utils/assert.h"
+
+namespace {
+
+// Printing it fails an assertion as well.
+struct STouchy {
+  int value;
+};
+std::ostream& operator<<(std::ostream& stream, const STouchy& touchy) {
+  VASK_ASSERT(touchy.value < 0);
+  return stream << touchy.value;
+}
+
+class CAsserter : public vask::CTask {
+ public:
+  CAsserter() { vask::CEventBridge::GetSingletonPtr()->AddResizeListener(this); }
+  void Exit() override { vask::CEventBridge::GetSingletonPtr()->RemoveResizeListener(this); }
+  void Update() override {}
+  void OnResize(int, int) { ++myResizes; }
+
+  bool ExecuteCommand(const std::string& line) override {
+    const STouchy limit{2};
+    if (line == "Fail") {
+      VASK_ASSERT_WATCHING(count < limit.value, count, limit);
+    } else if (line == "FailElsewhere") {
+      VASK_ASSERT(count < 0, "There is too much of it.");
+    } else if (line == "FailHoldingPixels") {
+      FailHoldingPixels();
+    } else if (line == "Unban") {
+      vask::BanAsserts(false);
+    } else {
+      std::cout << "count " << count << Window() << std::endl;
+    }
+    return true;
+  }
+
+ private:
+  static void FailHoldingPixels() {
+    SDL_Surface* screen = SDL_GetVideoSurface();
+    SDL_LockSurface(screen);
+    auto* pixels = static_cast<std::uint32_t*>(screen->pixels);
+    VASK_ASSERT(pixels == nullptr);
+    std::fill_n(pixels, screen->w * 10, 0x00FF00);
+    SDL_UnlockSurface(screen);
+    SDL_UpdateRect(screen, 0, 0, 0, 0);
+  }
+  std::string Window() const {
+    const bool isFull = myResizes > 0 && (SDL_GetVideoSurface()->flags & SDL_FULLSCREEN) != 0;
+    const bool isGrabbed = myResizes > 0 && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
+    return std::string(isFull ? ", full" : "") + (isGrabbed ? ", grabbed" : "") + ", resized " +
+           std::to_string(myResizes);
+  }
+
+  int count = 3;
+  int myResizes = 0;
+};
+
+const vask::CTaskTypeRegistrar<CAsserter> theRegistrar("asserter");
+
+}  // namespace

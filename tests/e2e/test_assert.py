@@ -1,0 +1,230 @@
+"""The window that a failed assertion opens: a real pointer on its buttons, a real keyboard in its
+fields, and what can go wrong with it, in a program whose assertions fail on order."""
+import ctypes
+import os
+import pathlib
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+
+from Xlib import X, error
+
+from display import Display, Other, wait_for
+from game import ROOT, Game
+
+BUILDS = ("release", "asan")
+SCRIPT = "starttask(stepper, stepper, 1)\nstarttask(asserter, asserter, 2)\n"
+WINDOW = ('taskload(sdl)\nstarttask(window, window, 1000, 800, 600, 32, 0, 1, "Brumble")\n'
+          'starttask(event, event, 10)\nstarttask(mouse, mouse, 20)\n')
+# Places in the dialog. The buttons stand 25 lower for each variable.
+BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165),
+           "Continue": (47, 190), "Debug": (127, 190), "Abort": (207, 190)}
+DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
+
+
+class Asserter(Game):
+    """One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2."""
+
+    def __init__(self, screen=None, build=BUILDS[0], script=SCRIPT):
+        super().__init__(screen, script=lambda _: script,
+                         executable=ROOT / "build" / build / "brumble_asserter")
+
+    def order(self, *lines):
+        self.process.stdin.write("".join(f"{line}\n" for line in lines))
+
+    def answer(self):
+        """What the program prints up to its next "ok"."""
+        lines = [self.process.stdout.readline()]
+        while lines[-1] not in ("ok\n", ""):
+            lines.append(self.process.stdout.readline())
+        assert lines[-1], self.standard_error()
+        return "".join(lines[:-1])
+
+    def run(self, line):
+        self.order(f"run {line}")
+        return self.answer()
+
+    def dialogs(self, window):
+        """The windows of the dialog's title, also where no window manager lists them."""
+        try:
+            below = sum(map(self.dialogs, window.query_tree().children), [])
+            return below + [window] * (window.get_wm_name() == "CAssert error")
+        except error.BadWindow:
+            return []
+
+    def fail(self, command):
+        """Fails an assertion; comes back when its dialog stands in its place."""
+        self.order(f"run asserter::{command}")
+        self.dialog = wait_for(lambda: self.dialogs(self.screen.root), 10, "the dialog")[0]
+        self.rect = None
+        wait_for(self.stands_still, 10, "its place")
+
+    def stands_still(self):
+        time.sleep(0.1)
+        before, self.rect = self.rect, self.screen.rect_of(self.dialog)
+        return before == self.rect and self.dialog.get_attributes().map_state == X.IsViewable
+
+    def click_at(self, x, y):
+        self.point_at(x, y)
+        self.click()
+
+    def push(self, button):
+        x, y = BUTTONS[button]
+        self.click_at(x, y + self.rect[3] - 240)
+
+    def close(self, button):
+        self.push(button)
+        self.answer()
+
+    def type(self, *keys):
+        for key in keys:
+            self.screen.press_key(key)
+            self.screen.release_key(key)
+
+    def change_variables(self):
+        for value, change, keys in zip(VALUES, CHANGES, (("End", "4", "5", "BackSpace"),
+                                                         ("Home", "Delete", "9"))):
+            self.click_at(*value)
+            self.type(*keys)
+            self.click_at(*change)
+
+
+class Dialog(unittest.TestCase):
+    def test_buttons(self):
+        for build in BUILDS:
+            with self.subTest(build=build), Display() as screen, Asserter(screen, build) as game:
+                game.fail("Fail")
+                self.assertEqual(game.rect[2:], (350, 290))
+                self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
+                self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
+                screen.close_window(game.dialog)
+                game.change_variables()
+                game.close("Continue")
+                self.assertIn("count 34,", game.run("asserter::Tell"))
+                for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
+                                        ("Fail", "Ignore")):
+                    game.fail(command)
+                    game.close(button)
+                game.run("asserter::Fail")
+                game.fail("FailElsewhere")
+                game.close("Ignore All")
+                for line in ("FailElsewhere", "Unban", "Fail"):
+                    game.run(f"asserter::{line}")
+                game.fail("FailElsewhere")
+                self.assertEqual(game.rect[2:], (350, 240))
+                game.push("Abort")
+                self.assertEqual(game.wait_for_end(), -signal.SIGABRT)
+
+    def test_keyboard(self):
+        with Display() as screen, Asserter(screen) as game:
+            game.fail("FailElsewhere")
+            screen.run("xdotool", "windowfocus", "--sync", str(game.dialog.id))
+            # A key that is still held presses nothing.
+            game.type("Return", "space")
+            screen.press_key("Shift_L")
+            game.type(*["Tab"] * 6)
+            screen.release_key("Shift_L")
+            # From "Ignore", the sixth from the end, to "Ignore All".
+            game.type("Tab", "Return")
+            game.answer()
+            game.run("asserter::Fail")
+
+    def test_mail_with_the_description(self):
+        server = subprocess.Popen([ROOT / "tests/support/mailserver.py"], stdout=subprocess.PIPE,
+                                  text=True)
+        self.addCleanup(server.kill)
+        port = server.stdout.readline().strip()
+        with Display() as screen, Asserter(screen) as game:
+            game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
+            game.fail("Fail")
+            game.click_at(*DESCRIPTION)
+            game.type("space", "i", "t", "Return", "b", "r", "o", "k", "e")
+            game.push("Send mail")
+            self.assertIn(" limit = 2\n\nWrite a little description on what happened and then "
+                          "press the mail button it\nbroke\n", server.communicate(timeout=20)[0])
+            game.close("Continue")
+
+    def test_debugger(self):
+        ptrace = ctypes.CDLL(None).ptrace
+        ptrace.argtypes = [ctypes.c_long] * 4
+        seize, detach = 0x4206, 17
+        with Display() as screen, Asserter(screen) as game:
+            game.fail("Fail")
+            self.assertEqual(ptrace(seize, game.process.pid, 0, 0), 0)
+            game.push("Debug")
+            self.assertEqual(os.WSTOPSIG(os.waitpid(game.process.pid, 0)[1]), signal.SIGTRAP)
+            ptrace(detach, game.process.pid, 0, 0)
+            game.answer()
+
+    def test_without_a_window_manager(self):
+        with Display() as screen, Asserter(screen) as game:
+            screen.manager.terminate()
+            screen.manager.wait()
+            other = screen.root.create_window(900, 600, 9, 9, 0, X.CopyFromParent)
+            other.map()
+            other.set_input_focus(X.RevertToParent, X.CurrentTime)
+            game.fail("Fail")
+            game.change_variables()
+            game.close("Continue")
+            self.assertIn("count 34,", game.run("asserter::Tell"))
+
+    def test_full_screen_and_grab_are_left_and_come_back(self):
+        with Display() as screen, Asserter(screen, script=WINDOW + SCRIPT) as game, Other(screen):
+            game.run("window::Fullscreen")
+            game.run("mouse::CaptureInput(1)")
+            before = game.run("asserter::Tell")
+            self.assertIn(", full, grabbed", before)
+            game.fail("FailHoldingPixels")
+            # Who is refused has somebody else's grab before him.
+            self.assertEqual(screen.root.grab_pointer(False, 0, X.GrabModeAsync, X.GrabModeAsync,
+                                                      X.NONE, X.NONE, X.CurrentTime), X.GrabSuccess)
+            screen.connection.ungrab_pointer(X.CurrentTime)
+            game.close("Continue")
+            # The window's events of coming and going must resize nothing afterwards, either.
+            game.order(*["frame"] * 5)
+            self.assertEqual([game.answer() for _ in range(5)], [""] * 5)
+            self.assertEqual(game.run("asserter::Tell"), before)
+            top = ((screen.size[0] - 800) // 2, (screen.size[1] - 600) // 2, 800, 10)
+            wait_for(lambda: (screen.picture(top) == (0, 255, 0)).all(), 5, "the pixels")
+
+
+class Without(unittest.TestCase):
+    """No display, no font, or the connection cut: told once for each place, and on it goes."""
+
+    def fail_without(self, game, reason, fail=Asserter.run):
+        for command in ("Fail", "Fail", "FailElsewhere"):
+            fail(game, f"asserter::{command}")
+        for told in (game.standard_error(), game.log()):
+            for text in ("count < limit.value", "const limit = 2", "There is too much of it."):
+                self.assertEqual(told.count(text), 1, told)
+            self.assertEqual(told.count(reason), 2, told)
+
+    def test_display(self):
+        with Asserter() as game:
+            self.fail_without(game, "there is no display")
+
+    def test_font(self):
+        with Display() as screen, Asserter(screen) as game, tempfile.TemporaryDirectory() as folder:
+            (pathlib.Path(folder) / "fonts.dir").write_text("0\n")
+            screen.connection.set_font_path([folder])
+            screen.sync()
+            self.fail_without(game, "the display has no font")
+
+    def test_the_connection(self):
+        def fail(game, line):
+            game.fail(line.removeprefix("asserter::"))
+            game.dialog.kill_client()
+            game.screen.sync()
+            game.answer()
+
+        for build in BUILDS:
+            with self.subTest(build=build), Display() as screen, Asserter(screen, build) as game:
+                self.fail_without(game, "the display has gone", fail)
+                game.fail("Fail")
+                game.dialog.destroy()
+                screen.sync()
+                game.answer()
+                game.process.stdin.close()
+                self.assertEqual(game.wait_for_end(), 0, game.standard_error())
