@@ -4,6 +4,7 @@
 
 #include "ui/gfxhandler.h"
 #include "ui/receivers.h"
+#include "utils/assert.h"
 
 namespace vask::ui {
 namespace {
@@ -309,6 +310,7 @@ void CWidget::AddChild(CWidget* child) {
     return;
   }
   for (const CWidget* outer = this; outer != nullptr; outer = outer->myParent) {
+    VASK_ASSERT(outer != child, "A widget would lie in itself");
     if (outer == child) {
       return;
     }
