@@ -2,6 +2,7 @@
 
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
+#include "platform/pipes.h"
 
 namespace vask {
 namespace {
@@ -11,6 +12,7 @@ constexpr const char* kFrameSleepVariable = "kernel_frame_sleep";
 }  // namespace
 
 CApplication::CApplication() : myKernel(CKernel::GetSingletonPtr()), myScriptName("autoexec.txt") {
+  platform::SurviveBrokenPipes();  // the standard streams may be such
   CConsole* console = CApplicationFactory::GetSingletonPtr()->GetConsole();
   console->RegisterVariable(kFrameSleepVariable, myKernel->FrameSleep());
   console->ExecuteFile(myScriptName);

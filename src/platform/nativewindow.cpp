@@ -74,6 +74,9 @@ class CErrorGuard {
   static inline XIOErrorHandler ourOldLossHandler = nullptr;
 };
 
+// X counts pixels in 16 bits with a sign.
+constexpr int kLargestSide = 32767;
+
 constexpr std::array kFonts = {"-misc-fixed-medium-r-semicondensed--13-*-*-*-*-*-iso8859-1",
                                "fixed"};
 
@@ -168,6 +171,7 @@ class CNativeWindow::CImplementation : public INativeCanvas {
   void OnButton(const XButtonEvent& event);
   void OnKey(XKeyEvent& event);
   void Click(std::optional<int> button);
+  void DropInput();
   void Resize(int width, int height);
   void Paint();
 
@@ -207,6 +211,9 @@ bool CNativeWindow::CImplementation::Fail(const std::string& reason) {
 
 bool CNativeWindow::CImplementation::Create(const std::string& title, const SBox& box,
                                             unsigned style) {
+  if (box.width > kLargestSide || box.height > kLargestSide) {
+    return Fail("the window would be too large");
+  }
   myDisplay = myGuard.Open();
   if (myDisplay == nullptr) {
     return Fail("there is no display");
@@ -418,6 +425,15 @@ void CNativeWindow::CImplementation::Click(std::optional<int> button) {
   Paint();
   XFlush(myDisplay);
   myClass.procedure(*myOwner, *button);
+  DropInput();
+}
+
+// What the user has done while nothing could answer was meant for the window as it was.
+void CNativeWindow::CImplementation::DropInput() {
+  XSync(myDisplay, False);
+  XEvent event;
+  while (XCheckMaskEvent(myDisplay, KeyPressMask | ButtonPressMask | ButtonReleaseMask, &event)) {
+  }
 }
 
 void CNativeWindow::CImplementation::Resize(int width, int height) {

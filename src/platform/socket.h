@@ -13,8 +13,8 @@ using Deadline = std::chrono::steady_clock::time_point;
 
 // An AF_INET address.
 struct SInternetAddress {
-  std::uint32_t host = 0;  // 127.0.0.1 is 0x7F000001
   std::uint16_t port = 0;
+  std::uint32_t host = 0;  // 127.0.0.1 is 0x7F000001
 };
 
 // The first AF_INET address of a host that is given by its name or in digits; none when there is no

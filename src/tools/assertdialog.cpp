@@ -1,5 +1,6 @@
 #include "tools/assertdialog.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -56,9 +57,10 @@ std::string Position(const CAssertion& assertion) {
   return assertion.GetFile() + ", line " + std::to_string(assertion.GetLine());
 }
 
-// What is longer would push the line number out of the window.
-std::string Shorten(const std::string& text) {
+// The text in one line. What is longer would push others out of the window.
+std::string Shorten(std::string text) {
   constexpr std::size_t kLongest = 80;
+  std::ranges::replace(text, '\n', ' ');
   return text.size() > kLongest ? text.substr(0, kLongest - 3) + "..." : text;
 }
 
@@ -68,8 +70,8 @@ bool HasMessage(const CAssertion& assertion) {
 
 std::string AssertionText(const CAssertion& assertion) {
   const std::string message = HasMessage(assertion) ? assertion.GetMessage() : "Assertion failed:";
-  return Shorten(message) + "\n\n" + Shorten(assertion.GetExpression()) + "\n" +
-         Position(assertion);
+  return Shorten(message) + "\n" + Position(assertion) + "\n\n" +
+         Shorten(assertion.GetExpression());
 }
 
 void Close(CNativeWindow& window) {
@@ -99,7 +101,6 @@ void CAssertDialog::OnAssertFailed(const CAssertion& assertion) {
 }
 
 std::string CAssertDialog::Show() {
-  const CScreenRelease release;
   const int below = static_cast<int>(myCurrent->GetVariables().size()) * kRowHeight;
   CNativeWindow window({"CAssertError",
                         platform::kRedrawOnWidth | platform::kRedrawOnHeight | platform::kNoClose,
@@ -119,6 +120,7 @@ std::string CAssertDialog::Show() {
     window.AddControl(EControlKind::kButton, button.label,
                       {button.x, button.y + below, 75, kControlHeight}, button.id);
   }
+  const CScreenRelease release;
   window.Show();
   return window.RunMessageLoop() ? "" : window.GetError();
 }

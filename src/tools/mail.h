@@ -19,7 +19,8 @@ struct SMailLimits {
 
 // Sends one mail over plain SMTP, straight to the recipient's mail host. Blocks meanwhile, within
 // its limits. The host's name and its replies are echoed to the standard output; errors go to the
-// log. No text that is set here can add a header or a command of its own.
+// log. No name, address, subject or file name can add a header or a command of its own. The text
+// goes out as it is, also to a host that has refused to take it.
 //
 //   CMail mail;
 //   mail.SetSender("Test program", "test@example.com");
@@ -101,7 +102,7 @@ class CMail {
   static bool ReportError(const std::string& error);
 
   platform::CSocket mySocket;
-  platform::SInternetAddress myServerAddress{0, kSmtpPort};
+  platform::SInternetAddress myServerAddress{kSmtpPort, 0};
   std::string myHost;              // empty: the recipient's domain
   std::size_t myReplySize = 1024;  // bytes
   std::string myReply;

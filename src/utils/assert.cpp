@@ -1,6 +1,7 @@
 #include "utils/assert.h"
 
 #include <algorithm>
+#include <iostream>
 #include <utility>
 
 #include "utils/log/log.h"
@@ -8,6 +9,9 @@
 
 namespace vask {
 namespace {
+
+// Where the log ends a line, and forgets its level.
+constexpr std::string_view kLineEnds("\n\r\0", 3);
 
 IAssertHandler* ourHandler = nullptr;
 bool ourBan = false;
@@ -38,18 +42,24 @@ void AssertFailed(const CAssertion& assertion) {
 }
 
 void LogAssertion(const CAssertion& assertion) {
+  const std::string& message = assertion.GetMessage();
   LogErrors("Assertion failed: " + assertion.GetExpression() + " (" + assertion.GetFile() + ":" +
-            std::to_string(assertion.GetLine()) + ")");
+            std::to_string(assertion.GetLine()) + ")" +
+            (message == assertion.GetExpression() ? "" : ": " + message));
 }
 
 void LogErrors(std::string_view text) {
   static bool isLogging = false;
   CLog* log = CLog::PeekSingletonPtr();
-  if (log == nullptr || std::exchange(isLogging, true)) {
+  if (log == nullptr) {
+    std::cerr << text << std::endl;
+    return;
+  }
+  if (std::exchange(isLogging, true)) {
     return;
   }
   while (!text.empty()) {
-    const std::string_view line = text.substr(0, text.find('\n'));
+    const std::string_view line = text.substr(0, text.find_first_of(kLineEnds));
     log->Error() << line << "\n";
     text.remove_prefix(std::min(text.size(), line.size() + 1));
   }

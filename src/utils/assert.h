@@ -73,8 +73,8 @@ void AssertFailed(const CAssertion& assertion);
 // Writes the failure to the log, as an error on one line.
 void LogAssertion(const CAssertion& assertion);
 
-// Writes the text to the log, each of its lines as an error. Nothing happens without a log, or when
-// the log's own listeners call it.
+// Writes the text to the log, each of its lines as an error; to the standard error stream when
+// there is no log. Nothing happens when the log's own listeners call it.
 void LogErrors(std::string_view text);
 
 }  // namespace vask

@@ -2,56 +2,40 @@
 import time
 
 import numpy
-from PIL import Image
 
 from display import wait_for
-from game import ROOT
+from game import fit, load_picture
 
 TITLE_HEIGHT = 22  # with the border above it
 INPUT_HEIGHT = 20
-
-
-def load_widget(name):
-    with Image.open(ROOT / "runtime" / "data" / "gui" / name) as image:
-        return numpy.asarray(image.convert("RGB"))
 
 
 class Console:
     def __init__(self, screen, game):
         self.screen = screen
         self.game = game
-        self.close_picture = load_widget("close.gif")
-        self.title_top = load_widget("titlebar.gif")[0, 0]
-        self.input_top = load_widget("text_input.png")[0, 0]
+        self.close_picture = load_picture("close", "gui/{}.gif")
+        self.title_top = load_picture("titlebar", "gui/{}.gif")[0, 0, :3]
+        self.input_top = load_picture("text_input", "gui/{}.png")[0, 0, :3]
 
     def rect(self):
         """Where the window is in the game's picture: (x, y, w, h); None when it is not open."""
         picture = self.game.picture()
-        corner = self._find(picture, self.close_picture)
-        if corner is None:
+        middles = (picture == self.close_picture[10, 10, :3]).all(axis=2).nonzero()
+        corners = [(int(x) - 10, int(y) - 10) for y, x in zip(*middles)
+                   if fit(picture[y - 10:, x - 10:], self.close_picture) == 1]
+        if not corners:
             return None
-        x, y = corner
-        right, top = x + 25, y - 2
-        left = x
+        left, y = corners[0]
+        right, top = left + 25, y - 2
+        buttons = left - 50
         # The title bar reaches from 2 pixels behind the left border to the buttons.
-        while left > 0 and (picture[y, left - 1] == self.title_top).all() or left > x - 50:
+        while left > 0 and (picture[y, left - 1] == self.title_top).all() or left > buttons:
             left -= 1
         lines = (picture[top:, left + 2] == self.input_top).all(axis=1).nonzero()[0]
         if not len(lines):
             return None
         return left - 2, top, right - left + 2, int(lines[-1]) + INPUT_HEIGHT + 2
-
-    @staticmethod
-    def _find(picture, sample):
-        height, width = sample.shape[:2]
-        rows, columns = (picture == sample[height // 2, width // 2]).all(axis=2).nonzero()
-        for y, x in zip(rows - height // 2, columns - width // 2):
-            if y >= 0 and x >= 0 and numpy.array_equal(picture[y:y + height, x:x + width], sample):
-                return int(x), int(y)
-        return None
-
-    def wait_until_open(self):
-        return wait_for(self.rect, 5, "the console")
 
     def wait_until_closed(self):
         wait_for(lambda: self.rect() is None, 5, "the end of the console")
@@ -59,18 +43,13 @@ class Console:
     def wait_for_rect(self, rect):
         wait_for(lambda: self.rect() == rect, 5, f"a console at {rect}, not {self.rect()},")
 
-    def tap(self, key):
-        self.screen.press_key(key)
-        time.sleep(0.05)
-        self.screen.release_key(key)
-        time.sleep(0.05)
-
     def type(self, text):
         self.screen.run("xdotool", "type", "--delay", "25", text)
 
-    def enter(self, line):
-        self.type(line)
-        self.tap("Return")
+    def enter(self, *lines):
+        for line in lines:
+            self.type(line)
+            self.screen.tap("Return")
 
     def click(self, x, y):
         self.game.point_at(x + 5, y)  # a pointer that stays in its place tells nobody where that is
@@ -80,27 +59,25 @@ class Console:
         time.sleep(0.35)  # the next press is no double click
 
     def click_input(self):
-        x, y, _, h = self.wait_until_open()
+        x, y, _, h = wait_for(self.rect, 5, "the console")
         self.click(x + 100, y + h - INPUT_HEIGHT // 2)
 
     def drag(self, start, end):
         self.game.point_at(*start)
         time.sleep(0.1)
         self.screen.press(1)
-        steps = 8
-        for step in range(1, steps + 1):
-            self.game.point_at(*(a + (b - a) * step // steps for a, b in zip(start, end)))
+        for step in range(1, 9):
+            self.game.point_at(*(a + (b - a) * step // 8 for a, b in zip(start, end)))
             time.sleep(0.03)
         self.screen.release(1)
         time.sleep(0.35)
 
-    def input_picture(self):
-        """What stands in the input line, with the cursor at its end."""
-        self.tap("End")
-        time.sleep(0.15)
-        x, y, w, h = self.rect()
-        return self.game.picture()[y + h - INPUT_HEIGHT:y + h - 2, x + 2:x + w - 2].copy()
+    def wait_for_change(self, shown):
+        """Waits until the log view no longer shows that; answers what it shows then."""
+        wait_for(lambda: not numpy.array_equal(self.log_picture(), shown), 2, "another log view")
+        time.sleep(0.2)
+        return self.log_picture()
 
     def log_picture(self):
         x, y, w, h = self.rect()
-        return self.game.picture()[y + TITLE_HEIGHT:y + h - INPUT_HEIGHT - 2, x + 2:x + w - 2].copy()
+        return self.game.picture()[y + TITLE_HEIGHT:y + h - INPUT_HEIGHT - 2, x + 2:x + w - 2]

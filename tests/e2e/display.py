@@ -28,15 +28,15 @@ def wait_for(condition, seconds, what="the condition"):
 class Display:
     """Xvfb with openbox. Use it in a `with`."""
 
-    def __init__(self, size=(1280, 960)):
-        self.size = size
+    SIZE = (1280, 960)
+    MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
     def __enter__(self):
         self.folder = tempfile.mkdtemp(prefix="brumble-display-")
         read, write = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder, "-nolisten", "tcp",
-             "-screen", "0", f"{self.size[0]}x{self.size[1]}x24"],
+            ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
+             "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as pipe:
@@ -84,17 +84,18 @@ class Display:
     def sync(self):
         self.connection.sync()
 
-    def move_pointer(self, x, y):
-        xtest.fake_input(self.connection, X.MotionNotify, x=int(x), y=int(y))
+    def _fake(self, *what, **where):
+        xtest.fake_input(self.connection, *what, **where)
         self.sync()
+
+    def move_pointer(self, x, y):
+        self._fake(X.MotionNotify, x=int(x), y=int(y))
 
     def press(self, button):
-        xtest.fake_input(self.connection, X.ButtonPress, button)
-        self.sync()
+        self._fake(X.ButtonPress, button)
 
     def release(self, button):
-        xtest.fake_input(self.connection, X.ButtonRelease, button)
-        self.sync()
+        self._fake(X.ButtonRelease, button)
 
     def click(self, button=1):
         self.press(button)
@@ -103,15 +104,20 @@ class Display:
 
     def press_key(self, name):
         """A key by its X name, such as Escape, F11 or Alt_L."""
-        self._fake_key(X.KeyPress, name)
+        self._fake(X.KeyPress, self._code(name))
 
     def release_key(self, name):
-        self._fake_key(X.KeyRelease, name)
+        self._fake(X.KeyRelease, self._code(name))
 
-    def _fake_key(self, kind, name):
-        code = self.connection.keysym_to_keycode(XK.string_to_keysym(name))
-        xtest.fake_input(self.connection, kind, code)
-        self.sync()
+    def _code(self, name):
+        return self.connection.keysym_to_keycode(XK.string_to_keysym(name))
+
+    def tap(self, *names, pause=0.05):
+        for name in names:
+            self.press_key(name)
+            time.sleep(pause)
+            self.release_key(name)
+            time.sleep(pause)
 
     def cursor_is_visible(self):
         image = self.connection.xfixes_get_cursor_image(self.root)
@@ -149,28 +155,13 @@ class Display:
         return subprocess.run(command, env=self.environment, check=True, capture_output=True,
                               text=True).stdout
 
+    def focus(self, window):
+        self.run("xdotool", "windowfocus", "--sync", str(window.id))
 
-class Other:
-    """Another client's window, to take the focus."""
-
-    def __init__(self, screen):
-        self.screen = screen
-
-    def __enter__(self):
-        # A window of its own client, so that the focus really leaves the program.
-        script = ("from Xlib import X, display\n"
-                  "d = display.Display(); s = d.screen()\n"
-                  "w = s.root.create_window(900, 600, 200, 200, 0, s.root_depth)\n"
-                  "w.set_wm_name('Other'); w.map(); d.sync()\n"
-                  "while True: d.next_event()\n")
-        self.process = subprocess.Popen(["/usr/bin/python3", "-c", script],
-                                        env=self.screen.environment)
-        self.window = wait_for(lambda: self.screen.find_window("Other"), 10, "another window")
-        return self
-
-    def take_focus(self):
-        self.screen.run("xdotool", "windowfocus", "--sync", str(self.window.id))
-
-    def __exit__(self, *_):
-        self.process.kill()
-        self.process.wait()
+    def open_other(self):
+        """A window of another client than the program, to take the focus."""
+        window = self.root.create_window(900, 600, 200, 200, 0, X.CopyFromParent)
+        window.set_wm_name("Other")
+        window.map()
+        self.sync()
+        return wait_for(lambda: self.find_window("Other"), 10, "another window")

@@ -1,6 +1,7 @@
 """The real program, started in a copy of runtime/ and watched from outside."""
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -13,35 +14,28 @@ from PIL import Image
 from display import wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-TITLE = "Brumble"
-
-
-def program(build):
-    return ROOT / "build" / build / "brumble"
 
 
 class Game:
     """One run. Use it in a `with`; what is still running at the end is killed."""
 
-    def __init__(self, screen=None, build="release", script=None, environment=None, prepare=None,
-                 executable=None):
+    PROGRAM = "brumble"
+
+    def __init__(self, screen=None, build="release", script=lambda text: text, environment=(),
+                 prepare=lambda runtime: None):
         """`script` maps the text of autoexec.txt to the text to use; `prepare` may change the copy
         of runtime/ before the start."""
-        self.screen = screen
-        self.executable = executable or program(build)
-        self.script = script
-        self.environment = environment or {}
-        self.prepare = prepare
+        self.screen, self.script, self.prepare = screen, script, prepare
+        self.executable = ROOT / "build" / build / self.PROGRAM
+        self.environment = environment
 
     def __enter__(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="brumble-run-"))
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime, ignore=shutil.ignore_patterns("log.txt"))
-        if self.script:
-            script = self.runtime / "autoexec.txt"
-            script.write_text(self.script(script.read_text()))
-        if self.prepare:
-            self.prepare(self.runtime)
+        script = self.runtime / "autoexec.txt"
+        script.write_text(self.script(script.read_text()))
+        self.prepare(self.runtime)
         suppressions = ROOT / "tests" / "support" / "leaks.supp"
         environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy",
                            LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
@@ -60,9 +54,8 @@ class Game:
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGKILL)
         self.process.wait()
-        self.process.stdin.close()
-        self.process.stdout.close()
-        self.errors.close()
+        for file in (self.process.stdin, self.process.stdout, self.errors):
+            file.close()
         shutil.rmtree(self.folder, ignore_errors=True)
 
     # What it tells.
@@ -82,10 +75,9 @@ class Game:
 
     # The window.
 
-    def wait_for_window(self, seconds=10):
-        self.window = wait_for(lambda: self.screen.find_window(TITLE), seconds, "the window")
+    def wait_for_window(self):
+        self.window = wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
         self.rect = self.screen.rect_of(self.window)
-        return self.window
 
     def picture(self):
         return self.screen.picture(self.rect)
@@ -95,6 +87,13 @@ class Game:
         expected = load_picture(name)
         wait_for(lambda: matches(self.picture(), expected), seconds, f"the picture {name}")
 
+    def wait_for_sprite(self, name):
+        """Waits until that sprite of data/gfx/ shows in the place that its file gives."""
+        text = (ROOT / f"runtime/data/gfx/{name}.xml").read_text()
+        x, y = map(int, re.search(r'<ImageRect x="(\d+)" y="(\d+)"', text).groups())
+        expected = load_picture(name)
+        wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, 5, f"the sprite {name}")
+
     def point_at(self, x, y):
         """Moves the real pointer to a place in the window."""
         self.screen.move_pointer(self.rect[0] + x, self.rect[1] + y)
@@ -102,27 +101,54 @@ class Game:
     def click(self, button=1):
         self.screen.click(button)
 
-    def start_playing(self):
+    def wait_for_title(self):
         self.wait_for_window()
         self.point_at(400, 300)
         self.wait_for_picture("title_screen")
+
+    def start_playing(self):
+        self.wait_for_title()
         self.click()
         self.wait_for_picture("help_screen")
         self.click()
         wait_for(lambda: not matches(self.picture(), load_picture("help_screen")), 5, "play")
 
-
-    def wait_for_kitten(self, seconds=15):
-        """Waits until a kitten is well inside the window."""
-        def there():
-            place = find_kitten(self.picture())
-            return place is not None and place[1] > 60
-        wait_for(there, seconds, "a kitten")
+    def wait_for_kitten(self, y=60):
+        """Waits until a kitten is well inside the window, or has fallen that far."""
+        wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, 40, "a kitten")
 
     def end_in_order(self, seconds=30):
         """Closes the window; answers the exit status."""
         self.screen.close_window(self.window)
         return self.wait_for_end(seconds)
+
+
+class Stepper(Game):
+    """A run that waits for an order before each frame; tests/e2e/stepper.cpp lists the orders."""
+
+    PROGRAM = "brumble_stepper"
+
+    def __init__(self, screen=None, build="release", script=lambda text: text):
+        super().__init__(
+            screen, build, lambda text: script(text) + "\nstarttask(stepper, stepper, 1)\n")
+
+    def order(self, line):
+        """Answers what the program prints up to its next "ok"."""
+        self.send(line)
+        return self.answer()
+
+    def send(self, line):
+        self.process.stdin.write(f"{line}\n")
+
+    def answer(self):
+        lines = [self.process.stdout.readline()]
+        while lines[-1] not in ("ok\n", ""):
+            lines.append(self.process.stdout.readline())
+        assert lines[-1], self.standard_error()
+        return "".join(lines[:-1])
+
+    def run(self, line):
+        return self.order(f"run {line}")
 
 
 # The main colour of every kitten picture; nothing else that play shows has it.
@@ -136,17 +162,24 @@ def find_kitten(picture):
     return (columns.mean(), rows.mean()) if len(rows) > 25 else None
 
 
-def load_picture(name):
-    with Image.open(ROOT / "runtime" / "data" / "gfx" / f"{name}.png") as image:
+def load_picture(name, file="gfx/{}.png"):
+    with Image.open(ROOT / "runtime" / "data" / file.format(name)) as image:
         return numpy.asarray(image.convert("RGBA"))
+
+
+def fit(shown, expected):
+    """Which share of the solid pixels stands in the upper left corner as it should; 0 beyond it."""
+    height, width = expected.shape[:2]
+    corner = shown[:height, :width]
+    if corner.shape[:2] != (height, width):
+        return 0.0
+    off = numpy.abs(corner.astype(int) - expected[:, :, :3]).max(axis=2)
+    return (off[expected[:, :, 3] == 255] <= 4).mean()
 
 
 def matches(shown, expected, share=0.6):
     """Whether most of a full-screen picture is to be seen as it is."""
-    if shown.shape[:2] != expected.shape[:2]:
-        return False
-    same = (numpy.abs(shown.astype(int) - expected[:, :, :3]) <= 2).all(axis=2)
-    return same.mean() >= share
+    return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
 def fire_burns(picture, before):
@@ -177,20 +210,10 @@ class Digits:
         x, y = place
         text = ""
         while True:
-            best = self._glyph_at(picture, x, y)
-            if best is None:
+            found = [((glyph[:, :, 3] == 255).sum(), character)
+                     for character, glyph in self.glyphs.items()
+                     if fit(picture[y:, x:], glyph) > 0.98]
+            if not found:
                 return int(text) if text else None
-            text += best
-            x += self.glyphs[best].shape[1]
-
-    def _glyph_at(self, picture, x, y):
-        best, best_solid = None, 0
-        for character, glyph in self.glyphs.items():
-            shown = picture[y:y + glyph.shape[0], x:x + glyph.shape[1]]
-            if shown.shape[:2] != glyph.shape[:2]:
-                continue
-            solid = glyph[:, :, 3] == 255
-            off = numpy.abs(shown.astype(int) - glyph[:, :, :3]).max(axis=2)[solid]
-            if off.size > best_solid and (off <= 4).mean() > 0.98:
-                best, best_solid = character, off.size
-        return best
+            text += max(found)[1]  # a thin one fits into others
+            x += self.glyphs[text[-1]].shape[1]

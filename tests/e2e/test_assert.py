@@ -2,20 +2,17 @@
 fields, and what can go wrong with it, in a program whose assertions fail on order."""
 import ctypes
 import os
-import pathlib
 import signal
 import subprocess
-import tempfile
 import time
 import unittest
 
 from Xlib import X, error
 
-from display import Display, Other, wait_for
-from game import ROOT, Game
+from display import Display, wait_for
+from game import ROOT, Stepper
 
 BUILDS = ("release", "asan")
-SCRIPT = "starttask(stepper, stepper, 1)\nstarttask(asserter, asserter, 2)\n"
 WINDOW = ('taskload(sdl)\nstarttask(window, window, 1000, 800, 600, 32, 0, 1, "Brumble")\n'
           'starttask(event, event, 10)\nstarttask(mouse, mouse, 20)\n')
 # Places in the dialog. The buttons stand 25 lower for each variable.
@@ -24,27 +21,13 @@ BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165
 DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
 
 
-class Asserter(Game):
+class Asserter(Stepper):
     """One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2."""
 
-    def __init__(self, screen=None, build=BUILDS[0], script=SCRIPT):
-        super().__init__(screen, script=lambda _: script,
-                         executable=ROOT / "build" / build / "brumble_asserter")
+    PROGRAM = "brumble_asserter"
 
-    def order(self, *lines):
-        self.process.stdin.write("".join(f"{line}\n" for line in lines))
-
-    def answer(self):
-        """What the program prints up to its next "ok"."""
-        lines = [self.process.stdout.readline()]
-        while lines[-1] not in ("ok\n", ""):
-            lines.append(self.process.stdout.readline())
-        assert lines[-1], self.standard_error()
-        return "".join(lines[:-1])
-
-    def run(self, line):
-        self.order(f"run {line}")
-        return self.answer()
+    def __init__(self, screen=None, build=BUILDS[0], script=""):
+        super().__init__(screen, build, lambda _: script + "starttask(asserter, asserter, 2)")
 
     def dialogs(self, window):
         """The windows of the dialog's title, also where no window manager lists them."""
@@ -56,7 +39,7 @@ class Asserter(Game):
 
     def fail(self, command):
         """Fails an assertion; comes back when its dialog stands in its place."""
-        self.order(f"run asserter::{command}")
+        self.send(f"run asserter::{command}")
         self.dialog = wait_for(lambda: self.dialogs(self.screen.root), 10, "the dialog")[0]
         self.rect = None
         wait_for(self.stands_still, 10, "its place")
@@ -78,16 +61,11 @@ class Asserter(Game):
         self.push(button)
         self.answer()
 
-    def type(self, *keys):
-        for key in keys:
-            self.screen.press_key(key)
-            self.screen.release_key(key)
-
     def change_variables(self):
         for value, change, keys in zip(VALUES, CHANGES, (("End", "4", "5", "BackSpace"),
                                                          ("Home", "Delete", "9"))):
             self.click_at(*value)
-            self.type(*keys)
+            self.screen.tap(*keys, pause=0)
             self.click_at(*change)
 
 
@@ -120,14 +98,14 @@ class Dialog(unittest.TestCase):
     def test_keyboard(self):
         with Display() as screen, Asserter(screen) as game:
             game.fail("FailElsewhere")
-            screen.run("xdotool", "windowfocus", "--sync", str(game.dialog.id))
+            screen.focus(game.dialog)
             # A key that is still held presses nothing.
-            game.type("Return", "space")
+            screen.tap("Return", "space")
             screen.press_key("Shift_L")
-            game.type(*["Tab"] * 6)
+            screen.tap(*["Tab"] * 6)
             screen.release_key("Shift_L")
             # From "Ignore", the sixth from the end, to "Ignore All".
-            game.type("Tab", "Return")
+            screen.tap("Tab", "Return")
             game.answer()
             game.run("asserter::Fail")
 
@@ -140,7 +118,7 @@ class Dialog(unittest.TestCase):
             game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
             game.fail("Fail")
             game.click_at(*DESCRIPTION)
-            game.type("space", "i", "t", "Return", "b", "r", "o", "k", "e")
+            screen.tap("space", "i", "t", "Return", "b", "r", "o", "k", "e", pause=0)
             game.push("Send mail")
             self.assertIn(" limit = 2\n\nWrite a little description on what happened and then "
                           "press the mail button it\nbroke\n", server.communicate(timeout=20)[0])
@@ -160,10 +138,9 @@ class Dialog(unittest.TestCase):
 
     def test_without_a_window_manager(self):
         with Display() as screen, Asserter(screen) as game:
+            other = screen.open_other()
             screen.manager.terminate()
             screen.manager.wait()
-            other = screen.root.create_window(900, 600, 9, 9, 0, X.CopyFromParent)
-            other.map()
             other.set_input_focus(X.RevertToParent, X.CurrentTime)
             game.fail("Fail")
             game.change_variables()
@@ -171,7 +148,7 @@ class Dialog(unittest.TestCase):
             self.assertIn("count 34,", game.run("asserter::Tell"))
 
     def test_full_screen_and_grab_are_left_and_come_back(self):
-        with Display() as screen, Asserter(screen, script=WINDOW + SCRIPT) as game, Other(screen):
+        with Display() as screen, Asserter(screen, script=WINDOW) as game:
             game.run("window::Fullscreen")
             game.run("mouse::CaptureInput(1)")
             before = game.run("asserter::Tell")
@@ -183,11 +160,10 @@ class Dialog(unittest.TestCase):
             screen.connection.ungrab_pointer(X.CurrentTime)
             game.close("Continue")
             # The window's events of coming and going must resize nothing afterwards, either.
-            game.order(*["frame"] * 5)
-            self.assertEqual([game.answer() for _ in range(5)], [""] * 5)
+            for _ in range(5):
+                game.order("frame")
             self.assertEqual(game.run("asserter::Tell"), before)
-            top = ((screen.size[0] - 800) // 2, (screen.size[1] - 600) // 2, 800, 10)
-            wait_for(lambda: (screen.picture(top) == (0, 255, 0)).all(), 5, "the pixels")
+            wait_for(lambda: (screen.picture(screen.MIDDLE)[:10] == (0, 255, 0)).all(), 5, "pixels")
 
 
 class Without(unittest.TestCase):
@@ -206,9 +182,9 @@ class Without(unittest.TestCase):
             self.fail_without(game, "there is no display")
 
     def test_font(self):
-        with Display() as screen, Asserter(screen) as game, tempfile.TemporaryDirectory() as folder:
-            (pathlib.Path(folder) / "fonts.dir").write_text("0\n")
-            screen.connection.set_font_path([folder])
+        with Display() as screen, Asserter(screen) as game:
+            (game.folder / "fonts.dir").write_text("0\n")
+            screen.connection.set_font_path([str(game.folder)])
             screen.sync()
             self.fail_without(game, "the display has no font")
 
@@ -222,9 +198,5 @@ class Without(unittest.TestCase):
         for build in BUILDS:
             with self.subTest(build=build), Display() as screen, Asserter(screen, build) as game:
                 self.fail_without(game, "the display has gone", fail)
-                game.fail("Fail")
-                game.dialog.destroy()
-                screen.sync()
-                game.answer()
                 game.process.stdin.close()
                 self.assertEqual(game.wait_for_end(), 0, game.standard_error())

@@ -2,7 +2,7 @@
 import time
 import unittest
 
-from display import Display, Other, wait_for
+from display import Display, wait_for
 from game import Game, find_kitten, load_picture, matches
 from test_sound import RATE, Recorder
 
@@ -10,27 +10,22 @@ from test_sound import RATE, Recorder
 class Keys(unittest.TestCase):
     def test_full_screen_and_the_end(self):
         with Display() as screen, Game(screen) as game:
-            game.wait_for_window()
-            game.point_at(400, 300)
-            game.wait_for_picture("title_screen")
+            game.wait_for_title()
             for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
                 self.type(screen, keys)
                 self.wait_for_full_screen(screen)
                 self.type(screen, keys)
                 game.wait_for_picture("title_screen")
-            with Other(screen) as other:
-                self.assert_nothing_sticks(screen, game, other)
+            self.assert_nothing_sticks(screen, game)
             self.type(screen, ["Escape"])
             self.assertEqual(game.wait_for_end(), 0, game.standard_error())
 
     def test_music_and_pause(self):
         with Display() as screen, Game(screen, environment=Recorder.ENVIRONMENT) as game:
             recorder = Recorder(game)
-            game.wait_for_window()
-            game.point_at(400, 300)
-            game.wait_for_picture("title_screen")
+            game.wait_for_title()
             for is_heard in (True, False, True):
-                wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, 5, f"music: {is_heard}")
+                wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, 5, f"music {is_heard}")
                 self.type(screen, ["m"])
             game.start_playing()
             game.point_at(5, 5)
@@ -55,19 +50,18 @@ class Keys(unittest.TestCase):
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
 
     def wait_for_full_screen(self, screen):
-        # In the middle of the display, where the window is not: its frame shifts it.
-        middle = ((screen.size[0] - 800) // 2, (screen.size[1] - 600) // 2, 800, 600)
         title = load_picture("title_screen")
-        wait_for(lambda: matches(screen.picture(middle), title, 0.9), 5, "full screen")
+        wait_for(lambda: matches(screen.picture(screen.MIDDLE), title, 0.9), 5, "full screen")
 
-    def assert_nothing_sticks(self, screen, game, other):
+    def assert_nothing_sticks(self, screen, game):
         """A key that comes up while another window has the focus is not held afterwards."""
-        screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
+        other = screen.open_other()
+        screen.focus(game.window)
         screen.press_key("Alt_L")
         time.sleep(0.2)
-        other.take_focus()
+        screen.focus(other)
         screen.release_key("Alt_L")
-        screen.run("xdotool", "windowfocus", "--sync", str(game.window.id))
+        screen.focus(game.window)
         toggles = game.log().count("drawing all")
         self.type(screen, ["Return"])
         self.assertEqual(game.log().count("drawing all"), toggles)

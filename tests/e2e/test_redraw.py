@@ -3,15 +3,13 @@ import time
 import unittest
 
 from display import Display, wait_for
-from game import ROOT, Game, load_picture, matches
+from game import Game, Stepper, load_picture, matches
 
 
-class FrameWindow(unittest.TestCase):
+class Redraw(unittest.TestCase):
     def test_dragging_the_frame_leaves_a_correct_picture(self):
         with Display() as screen, Game(screen) as game:
-            game.wait_for_window()
-            game.point_at(400, 300)
-            game.wait_for_picture("title_screen")
+            game.wait_for_title()
             title = load_picture("title_screen")
             for width, height in ((700, 500), (900, 700), (800, 600)):
                 screen.run("xdotool", "windowsize", "--sync", str(game.window.id), str(width),
@@ -26,43 +24,30 @@ class FrameWindow(unittest.TestCase):
         if game.rect[2:] != (width, height):
             return False
         picture = game.picture()
-        w, h = min(width, 800), min(height, 600)
         beyond_is_black = not picture[600:].any() and not picture[:, 800:].any()
-        return matches(picture[:h, :w], title[:h, :w], 0.98) and beyond_is_black
-
-
-class Modes(unittest.TestCase):
-    """With a stopped clock between the lines, the window equals what a full redraw shows."""
+        return matches(picture[:600, :800], title[:height, :width], 0.98) and beyond_is_black
 
     def test_full_screen_and_resize(self):
+        """With a stopped clock between the lines, the window equals what a full redraw shows."""
         lines = (["window::Fullscreen"], ["window::Fullscreen"], ["window::Resize(640, 480)"],
                  ["window::Resize(640, 480)"], ["window::Resize(800, 600)"],
                  ["window::Fullscreen", "window::Fullscreen"])
-        with Display() as screen, self.stepper(screen) as game:
+        with Display() as screen, Stepper(screen) as game:
             self.play_a_little(game)
             for orders in lines:
                 for line in orders:
-                    self.order(game, f"run {line}")
+                    game.run(line)
                 self.frames(game)
                 shown = self.settled_picture(screen)
-                self.order(game, "redraw")
+                game.order("redraw")
                 self.frames(game)
                 self.assertTrue((shown == self.settled_picture(screen)).all(), orders)
                 self.assertGreater(shown.max(), 100, orders)
 
-    def stepper(self, screen):
-        return Game(screen, executable=ROOT / "build" / "release" / "brumble_stepper",
-                    script=lambda text: text + "\nstarttask(stepper, stepper, 1)\n")
-
-    def order(self, game, text):
-        game.process.stdin.write(text + "\n")
-        game.process.stdin.flush()
-        self.assertEqual(game.process.stdout.readline().strip(), "ok", game.standard_error())
-
     def frames(self, game, count=3):
         for _ in range(count):
-            self.order(game, "advance 17")
-            self.order(game, "frame")
+            game.order("advance 17")
+            game.order("frame")
 
     def play_a_little(self, game):
         self.frames(game)
@@ -75,10 +60,9 @@ class Modes(unittest.TestCase):
             self.frames(game)
         self.frames(game, 80)
         # The world stands still from here on, while the clock lets the frames be drawn.
-        self.order(game, "run pausetask(game)")
+        game.run("pausetask(game)")
         self.frames(game)
 
     def settled_picture(self, screen):
-        # The whole screen: in full screen the picture stands in a window of another place.
         time.sleep(0.3)
-        return screen.picture((0, 0, *screen.size))
+        return screen.picture((0, 0, *screen.SIZE))  # full screen has a window of another place

@@ -83,7 +83,7 @@ class Sound(unittest.TestCase):
     def burn_and_listen(self, game, recorder):
         game.point_at(5, 5)
         before = game.picture()
-        wait_for(lambda: (find_kitten(game.picture()) or (0, 0))[1] > 530, 40, "a falling kitten")
+        game.wait_for_kitten(530)
         wait_for(lambda: find_kitten(game.picture()) is None, 5, "its fall out of sight")
         fell = recorder.moment()
         wait_for(lambda: fire_burns(game.picture(), before), 1, "the fire")

@@ -2,22 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace vask::test {
 namespace {
 
 CEventBridge& Bridge() { return CEventBridge::GetSingleton(); }
 
 TEST(EventBridge, ListenersComeAndGoDuringEveryDispatch) {
+  // clang-format off
   const std::pair<std::string, std::function<void()>> events[] = {
-      {"resize 640 480\n", [] { Bridge().Resize(640, 480); }},
-      {"focus 1 0\n", [] { Bridge().FocusEvent(true); }},
-      {"down 27 65\n", [] { Bridge().KeyDown(27, 'A'); }},
-      {"up 27 0\n", [] { Bridge().KeyUp(27, 0); }},
-      {"press 16 0\n", [] { Bridge().MouseButtonDown(16); }},
-      {"release 4 0\n", [] { Bridge().MouseButtonUp(4); }},
+      {"resize 4 5\n", [] { Bridge().Resize(4, 5); }}, {"focus 1 0\n", [] { Bridge().FocusEvent(true); }},
+      {"down 7 65\n", [] { Bridge().KeyDown(7, 'A'); }}, {"release 4 0\n", [] { Bridge().MouseButtonUp(4); }},
+      {"press 16 0\n", [] { Bridge().MouseButtonDown(16); }}, {"up 27 0\n", [] { Bridge().KeyUp(27, 0); }},
   };
+  // clang-format on
   for (const auto& [what, send] : events) {
     std::string record;
     CEventRecorder first("a ", record);

@@ -26,9 +26,8 @@ struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
   void OnMouseButtonUp(int button) override { Note("release", button, 0); }
   void Note(const std::string& what, int a, int b) {
     record += name + what + " " + std::to_string(a) + " " + std::to_string(b) + "\n";
-    if (const auto once = std::exchange(react, nullptr)) {
-      once();
-    }
+    const auto once = std::exchange(react, nullptr);
+    once ? once() : void();
   }
   std::string name;
   std::string& record;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -179,12 +180,8 @@ TEST_F(Animator, SpeedMovesTheEnd) {
       const auto note = [&](float value) { values.push_back(value); };
       CExternalAnimator* animator = Start(note, nullptr, 1000);
       Update(start + 500);
-      for (const float factor : factors) {
-        animator->SetTimeMultiplier(factor);
-      }
-      for (const unsigned time : {end - 1, end, end + 1}) {
-        Update(start + time);
-      }
+      std::ranges::for_each(factors, [=](float factor) { animator->SetTimeMultiplier(factor); });
+      Update(start + end - 1), Update(start + end), Update(start + end + 1);
       ASSERT_EQ(values.size(), 3U) << "it is gone at its end, " << end;
       EXPECT_TRUE(values[0] == 0.5F && values[1] < 1.0F && values[2] == 1.0F) << end;
     }
@@ -195,12 +192,10 @@ TEST_F(Animator, MaskersMoveAndFade) {
   CSprite sprite;
   sprite.SetRect({10, -20, 7, 8});
   CSpriteMoveToUpdator move(&sprite, 21, -31);
-  const std::pair<float, CRect<int>> places[] = {
-      {0.5F, {15, -25, 7, 8}}, {1.0F, {21, -31, 7, 8}}, {2.0F, {32, -42, 7, 8}}};
-  for (const auto& [value, rect] : places) {
-    move.Apply(value);
-    EXPECT_EQ(sprite.GetRect(), rect) << value;
-  }
+  move.Apply(0.5F);
+  EXPECT_EQ(sprite.GetRect(), (CRect<int>{15, -25, 7, 8}));
+  move.Apply(2.0F);
+  EXPECT_EQ(sprite.GetRect(), (CRect<int>{32, -42, 7, 8}));
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);
   std::vector<int> alphas;
@@ -212,8 +207,7 @@ TEST_F(Animator, MaskersMoveAndFade) {
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
-  auto first = std::make_unique<CSprite>();
-  auto second = std::make_unique<CSprite>();
+  auto first = std::make_unique<CSprite>(), second = std::make_unique<CSprite>();
   std::string log;
   const auto add = [&](CSprite* sprite, char name, const std::function<void()>& action) {
     return Start([&log, name, action](float) { log += name, action(); }, sprite, 9);

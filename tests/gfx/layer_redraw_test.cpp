@@ -68,14 +68,13 @@ class CScene {
   // With holes, half-transparent pixels and opaque magenta, keyed or with an alpha channel.
   IPixel* AnyPicture() {
     const bool isKeyed = Toss();
-    const int width = 1 + Below(49), height = 1 + Below(49);
-    IPixel* picture = isKeyed ? Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)
-                              : Gfx::NewBuffer(width, height);
+    const int w = 1 + Below(49), h = 1 + Below(49);
+    IPixel* picture = isKeyed ? Gfx::NewScreenBuffer(w, h, Gfx::kMagenta) : Gfx::NewBuffer(w, h);
     const std::uint8_t alpha = isKeyed || Toss() ? 255 : AnyByte();
     const CColor color(AnyByte(), AnyByte(), AnyByte(), alpha);
-    for (int i = 0; i < width * height; ++i) {
-      const CColor key(255, 0, 255), none(0, 0, 0, 0);
-      picture->PutPixel(i % width, i / width, i % 7 == 0 ? none : i % 3 == 0 ? key : color);
+    const CColor key(255, 0, 255), none(0, 0, 0, 0);
+    for (int i = 0; i < w * h; ++i) {
+      picture->PutPixel(i % w, i / w, i % 7 == 0 ? none : i % 3 == 0 ? key : color);
     }
     return picture;
   }

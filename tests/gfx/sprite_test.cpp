@@ -72,11 +72,9 @@ TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
 }
 
 TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
-  const std::function<void(CSprite&)> changes[] = {
-      // clang-format off
-      [](CSprite& s) { s.SetSize(20, 10); }, [](CSprite& s) { s.SetRotation(90.0F); },
-      [](CSprite& s) { s.SetAlpha(100); }};
-  // clang-format on
+  const std::function<void(CSprite&)> changes[] = {[](CSprite& s) { s.SetSize(20, 10); },
+                                                   [](CSprite& s) { s.SetRotation(90.0F); },
+                                                   [](CSprite& s) { s.SetAlpha(100); }};
   int order[] = {0, 1, 2};
   do {
     const CSpritePtr sprite = Load("a.bmp");
@@ -85,10 +83,8 @@ TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
     }
     EXPECT_LT(sprite->GetRect().w, sprite->GetRect().h) << "a wide picture, turned, is tall";
     EXPECT_EQ(sprite->GetImage()->GetPixel(5, 10).a, 100);
-    sprite->SetSize(40, 30);
-    sprite->SetAlpha(255);
-    sprite->SetRotation(360.0F);
-    sprite->SetRotation(NAN);
+    sprite->SetSize(40, 30), sprite->SetAlpha(255);
+    sprite->SetRotation(360.0F), sprite->SetRotation(NAN);
     EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 40, 30}));
     EXPECT_EQ(sprite->GetImage()->GetFileName(), "a.bmp") << "the loaded one again";
     changes[order[0]](*sprite);
@@ -106,18 +102,14 @@ TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   }
   const auto order = [&] {
     std::string names;
-    for (const CSprite* child : myLayer->GetChildren()) {
-      names += child->GetName();
-    }
+    std::ranges::for_each(myLayer->GetChildren(), [&](auto* child) { names += child->GetName(); });
     return names;
   };
   EXPECT_EQ(order(), "5320416");
   sprites[1]->SetZ(50);
   EXPECT_EQ(order(), "5312046");
   for (const bool visible : {false, false, true, true}) {
-    sprites[2]->SetVisible(visible);
-    sprites[2]->SetZ(100);
-    sprites[2]->SetX(9);
+    sprites[2]->SetVisible(visible), sprites[2]->SetZ(100), sprites[2]->SetX(9);
     EXPECT_EQ(order(), visible ? "5310246" : "531046");
     myLayer->DrawFrame();
     EXPECT_EQ(myScreen.At(12, 2), visible ? 0xFF0000U : 0U);
@@ -125,13 +117,11 @@ TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
 }
 
 TEST_F(Sprite, MayChangeAndDieAfterItsLayerAndItsScreen) {
-  CSpritePtr orphan = Red();
-  CSpritePtr sprite = Red();
+  CSpritePtr orphan = Red(), sprite = Red();
   {
     CSpriteLayer layer;
     layer.SetParent(myLayer);
-    orphan->SetParent(&layer);
-    orphan->SetVisible(false);
+    orphan->SetParent(&layer), orphan->SetVisible(false);
   }
   orphan->SetVisible(true);
   EXPECT_EQ(orphan->GetParent(), nullptr);

@@ -3,11 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <sstream>
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include "events/eventbridge.h"
 
@@ -27,9 +23,8 @@ struct CTarget : CMouseableImpl {
   CRect<int> GetRect() override { return rect; }
   void Note(char event, int number = 0) {
     record += std::string{name, event} + (number != 0 ? std::to_string(number) : "") + " ";
-    if (const auto hook = onEvent) {  // a copy: the hook may delete this object
-      hook();
-    }
+    const auto hook = onEvent;  // a copy: the hook may delete this object
+    hook ? hook() : void();
   }
   char name;
   std::string& record;
@@ -59,8 +54,7 @@ class MouseTest : public ::testing::Test {
   std::string Hear(const std::string& text) {
     myRecord.clear();
     std::istringstream events(text);
-    char kind = 0;
-    char comma = 0;
+    char kind = 0, comma = 0;
     for (int number = 0, y = 0; events >> kind >> number;) {
       if (kind == 'm') {
         events >> comma >> y;
@@ -103,8 +97,7 @@ TEST_F(MouseTest, ObjectsUnderThePointerHearWhatConcernsThem) {
 
 TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
   CTarget* dragged = Add('a', {}, false);
-  myMouse->AddDragged(dragged);
-  myMouse->AddDragged(dragged);
+  myMouse->AddDragged(dragged), myMouse->AddDragged(dragged);
   dragged->onEvent = [&] { myRecord += std::to_string(myMouse->GetPointerX()) + " "; };
   myBridge->MouseMove(7, 8, -2, 3);
   EXPECT_EQ(myRecord, "am 0 am 0 ar-17 7 ar-17 7 ") << "moved from the position before";

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <string>
-#include <utility>
 
 #include "console/consoleparams.h"
 #include "kernel/applicationfactory.h"
@@ -61,7 +59,7 @@ TEST(Application, BasicCommandsAnswerAndAct) {
   };
   // clang-format on
   for (const auto& c : cases) {
-    CLogCapture log;
+    const CLogCapture log;
     EXPECT_EQ(CApplicationFactory::GetSingleton().GetConsole()->Execute(c.line, false), c.result);
     CLog::GetSingletonPtr()->Write("|\n");  // ends what is pending
     EXPECT_EQ(log.Text(), c.logged + "|\n") << c.line;
@@ -86,8 +84,7 @@ TEST(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
       EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 0);  // held in its range
     }
     EXPECT_EQ(std::exchange(scripted, {}), expected);
-    EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);
-    EXPECT_EQ(CApplicationFactory::PeekSingletonPtr(), nullptr);
+    EXPECT_TRUE(!CKernel::PeekSingletonPtr() && !CApplicationFactory::PeekSingletonPtr());
     EXPECT_EQ(CLog::PeekSingletonPtr(), nullptr);
   }
 }

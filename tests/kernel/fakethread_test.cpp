@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
-#include <utility>
 
 #include "support/fakeclock.h"
 
@@ -14,16 +12,12 @@ namespace {
 std::string record;
 
 struct CThread : CFakeThread {
-  CThread(char itsName, int interval) : name(itsName) {
-    SetInterval(interval);
-    Start();
-  }
+  CThread(char itsName, int interval) : name(itsName) { SetInterval(interval), Start(); }
   ~CThread() override { record += std::string("~") + name; }
   void Update() override {
     record += name;
-    if (const auto once = std::exchange(react, nullptr)) {
-      once();
-    }
+    const auto once = std::exchange(react, nullptr);
+    once ? once() : void();
   }
   char name;
   std::function<void()> react;
@@ -44,10 +38,7 @@ TEST(FakeThread, RunsEveryIntervalOfItsTimeAndHoldsBackTheYounger) {
       {[&] { a->react = [&] { a->Kill(); }; }, 20, "a~ac"},
       {[] { new CThread('d', 10); }, 20, "cd"},
       {[] { static_cast<CThread*>(CFakeThread::GetList().Front())->react = [] {
-          while (CFakeThread::PeekList() != nullptr) {
-            delete CFakeThread::GetList().Front();
-          }
-        }; }, 20, "c~c~d"},
+          while (CFakeThread::PeekList()) { delete CFakeThread::GetList().Front(); } }; }, 20, "c~c~d"},
   };
   // clang-format on
   for (const auto& step : steps) {

@@ -3,10 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
-#include <memory>
-#include <string>
-#include <utility>
 
 #include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
@@ -35,9 +31,8 @@ struct CRecorder : CTask {
 
   void Note(const std::string& hook, const std::string& written) {
     record += GetName() + written + " ";
-    if (auto reaction = reactions.extract(hook)) {
-      reaction.mapped()();
-    }
+    auto reaction = reactions.extract(hook);
+    reaction ? reaction.mapped()() : void();
   }
 
   bool runs = true;
@@ -67,11 +62,9 @@ class CKernelTest : public testing::Test {
   void Kill(const std::string& name) { Kernel().KillTask(tasks[name].get()); }
 
   CRecorder& Make(const std::string& name, int priority, unsigned interval = 0) {
-    tasks[name] = std::make_unique<CRecorder>();
-    tasks[name]->SetName(name);
-    tasks[name]->SetPriority(priority);
-    tasks[name]->SetTimedInterval(interval);
-    return *tasks[name];
+    CRecorder& task = *(tasks[name] = std::make_unique<CRecorder>());
+    task.SetName(name), task.SetPriority(priority), task.SetTimedInterval(interval);
+    return task;
   }
 
   CRecorder& Start(const std::string& name, int priority, unsigned interval = 0, bool runs = true) {
@@ -175,15 +168,10 @@ TEST_F(CKernelTest, EveryHookMayDoAnythingToItsTask) {
 // clang-format on
 
 TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
-  Start("first", 1);
-  Start("gfx", 80);
+  Start("first", 1), Start("gfx", 80), Start("timed", 7, 20), Start("window", 1000, 0, false);
   Start("game", 50).pausesOnFocusLost = true;
-  Start("timed", 7, 20);
-  Start("window", 1000, 0, false);
-  Start("scripted", 60);
-  Pause("scripted");
-  Start("dead", 70);
-  Kill("dead");
+  Start("scripted", 60), Pause("scripted");
+  Start("dead", 70), Kill("dead");
   // An Exit that takes others along, or starts a task, must not be followed into them.
   tasks["first"]->reactions["exit"] = [this] { tasks["scripted"].reset(), Start("late", 5); };
   Focus(false);
@@ -192,8 +180,7 @@ TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
 }
 
 TEST_F(CKernelTest, ParkedTasksDoNotKeepTheProgramAlive) {
-  Start("timed", 10, 10, false);
-  Start("parked", 10, 0, false);
+  Start("timed", 10, 10, false), Start("parked", 10, 0, false);
   EXPECT_EQ(Kernel().Run(), 0);
   EXPECT_EQ(record, "timed.start parked.start parked.exit timed.exit ");
 }
@@ -225,8 +212,7 @@ TEST_F(CKernelTest, TheFocusPausesWhoAsksAndWakesOnlyThem) {
 
 TEST_F(CKernelTest, TimedTasksCatchUpInTheOrderOfTheirDueTimes) {
   CFakeClock late(0xFFFFFFFFU - 120);  // wraps on the way
-  Start("slow", 10, 100);
-  Start("fast", 99, 50);
+  Start("slow", 10, 100), Start("fast", 99, 50);
   const unsigned waits[] = {0, 100, 1, 250, 50};
   const std::string ran =
       RunFrames(5, [&](int frame) { record += "| ", late.Advance(waits[frame]); });

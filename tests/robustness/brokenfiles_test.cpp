@@ -4,15 +4,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
 #include <map>
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "console/consoleparams.h"
 #include "game/gfxfactory.h"
@@ -41,37 +38,27 @@ void WriteAll(const fs::path& path, const Bytes& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// The same numbers in every run, so that a failure can be repeated.
-Bytes Noise(std::size_t size, unsigned seed) {
-  Bytes bytes(size, '\0');
-  for (char& byte : bytes) {
+// The file with a byte in so many changed, the same ones in every run.
+Bytes Scratched(Bytes bytes, unsigned seed, unsigned oneIn, std::size_t start = 0) {
+  for (std::size_t at = start; at < bytes.size(); ++at) {
     seed = seed * 1664525U + 1013904223U;
-    byte = static_cast<char>(seed >> 24U);
-  }
-  return bytes;
-}
-
-// The file with a byte in every hundred changed.
-Bytes Scratched(Bytes bytes, unsigned seed) {
-  for (std::size_t at = 0; at < bytes.size(); ++at) {
-    seed = seed * 1664525U + 1013904223U;
-    if ((seed >> 24U) % 100 == 0) {
+    if ((seed >> 24U) % oneIn == 0) {
       bytes[at] = static_cast<char>(seed >> 16U);
     }
   }
   return bytes;
 }
 
+// clang-format off
 const std::map<std::string, std::function<Bytes(const Bytes&)>> kBreakages = {
     {"empty", [](const Bytes&) { return Bytes(); }},
     {"half", [](const Bytes& whole) { return whole.substr(0, whole.size() / 2); }},
     {"all but the end", [](const Bytes& whole) { return whole.substr(0, whole.size() - 3); }},
-    {"noise", [](const Bytes& whole) { return Noise(whole.size(), 1); }},
-    {"noise behind a good start",
-     [](const Bytes& whole) { return whole.substr(0, 40) + Noise(whole.size(), 2); }},
-    {"scratched", [](const Bytes& whole) { return Scratched(whole, 3); }},
-    {"scratched elsewhere", [](const Bytes& whole) { return Scratched(whole, 4); }},
-};
+    {"noise", [](const Bytes& whole) { return Scratched(whole, 1, 1); }},
+    {"noise behind a good start", [](const Bytes& whole) { return Scratched(whole, 2, 1, 40); }},
+    {"scratched", [](const Bytes& whole) { return Scratched(whole, 3, 100); }},
+    {"scratched elsewhere", [](const Bytes& whole) { return Scratched(whole, 4, 100); }}};
+// clang-format on
 
 class BrokenFiles : public ::testing::Test {
  protected:
@@ -84,33 +71,35 @@ class BrokenFiles : public ::testing::Test {
     fs::remove_all("data");
   }
 
-  // Reads every file with one of the extensions in each state, the missing one too.
-  void ReadEach(const std::vector<std::string>& extensions,
-                const std::function<void(const std::string&)>& read) {
+  using Reader = std::function<void(const std::string&)>;
+
+  static void ForEach(const std::string& extension, const Reader& read) {
     std::size_t count = 0;
     for (const auto& entry : fs::recursive_directory_iterator("data")) {
-      const std::string extension = entry.path().extension().string();
-      if (std::find(extensions.begin(), extensions.end(), extension) != extensions.end()) {
+      if (entry.path().extension() == extension) {
         ++count;
-        ReadBroken(entry.path(), read);
+        read(entry.path());
       }
     }
     EXPECT_GT(count, 0U);
   }
 
-  void ReadBroken(const fs::path& path, const std::function<void(const std::string&)>& read) {
-    const Bytes whole = ReadAll(path);
-    for (const auto& [how, breakIt] : kBreakages) {
-      SCOPED_TRACE(path.string() + ", " + how);
-      WriteAll(path, breakIt(whole));
-      read(path.string());
-    }
-    fs::remove(path);
-    read(path.string());
-    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);  // nobody writes into it
-    read(path.string());
-    fs::remove(path);
-    WriteAll(path, whole);
+  // Reads every file with that extension in each state, the missing one too.
+  static void ReadEach(const std::string& extension, const Reader& read) {
+    ForEach(extension, [&](const std::string& file) {
+      const Bytes whole = ReadAll(file);
+      for (const auto& [how, breakIt] : kBreakages) {
+        SCOPED_TRACE(file + ", " + how);
+        WriteAll(file, breakIt(whole));
+        read(file);
+      }
+      fs::remove(file);
+      read(file);
+      ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);  // nobody writes into it
+      read(file);
+      fs::remove(file);
+      WriteAll(file, whole);
+    });
   }
 
   // A sprite comes, moves with time and goes, on the real screen layer.
@@ -131,64 +120,53 @@ class BrokenFiles : public ::testing::Test {
 };
 
 TEST_F(BrokenFiles, SpriteFiles) {
-  ReadEach({".xml"}, [this](const std::string& file) {
+  ReadEach(".xml", [this](const std::string& file) {
     ShowSprite(file);
     brumble::CGfxFactory().Load(file, "GfxFactory");
   });
 }
 
-TEST_F(BrokenFiles, SpritesWithoutTheirPictures) {
-  for (const auto& entry : fs::directory_iterator("data/gfx")) {
-    if (entry.path().extension() == ".png") {
-      fs::remove(entry.path());
-    }
+TEST_F(BrokenFiles, PicturesAndIcons) {
+  CTaskWindowSDL window;
+  for (const char* extension : {".png", ".bmp"}) {
+    ReadEach(extension, [&](const std::string& file) {
+      ShowSprite(file);
+      window.WindowSetIcon(file);
+    });
   }
-  for (const auto& entry : fs::directory_iterator("data/gfx")) {
-    ShowSprite(entry.path().string());
-    EXPECT_TRUE(
-        CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(entry.path().string()))->IsEmpty() ||
-        entry.path().extension() == ".bmp");
-  }
-}
-
-TEST_F(BrokenFiles, Pictures) {
-  ReadEach({".png", ".bmp"}, [this](const std::string& file) { ShowSprite(file); });
 }
 
 TEST_F(BrokenFiles, Fonts) {
-  ReadEach({".ogf"}, [](const std::string& file) {
+  ReadEach(".ogf", [](const std::string& file) {
     CTextSprite text(LoadFont(file), 200, 50);
     text.SetText("+0123456789 -\xff");
   });
 }
 
 TEST_F(BrokenFiles, Sounds) {
-  ReadEach({".wav", ".ogg"}, [this](const std::string& file) {
-    for (const char* command : {"PlayEffect", "PreloadEffect", "PlayMusic"}) {
+  for (const char* command : {"PlayEffect", "PlayMusic"}) {
+    const Reader play = [&](const std::string& file) {
       myAudio.ExecuteCommand(std::string(command) + "( \"" + file + "\" )");
       myAudio.Update();
-    }
+    };
+    ReadEach(".wav", play);
+    ReadEach(".ogg", play);
     myAudio.ExecuteCommand("StopMusic");
-  });
+  }
 }
 
-TEST_F(BrokenFiles, Icon) {
-  CTaskWindowSDL window;
-  ReadEach({".bmp"}, [&](const std::string& file) { window.WindowSetIcon(file); });
+TEST_F(BrokenFiles, SpritesWithoutTheirPictures) {
+  ForEach(".png", [](const std::string& file) { fs::remove(file); });
+  ForEach(".xml", [this](const std::string& file) { ShowSprite(file); });
 }
 
 // What the game ships is itself sound: every sprite file has its picture, and nothing is reported.
 TEST_F(BrokenFiles, ShippedFilesAreWhole) {
   const CLogCapture log;
-  for (const auto& entry : fs::directory_iterator("data/gfx")) {
-    const std::string file = entry.path().string();
-    if (entry.path().extension() != ".xml" || entry.path().stem() == "gfx_resources") {
-      continue;
-    }
-    const CSpritePtr sprite(CSpriteFactory::GetSingletonPtr()->Load(file));
-    EXPECT_FALSE(sprite->IsEmpty()) << file;
-    EXPECT_EQ(sprite->GetName(), file);
-  }
+  fs::remove("data/gfx/gfx_resources.xml");
+  ForEach(".xml", [](const std::string& file) {
+    EXPECT_FALSE(CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(file))->IsEmpty()) << file;
+  });
   EXPECT_TRUE(LoadFont("data/gfx/numbers.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
 }

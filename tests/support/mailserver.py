@@ -1,9 +1,8 @@
 #!/usr/bin/python3
 # A mail server for one connection, on a free port of the loopback. Prints the port, and in the end
-# what it got. Without arguments a real one. Else it sends its first argument as a greeting and each
-# further one when a line has come, or the whole mail after "354"; then it closes and waits for the
-# client to do so. Among the answers "close" closes at once, also at the end of one, "hang" says
-# nothing for ever, "drip" a byte every tenth of a second.
+# what it got. Without arguments a real one. Else it greets with the first and answers each line, or
+# the whole mail after "354", with the next; then it closes and waits for the client to do so. "close"
+# closes at once, also behind an answer, "hang" is silent, "drip" sends a byte every tenth of a second.
 import asyncio
 import socket
 import sys

@@ -74,17 +74,6 @@ TEST_F(CEventTest, CursorChangesOnlyToOtherKnownTypes) {
   EXPECT_EQ(SDL_GetCursor(), initial);
 }
 
-TEST_F(CEventTest, HooksAreSafeWithoutVideo) {
-  myBridge.ChangeCursor(4);
-  SDL_Quit();
-  myBridge.ChangeCursor(5);
-  myBridge.ShowCursor();
-  myBridge.GrabInput(true);
-  myTask.Update();
-  myTask.Exit();
-  myTask.Exit();
-}
-
 // Stands in for the cursor of the screen, and notes what is asked of it.
 struct CNotingHardware : IMouseHardware {
   CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
-#include "support/logcapture.h"
 #include "support/tasks.h"
 
 namespace vask::test {
@@ -26,7 +24,6 @@ class CWindowTest : public testing::Test {
   void TearDown() override {
     myTask.reset();
     SDL_Quit();
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
   }
   void Start(const std::string& params) { EXPECT_FALSE(StartWith(*myTask, params)); }
   std::string Run(const std::string& line) { return myTask->GetConsole()->Execute(line, false); }
@@ -69,35 +66,6 @@ TEST_F(CWindowTest, Commands) {
   }
 }
 // clang-format on
-
-TEST_F(CWindowTest, TheStartIsLoggedInOrder) {
-  const CLogCapture log;
-  Start("100, 80, 5, 0, 1, \"\", \"\", 0");
-  EXPECT_TRUE(log.Text().starts_with(
-      "Initializing video [OK]\n\nCreating new window\nCompiled with SDL version: 1.2.15\n"
-      "Running with SDL version: 1.2."));
-  EXPECT_TRUE(log.Text().ends_with(
-      "\nUsing driver: dummy\nUsing resizable ( SDL_RESIZABLE )\nUsing no window frames,\n"
-      "  ( oh my god our window doesn't have frames!? ) ( SDL_NOFRAME )\n"
-      "Valid resolutions for current flags\nAll resolutions available\n"
-      "New window created succesfully\n\n"
-      "Error the screen mode is not available\nResolution: 100, 80 @ 5\nFlags: 48\n"
-      "Error the screen mode is not available with the bpp 5\nUsing bpp 0\n"));
-  EXPECT_EQ(log.Lines().back().level, kLogError);
-}
-
-TEST_F(CWindowTest, WithoutADisplayTheKernelIsAskedToQuitAndNothingCrashes) {
-  setenv("DISPLAY", ":no_such_display", 1);
-  unsetenv("SDL_VIDEODRIVER");
-  const CLogCapture log;
-  Start("100, 80, 32, 0, 1, Dark, icon.bmp");
-  EXPECT_TRUE(log.Has("Error on initialing video or timer."));
-  EXPECT_TRUE(log.Has("Error creating the new window"));
-  Run("Resize(50, 50)");
-  Run("Fullscreen");
-  EXPECT_EQ(myTask->GetScreen(), nullptr);
-  EXPECT_TRUE(IsQuitting());
-}
 
 TEST_F(CWindowTest, HooksAreSafeInAnyOrderAndAFailedModeIsOnlyLogged) {
   EXPECT_TRUE(myTask->ExecuteCommand("Fullscreen"));

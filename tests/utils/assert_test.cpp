@@ -53,6 +53,8 @@ TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
   CLog::GetSingletonPtr()->RemoveListener(&bad);
   EXPECT_EQ(log.Text().find("Assertion failed: 1 > 2 (" __FILE__ ":"), 0U);
   EXPECT_EQ(log.Lines().size(), 1U);
+  LogErrors("a\rb");
+  EXPECT_EQ(log.Lines().back().level, kLogError) << "in each line";
 }
 
 }  // namespace

@@ -1,12 +1,7 @@
 #include "utils/containers/varref.h"
-#include "utils/rect.h"
 #include "utils/smartptr/smartptr.h"
 
 #include <gtest/gtest.h>
-
-#include <limits>
-#include <utility>
-#include <vector>
 
 namespace vask {
 namespace {
@@ -55,21 +50,6 @@ TEST(SmartPtr, TheLastPointerDeletesWhatIsNotForgotten) {
   CSmartPtrManager<CNode>::GetSingletonPtr()->Forget(&local);
   pointer.Reset();
   EXPECT_EQ(deaths, 3) << "deleted what dies by itself";
-}
-
-TEST(Rect, Intersections) {
-  const int most = std::numeric_limits<int>::max();
-  // clang-format off
-  const struct { CRect<int> a, b, both; } cases[] = {
-      {{0, 0, 10, 10}, {5, 6, 10, 10}, {5, 6, 5, 4}}, {{0, 0, 10, 10}, {10, 0, 5, 5}, {}},
-      {{0, 0, 10, 10}, {2, 3, 0, 5}, {}}, {{0, 0, 10, 10}, {5, 5, -3, -3}, {}},
-      {{-5, -5, most, most}, {10, 10, most, most}, {10, 10, most - 15, most - 15}},
-  };
-  // clang-format on
-  for (const auto& c : cases) {
-    EXPECT_EQ(c.a.Intersection(c.b), c.both);
-    EXPECT_EQ(c.b.Intersection(c.a), c.both);
-  }
 }
 
 }  // namespace

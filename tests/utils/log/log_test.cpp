@@ -8,8 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
-#include <memory>
 #include <regex>
 
 namespace vask {
@@ -81,13 +79,13 @@ class CMeddler : public ILogListener {
 };
 
 TEST(Log, ListenersMayLogWhileCalled) {
-  auto meddler = std::make_unique<CMeddler>(
+  const CMeddler meddler(
       [](const std::string& line) { line == "outer\n" ? Log() << "inner\n" : Log(); });
   const test::CLogCapture behind;
   Log().Error() << "outer\nnext\n";
   EXPECT_EQ(behind.Text(), "inner\nouter\nnext\n");
   EXPECT_EQ(behind.Lines()[1].level, kLogError);
-  meddler = std::make_unique<CMeddler>([](const std::string& line) { Log() << "re: " << line; });
+  const CMeddler endless([](const std::string& line) { Log() << "re: " << line; });
   Log() << "x\n";  // comes to an end
   EXPECT_TRUE(behind.Has("re: re: x"));
 }

@@ -4,10 +4,7 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <sstream>
-#include <string>
-#include <utility>
 
 #include "support/docexample.h"
 #include "support/logcapture.h"
@@ -30,9 +27,8 @@ struct CReceiver : CPad, CSignalTarget {
   explicit CReceiver(char itsName) : name(itsName) {}
   void Hear() {
     ourRecord += name;
-    if (const auto once = std::exchange(react, nullptr)) {
-      once();
-    }
+    const auto once = std::exchange(react, nullptr);
+    once ? once() : void();
   }
   void HearNumber(int n) { ourRecord += "n" + std::to_string(n) + " "; }
   void HearSwitch(bool on) { ourRecord += on ? "on " : "off "; }
@@ -55,9 +51,7 @@ class SignalTest : public testing::Test {
     signal->Connect(targets[name].get(), &CReceiver::Hear);
   }
   std::string Emit() {
-    if (signal != nullptr) {
-      signal->Emit();
-    }
+    signal != nullptr ? signal->Emit() : void();
     return std::exchange(ourRecord, {});
   }
   std::unique_ptr<CSignal> signal = std::make_unique<CSignal>();
@@ -91,15 +85,12 @@ TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
     SCOPED_TRACE(i);
     targets.clear();
     signal = std::make_unique<CSignal>();
-    Connect('a');
-    Connect('b');
-    Connect('c');
+    Connect('a'), Connect('b'), Connect('c');
     targets['a']->react = cases[i].act;
     EXPECT_EQ(Emit(), cases[i].during);
     EXPECT_EQ(Emit(), cases[i].after);
-    if (signal != nullptr) {
-      EXPECT_EQ(signal->GetConnectionCount(), std::string(cases[i].after).size());
-    }
+    EXPECT_TRUE(signal == nullptr ||
+                signal->GetConnectionCount() == std::string(cases[i].after).size());
   }
 }
 
@@ -117,12 +108,9 @@ TEST_F(SignalTest, ATargetHoldsNoLinkOfADeadSignal) {
 // clang-format off
 TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   CReceiver target('-');
-  signal->Connect(&target, &CReceiver::Hear);
-  signal->Connect(&target, &CReceiver::HearNumber);
-  signal->Connect(&target, &CReceiver::HearSwitch);
-  signal->Connect(&target, &CReceiver::HearText);
-  signal->Connect(&target, &CReceiver::HearTwo);
-  signal->Connect(&HearFree);
+  signal->Connect(&target, &CReceiver::Hear), signal->Connect(&target, &CReceiver::HearNumber);
+  signal->Connect(&target, &CReceiver::HearSwitch), signal->Connect(&target, &CReceiver::HearText);
+  signal->Connect(&target, &CReceiver::HearTwo), signal->Connect(&HearFree);
   using Arguments = std::vector<CAnyContainer>;
   const std::pair<Arguments, const char*> cases[] = {
       {{}, "-"}, {{5}, "n5 t5 "}, {{1U}, "n1 on t1 "}, {{false}, "n0 off t0 "}, {{"7 x"}, "n7 t7 x "},
@@ -135,17 +123,6 @@ TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
     EXPECT_EQ(ourRecord, called);
   }
 }
-
-TEST(Slot, IsSameByFunctionAndTarget) {
-  CReceiver one('1'), two('2');
-  const auto slot = MakeSlot(&one, &CReceiver::HearNumber);
-  EXPECT_TRUE(slot->IsSame(*MakeSlot(&one, &CReceiver::HearNumber)) && slot->Clone()->IsSame(*slot));
-  EXPECT_FALSE(slot->IsSame(*MakeSlot(&two, &CReceiver::HearNumber)));
-  EXPECT_FALSE(slot->IsSame(*MakeSlot(&one, &CReceiver::HearSwitch)));
-  EXPECT_FALSE(MakeSlot(&one, &CReceiver::Hear)->IsSame(*slot));
-  using CFree = CSGenericEvent2<int, double, std::string>;
-  EXPECT_TRUE(CFree(&HearFree).IsSame(*CFree(&HearFree).Clone()) && !CFree(&HearFree).IsSame(*slot));
-}
 // clang-format on
 
 struct CNamed : CPad, CCSSObject<CNamed> {
@@ -154,12 +131,6 @@ struct CNamed : CPad, CCSSObject<CNamed> {
   void Hear() { ourRecord += name; }
   void Add(int number) { ourRecord += name + std::to_string(number); }
   std::string name;
-};
-
-// A second class under the same name, which must not come into the slots of the first.
-struct CImpostor : CCSSObject<CImpostor> {
-  std::string GetName() const override { return "impostor"; }
-  void Hear() { ourRecord += "!"; }
 };
 
 std::string Written(CSignal& signal) {
@@ -174,12 +145,9 @@ std::string Written(CSignal& signal) {
 TEST_F(SignalTest, IsWiredByXml) {
   auto& table = CSSObject<CNamed>::GetSingleton();
   table.SetClassName("named").Add("hear", &CNamed::Hear).Add("add", &CNamed::Add);
-  CSSObject<CImpostor>::GetSingleton().SetClassName("named").Add("hear", &CImpostor::Hear);
   CNamed a("a");
   auto b = std::make_unique<CNamed>("b");
   const CNamed second("a");  // the older one has the name
-  CImpostor impostor;
-  EXPECT_TRUE(a.HasSlot("add") && !a.HasSlot("none") && impostor.Connect("hear") == nullptr);
 
   const auto element = [](const std::string& target, const std::string& function) {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
@@ -193,8 +161,8 @@ TEST_F(SignalTest, IsWiredByXml) {
   };
   const test::CLogCapture log;
   read("<r>" + good + "<Else target=\"a\" function=\"hear\"></Else>" + element("z", "hear") +
-       element("a", "none") + element("impostor", "hear") + "<Slot></Slot></r>");
-  EXPECT_EQ(log.Count("Could not connect the slot"), 4U) << log.Text();
+       element("a", "none") + "<Slot></Slot></r>");
+  EXPECT_EQ(log.Count("Could not connect the slot"), 3U) << log.Text();
 
   signal->Connect(&HearFree);
   table.SetSaved(false);
@@ -209,12 +177,11 @@ TEST_F(SignalTest, IsWiredByXml) {
   signal->Connect(std::move(unused));
   EXPECT_EQ(Emit(), "aa");
   signal->Emit(7);
-  EXPECT_EQ(ourRecord, "a7");
+  EXPECT_EQ(std::exchange(ourRecord, {}), "a7");
 
   const CNamed lamp("lamp");
   table.Add("toggle", &CNamed::Hear);
   read(test::DocExample("Signal wiring"));
-  ourRecord.clear();
   EXPECT_EQ(Emit(), "aalamp");
 }
 

@@ -11,15 +11,9 @@
 namespace vask {
 namespace {
 
-using test::CFakeClock;
-
 // clang-format off
 TEST(Timer, CountsPausesAndJumps) {
-  const struct {
-    const char* what;
-    std::function<void(CTimer&)> act;
-    unsigned wait, time;
-  } steps[] = {
+  const struct { const char* what; std::function<void(CTimer&)> act; unsigned wait, time; } steps[] = {
       {"runs from 0", [](CTimer&) {}, 250, 250},
       {"stands still", [](CTimer& t) { t.Pause(), t.Pause(); }, 1000, 250},
       {"goes on", [](CTimer& t) { t.Resume(); }, 50, 300},
@@ -36,7 +30,7 @@ TEST(Timer, CountsPausesAndJumps) {
       {"counts 37 days", [](CTimer& t) { t.Reset(); }, 37 * 86'400'000U, 37 * 86'400'000U},
   };
   for (const unsigned start : {0U, 1000U, 0x80000000U, 0xFFFFFFFFU, 0xFFFFFF00U}) {
-    CFakeClock clock(start);
+    test::CFakeClock clock(start);
     CTimer timer;
     for (const auto& step : steps) {
       step.act(timer);
@@ -45,11 +39,10 @@ TEST(Timer, CountsPausesAndJumps) {
     }
   }
 }
-
 // clang-format on
 
 TEST(AppTimer, StandsStillWithoutTheFocus) {
-  CFakeClock clock;
+  test::CFakeClock clock;
   const CTimer game(CGlobalAppTimer::GetSingletonPtr());
   CEventBridge::GetSingleton().FocusEvent(false);
   clock.Advance(1000);
