@@ -24,7 +24,7 @@ void CLotsATextSprite::SetSize(int width, int height) {
   }
   ReplaceImage(Gfx::NewBuffer(width, height));
   if (myDrawer != nullptr && !IsEmpty()) {
-    Paint(true);
+    PaintText(true);
     ImageChanged();
   }
 }
@@ -34,14 +34,14 @@ void CLotsATextSprite::Update() {
     return;
   }
   Hold();
-  if (Paint(false)) {
+  if (PaintText(false)) {
     ImageChanged();
   }
 }
 
 // Other line breaks make the text another height, and what is shown lies elsewhere in it: it is
 // painted once more.
-bool CLotsATextSprite::Paint(bool force) {
+bool CLotsATextSprite::PaintText(bool force) {
   const CRect<int> area = ViewArea();
   const bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
   myTextHeight = myDrawer->GetTextHeight();

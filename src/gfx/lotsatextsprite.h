@@ -49,7 +49,7 @@ class CLotsATextSprite : public CSprite, public CFakeThread {
   void MoveTo(int top, int textHeight);
   void Hold();
   // Answers whether it painted.
-  bool Paint(bool force);
+  bool PaintText(bool force);
   CRect<int> ViewArea() const;
 
   ILotsATextDrawer* myDrawer = nullptr;

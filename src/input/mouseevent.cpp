@@ -35,7 +35,8 @@ std::vector<std::string> SplitAtBlanks(const std::string& line) {
 }  // namespace
 
 std::string SMouseEvent::ToLine() const {
-  const std::string front = std::to_string(time) + " " + kTypeWords.at(type) + " ";
+  const std::string front =
+      std::to_string(time) + " " + kTypeWords.at(static_cast<std::size_t>(type)) + " ";
   if (type == kMove) {
     return front + std::to_string(x) + " " + std::to_string(y);
   }
