@@ -3,8 +3,11 @@
 
 build_packages=(g++ cmake ninja-build pkg-config libsdl1.2-dev libsdl-image1.2-dev
   libsdl-mixer1.2-dev libsdl-gfx1.2-dev libx11-dev)
-test_packages=(libgtest-dev clang-format clang-tidy python3 python3-numpy python3-pil python3-xlib
-  python3-aiosmtpd xvfb openbox xdotool libsdl2-2.0-0)
+test_packages=(libgtest-dev python3 python3-numpy python3-pil python3-xlib python3-aiosmtpd xvfb
+  openbox xdotool libsdl2-2.0-0)
+# The tree is laid out and linted as this version does it; others differ in taste, and newer systems
+# don't have it.
+linter_packages=(clang-format-14 clang-tidy-14)
 
 fail() {
   printf '%s: %s\n' "$(basename "$0")" "$*" >&2
@@ -15,9 +18,23 @@ is_installed() {
   [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+is_offered() {
+  apt-cache show "$1" >/dev/null 2>&1
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# A system that has just started may be updating itself: wait for it.
+install_packages() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+    -o DPkg::Lock::Timeout=300 "$@" >/dev/null
+}
+
 # ensure_packages NAME...: every one of them is installed afterwards, or the command ends.
 ensure_packages() {
-  local missing=() package root=()
+  local missing=() package
   command -v dpkg-query >/dev/null || fail "this needs Debian or Ubuntu; elsewhere install the equivalents of: $*"
   for package in "$@"; do
     # The compatibility library provides the same headers; the two exclude each other.
@@ -28,11 +45,19 @@ ensure_packages() {
   done
   [ ${#missing[@]} -gt 0 ] || return 0
   printf 'Installing: %s\n' "${missing[*]}"
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || fail "these packages are missing, and neither root nor sudo is at hand: ${missing[*]}"
-    root=(sudo)
-  fi
-  "${root[@]}" apt-get update -qq || printf 'The package lists could not be refreshed; trying with what is there.\n' >&2
-  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
-    "${missing[@]}" >/dev/null || fail "these packages could not be installed: ${missing[*]}"
+  [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null ||
+    fail "these packages are missing, and neither root nor sudo is at hand: ${missing[*]}"
+  as_root apt-get update -qq || printf 'The package lists could not be refreshed; trying with what is there.\n' >&2
+  install_packages "${missing[@]}" || fail "these packages could not be installed: ${missing[*]}"
+}
+
+# try_packages NAME...: installs those of them that the system offers; never fails.
+try_packages() {
+  local missing=() package
+  for package in "$@"; do
+    if ! is_installed "$package" && is_offered "$package"; then missing+=("$package"); fi
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  printf 'Installing: %s\n' "${missing[*]}"
+  install_packages "${missing[@]}" || printf 'These packages could not be installed: %s\n' "${missing[*]}" >&2
 }

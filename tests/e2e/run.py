@@ -17,7 +17,10 @@ def main():
     # A test counts once, however many of its cases fail.
     bad = len({getattr(test, "test_case", test).id()
                for test, _ in result.failures + result.errors})
-    print(f"{result.testsRun - bad} passed, {bad} failed")
+    for test, reason in result.skipped:
+        print(f"Skipped: {test.id()}: {reason}")
+    skipped = len(result.skipped)
+    print(f"{result.testsRun - bad - skipped} passed, {bad} failed, {skipped} skipped")
     return 1 if bad or not result.testsRun else 0
 
 

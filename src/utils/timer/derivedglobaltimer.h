@@ -9,6 +9,7 @@ namespace vask {
 class CDerivedGlobalTimer : public CTimer {
  public:
   CDerivedGlobalTimer() : CTimer(SRootTag{}) {}
+  using CTimer::operator=;
   unsigned GetTime() const override;
 
   // The process-wide instance; lives for ever.

@@ -25,6 +25,7 @@ class CGlobalAppTimer : public CSingleton<CGlobalAppTimer>, public CTimer {
 
   CGlobalAppTimer();
   ~CGlobalAppTimer() override;
+  using CTimer::operator=;
 
  private:
   std::unique_ptr<CGlobalAppFocusHandler> myFocusHandler;
