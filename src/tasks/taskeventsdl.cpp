@@ -130,13 +130,17 @@ void CTaskEventSDL::ChangeCursor(int type) {
   SCursorPlanes planes = MakeCursorPlanes(*image);
   SDL_Cursor* cursor = SDL_CreateCursor(planes.data.data(), planes.mask.data(), SCursorImage::kSide,
                                         SCursorImage::kSide, image->hotX, image->hotY);
-  if (cursor != nullptr) {
-    SDL_SetCursor(cursor);
-    if (myCursor != nullptr) {
-      SDL_FreeCursor(myCursor);
-    }
-    myCursor = cursor;
+  if (cursor == nullptr) {
+    return;
   }
+  SDL_Cursor* previous = SDL_GetCursor();
+  SDL_SetCursor(cursor);
+  if (previous == myCursor) {
+    SDL_FreeCursor(previous);
+  } else {
+    myInitialCursor = previous;
+  }
+  myCursor = cursor;
 }
 
 // SDL_Quit frees the cursor that is set: one that SDL no longer knows is gone already.
@@ -144,6 +148,8 @@ void CTaskEventSDL::FreeCursor() {
   SDL_Cursor* cursor = std::exchange(myCursor, nullptr);
   myCursorType = 0;
   if (cursor != nullptr && sdl::HasVideo() && SDL_GetCursor() == cursor) {
+    // The compatibility library would go on with the freed one.
+    SDL_SetCursor(myInitialCursor);
     SDL_FreeCursor(cursor);
   }
 }

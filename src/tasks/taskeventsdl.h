@@ -35,6 +35,7 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
 
   int myCursorType = 0;
   SDL_Cursor* myCursor = nullptr;
+  SDL_Cursor* myInitialCursor = nullptr;  // SDL's own; known while myCursor is set
   SDL_Event myEvent{};
   CEventBridge* myBridge;
   bool myIsHardware = false;

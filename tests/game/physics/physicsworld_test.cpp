@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -26,6 +27,10 @@ int theAllocations = 0;
 [[gnu::noinline]] void* operator new(std::size_t size) {
   ++theAllocations;
   return std::malloc(size);
+}
+// The sanitizer's own would not fit the operators below.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return operator new(size);
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
