@@ -81,6 +81,13 @@ class Display:
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
 
+    def scaled_picture(self, width, height):
+        """The whole screen, shrunk to the size by the nearest pixels."""
+        screen_width, screen_height = self.SIZE
+        columns = (numpy.arange(width) + 0.5) * screen_width / width
+        rows = (numpy.arange(height) + 0.5) * screen_height / height
+        return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
+
     def sync(self):
         self.connection.sync()
 
@@ -137,9 +144,12 @@ class Display:
         return None
 
     def rect_of(self, window):
-        """The window's client area on the screen: (x, y, w, h)."""
-        geometry = window.get_geometry()
-        corner = window.translate_coords(self.root, 0, 0)
+        """The window's client area on the screen: (x, y, w, h); None when it has gone."""
+        try:
+            geometry = window.get_geometry()
+            corner = window.translate_coords(self.root, 0, 0)
+        except (error.BadDrawable, error.BadWindow):
+            return None
         return -corner.x, -corner.y, geometry.width, geometry.height
 
     def close_window(self, window):

@@ -70,14 +70,22 @@ class Game:
     def wait_for_log(self, text, seconds=10, times=1):
         wait_for(lambda: self.log().count(text) >= times, seconds, f"{text!r} in the log")
 
+    def has_classic_sdl(self):
+        """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
+        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
+
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
 
     # The window.
 
+    @property
+    def window(self):
+        # Looked for each time: the compatibility library replaces its first one at the start.
+        return wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
+
     def wait_for_window(self):
-        self.window = wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
-        self.rect = self.screen.rect_of(self.window)
+        self.rect = wait_for(lambda: self.screen.rect_of(self.window), 10, "its place")
 
     def picture(self):
         return self.screen.picture(self.rect)
@@ -86,6 +94,16 @@ class Game:
         """Waits until the window shows that full-screen picture of data/gfx/."""
         expected = load_picture(name)
         wait_for(lambda: matches(self.picture(), expected), seconds, f"the picture {name}")
+
+    def full_screen_picture(self):
+        """What full screen shows, which the compatibility library scales up, in its own size."""
+        if self.has_classic_sdl():
+            return self.screen.picture(self.screen.MIDDLE)
+        return self.screen.scaled_picture(800, 600)
+
+    def wait_for_full_screen(self, name):
+        expected = load_picture(name)
+        wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), 5, "full screen")
 
     def wait_for_sprite(self, name):
         """Waits until that sprite of data/gfx/ shows in the place that its file gives."""

