@@ -37,9 +37,10 @@ class Game:
         script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)
         suppressions = ROOT / "tests" / "support" / "leaks.supp"
-        environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy",
+        environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
                            LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
-        environment.pop("DISPLAY", None)
+        for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
+            environment.pop(display, None)
         if self.screen:
             environment["DISPLAY"] = self.screen.name
         environment.update(self.environment)
@@ -73,10 +74,15 @@ class Game:
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
 
+    def is_on_classic_library(self):
+        self.wait_for_log("Using driver")
+        patch = re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log()).group(1)
+        return int(patch) < 50  # the one over SDL 2 counts from there on
+
     # The window.
 
-    def wait_for_window(self):
-        self.window = wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
+    def wait_for_window(self, title="Brumble"):
+        self.window = wait_for(lambda: self.screen.find_window(title), 10, "the window")
         self.rect = self.screen.rect_of(self.window)
 
     def picture(self):
