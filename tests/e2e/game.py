@@ -71,13 +71,13 @@ class Game:
     def wait_for_log(self, text, seconds=10, times=1):
         wait_for(lambda: self.log().count(text) >= times, seconds, f"{text!r} in the log")
 
+    def has_classic_sdl(self):
+        """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
+        self.wait_for_log("Using driver")
+        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
+
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
-
-    def is_on_classic_library(self):
-        self.wait_for_log("Using driver")
-        patch = re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log()).group(1)
-        return int(patch) < 50  # the one over SDL 2 counts from there on
 
     # The window.
 

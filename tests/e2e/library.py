@@ -9,7 +9,7 @@ from game import ROOT, Game
 def is_classic_installed():
     with Game() as game:
         game.wait_for_end()
-        return game.is_on_classic_library()
+        return game.has_classic_sdl()
 
 
 def libraries():

@@ -31,7 +31,7 @@ class Wayland(unittest.TestCase):
         for library in libraries():
             with self.subTest(**library), Display() as screen, Compositor(screen) as compositor, \
                     Game(environment={**compositor.environment, **library}) as game:
-                if game.is_on_classic_library():
+                if game.has_classic_sdl():
                     self.assertEqual(game.wait_for_end(), 0)
                     self.assertRegex(game.standard_error(), r"\AThere is no display .*\n\Z")
                 else:
