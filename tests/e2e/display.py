@@ -52,7 +52,8 @@ class Display:
         return self
 
     def __exit__(self, *_):
-        self.connection.close()
+        if self.server.poll() is None:
+            self.connection.close()
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
@@ -175,3 +176,29 @@ class Display:
         window.map()
         self.sync()
         return wait_for(lambda: self.find_window("Other"), 10, "another window")
+
+
+class Compositor:
+    """A Wayland compositor. Its one window on the screen shows its one client in full. Use it in a
+    `with`."""
+
+    TITLE = None  # the window sets no title of the old kind
+
+    def __init__(self, screen):
+        self.screen = screen
+
+    def __enter__(self):
+        self.folder = tempfile.mkdtemp(prefix="brumble-wayland-")
+        self.environment = {"XDG_RUNTIME_DIR": self.folder, "WAYLAND_DISPLAY": "wayland-test"}
+        self.process = subprocess.Popen(
+            ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
+             "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
+            env=dict(self.screen.environment, XDG_RUNTIME_DIR=self.folder),
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for(lambda: os.path.exists(os.path.join(self.folder, "wayland-test")), 10, "Wayland")
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)

@@ -26,6 +26,7 @@ class Game:
         """`script` maps the text of autoexec.txt to the text to use; `prepare` may change the copy
         of runtime/ before the start."""
         self.screen, self.script, self.prepare = screen, script, prepare
+        self.title = "Brumble"
         self.executable = ROOT / "build" / build / self.PROGRAM
         self.environment = environment
 
@@ -37,9 +38,10 @@ class Game:
         script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)
         suppressions = ROOT / "tests" / "support" / "leaks.supp"
-        environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy",
+        environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
                            LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
-        environment.pop("DISPLAY", None)
+        for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
+            environment.pop(display, None)
         if self.screen:
             environment["DISPLAY"] = self.screen.name
         environment.update(self.environment)
@@ -72,6 +74,7 @@ class Game:
 
     def has_classic_sdl(self):
         """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
+        self.wait_for_log("Using driver")
         return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
     def wait_for_end(self, seconds=15):
@@ -81,8 +84,8 @@ class Game:
 
     @property
     def window(self):
-        # Looked for each time: the compatibility library replaces its first one at the start.
-        return wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
+        # Looked for each time: the compatibility library replaces it now and then.
+        return wait_for(lambda: self.screen.find_window(self.title), 10, "the window")
 
     def wait_for_window(self):
         self.rect = wait_for(lambda: self.screen.rect_of(self.window), 10, "its place")
