@@ -17,18 +17,19 @@ import sprites  # noqa: E402
 import widgets  # noqa: E402
 
 RUNTIME = os.path.join(os.path.dirname(HERE), "runtime")
+ICONS = os.path.join(os.path.dirname(HERE), "desktop", "icons")
 GFX, GUI, SFX, MUSIC = "data/gfx", "data/gui", "data/sfx", "data/music"
 
 
 def target(path):
-    """The full path of a file of the runtime folder, whose folder is made."""
+    """The full path of a file of the runtime folder (or one given in full), whose folder is made."""
     full = os.path.join(RUNTIME, path)
     os.makedirs(os.path.dirname(full), exist_ok=True)
     return full
 
 
-def rasterise(svg):
-    done = subprocess.run(["rsvg-convert", "-f", "png"], input=svg.encode("utf-8"), stdout=subprocess.PIPE, check=True)
+def rasterise(svg, *options):
+    done = subprocess.run(["rsvg-convert", "-f", "png", *options], input=svg.encode("utf-8"), stdout=subprocess.PIPE, check=True)
     return Image.open(io.BytesIO(done.stdout)).convert("RGBA")
 
 
@@ -112,6 +113,15 @@ def icon():
     ground.convert("RGB").save(target("%s/icon.bmp" % GFX))
 
 
+def app_icons():
+    """The icons of menus and task bars: one drawing, and a plainer one for the small sizes."""
+    large, small = (compose.picture(source, {}) for source in ("app_icon.svg", "app_icon_small.svg"))
+    write_text("%s/brumble.svg" % ICONS, large + "\n")
+    for size in (16, 22, 24, 32, 48, 64, 128, 256):
+        source = small if size < 48 else large
+        save_png(rasterise(source, "-w", str(size), "-h", str(size)), "%s/%d.png" % (ICONS, size))
+
+
 def gui():
     for name, draw in widgets.GIFS.items():
         save_gif(draw(), "%s/%s.gif" % (GUI, name))
@@ -160,8 +170,8 @@ def one_sprite(name):
 
 
 def main(wanted):
-    steps = {"gfx": gfx, "gui": gui, "sfx": sounds, "music": music, "numbers": numbers}
-    for name in wanted or ("gfx", "gui", "sfx", "music"):
+    steps = {"gfx": gfx, "gui": gui, "sfx": sounds, "music": music, "numbers": numbers, "icons": app_icons}
+    for name in wanted or ("gfx", "gui", "icons", "sfx", "music"):
         if name in steps:
             steps[name]()
         elif name in sprites.SPRITES:

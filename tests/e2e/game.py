@@ -33,7 +33,8 @@ class Game:
     def __enter__(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="brumble-run-"))
         self.runtime = self.folder / "runtime"
-        shutil.copytree(ROOT / "runtime", self.runtime, ignore=shutil.ignore_patterns("log.txt"))
+        shutil.copytree(ROOT / "runtime", self.runtime,
+                        ignore=shutil.ignore_patterns("log.txt", "user.txt"))
         script = self.runtime / "autoexec.txt"
         script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)

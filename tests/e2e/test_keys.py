@@ -1,9 +1,11 @@
 """The keys that the start-up script binds, typed on a real keyboard."""
+import re
+import textwrap
 import time
 import unittest
 
 from display import Display, wait_for
-from game import Game, find_kitten
+from game import ROOT, Game, find_kitten
 from test_sound import RATE, Recorder
 
 
@@ -39,6 +41,19 @@ class Keys(unittest.TestCase):
             self.type(screen, ["p"])
             self.assertNotEqual(find_kitten(game.picture()), place)
             self.assertFalse(screen.cursor_is_visible())
+
+    def test_own_lines(self):
+        """What a player writes into user.txt adds to the script, as the page on the console shows."""
+        page = (ROOT / "docs/console.md").read_text()
+        lines = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
+
+        def prepare(runtime):
+            (runtime / "user.txt").write_text(textwrap.dedent(lines))
+
+        with Display() as screen, Game(screen, prepare=prepare) as game:
+            game.wait_for_title()
+            self.type(screen, ["q"])
+            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
 
     def type(self, screen, keys):
         """Holds the keys together for longer than the server takes to repeat one."""
