@@ -89,7 +89,7 @@ class Sound(unittest.TestCase):
         wait_for(lambda: find_kitten(game.picture()) is None, 5, "its fall out of sight")
         fell = recorder.moment()
         wait_for(lambda: fire_burns(game.picture(), before), 1, "the fire")
-        time.sleep(0.6)
+        wait_for(lambda: recorder.moment() > fell + 2 * RATE, 5, "two seconds of sound")
         around = recorder.heard()[max(0, fell - 3 * RATE):fell + 4 * RATE]
         place, fit = find_sound(around, effect("kitten_burn"))
         self.assertGreater(fit, 0.9, f"the fire is heard when it is seen (best at {place})")
