@@ -9,11 +9,12 @@ CScreenRelease::CScreenRelease() {
   if (screen == nullptr) {
     return;
   }
+  // First: in full screen the compatibility library does not let go of the input.
+  myFilledScreen = (screen->flags & SDL_FULLSCREEN) != 0 && SDL_WM_ToggleFullScreen(screen) != 0;
   myGrabbed = SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
   if (myGrabbed) {
     SDL_WM_GrabInput(SDL_GRAB_OFF);
   }
-  myFilledScreen = (screen->flags & SDL_FULLSCREEN) != 0 && SDL_WM_ToggleFullScreen(screen) != 0;
 }
 
 CScreenRelease::~CScreenRelease() {

@@ -71,7 +71,7 @@ void CTaskEventSDL::Dispatch() {
   switch (event.type) {
     case SDL_ACTIVEEVENT:
       if ((event.active.state & SDL_APPINPUTFOCUS) != 0) {
-        myBridge->FocusEvent(event.active.gain != 0);
+        OnFocus(event.active.gain != 0);
       }
       break;
     case SDL_KEYDOWN:
@@ -84,19 +84,49 @@ void CTaskEventSDL::Dispatch() {
       myBridge->MouseMove(event.motion.x, event.motion.y, event.motion.xrel, event.motion.yrel);
       break;
     case SDL_MOUSEBUTTONDOWN:
-      myBridge->MouseButtonDown(ToButton(event.button.button));
+      OnButtonDown(ToButton(event.button.button));
       break;
     case SDL_MOUSEBUTTONUP:
-      myBridge->MouseButtonUp(ToButton(event.button.button));
+      OnButtonUp(ToButton(event.button.button));
       break;
     case SDL_QUIT:
       CKernel::GetSingletonPtr()->Quit();
       break;
     case SDL_VIDEORESIZE:
-      myBridge->Resize(event.resize.w, event.resize.h);
+      // The compatibility library also tells of a size that is there already.
+      if (event.resize.w != myBridge->GetWidth() || event.resize.h != myBridge->GetHeight()) {
+        myBridge->Resize(event.resize.w, event.resize.h);
+      }
       break;
     default:
       break;
+  }
+}
+
+// The compatibility library never tells of a button that comes up while another window has the
+// focus.
+void CTaskEventSDL::OnFocus(bool gained) {
+  for (int button = 1; !gained && myHeldButtons != 0; button <<= 1) {
+    if ((myHeldButtons & button) != 0) {
+      OnButtonUp(button);
+      myGivenUpButtons |= button;
+    }
+  }
+  myBridge->FocusEvent(gained);
+}
+
+void CTaskEventSDL::OnButtonDown(int button) {
+  myHeldButtons |= button;
+  myGivenUpButtons &= ~button;
+  myBridge->MouseButtonDown(button);
+}
+
+void CTaskEventSDL::OnButtonUp(int button) {
+  const bool isKnown = (myGivenUpButtons & button) != 0;
+  myHeldButtons &= ~button;
+  myGivenUpButtons &= ~button;
+  if (!isKnown) {
+    myBridge->MouseButtonUp(button);
   }
 }
 

@@ -30,6 +30,9 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
 
  private:
   void Dispatch();
+  void OnFocus(bool gained);
+  void OnButtonDown(int button);
+  void OnButtonUp(int button);
   void Shutdown();
   void FreeCursor();
 
@@ -39,6 +42,8 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
   SDL_Event myEvent{};
   CEventBridge* myBridge;
   bool myIsHardware = false;
+  int myHeldButtons = 0;     // bits of the buttons that are down
+  int myGivenUpButtons = 0;  // those whose release the listeners heard when the focus went
 };
 
 }  // namespace vask

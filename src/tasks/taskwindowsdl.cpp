@@ -12,6 +12,7 @@
 #include "gfx/sdl/video.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
+#include "platform/displayloss.h"
 #include "utils/inputfile.h"
 #include "utils/log/log.h"
 
@@ -30,13 +31,19 @@ std::string DriverName() {
   return name.data();
 }
 
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
 // Without a display SDL falls back to drivers that paint into a terminal, or nowhere, and some of
 // them write to it before they are refused. A player is not served by them; whoever wants one, or
-// another kind of display, names it in the environment.
+// another kind of display, names it in the environment. Only the compatibility library knows
+// Wayland; the classic one refuses it.
 void ChooseDriver() {
-  const char* named = std::getenv("SDL_VIDEODRIVER");
-  if (named == nullptr || *named == '\0') {
-    setenv("SDL_VIDEODRIVER", "x11", 1);
+  const bool hasOnlyWayland = !IsSet("DISPLAY") && IsSet("WAYLAND_DISPLAY");
+  if (!IsSet("SDL_VIDEODRIVER")) {
+    setenv("SDL_VIDEODRIVER", hasOnlyWayland ? "wayland" : "x11", 1);
   }
 }
 
@@ -167,6 +174,9 @@ std::string CTaskWindowSDL::InitVideo() {
   ChooseDriver();
   if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != -1) {
     QuitSdlAtExit();
+    if (DriverName() == "x11") {
+      platform::EndWithDisplay();
+    }
     Log() << "[OK]\n\n";
     return {};
   }

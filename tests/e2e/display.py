@@ -52,7 +52,8 @@ class Display:
         return self
 
     def __exit__(self, *_):
-        self.connection.close()
+        if self.server.poll() is None:
+            self.connection.close()
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
@@ -80,6 +81,13 @@ class Display:
         """What the rectangle (x, y, w, h) shows, as rows of (red, green, blue)."""
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
+
+    def scaled_picture(self, width, height):
+        """The whole screen, shrunk to the size by the nearest pixels."""
+        screen_width, screen_height = self.SIZE
+        columns = (numpy.arange(width) + 0.5) * screen_width / width
+        rows = (numpy.arange(height) + 0.5) * screen_height / height
+        return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
     def sync(self):
         self.connection.sync()
@@ -137,9 +145,12 @@ class Display:
         return None
 
     def rect_of(self, window):
-        """The window's client area on the screen: (x, y, w, h)."""
-        geometry = window.get_geometry()
-        corner = window.translate_coords(self.root, 0, 0)
+        """The window's client area on the screen: (x, y, w, h); None when it has gone."""
+        try:
+            geometry = window.get_geometry()
+            corner = window.translate_coords(self.root, 0, 0)
+        except (error.BadDrawable, error.BadWindow):
+            return None
         return -corner.x, -corner.y, geometry.width, geometry.height
 
     def close_window(self, window):
@@ -165,3 +176,29 @@ class Display:
         window.map()
         self.sync()
         return wait_for(lambda: self.find_window("Other"), 10, "another window")
+
+
+class Compositor:
+    """A Wayland compositor. Its one window on the screen shows its one client in full. Use it in a
+    `with`."""
+
+    TITLE = None  # the window sets no title of the old kind
+
+    def __init__(self, screen):
+        self.screen = screen
+
+    def __enter__(self):
+        self.folder = tempfile.mkdtemp(prefix="brumble-wayland-")
+        self.environment = {"XDG_RUNTIME_DIR": self.folder, "WAYLAND_DISPLAY": "wayland-test"}
+        self.process = subprocess.Popen(
+            ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
+             "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
+            env=dict(self.screen.environment, XDG_RUNTIME_DIR=self.folder),
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for(lambda: os.path.exists(os.path.join(self.folder, "wayland-test")), 10, "Wayland")
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)

@@ -26,6 +26,7 @@ class Game:
         """`script` maps the text of autoexec.txt to the text to use; `prepare` may change the copy
         of runtime/ before the start."""
         self.screen, self.script, self.prepare = screen, script, prepare
+        self.title = "Brumble"
         self.executable = ROOT / "build" / build / self.PROGRAM
         self.environment = environment
 
@@ -38,9 +39,10 @@ class Game:
         script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)
         suppressions = ROOT / "tests" / "support" / "leaks.supp"
-        environment = dict(os.environ, SDL_VIDEODRIVER="x11", SDL_AUDIODRIVER="dummy",
+        environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
                            LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
-        environment.pop("DISPLAY", None)
+        for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
+            environment.pop(display, None)
         if self.screen:
             environment["DISPLAY"] = self.screen.name
         environment.update(self.environment)
@@ -71,14 +73,23 @@ class Game:
     def wait_for_log(self, text, seconds=10, times=1):
         wait_for(lambda: self.log().count(text) >= times, seconds, f"{text!r} in the log")
 
+    def has_classic_sdl(self):
+        """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
+        self.wait_for_log("Using driver")
+        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
+
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
 
     # The window.
 
+    @property
+    def window(self):
+        # Looked for each time: the compatibility library replaces it now and then.
+        return wait_for(lambda: self.screen.find_window(self.title), 10, "the window")
+
     def wait_for_window(self):
-        self.window = wait_for(lambda: self.screen.find_window("Brumble"), 10, "the window")
-        self.rect = self.screen.rect_of(self.window)
+        self.rect = wait_for(lambda: self.screen.rect_of(self.window), 10, "its place")
 
     def picture(self):
         return self.screen.picture(self.rect)
@@ -87,6 +98,16 @@ class Game:
         """Waits until the window shows that full-screen picture of data/gfx/."""
         expected = load_picture(name)
         wait_for(lambda: matches(self.picture(), expected), seconds, f"the picture {name}")
+
+    def full_screen_picture(self):
+        """What full screen shows, which the compatibility library scales up, in its own size."""
+        if self.has_classic_sdl():
+            return self.screen.picture(self.screen.MIDDLE)
+        return self.screen.scaled_picture(800, 600)
+
+    def wait_for_full_screen(self, name):
+        expected = load_picture(name)
+        wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), 5, "full screen")
 
     def wait_for_sprite(self, name):
         """Waits until that sprite of data/gfx/ shows in the place that its file gives."""

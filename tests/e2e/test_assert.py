@@ -2,6 +2,7 @@
 fields, and what can go wrong with it, in a program whose assertions fail on order."""
 import ctypes
 import os
+import select
 import signal
 import subprocess
 import time
@@ -58,7 +59,11 @@ class Asserter(Stepper):
         self.click_at(x, y + self.rect[3] - 240)
 
     def close(self, button):
-        self.push(button)
+        """Pushes until it is heard: clicks that come while the dialog is at work are dropped."""
+        def is_heard():
+            self.push(button)
+            return select.select([self.process.stdout], [], [], 1)[0]
+        wait_for(is_heard, 30, f"the end of the dialog by {button}")
         self.answer()
 
     def change_variables(self):
@@ -163,7 +168,7 @@ class Dialog(unittest.TestCase):
             for _ in range(5):
                 game.order("frame")
             self.assertEqual(game.run("asserter::Tell"), before)
-            wait_for(lambda: (screen.picture(screen.MIDDLE)[:10] == (0, 255, 0)).all(), 5, "pixels")
+            wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), 5, "pixels")
 
 
 class Without(unittest.TestCase):

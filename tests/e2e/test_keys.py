@@ -5,7 +5,7 @@ import time
 import unittest
 
 from display import Display, wait_for
-from game import ROOT, Game, find_kitten, load_picture, matches
+from game import ROOT, Game, find_kitten
 from test_sound import RATE, Recorder
 
 
@@ -15,7 +15,7 @@ class Keys(unittest.TestCase):
             game.wait_for_title()
             for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
                 self.type(screen, keys)
-                self.wait_for_full_screen(screen)
+                game.wait_for_full_screen("title_screen")
                 self.type(screen, keys)
                 game.wait_for_picture("title_screen")
             self.assert_nothing_sticks(screen, game)
@@ -24,8 +24,8 @@ class Keys(unittest.TestCase):
 
     def test_music_and_pause(self):
         with Display() as screen, Game(screen, environment=Recorder.ENVIRONMENT) as game:
-            recorder = Recorder(game)
             game.wait_for_title()
+            recorder = Recorder(game)
             for is_heard in (True, False, True):
                 wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, 5, f"music {is_heard}")
                 self.type(screen, ["m"])
@@ -63,10 +63,6 @@ class Keys(unittest.TestCase):
         for key in reversed(keys):
             screen.release_key(key)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
-
-    def wait_for_full_screen(self, screen):
-        title = load_picture("title_screen")
-        wait_for(lambda: matches(screen.picture(screen.MIDDLE), title, 0.9), 5, "full screen")
 
     def assert_nothing_sticks(self, screen, game):
         """A key that comes up while another window has the focus is not held afterwards."""

@@ -11,21 +11,24 @@ class Redraw(unittest.TestCase):
         with Display() as screen, Game(screen) as game:
             game.wait_for_title()
             title = load_picture("title_screen")
-            for width, height in ((700, 500), (900, 700), (800, 600)):
-                screen.run("xdotool", "windowsize", "--sync", str(game.window.id), str(width),
-                           str(height))
-                wait_for(lambda: self.shows(game, screen, title, width, height), 5,
+            for width, height in ((700, 500), (900, 700), (820, 620)):
+                wait_for(lambda: self.shows(game, title, width, height), 5,
                          f"the title at {width} x {height}")
+            game.rect = (*game.rect[:2], 800, 600)
+            game.point_at(400, 300)
             game.click()
             game.wait_for_picture("help_screen")
 
-    def shows(self, game, screen, title, width, height):
-        game.rect = screen.rect_of(game.window)
+    def shows(self, game, title, width, height):
+        game.wait_for_window()
         if game.rect[2:] != (width, height):
+            game.window.configure(width=width, height=height)
             return False
         picture = game.picture()
         beyond_is_black = not picture[600:].any() and not picture[:, 800:].any()
-        return matches(picture[:600, :800], title[:height, :width], 0.98) and beyond_is_black
+        is_drawn = f"myHeight = {height}\n( ) drawing all\n" in game.log()
+        return (is_drawn and beyond_is_black
+                and matches(picture[:600, :800], title[:height, :width], 0.98))
 
     def test_full_screen_and_resize(self):
         """With a stopped clock between the lines, the window equals what a full redraw shows."""

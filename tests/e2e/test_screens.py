@@ -1,11 +1,11 @@
 """The screens, the focus, and every way in which the program ends."""
 import itertools
-import subprocess
 import time
 import unittest
 
 from display import Display, wait_for
-from game import ROOT, Game, load_picture, matches
+from game import Game, load_picture, matches
+from library import libraries
 
 
 class Screens(unittest.TestCase):
@@ -28,10 +28,9 @@ class Screens(unittest.TestCase):
             self.assertEqual(game.wait_for_end(), 0)
 
     def test_title_help_play(self):
-        self.run_screens()
-
-    def test_title_help_play_on_the_compatibility_library(self):
-        self.run_screens(environment={"LD_LIBRARY_PATH": compatibility_library()})
+        for library in libraries():
+            with self.subTest(**library):
+                self.run_screens(environment=library)
 
 
 class Focus(unittest.TestCase):
@@ -92,14 +91,3 @@ class Ends(unittest.TestCase):
         self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
         self.assertNotIn("Gfx::FreeImage()", game.log())
         self.assertNotIn("LeakSanitizer", game.standard_error())
-
-
-def compatibility_library():
-    """The folder of Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed."""
-    folder = ROOT / "build" / "sdl12-compat"
-    if not list(folder.rglob("libSDL-1.2.so.0")):
-        folder.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], cwd=folder, check=True)
-        for package in folder.glob("*.deb"):
-            subprocess.run(["dpkg", "-x", package, folder], check=True)
-    return str(next(folder.rglob("libSDL-1.2.so.0")).parent)

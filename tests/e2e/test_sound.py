@@ -45,21 +45,23 @@ class Recorder:
 
     def __init__(self, game):
         self.path = game.runtime / "sound.raw"
+        # The compatibility library opens a device of twice our rate, and converts.
+        self.step = CHANNELS * (1 if game.has_classic_sdl() else 2)
 
     def moment(self):
-        return self.path.stat().st_size // (2 * CHANNELS)
+        return self.path.stat().st_size // (2 * self.step)
 
     def heard(self):
         data = numpy.fromfile(self.path, numpy.int16)
-        return data[:len(data) // CHANNELS * CHANNELS:CHANNELS].astype(float)
+        return data[:len(data) // self.step * self.step:self.step].astype(float)
 
 
 class Sound(unittest.TestCase):
     def test_kittens_and_fire_are_heard(self):
         with Display() as screen, Game(screen, script=without_music,
                                        environment=Recorder.ENVIRONMENT) as game:
-            recorder = Recorder(game)
             game.start_playing()
+            recorder = Recorder(game)
             pilot = Pilot(game)
             wait_for(lambda: find_kitten(pilot.step()) is not None, 10, "a kitten")
             appeared = recorder.moment()
@@ -87,7 +89,7 @@ class Sound(unittest.TestCase):
         wait_for(lambda: find_kitten(game.picture()) is None, 5, "its fall out of sight")
         fell = recorder.moment()
         wait_for(lambda: fire_burns(game.picture(), before), 1, "the fire")
-        time.sleep(0.6)
+        wait_for(lambda: recorder.moment() > fell + 2 * RATE, 5, "two seconds of sound")
         around = recorder.heard()[max(0, fell - 3 * RATE):fell + 4 * RATE]
         place, fit = find_sound(around, effect("kitten_burn"))
         self.assertGreater(fit, 0.9, f"the fire is heard when it is seen (best at {place})")
@@ -97,6 +99,6 @@ class NoSound(unittest.TestCase):
     def test_without_a_device_the_game_plays_on(self):
         with Display() as screen, Game(screen, environment={"SDL_AUDIODRIVER": "none"}) as game:
             game.start_playing()
-            game.wait_for_log("Error description: No available audio device")
+            game.wait_for_log("Error description: ")
             game.point_at(5, 5)
             game.wait_for_log("Gameover", 60)

@@ -59,6 +59,19 @@ TEST_F(CEventTest, EveryEventReachesItsListeners) {
   EXPECT_TRUE(IsQuitting());
 }
 
+TEST_F(CEventTest, AHeldButtonIsReleasedOnceWhenTheFocusGoes) {
+  const SDL_Event press{.button = {SDL_MOUSEBUTTONDOWN, 0, 3, 0, 0, 0}};
+  const SDL_Event release{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}};
+  const SDL_Event leave{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS}};
+  std::string record;
+  const CEventRecorder recorder("", record);
+  for (SDL_Event event : {press, leave, release, press, release, leave}) {
+    ASSERT_EQ(SDL_PushEvent(&event), 0);
+  }
+  myTask.Update();
+  EXPECT_EQ(record, "press 4 0\nrelease 4 0\nfocus 0 0\npress 4 0\nrelease 4 0\nfocus 0 0\n");
+}
+
 TEST_F(CEventTest, CursorChangesOnlyToOtherKnownTypes) {
   SDL_Cursor* const initial = SDL_GetCursor();
   for (const int type : {0, -1, 10}) {

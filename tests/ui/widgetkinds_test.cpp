@@ -86,8 +86,9 @@ class WidgetKinds : public testing::Test {
 TEST_F(WidgetKinds, FactoryMakesEachClass) {
   const CWidgetFactory& factory = CWidgetFactory::GetSingleton();
   for (const std::string name : {"CWidget", "CButtonWidget", "CTextInputWidget", "CWindowWidget"}) {
-    const std::unique_ptr<CWidget> widget(factory.Create(name));
-    EXPECT_TRUE(std::string(typeid(*widget).name()).ends_with(name + "E")) << name;
+    const std::unique_ptr<CWidget> made(factory.Create(name));
+    const CWidget& widget = *made;
+    EXPECT_TRUE(std::string(typeid(widget).name()).ends_with(name + "E")) << name;
   }
   EXPECT_EQ(factory.Create("CDesktopWidget"), Desktop());
 }

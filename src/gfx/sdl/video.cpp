@@ -10,6 +10,15 @@ constinit bool ourModeFailed = false;
 // SDL keeps the bytes of a row in 16 bits; a wider 32-bit screen would overrun its own memory.
 constexpr int kMaxScreenSide = 16383;
 
+// Some versions of SDL 1.2 over SDL 2 (seen in 1.2.78, not up to 1.2.68) go on showing a picture of
+// the first mode's size, and write past its end when the screen has become larger.
+bool KeepsFirstSize() { return SDL_Linked_Version()->patch > 68; }
+
+bool IsOtherSize(int width, int height) {
+  const SDL_Surface* screen = SDL_GetVideoSurface();
+  return screen != nullptr && (screen->w != width || screen->h != height);
+}
+
 }  // namespace
 
 bool HasVideo() { return SDL_WasInit(SDL_INIT_VIDEO) != 0; }
@@ -26,6 +35,10 @@ SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags
   } else if (width > kMaxScreenSide || height > kMaxScreenSide) {
     SDL_SetError("A screen of %d by %d is too large", width, height);
   } else {
+    if (KeepsFirstSize() && IsOtherSize(width, height)) {
+      // Another frame takes a new window, with all that belongs to it.
+      SDL_SetVideoMode(width, height, depth, flags ^ SDL_NOFRAME);
+    }
     screen = SDL_SetVideoMode(width, height, depth, flags);
   }
   ourModeFailed = screen == nullptr;

@@ -1,0 +1,28 @@
+"""The SDL 1.2 that the program runs on: the classic library, or the one over SDL 2."""
+import functools
+import subprocess
+
+from game import ROOT, Game
+
+
+@functools.cache
+def is_classic_installed():
+    with Game() as game:
+        game.wait_for_end()
+        return game.has_classic_sdl()
+
+
+def libraries():
+    """The environments that run the program on each library that is at hand."""
+    return [{}, {"LD_LIBRARY_PATH": compatibility_library()}] if is_classic_installed() else [{}]
+
+
+def compatibility_library():
+    """The folder of Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed."""
+    folder = ROOT / "build" / "sdl12-compat"
+    if not list(folder.rglob("libSDL-1.2.so.0")):
+        folder.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], cwd=folder, check=True)
+        for package in folder.glob("*.deb"):
+            subprocess.run(["dpkg", "-x", package, folder], check=True)
+    return str(next(folder.rglob("libSDL-1.2.so.0")).parent)
