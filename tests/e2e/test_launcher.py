@@ -54,8 +54,10 @@ class Launcher(unittest.TestCase):
 
     def start(self, *arguments, launcher=None, **environment):
         environment = {"PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": ":0", **environment}
+        # A shell cannot catch what whoever started the tests has it ignore.
         return subprocess.Popen([launcher or self.launcher, *arguments], cwd=self.folder, text=True,
-                                env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                                env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
 
     def run_and_ask(self, **how):
         """What the program tells."""
