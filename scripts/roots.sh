@@ -19,7 +19,7 @@ need_roots() {
 root_sources() {
   local uri codename component own suite=$1
   own=$(. /etc/os-release && [ "$ID" = debian ] && printf '%s' "${VERSION_CODENAME:-}") || return 0
-  apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' | sort -u |
+  apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' | sort -u |
     while read -r uri codename component; do
       case $suite:$codename in
         *:"$own") printf 'deb %s %s %s\n' "$uri" "$suite" "$component" ;;

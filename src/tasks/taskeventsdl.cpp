@@ -103,8 +103,7 @@ void CTaskEventSDL::Dispatch() {
   }
 }
 
-// The compatibility library never tells of a button that comes up while another window has the
-// focus.
+// SDL may never tell of a button that comes up while another window has the focus.
 void CTaskEventSDL::OnFocus(bool gained) {
   for (int button = 1; !gained && myHeldButtons != 0; button <<= 1) {
     if ((myHeldButtons & button) != 0) {

@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -100,6 +101,10 @@ class Launcher(unittest.TestCase):
                 self.assertEqual(self.run_and_ask()["links"]["data"], str(expected))
                 self.assertEqual(list(other.iterdir()) + list(mine.iterdir()), [])
                 (place.rmdir if place.is_dir() and not place.is_symlink() else place.unlink)()
+        script = self.own / "autoexec.txt"
+        script.unlink()
+        script.touch()
+        self.assertEqual(self.run_and_ask()["links"]["autoexec.txt"], str(script))
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)
@@ -137,7 +142,11 @@ class InstalledGame(unittest.TestCase):
         with tempfile.TemporaryDirectory(prefix="brumble prefix ") as prefix:
             subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix],
                            check=True, stdout=subprocess.DEVNULL)
-            with Display() as screen, Installed(screen, f"{prefix}/games/brumble") as game:
+            launcher = f"{prefix}/games/brumble"
+            version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
+            self.assertEqual(subprocess.check_output([launcher, "--version"], text=True),
+                             f"brumble {version[1]}\n")
+            with Display() as screen, Installed(screen, launcher) as game:
                 game.wait_for_title()
                 self.assertEqual(game.window.get_wm_class(), ("brumble", "brumble"))
                 screen.tap("Escape")

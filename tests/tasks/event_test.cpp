@@ -43,6 +43,7 @@ TEST_F(CEventTest, EveryEventReachesItsListeners) {
       {{.button = {SDL_MOUSEBUTTONUP, 0, 5, 0, 0, 0}}, "release 16 0\n"},
       {{.button = {SDL_MOUSEBUTTONUP, 0, 6, 0, 0, 0}}, "release 0 0\n"},
       {{.resize = {SDL_VIDEORESIZE, 70, 50}}, "resize 70 50\n"},
+      {{.resize = {SDL_VIDEORESIZE, 70, 50}}, ""},
       {{.expose = {SDL_VIDEOEXPOSE}}, ""}, {{.quit = {SDL_QUIT}}, ""},
   };
   // clang-format on
