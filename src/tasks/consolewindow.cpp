@@ -18,6 +18,9 @@
 namespace vask {
 namespace {
 
+constexpr int kEscape = 27;
+constexpr int kF1 = 282;
+
 // Of a line that lists choices, in characters: it fits into the window as it opens.
 constexpr std::size_t kListWidth = 60;
 
@@ -48,6 +51,7 @@ void LogChoices(const std::vector<std::string>& choices) {
 CConsoleWindow::CConsoleWindow()
     : myExecutions(std::make_shared<int>(0)), myGeneration(ui::GetReceiversGeneration()) {
   Build();
+  CKeyboard::GetSingletonPtr()->AddInterceptor(this);
 }
 
 CConsoleWindow::~CConsoleWindow() {
@@ -85,6 +89,14 @@ void CConsoleWindow::TurnClosedFlag() {
   if (HasWidgets()) {
     myWindow->SetClosed(!myWindow->IsClosed());
   }
+}
+
+bool CConsoleWindow::TakesPress(int key) {
+  const bool isMine = (key == kEscape || key == kF1) && !IsClosed();
+  if (isMine) {
+    myWindow->Close();
+  }
+  return isMine;
 }
 
 void CConsoleWindow::Execute() {

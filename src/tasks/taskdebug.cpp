@@ -125,7 +125,7 @@ void CTaskDebug::ToggleConsole() {
     myConsoleWindow->TurnClosedFlag();
     return;
   }
-  const bool isOpen = myConsoleWindow != nullptr && myConsoleWindow->HasWidgets();
+  const bool isOpen = myConsoleWindow != nullptr && !myConsoleWindow->IsClosed();
   myConsoleWindow.reset();
   if (!isOpen) {
     myConsoleWindow = std::make_unique<CConsoleWindow>();

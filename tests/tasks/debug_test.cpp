@@ -6,6 +6,7 @@
 
 #include "events/eventbridge.h"
 #include "gfx/textsprite.h"
+#include "input/keyboard.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
@@ -16,6 +17,7 @@
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+#include "ui/windowwidget.h"
 #include "utils/assert.h"
 
 namespace vask::test {
@@ -36,8 +38,8 @@ struct CRun {
   static void Execute(const std::string& line) {
     CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(Numbered(line), false);
   }
-  static CTaskDebug& Task() {
-    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered("debug%")));
+  static CTaskDebug& Task(const std::string& name = "debug%") {
+    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered(name)));
   }
   static const auto& Windows() { return ui::CDesktopWidget::GetSingletonPtr()->GetChildren(); }
   // Types into the line of the frontmost console and answers what it shows then; "^", "_" and "<"
@@ -57,6 +59,38 @@ struct CRun {
   CFakeClock clock;
   CTestScreen screen{80, 60};
 };
+
+struct CBinding : IKeyEvent {
+  bool Trigger(int) override { return ++fired > 0; }
+  int fired = 0;
+};
+
+TEST(Debug, EscapeAndF1CloseTheConsolesAndReachNoBinding) {
+  const CRun run;
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  const CSmartPtr<IKeyEvent> event(new CBinding);
+  int& fired = static_cast<CBinding&>(*event).fired;
+  for (const int key : {27, 282}) {
+    keyboard.BindKey(key, event, -1000);
+    for (const int how : {0, 1, 2, 3}) {
+      const bool hasFocus = (how & 1) != 0;
+      const bool debugComesFirst = (how & 2) != 0;
+      run.Execute("debug%::ToggleConsole;other%::ToggleConsole");
+      EXPECT_EQ(hasFocus ? run.Type("`") : "`", "`");
+      CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
+      EXPECT_TRUE(dynamic_cast<ui::CWindowWidget&>(*run.Windows().front()).IsClosed());
+      debugComesFirst ? void() : keyboard.Update();
+      run.Task().Update();
+      run.Task("other%").Update();
+      keyboard.Update();
+      EXPECT_TRUE(run.Windows().empty()) << key << " " << how;
+      EXPECT_EQ(fired, 0) << key << " " << how;
+    }
+    CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
+    keyboard.Update();
+    EXPECT_EQ(std::exchange(fired, 0), 1) << "no console is open";
+  }
+}
 
 TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
   CRun run;
