@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "tasks/consolecompletion.h"
@@ -52,9 +53,13 @@ CConsoleWindow::CConsoleWindow()
     : myExecutions(std::make_shared<int>(0)), myGeneration(ui::GetReceiversGeneration()) {
   Build();
   CKeyboard::GetSingletonPtr()->AddInterceptor(this);
+  CEventBridge::GetSingletonPtr()->HoldCursor();
 }
 
 CConsoleWindow::~CConsoleWindow() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->ReleaseCursor();
+  }
   if (HasWidgets()) {
     DropConnections();
     delete myWindow;

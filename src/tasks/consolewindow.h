@@ -19,7 +19,8 @@ class CConsoleInput;
 
 // The console over the running game: a window that shows the log, and a line below it whose text
 // the application console executes. Up and down browse what was executed, Tab completes names.
-// Escape and F1 close it, whether or not it has the focus, and reach nothing else then.
+// Escape and F1 close it, whether or not it has the focus, and reach nothing else then. While there
+// is a console window, the pointer shows.
 //
 // The widgets stand on the desktop and may die with it at any time. Whatever is executed may close,
 // or delete, the console window.

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <regex>
 
-#include "events/eventbridge.h"
+#include "events/eventrecorder.h"
 #include "gfx/textsprite.h"
 #include "input/keyboard.h"
 #include "kernel/applicationfactory.h"
@@ -90,6 +90,22 @@ TEST(Debug, EscapeAndF1CloseTheConsolesAndReachNoBinding) {
     keyboard.Update();
     EXPECT_EQ(std::exchange(fired, 0), 1) << "no console is open";
   }
+}
+
+TEST(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
+  const CRun run;
+  const CNotingHardware pointer;
+  run.Execute("starttask(mouse, mouse%, 5);mouse%::CursorHide");
+  for (const auto& [line, asked] : {std::pair("debug%::ToggleConsole", "show"),
+                                    {"other%::ToggleConsole;mouse%::CursorHide", "show"},
+                                    {"debug%::ToggleConsole", "show"},
+                                    {"other%::ToggleConsole", "hide"},
+                                    {"other%::ToggleConsole;mouse%::CursorShow", "show"},
+                                    {"other%::ToggleConsole", "show"}}) {
+    run.Execute(line);
+    EXPECT_EQ(pointer.last, asked) << line;
+  }
+  run.Execute("stoptask(mouse%)");
 }
 
 TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
