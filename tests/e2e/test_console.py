@@ -9,8 +9,9 @@ from console import Console
 from display import Display, wait_for
 from game import Game
 
-# Bound keys leave a mark in the log, or load a script.
+# Bound keys leave a mark in the log, or load a script; the frames of a second show.
 BINDINGS = """
+debug_show_fps = 1
 keyboard::bind(k, stoptask(mark))
 keyboard::bind(left_ctrl j, stoptask(marks))
 keyboard::bind(f2, load(data/keys/again.txt))
@@ -125,7 +126,7 @@ class DeveloperConsole(unittest.TestCase):
         console.click(600, 450)
 
     def assert_the_figure_can_be_dragged(self, game, console):
-        place, moved = (9, 570), (509, 300)
+        place, moved = (714, 10), (509, 300)
         label = self.label_at(game, place)
         self.assertGreater(label.sum(), 30, "a label in white")
         console.drag((place[0] + 10, place[1] + 10), (moved[0] + 10, moved[1] + 10))
