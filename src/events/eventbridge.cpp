@@ -48,14 +48,33 @@ void CEventBridge::SetMouseHardware(IMouseHardware* hardware) { myMouseHardware 
 
 void CEventBridge::ClearMouseHardware() { myMouseHardware = nullptr; }
 
+void CEventBridge::HoldCursor() {
+  ++myCursorHolds;
+  ApplyCursor();
+}
+
+void CEventBridge::ReleaseCursor() {
+  --myCursorHolds;
+  ApplyCursor();
+}
+
 void CEventBridge::ShowCursor() {
-  if (myMouseHardware != nullptr) {
-    myMouseHardware->ShowCursor();
-  }
+  myIsCursorWanted = true;
+  ApplyCursor();
 }
 
 void CEventBridge::HideCursor() {
-  if (myMouseHardware != nullptr) {
+  myIsCursorWanted = false;
+  ApplyCursor();
+}
+
+void CEventBridge::ApplyCursor() {
+  if (myMouseHardware == nullptr) {
+    return;
+  }
+  if (myIsCursorWanted || myCursorHolds > 0) {
+    myMouseHardware->ShowCursor();
+  } else {
     myMouseHardware->HideCursor();
   }
 }

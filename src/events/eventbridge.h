@@ -66,6 +66,11 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void SetMouseHardware(IMouseHardware* hardware);
   void ClearMouseHardware();
 
+  // From the first hold to the release of the last, the cursor shows; then it is as ShowCursor and
+  // HideCursor have last asked for.
+  void HoldCursor();
+  void ReleaseCursor();
+
   // Forwarded to the mouse hardware; dropped while none is registered.
   void ShowCursor();
   void HideCursor();
@@ -94,6 +99,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
     std::unique_ptr<CEventResizeBase> adapter;
   };
 
+  void ApplyCursor();
   void AddAdapter(const void* owner, std::unique_ptr<CEventResizeBase> adapter);
   void RemoveAdapters(const void* owner);
 
@@ -105,6 +111,8 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   CWalkList<IKeyboardListener> myKeyboardListeners;
   CWalkList<IMouseListener> myMouseListeners;
   IMouseHardware* myMouseHardware = nullptr;
+  bool myIsCursorWanted = true;  // as was last asked for
+  int myCursorHolds = 0;
 };
 
 }  // namespace vask

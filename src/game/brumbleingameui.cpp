@@ -2,12 +2,20 @@
 
 #include "game/gfxfactory.h"
 #include "input/mouse.h"
+#include "ui/desktopwidget.h"
 #include "utils/log/log.h"
 
 namespace brumble {
 namespace {
 
 constexpr int kLeftButton = 1;
+
+// What lies over the screen takes its own clicks. It may hear of them before or after the screen
+// does, so the place is asked for, and not what has become of the click.
+bool IsPointerOverWidget() {
+  const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
+  return vask::ui::CDesktopWidget::HasWidgetAt({mouse.GetPointerX(), mouse.GetPointerY()});
+}
 
 }  // namespace
 
@@ -31,7 +39,7 @@ void CBrumbleTaskImpl::CBrumbleInGameUi::ShowGameOver() {
 }
 
 void CBrumbleTaskImpl::CBrumbleInGameUi::OnMouseButtonDown(int button) {
-  if (button != kLeftButton) {
+  if (button != kLeftButton || IsPointerOverWidget()) {
     return;
   }
   if (myState == kTitle) {

@@ -33,7 +33,7 @@ bool IsRealKey(int key) { return key != 0 && IsKeyCode(key); }
 class CKeyboard::CKeyboardImpl : public IKeyboardListener {
  public:
   void OnKeyDown(int key) override {
-    if (IsRealKey(key)) {
+    if (IsRealKey(key) && !IsTaken(key)) {
       myPressedQueue.push_back(key);
     }
   }
@@ -53,6 +53,9 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
     }
   }
 
+  void AddInterceptor(IKeyInterceptor* interceptor) { myInterceptors.AppendOnce(interceptor); }
+  void RemoveInterceptor(IKeyInterceptor* interceptor) { myInterceptors.Remove(interceptor); }
+
   void Bind(int key, const CSmartPtr<IKeyEvent>& event) {
     EventList& events = myBindings[key];
     events.remove(event);  // each event gets a key once
@@ -69,6 +72,13 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
 
  private:
   using EventList = std::list<CSmartPtr<IKeyEvent>>;
+
+  bool IsTaken(int key) {
+    bool isTaken = false;
+    myInterceptors.ForEachPresent(
+        [&](IKeyInterceptor* interceptor) { isTaken = interceptor->TakesPress(key) || isTaken; });
+    return isTaken;
+  }
 
   void DispatchQueue(std::deque<int>& queue, std::size_t count, bool isDown) {
     for (; count > 0 && !queue.empty(); --count) {
@@ -135,10 +145,17 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
   std::array<unsigned char, kKeyCount> myPressed{};
   std::map<int, EventList> myBindings;
   CWalkList<IKeyEvent> myAllKeyEvents;
+  CWalkList<IKeyInterceptor> myInterceptors;
   // For each key that is being handed on, the all-key events that it has yet to reach. Not looked
   // up in the list above, where a newcomer may stand at the address of one that has died.
   std::list<CWalkList<IKeyEvent>> myWaiting;
 };
+
+IKeyInterceptor::~IKeyInterceptor() {
+  if (CKeyboard* keyboard = CKeyboard::PeekSingletonPtr()) {
+    keyboard->RemoveInterceptor(this);
+  }
+}
 
 CKeyboard::CKeyboard() : myImpl(std::make_unique<CKeyboardImpl>()) {
   CEventBridge::GetSingletonPtr()->AddKeyboardListener(myImpl.get());
@@ -176,6 +193,14 @@ void CKeyboard::AddKeyEvent(IKeyEvent* event, int priority) {
 }
 
 void CKeyboard::RemoveKeyEvent(IKeyEvent* event) { myImpl->RemoveAllKeyEvent(event); }
+
+void CKeyboard::AddInterceptor(IKeyInterceptor* interceptor) {
+  myImpl->AddInterceptor(interceptor);
+}
+
+void CKeyboard::RemoveInterceptor(IKeyInterceptor* interceptor) {
+  myImpl->RemoveInterceptor(interceptor);
+}
 
 void CKeyboard::Update() { myImpl->Update(); }
 

@@ -9,6 +9,15 @@
 
 namespace vask {
 
+// Is asked for each key as it goes down, before it is queued.
+class IKeyInterceptor {
+ public:
+  // Leaves CKeyboard.
+  virtual ~IKeyInterceptor();
+  // Whether the press is the interceptor's own: it reaches no event then.
+  virtual bool TakesPress(int key) = 0;
+};
+
 // Queues the keys that go down and up, and hands them on in Update() to the events that they are
 // bound to, lower priorities first. Events may bind further events, come, go and delete each other
 // at any time; what is bound while keys are handed on counts from the next key.
@@ -32,6 +41,9 @@ class CKeyboard : public CSingleton<CKeyboard> {
   void AddKeyEvent(IKeyEvent* event, int priority);
   // Takes an event out that AddKeyEvent has added.
   void RemoveKeyEvent(IKeyEvent* event);
+  // Not owned. All interceptors are asked for a press, also when one takes it.
+  void AddInterceptor(IKeyInterceptor* interceptor);
+  void RemoveInterceptor(IKeyInterceptor* interceptor);
   // Hands on what was queued before the call: the keys that went down, then those that came up.
   void Update();
 

@@ -1,5 +1,8 @@
 #include "kernel/applicationfactory.h"
 
+#include <utility>
+#include <vector>
+
 #include "console/commandfactory.h"
 #include "kernel/basiccommands.h"
 #include "kernel/consolebridge.h"
@@ -7,6 +10,18 @@
 #include "utils/log/log.h"
 
 namespace vask {
+namespace {
+
+std::vector<std::pair<const char*, int*>>& ProgramVariables() {
+  static auto& variables = *new std::vector<std::pair<const char*, int*>>;
+  return variables;
+}
+
+}  // namespace
+
+CConsoleVariableRegistrar::CConsoleVariableRegistrar(const char* name, int& variable) {
+  ProgramVariables().emplace_back(name, &variable);
+}
 
 CApplicationFactory::CApplicationFactory()
     : myConsoleMaker(std::make_unique<CConsoleMaker<CConsoleBridge>>()) {}
@@ -24,6 +39,9 @@ CConsole* CApplicationFactory::GetConsole() {
     RegisterExtraCommands();
     CCommandFactory::GetSingletonPtr()->LoadLib("basic", myConsole.get());
     CCommandFactory::GetSingletonPtr()->LoadLib("extra", myConsole.get());
+    for (const auto& [name, variable] : ProgramVariables()) {
+      myConsole->RegisterVariable(name, *variable);
+    }
   }
   return myConsole.get();
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "tasks/consolecompletion.h"
@@ -17,6 +18,9 @@
 
 namespace vask {
 namespace {
+
+constexpr int kEscape = 27;
+constexpr int kF1 = 282;
 
 // Of a line that lists choices, in characters: it fits into the window as it opens.
 constexpr std::size_t kListWidth = 60;
@@ -48,9 +52,14 @@ void LogChoices(const std::vector<std::string>& choices) {
 CConsoleWindow::CConsoleWindow()
     : myExecutions(std::make_shared<int>(0)), myGeneration(ui::GetReceiversGeneration()) {
   Build();
+  CKeyboard::GetSingletonPtr()->AddInterceptor(this);
+  CEventBridge::GetSingletonPtr()->HoldCursor();
 }
 
 CConsoleWindow::~CConsoleWindow() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->ReleaseCursor();
+  }
   if (HasWidgets()) {
     DropConnections();
     delete myWindow;
@@ -85,6 +94,14 @@ void CConsoleWindow::TurnClosedFlag() {
   if (HasWidgets()) {
     myWindow->SetClosed(!myWindow->IsClosed());
   }
+}
+
+bool CConsoleWindow::TakesPress(int key) {
+  const bool isMine = (key == kEscape || key == kF1) && !IsClosed();
+  if (isMine) {
+    myWindow->Close();
+  }
+  return isMine;
 }
 
 void CConsoleWindow::Execute() {

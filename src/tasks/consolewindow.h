@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "input/keyboard.h"
 #include "utils/signalslot/signaltarget.h"
 
 namespace vask::ui {
@@ -18,13 +19,15 @@ class CConsoleInput;
 
 // The console over the running game: a window that shows the log, and a line below it whose text
 // the application console executes. Up and down browse what was executed, Tab completes names.
+// Escape and F1 close it, whether or not it has the focus, and reach nothing else then. While there
+// is a console window, the pointer shows.
 //
 // The widgets stand on the desktop and may die with it at any time. Whatever is executed may close,
 // or delete, the console window.
-class CConsoleWindow : public css::CSignalTarget {
+class CConsoleWindow : public css::CSignalTarget, public IKeyInterceptor {
  public:
   CConsoleWindow();
-  ~CConsoleWindow();
+  ~CConsoleWindow() override;
 
   // The slots of the input line's keys.
   void Execute();
@@ -39,6 +42,8 @@ class CConsoleWindow : public css::CSignalTarget {
   bool IsExecuting() const { return *myExecutions > 0; }
   // Says that the window is to be closed, or takes that back.
   void TurnClosedFlag();
+  // Closes it on its keys. The owner deletes it when it comes to it; until then it is closed.
+  bool TakesPress(int key) override;
 
  private:
   void Build();

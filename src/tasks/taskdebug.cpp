@@ -5,23 +5,31 @@
 #include "gfx/font.h"
 #include "gfx/screenlayer.h"
 #include "gfx/textsprite.h"
+#include "input/mouse.h"
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "tasks/debugcommands.h"
+#include "ui/desktopwidget.h"
 
 namespace vask {
 namespace {
 
 const CTaskTypeRegistrar<CTaskDebug> registrar("debug");
 
+int theFrameRateShows = 1;
+const CConsoleVariableRegistrar variableRegistrar("debug_show_fps", theFrameRateShows);
+
 constexpr unsigned kSecond = 1000;  // milliseconds
 
 constexpr int kTextWidth = 75;
 constexpr int kTextHeight = 20;
-constexpr int kTextDepth = -6;
-constexpr int kTextMargin = 10;  // from the lower left corner of the screen
+// Over the game, whose pictures lie further back, and under every widget: a console that meets the
+// text covers it whole.
+constexpr int kTextDepth = 0;
+constexpr int kTextMargin =
+    10;  // from the upper right corner of the screen, where no console opens
 constexpr int kBackdropWidth = 125;
 constexpr int kBackdropHeight = 25;
 constexpr int kBackdropAlpha = 128;
@@ -42,11 +50,24 @@ CSpritePtr NewFrameRateText() {
   auto text = std::make_unique<CTextSprite>(LoadFont("system"), kTextWidth, kTextHeight);
   text->SetBackdrop(NewBackdrop());
   text->SetZ(kTextDepth);
-  text->SetPosition(kTextMargin,
-                    std::max(Gfx::ScreenRect().h - kTextHeight - kTextMargin, kTextMargin));
+  text->SetPosition(std::max(Gfx::ScreenRect().w - kTextWidth - kTextMargin, kTextMargin),
+                    kTextMargin);
   text->SetParent(CScreenLayer::GetSingletonPtr());
   return CSpritePtr(text.release());
 }
+
+// Drags the text, but for what lies under a widget.
+class CFrameRateElement : public zogui::CGuiElement {
+ public:
+  using CGuiElement::CGuiElement;
+
+  void OnMouseButtonDown(int button) override {
+    const CMouse& mouse = *CMouse::GetSingletonPtr();
+    if (!ui::CDesktopWidget::HasWidgetAt({mouse.GetPointerX(), mouse.GetPointerY()})) {
+      CGuiElement::OnMouseButtonDown(button);
+    }
+  }
+};
 
 }  // namespace
 
@@ -58,7 +79,7 @@ bool CTaskDebug::Start() {
     myCommands->AddCommand(name, command);
   }
   myFrameRateText = NewFrameRateText();
-  myFrameRateElement = std::make_unique<zogui::CGuiElement>(myFrameRateText.Get());
+  myFrameRateElement = std::make_unique<CFrameRateElement>(myFrameRateText.Get());
   return true;
 }
 
@@ -68,6 +89,7 @@ void CTaskDebug::Update() {
     myConsoleWindow.reset();
   }
   CountFrame();
+  ShowFrameRate();
   if (myInputDevice != nullptr) {
     myInputDevice->Update();
   }
@@ -91,6 +113,14 @@ void CTaskDebug::CountFrame() {
   }
   myFrames = 0;
   myLastFrameRateTime = now;
+}
+
+void CTaskDebug::ShowFrameRate() {
+  const bool isShown = theFrameRateShows != 0;
+  if (myFrameRateText) {
+    myFrameRateText->SetVisible(isShown);
+    myFrameRateElement->SetDraggable(isShown);
+  }
 }
 
 void CTaskDebug::Exit() {
@@ -125,7 +155,7 @@ void CTaskDebug::ToggleConsole() {
     myConsoleWindow->TurnClosedFlag();
     return;
   }
-  const bool isOpen = myConsoleWindow != nullptr && myConsoleWindow->HasWidgets();
+  const bool isOpen = myConsoleWindow != nullptr && !myConsoleWindow->IsClosed();
   myConsoleWindow.reset();
   if (!isOpen) {
     myConsoleWindow = std::make_unique<CConsoleWindow>();

@@ -17,6 +17,8 @@ namespace vask {
 // Tools of the developer, in the running game: a console window, the frame rate on the screen, a
 // recorder and player of mouse input. Task type "debug". Several may run at the same time.
 //
+// The frame rate shows unless the variable "debug_show_fps" of the application console is 0.
+//
 //   starttask( debug, debug, 60 )
 //   debug::ToggleConsole
 //   debug::RecordInput( "game.rec" )
@@ -49,6 +51,7 @@ class CTaskDebug : public CTask {
  private:
   void ForgetCommands();
   void CountFrame();
+  void ShowFrameRate();
 
   std::unique_ptr<CConsole> myCommands;             // null outside of start and exit
   std::unique_ptr<CConsoleWindow> myConsoleWindow;  // null while the console is closed

@@ -1,7 +1,6 @@
 #include "ui/consolewidget.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "gfx/fontalign.h"
 #include "gfx/lotsatextsprite.h"
@@ -16,38 +15,33 @@ constexpr std::int32_t kWheelUp = 8;
 constexpr std::int32_t kWheelDown = 16;
 constexpr std::int32_t kLinesPerNotch = 3;
 
-// The fonts of all console widgets that live, the youngest at the end: it is the one in use.
-std::vector<CFont*>& Fonts() {
-  static auto& fonts = *new std::vector<CFont*>;
-  return fonts;
-}
-
-void UseYoungestFont() {
-  if (CLogListenerForConsole* log = CLogListenerForConsole::PeekSingletonPtr()) {
-    log->SetFont(Fonts().empty() ? nullptr : Fonts().back());
-  }
-}
-
 }  // namespace
 
 CConsoleWidget::CConsoleWidget() : CConsoleWidget(nullptr, {}) {}
 
 CConsoleWidget::CConsoleWidget(CWidget* parent, const std::string& name)
-    : CWidget(parent, kRect, false, name, {}), myFont(LoadFont("system")) {
+    : CWidget(parent, kRect, false, name, {}),
+      myFont(LoadFont("system")),
+      myView(CLogListenerForConsole::GetSingletonPtr()->GetLines()) {
   myFont->SetAlign(IFontAlign::kLeft);
-  Fonts().push_back(myFont.get());
-  UseYoungestFont();
+  myView.SetFont(myFont.get());
+  CLogListenerForConsole::GetSingletonPtr()->AddView(&myView);
   auto* const view = new CLotsATextSprite(kRect.w, kRect.h);
   const CSpritePtr sprite(view);
-  view->SetDrawer(CLogListenerForConsole::PeekSingletonPtr());
+  view->SetDrawer(&myView);
   view->SetParent(CScreenLayer::GetSingletonPtr());
   SetSprite(sprite);
   SetLayout("parent.x", "parent.y", "parent.w", "parent.h - 20");
 }
 
+// Whoever else holds the sprite keeps what it shows.
 CConsoleWidget::~CConsoleWidget() {
-  std::erase(Fonts(), myFont.get());
-  UseYoungestFont();
+  if (CLogListenerForConsole* log = CLogListenerForConsole::PeekSingletonPtr()) {
+    log->RemoveView(&myView);
+  }
+  if (CLotsATextSprite* sprite = TextSprite()) {
+    sprite->SetDrawer(nullptr);
+  }
 }
 
 void CConsoleWidget::OnMouseEvent(CMouseEvent& event) {
@@ -68,9 +62,13 @@ void CConsoleWidget::ScrollPages(std::int32_t pages) {
 }
 
 void CConsoleWidget::ScrollBy(std::int32_t pixels) {
-  if (auto* view = dynamic_cast<CLotsATextSprite*>(GetSprite().Get())) {
-    view->ScrollBy(pixels);
+  if (CLotsATextSprite* sprite = TextSprite()) {
+    sprite->ScrollBy(pixels);
   }
+}
+
+CLotsATextSprite* CConsoleWidget::TextSprite() const {
+  return dynamic_cast<CLotsATextSprite*>(GetSprite().Get());
 }
 
 }  // namespace vask::ui

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "gfx/font.h"
+#include "ui/logview.h"
 #include "ui/widget.h"
 
 namespace vask {
@@ -29,8 +30,11 @@ class CConsoleWidget : public CWidget {
 
  private:
   void ScrollBy(std::int32_t pixels);
+  // Null when somebody has given the widget another sprite.
+  CLotsATextSprite* TextSprite() const;
 
   std::unique_ptr<CFont> myFont;
+  CLogView myView;
 };
 
 }  // namespace vask::ui

@@ -115,6 +115,17 @@ CRect<int> CDesktopWidget::FitChildRect(const CRect<int>& rect) const {
           rect.h};
 }
 
+bool CDesktopWidget::HasWidgetAt(SPoint point) {
+  const CDesktopWidget* desktop = PeekSingletonPtr();
+  if (desktop == nullptr || !desktop->GetRect().Contains(point.x, point.y)) {
+    return false;
+  }
+  return std::ranges::any_of(desktop->GetChildren(), [=](const CWidget* widget) {
+    return widget->GetRect().Contains(point.x, point.y) &&
+           !widget->IgnoresEvent(IEvent::kMouseButtonDown);
+  });
+}
+
 void CDesktopWidget::UpdateKeyRepeat() {
   const CDispatch dispatch(*this);
   myKeyRepeater->Update();

@@ -20,6 +20,10 @@ class CDesktopWidget : public CWidget, public CStaticSingleton<CDesktopWidget> {
   // Moves the rectangle onto the desktop; one that is larger lies at the right or lower edge.
   CRect<int> FitChildRect(const CRect<int>& rect) const override;
 
+  // Whether a widget lies at that place of the screen and takes the presses there. Changes nothing,
+  // and brings no desktop into being.
+  static bool HasWidgetAt(SPoint point);
+
   // To be called in every frame.
   void UpdateKeyRepeat();
 

@@ -61,6 +61,16 @@ void CTextInputWidget::DrawPlain() {
   }
 }
 
+std::int32_t CTextInputWidget::FirstToShow(std::int32_t) const { return 0; }
+
+void CTextInputWidget::ShowText() {
+  myFirstShown = Limited(FirstToShow(myFirstShown));
+  if (GetSprite()) {
+    GetSprite()->SetText(Drawn(myText.substr(static_cast<std::size_t>(myFirstShown))));
+  }
+  PlaceCursor();
+}
+
 CFont* CTextInputWidget::GetFont() const {
   const CSpritePtr& sprite = GetSprite();
   const auto* text = sprite ? dynamic_cast<const CTextSprite*>(&*sprite) : nullptr;
@@ -114,7 +124,7 @@ void CTextInputWidget::OnKeyboardEvent(CKeyboardEvent& event) {
 
 void CTextInputWidget::OnRectChanged() {
   CWidget::OnRectChanged();
-  PlaceCursor();
+  ShowText();
 }
 
 void CTextInputWidget::OnDepthChanged() {
@@ -134,9 +144,7 @@ std::string CTextInputWidget::GetText() const { return myText; }
 
 void CTextInputWidget::ChangeText(const std::string& text) {
   myText = text;
-  if (GetSprite()) {
-    GetSprite()->SetText(Drawn(myText));
-  }
+  ShowText();
 }
 
 void CTextInputWidget::InsertCharacter(char character) {
@@ -179,11 +187,12 @@ void CTextInputWidget::SetCursorToPoint(SPoint point) {
   if (reach < 1) {
     return;
   }
+  const std::int32_t end = WidthBefore(myFirstShown) + reach;
   std::int32_t position = 0;
   std::int32_t beyond = Length() + 1;
   while (beyond - position > 1) {
     const std::int32_t middle = position + (beyond - position) / 2;
-    (WidthBefore(middle) <= reach ? position : beyond) = middle;
+    (WidthBefore(middle) <= end ? position : beyond) = middle;
   }
   MoveCursorTo(position);
 }
@@ -196,7 +205,7 @@ std::int32_t CTextInputWidget::Limited(std::int32_t position) const {
 void CTextInputWidget::MoveCursorTo(std::int32_t position) {
   myCursor = Limited(position);
   myCursorOffset = {WidthBefore(myCursor), 0};
-  PlaceCursor();
+  ShowText();
 }
 
 void CTextInputWidget::ShowCursor() {
@@ -216,7 +225,8 @@ void CTextInputWidget::HideCursor() {
 // A cursor outside the widget is not seen, as the text there is not.
 void CTextInputWidget::PlaceCursor() {
   if (myCursorSprite) {
-    const SPoint place = SPoint{GetRect().x, GetRect().y} + myCursorOffset;
+    const SPoint textStart{GetRect().x - WidthBefore(myFirstShown), GetRect().y};
+    const SPoint place = textStart + myCursorOffset;
     GetGfxHandler().SetPosition(myCursorSprite, place.x, place.y);
     myCursorSprite->SetVisible(myIsCursorOn && GetRect().Contains(place.x, place.y));
   }

@@ -68,16 +68,24 @@ class CTextInputWidget : public CWidget {
   css::CSignal& GetKeySignal(EKeySignal key) { return myKeySignals[key]; }
   std::int32_t GetCursor() const { return myCursor; }
 
+ protected:
+  // How many characters lie left of the widget; `current` is how many do so now. Asked after each
+  // change of text, cursor and place. None here: the text shows from its beginning.
+  virtual std::int32_t FirstToShow(std::int32_t current) const;
+
+  std::int32_t Length() const { return static_cast<std::int32_t>(myText.size()); }
+  // Of the characters before a position, in pixels.
+  std::int32_t WidthBefore(std::int32_t position) const;
+
  private:
   void ConnectEditingKeys();
   void DrawPlain();
+  void ShowText();
   void ShowCursor();
   void HideCursor();
   void PlaceCursor();
   void MoveCursorTo(std::int32_t position);
   std::int32_t Limited(std::int32_t position) const;
-  std::int32_t Length() const { return static_cast<std::int32_t>(myText.size()); }
-  std::int32_t WidthBefore(std::int32_t position) const;
   // Null when the sprite shows no text.
   CFont* GetFont() const;
 
@@ -86,7 +94,8 @@ class CTextInputWidget : public CWidget {
   std::string myCursorFile;
   CSpritePtr myCursorSprite;  // empty before the first focus
   std::int32_t myCursor = 0;  // how many characters stand before it
-  SPoint myCursorOffset;      // from the widget's corner
+  SPoint myCursorOffset;      // from the beginning of the text
+  std::int32_t myFirstShown = 0;
   bool myIsCursorOn = false;
   bool myIsMouseOver = false;
 };

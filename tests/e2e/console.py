@@ -1,9 +1,6 @@
 """The developer console of a running game, as a person sees and uses it."""
-import time
-
 import numpy
 
-from display import wait_for
 from game import fit, load_picture
 
 TITLE_HEIGHT = 22  # with the border above it
@@ -38,13 +35,13 @@ class Console:
         return left - 2, top, right - left + 2, int(lines[-1]) + INPUT_HEIGHT + 2
 
     def wait_until_closed(self):
-        wait_for(lambda: self.rect() is None, 5, "the end of the console")
+        self.game.wait_for(lambda: self.rect() is None, "the end of the console")
 
     def wait_for_rect(self, rect):
-        wait_for(lambda: self.rect() == rect, 5, f"a console at {rect}, not {self.rect()},")
+        self.game.wait_for(lambda: self.rect() == rect, f"a console at {rect}")
 
     def type(self, text):
-        self.screen.run("xdotool", "type", "--delay", "25", text)
+        self.screen.type(text)
 
     def enter(self, *lines):
         for line in lines:
@@ -54,29 +51,53 @@ class Console:
     def click(self, x, y):
         self.game.point_at(x + 5, y)  # a pointer that stays in its place tells nobody where that is
         self.game.point_at(x, y)
-        time.sleep(0.1)
         self.screen.click()
-        time.sleep(0.35)  # the next press is no double click
+        self._let_it_be_no_double_click()
 
     def click_input(self):
-        x, y, _, h = wait_for(self.rect, 5, "the console")
+        x, y, _, h = self.game.wait_for(self.rect, "the console")
         self.click(x + 100, y + h - INPUT_HEIGHT // 2)
 
     def drag(self, start, end):
+        """The pointer is outside the window afterwards, where it covers nothing."""
         self.game.point_at(*start)
-        time.sleep(0.1)
         self.screen.press(1)
+        self.screen.settle()
         for step in range(1, 9):
             self.game.point_at(*(a + (b - a) * step // 8 for a, b in zip(start, end)))
-            time.sleep(0.03)
         self.screen.release(1)
-        time.sleep(0.35)
+        self.screen.move_pointer(5, 5)
+        self._let_it_be_no_double_click()
+
+    def _let_it_be_no_double_click(self):
+        self.game.settle()
+        self.game.let_pass(0.35)
 
     def wait_for_change(self, shown):
         """Waits until the log view no longer shows that; answers what it shows then."""
-        wait_for(lambda: not numpy.array_equal(self.log_picture(), shown), 2, "another log view")
-        time.sleep(0.2)
+        self.game.wait_for(lambda: not numpy.array_equal(self.log_picture(), shown),
+                           "another log view")
+        self.game.settle()
         return self.log_picture()
+
+    def wait_for_input(self, width):
+        """Waits until what stands in the input line is that many pixels wide. The pointer leaves
+        the window, so that it covers nothing."""
+        self.screen.move_pointer(5, 5)
+
+        def is_wide():
+            x, y, w, h = self.rect()
+            line = self.game.picture()[y + h - INPUT_HEIGHT + 2:y + h - 4, x + 4:x + w - 4]
+            written = (line != line[:, -1:]).any(axis=(0, 2)).nonzero()[0]
+            return len(written) and written[-1] > width
+        self.game.wait_for(is_wide, "what is typed")
+
+    def turn_wheel(self, button):
+        """Over the view; the pointer is outside the window afterwards."""
+        x, y, w, _ = self.rect()
+        self.game.point_at(x + w // 2, y + TITLE_HEIGHT + 10)
+        self.screen.click(button)
+        self.screen.move_pointer(5, 5)
 
     def log_picture(self):
         x, y, w, h = self.rect()

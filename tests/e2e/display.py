@@ -1,7 +1,8 @@
 """A virtual display with a window manager, a real pointer, and the pixels that it shows."""
+import contextlib
 import mmap
 import os
-import shutil
+import select
 import struct
 import subprocess
 import tempfile
@@ -13,16 +14,38 @@ from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
 from Xlib.protocol import event
 
 
-def wait_for(condition, seconds, what="the condition"):
-    """Asks every 10 ms until the answer is true; AssertionError when the time is up."""
+LIMIT = 60  # seconds that a wait may take: many, so that nothing fails on a busy machine
+
+
+def wait_for(condition, what, seconds=LIMIT, pause=lambda: time.sleep(0.01)):
+    """Asks, with a pause in between, until the answer is true; AssertionError when the time is
+    up."""
     end = time.monotonic() + seconds
     while True:
+        is_last = time.monotonic() > end
         answer = condition()
         if answer:
             return answer
-        if time.monotonic() > end:
+        if is_last:
             raise AssertionError(f"{what} did not come within {seconds} s")
-        time.sleep(0.01)
+        pause()
+
+
+def read_line(stream):
+    """The next line of a pipe; AssertionError when none comes in time."""
+    has_come = select.select([stream], [], [], LIMIT)[0]
+    assert has_come, f"no line came within {LIMIT} s"
+    return stream.readline()
+
+
+def end_process(process):
+    """Asks it to end, and ends it when it does not."""
+    process.terminate()
+    try:
+        process.wait(LIMIT)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
 
 
 class Display:
@@ -32,33 +55,47 @@ class Display:
     MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
     def __enter__(self):
-        self.folder = tempfile.mkdtemp(prefix="brumble-display-")
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
-             "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            self.name = ":" + pipe.readline().strip()
-        self.environment = dict(os.environ, DISPLAY=self.name)
-        self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.connection = display.Display(self.name)
-        self.connection.xfixes_query_version()
-        self.root = self.connection.screen().root
-        wait_for(self._manager_is_ready, 60, "the window manager")
-        self._map_pixels()
+        with contextlib.ExitStack() as undo:
+            self.folder = undo.enter_context(tempfile.TemporaryDirectory(
+                prefix="brumble-display-", ignore_cleanup_errors=True))
+            self._start_server(undo)
+            self.environment = dict(os.environ, DISPLAY=self.name)
+            self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
+                                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            undo.callback(end_process, self.manager)
+            self.connection = display.Display(self.name)
+            undo.callback(self._disconnect)
+            self.connection.xfixes_query_version()
+            self.root = self.connection.screen().root
+            # SDL knows a key that the server repeats by the times of the events, which are too far
+            # apart when the server is held up.
+            self.connection.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOff)
+            wait_for(self._manager_is_ready, "the window manager")
+            self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+            self._map_pixels()
+            self.undo = undo.pop_all()
         return self
 
     def __exit__(self, *_):
+        self.undo.close()
+
+    def _start_server(self, undo):
+        read, write = os.pipe()
+        with open(read) as pipe:
+            self.server = subprocess.Popen(
+                ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
+                 "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
+                pass_fds=[write], stderr=subprocess.DEVNULL)
+            undo.callback(end_process, self.server)
+            os.close(write)
+            number = read_line(pipe).strip()
+        assert number, "Xvfb did not start"
+        self.name = ":" + number
+
+    def _disconnect(self):
+        self.pixels = None
         if self.server.poll() is None:
             self.connection.close()
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait()
-        self.pixels = None
-        shutil.rmtree(self.folder, ignore_errors=True)
 
     def _manager_is_ready(self):
         # It announces itself before it has read its theme and fonts, which takes long the first
@@ -90,7 +127,29 @@ class Display:
         return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
     def sync(self):
+        """Waits until the server has done everything and has handed on what came of it."""
+        # Answers go out to all clients together, in any order: the second one tells of the first.
         self.connection.sync()
+        self.connection.sync()
+
+    def settle(self):
+        """Waits until the window manager, too, has done all that it had to do."""
+        if self.manager.poll() is not None:
+            return
+        extents = self.connection.intern_atom("_NET_FRAME_EXTENTS")
+        self.asker.delete_property(extents)
+        self._ask_manager(self.asker, "_NET_REQUEST_FRAME_EXTENTS")
+        wait_for(lambda: self.asker.get_full_property(extents, X.AnyPropertyType),
+                 "the window manager's answer")
+        self.sync()
+
+    def _ask_manager(self, window, message, *data):
+        data = (*data, 0, 0, 0, 0, 0)[:5]
+        self.root.send_event(
+            event.ClientMessage(window=window, client_type=self.connection.intern_atom(message),
+                                data=(32, data)),
+            event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.sync()
 
     def _fake(self, *what, **where):
         xtest.fake_input(self.connection, *what, **where)
@@ -121,11 +180,28 @@ class Display:
         return self.connection.keysym_to_keycode(XK.string_to_keysym(name))
 
     def tap(self, *names, pause=0.05):
+        """Presses the keys in turn. None is held for so long that anybody repeats it."""
         for name in names:
-            self.press_key(name)
+            code = self._code(name)
+            xtest.fake_input(self.connection, X.KeyPress, code)
+            self._fake(X.KeyRelease, code)
             time.sleep(pause)
-            self.release_key(name)
-            time.sleep(pause)
+
+    def type(self, text):
+        """Types a text of the US keyboard's characters."""
+        for character in text:
+            code, column = next((code, column) for code, column
+                                in self.connection.keysym_to_keycodes(ord(character))
+                                if column < 2)
+            with_shift = [self._code("Shift_L")] if column else []
+            for key in with_shift:
+                xtest.fake_input(self.connection, X.KeyPress, key)
+            xtest.fake_input(self.connection, X.KeyPress, code)
+            for key in [code] + with_shift:
+                xtest.fake_input(self.connection, X.KeyRelease, key)
+            self.sync()
+            # SDL takes a press that follows at once for a repetition, and its queue is short.
+            time.sleep(0.025)
 
     def cursor_is_visible(self):
         image = self.connection.xfixes_get_cursor_image(self.root)
@@ -155,19 +231,20 @@ class Display:
 
     def close_window(self, window):
         """As the close button of the window's frame does."""
-        message = event.ClientMessage(
-            window=window, client_type=self.connection.intern_atom("_NET_CLOSE_WINDOW"),
-            data=(32, [X.CurrentTime, 2, 0, 0, 0]))
-        self.root.send_event(message,
-                             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
-        self.sync()
+        self._ask_manager(window, "_NET_CLOSE_WINDOW", X.CurrentTime, 2)
 
     def run(self, *command):
         return subprocess.run(command, env=self.environment, check=True, capture_output=True,
-                              text=True).stdout
+                              text=True, timeout=LIMIT).stdout
 
     def focus(self, window):
-        self.run("xdotool", "windowfocus", "--sync", str(window.id))
+        def has_focus():
+            focus = self.connection.get_input_focus().focus
+            return focus != X.NONE and focus != X.PointerRoot and focus.id == window.id
+        self.settle()  # it may be about to give the focus to a new window
+        window.set_input_focus(X.RevertToParent, X.CurrentTime)
+        wait_for(has_focus, "the focus")
+        self.settle()
 
     def open_other(self):
         """A window of another client than the program, to take the focus."""
@@ -175,7 +252,9 @@ class Display:
         window.set_wm_name("Other")
         window.map()
         self.sync()
-        return wait_for(lambda: self.find_window("Other"), 10, "another window")
+        wait_for(lambda: self.find_window("Other"), "another window")
+        self.settle()
+        return window
 
 
 class Compositor:
@@ -188,17 +267,19 @@ class Compositor:
         self.screen = screen
 
     def __enter__(self):
-        self.folder = tempfile.mkdtemp(prefix="brumble-wayland-")
-        self.environment = {"XDG_RUNTIME_DIR": self.folder, "WAYLAND_DISPLAY": "wayland-test"}
-        self.process = subprocess.Popen(
-            ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
-             "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
-            env=dict(self.screen.environment, XDG_RUNTIME_DIR=self.folder),
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_for(lambda: os.path.exists(os.path.join(self.folder, "wayland-test")), 10, "Wayland")
+        with contextlib.ExitStack() as undo:
+            folder = undo.enter_context(tempfile.TemporaryDirectory(
+                prefix="brumble-wayland-", ignore_cleanup_errors=True))
+            self.environment = {"XDG_RUNTIME_DIR": folder, "WAYLAND_DISPLAY": "wayland-test"}
+            self.process = subprocess.Popen(
+                ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
+                 "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
+                env=dict(self.screen.environment, XDG_RUNTIME_DIR=folder),
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            undo.callback(end_process, self.process)
+            wait_for(lambda: os.path.exists(os.path.join(folder, "wayland-test")), "Wayland")
+            self.undo = undo.pop_all()
         return self
 
     def __exit__(self, *_):
-        self.process.kill()
-        self.process.wait()
-        shutil.rmtree(self.folder, ignore_errors=True)
+        self.undo.close()

@@ -1,9 +1,10 @@
 """The real program, started in a copy of runtime/ and watched from outside."""
+import contextlib
 import os
 import pathlib
 import re
+import select
 import shutil
-import signal
 import subprocess
 import tempfile
 import time
@@ -11,9 +12,10 @@ import time
 import numpy
 from PIL import Image
 
-from display import wait_for
+from display import LIMIT, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+WHOLE_GAME = 600  # seconds: the limit for ten kittens
 
 
 class Game:
@@ -31,7 +33,19 @@ class Game:
         self.environment = environment
 
     def __enter__(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="brumble-run-"))
+        with contextlib.ExitStack() as undo:
+            self.folder = pathlib.Path(undo.enter_context(tempfile.TemporaryDirectory(
+                prefix="brumble-run-", ignore_cleanup_errors=True)))
+            self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
+            self.process = undo.enter_context(self._start())
+            undo.callback(self.process.kill)
+            self.undo = undo.pop_all()
+        return self
+
+    def __exit__(self, *_):
+        self.undo.close()
+
+    def _start(self):
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime,
                         ignore=shutil.ignore_patterns("log.txt", "user.txt"))
@@ -46,20 +60,11 @@ class Game:
         if self.screen:
             environment["DISPLAY"] = self.screen.name
         environment.update(self.environment)
-        self.errors = open(self.folder / "stderr", "w+")
-        self.started = time.monotonic()
-        self.process = subprocess.Popen([self.executable], cwd=self.runtime, env=environment,
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                        stderr=self.errors, text=True, bufsize=1)
-        return self
+        return self._run([self.executable], self.runtime, environment)
 
-    def __exit__(self, *_):
-        if self.process.poll() is None:
-            self.process.send_signal(signal.SIGKILL)
-        self.process.wait()
-        for file in (self.process.stdin, self.process.stdout, self.errors):
-            file.close()
-        shutil.rmtree(self.folder, ignore_errors=True)
+    def _run(self, command, folder, environment):
+        return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
+                                stdout=subprocess.PIPE, stderr=self.errors, text=True, bufsize=1)
 
     # What it tells.
 
@@ -70,34 +75,59 @@ class Game:
     def standard_error(self):
         return (self.folder / "stderr").read_text(errors="replace")
 
-    def wait_for_log(self, text, seconds=10, times=1):
-        wait_for(lambda: self.log().count(text) >= times, seconds, f"{text!r} in the log")
+    def wait_for(self, condition, what, seconds=LIMIT):
+        """Waits for it while the game goes on."""
+        return wait_for(condition, what, seconds, lambda: self.let_pass(0.01))
+
+    def wait_for_log(self, text, *, times=1, seconds=LIMIT):
+        self.wait_for(lambda: self.log().count(text) >= times, f"{text!r} in the log", seconds)
 
     def has_classic_sdl(self):
         """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
         self.wait_for_log("Using driver")
         return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
-    def wait_for_end(self, seconds=15):
-        return self.process.wait(seconds)
+    def wait_for_end(self):
+        """Answers the exit status."""
+        wait_for(lambda: self.process.poll() is not None, "the end of the program")
+        return self.process.returncode
+
+    # Its time.
+
+    def now(self):
+        """The time of play, in seconds."""
+        return time.monotonic()
+
+    def let_pass(self, seconds):
+        time.sleep(seconds)
+
+    def settle(self):
+        """Waits until the game has taken notice of all that was done so far, and shows it."""
+        def rests():
+            status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+            return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
+        self.screen.settle()
+        # Each frame ends with a rest; a few come from waiting for the display.
+        before = rests()
+        wait_for(lambda: rests() > before + 100, "some frames")
 
     # The window.
 
     @property
     def window(self):
         # Looked for each time: the compatibility library replaces it now and then.
-        return wait_for(lambda: self.screen.find_window(self.title), 10, "the window")
+        return self.wait_for(lambda: self.screen.find_window(self.title), "the window")
 
     def wait_for_window(self):
-        self.rect = wait_for(lambda: self.screen.rect_of(self.window), 10, "its place")
+        self.rect = self.wait_for(lambda: self.screen.rect_of(self.window), "its place")
 
     def picture(self):
         return self.screen.picture(self.rect)
 
-    def wait_for_picture(self, name, seconds=10):
+    def wait_for_picture(self, name):
         """Waits until the window shows that full-screen picture of data/gfx/."""
         expected = load_picture(name)
-        wait_for(lambda: matches(self.picture(), expected), seconds, f"the picture {name}")
+        self.wait_for(lambda: matches(self.picture(), expected), f"the picture {name}")
 
     def full_screen_picture(self):
         """What full screen shows, which the compatibility library scales up, in its own size."""
@@ -107,14 +137,14 @@ class Game:
 
     def wait_for_full_screen(self, name):
         expected = load_picture(name)
-        wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), 5, "full screen")
+        self.wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), "full screen")
 
     def wait_for_sprite(self, name):
         """Waits until that sprite of data/gfx/ shows in the place that its file gives."""
         text = (ROOT / f"runtime/data/gfx/{name}.xml").read_text()
         x, y = map(int, re.search(r'<ImageRect x="(\d+)" y="(\d+)"', text).groups())
         expected = load_picture(name)
-        wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, 5, f"the sprite {name}")
+        self.wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, f"the sprite {name}")
 
     def point_at(self, x, y):
         """Moves the real pointer to a place in the window."""
@@ -133,26 +163,31 @@ class Game:
         self.click()
         self.wait_for_picture("help_screen")
         self.click()
-        wait_for(lambda: not matches(self.picture(), load_picture("help_screen")), 5, "play")
+        help_screen = load_picture("help_screen")
+        self.wait_for(lambda: not matches(self.picture(), help_screen), "play")
 
     def wait_for_kitten(self, y=60):
         """Waits until a kitten is well inside the window, or has fallen that far."""
-        wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, 40, "a kitten")
+        self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
 
-    def end_in_order(self, seconds=30):
+    def end_in_order(self):
         """Closes the window; answers the exit status."""
         self.screen.close_window(self.window)
-        return self.wait_for_end(seconds)
+        return self.wait_for_end()
 
 
 class Stepper(Game):
-    """A run that waits for an order before each frame; tests/e2e/stepper.cpp lists the orders."""
+    """A run with a clock of its own that waits for an order before each frame;
+    tests/e2e/stepper.cpp lists the orders. Nothing in it depends on how fast the machine is."""
 
     PROGRAM = "brumble_stepper"
+    FRAME = 17  # milliseconds of play: the next one is drawn then
 
-    def __init__(self, screen=None, build="release", script=lambda text: text):
-        super().__init__(
-            screen, build, lambda text: script(text) + "\nstarttask(stepper, stepper, 1)\n")
+    def __init__(self, screen=None, build="release", script=lambda text: text, **how):
+        super().__init__(screen, build,
+                         lambda text: script(text) + "\nstarttask(stepper, stepper, 1)\n", **how)
+        self.clock = 0
+        self.printed = b""
 
     def order(self, line):
         """Answers what the program prints up to its next "ok"."""
@@ -163,14 +198,38 @@ class Stepper(Game):
         self.process.stdin.write(f"{line}\n")
 
     def answer(self):
-        lines = [self.process.stdout.readline()]
-        while lines[-1] not in ("ok\n", ""):
-            lines.append(self.process.stdout.readline())
-        assert lines[-1], self.standard_error()
-        return "".join(lines[:-1])
+        output = self.process.stdout.fileno()
+        end = time.monotonic() + LIMIT
+        while not (found := re.search(rb"^ok\n", self.printed, re.MULTILINE)):
+            has_come = select.select([output], [], [], max(0, end - time.monotonic()))[0]
+            assert has_come, f"no answer came within {LIMIT} s"
+            printed = os.read(output, 65536)
+            assert printed, "the program ended before it answered: " + self.standard_error()
+            self.printed += printed
+        answer, self.printed = self.printed[:found.start()], self.printed[found.end():]
+        return answer.decode()
 
     def run(self, line):
         return self.order(f"run {line}")
+
+    def frame(self):
+        self.order(f"advance {self.FRAME}")
+        self.order("frame")
+        self.clock += self.FRAME
+
+    def now(self):
+        return self.clock / 1000
+
+    def let_pass(self, seconds):
+        end = self.clock + 1000 * seconds
+        while self.clock < end:
+            self.frame()
+
+    def settle(self):
+        # What the window manager does may make the program do something, and that again.
+        for _ in range(3):
+            self.screen.settle()
+            self.frame()
 
 
 # The main colour of every kitten picture; nothing else that play shows has it.

@@ -2,6 +2,7 @@
 import functools
 import subprocess
 
+from display import LIMIT
 from game import ROOT, Game
 
 
@@ -22,7 +23,8 @@ def compatibility_library():
     folder = ROOT / "build" / "sdl12-compat"
     if not list(folder.rglob("libSDL-1.2.so.0")):
         folder.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], cwd=folder, check=True)
+        subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], cwd=folder, check=True,
+                       timeout=10 * LIMIT)
         for package in folder.glob("*.deb"):
-            subprocess.run(["dpkg", "-x", package, folder], check=True)
+            subprocess.run(["dpkg", "-x", package, folder], check=True, timeout=LIMIT)
     return str(next(folder.rglob("libSDL-1.2.so.0")).parent)

@@ -1,10 +1,9 @@
 """Plays as a person would: looks at the window, moves the pointer."""
-import time
-
 from game import find_kitten
 
 GRAVITY = 265  # pixels per second and second of play
 OVEN_AIM_OFFSET = (30, 20)  # press from the lower right, so that the kitten climbs the left wall
+STEP = 0.030  # seconds between two looks
 REACTION = 0.035  # seconds between a pointer motion and its effect
 
 
@@ -26,12 +25,12 @@ class Pilot:
         self.dropping_until = 0.0
 
     def step(self):
-        """One look and one motion of the pointer, about 30 ms; answers the picture."""
-        began = time.monotonic()
+        """One look and one motion of the pointer; answers the picture."""
+        began = self.game.now()
         picture = self.game.picture()
         self._look(find_kitten(picture), began)
-        self.game.point_at(*pointer_for(self._aim(time.monotonic())))
-        time.sleep(max(0.0, 0.030 - (time.monotonic() - began)))
+        self.game.point_at(*pointer_for(self._aim(self.game.now())))
+        self.game.let_pass(max(0.0, STEP - (self.game.now() - began)))
         return picture
 
     def _look(self, place, now):

@@ -1,10 +1,27 @@
 #!/usr/bin/python3
 """Runs the end-to-end tests: all of them, or those that are named (test_play.Play.test_x)."""
 import pathlib
+import signal
 import sys
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+
+LIMIT = 1800  # seconds for one test, whatever it waits for
+
+
+class Result(unittest.TextTestResult):
+    def startTest(self, test):
+        super().startTest(test)
+        signal.alarm(LIMIT)
+
+    def stopTest(self, test):
+        signal.alarm(0)
+        super().stopTest(test)
+
+
+def fail_late(*_):
+    raise AssertionError(f"the test did not end within {LIMIT} s")
 
 
 def main():
@@ -13,7 +30,8 @@ def main():
         suite = loader.loadTestsFromNames(sys.argv[1:])
     else:
         suite = loader.discover(str(pathlib.Path(__file__).parent))
-    result = unittest.TextTestRunner(verbosity=2).run(suite)
+    signal.signal(signal.SIGALRM, fail_late)
+    result = unittest.TextTestRunner(verbosity=2, resultclass=Result).run(suite)
     # A test counts once, however many of its cases fail.
     bad = len({getattr(test, "test_case", test).id()
                for test, _ in result.failures + result.errors})

@@ -5,12 +5,11 @@ import os
 import select
 import signal
 import subprocess
-import time
 import unittest
 
 from Xlib import X, error
 
-from display import Display, wait_for
+from display import LIMIT, Display, end_process, read_line, wait_for
 from game import ROOT, Stepper
 
 BUILDS = ("release", "asan")
@@ -41,14 +40,10 @@ class Asserter(Stepper):
     def fail(self, command):
         """Fails an assertion; comes back when its dialog stands in its place."""
         self.send(f"run asserter::{command}")
-        self.dialog = wait_for(lambda: self.dialogs(self.screen.root), 10, "the dialog")[0]
-        self.rect = None
-        wait_for(self.stands_still, 10, "its place")
-
-    def stands_still(self):
-        time.sleep(0.1)
-        before, self.rect = self.rect, self.screen.rect_of(self.dialog)
-        return before == self.rect and self.dialog.get_attributes().map_state == X.IsViewable
+        self.dialog = wait_for(lambda: self.dialogs(self.screen.root), "the dialog")[0]
+        wait_for(lambda: self.dialog.get_attributes().map_state == X.IsViewable, "its picture")
+        self.screen.settle()
+        self.rect = self.screen.rect_of(self.dialog)
 
     def click_at(self, x, y):
         self.point_at(x, y)
@@ -63,7 +58,7 @@ class Asserter(Stepper):
         def is_heard():
             self.push(button)
             return select.select([self.process.stdout], [], [], 1)[0]
-        wait_for(is_heard, 30, f"the end of the dialog by {button}")
+        wait_for(is_heard, f"the end of the dialog by {button}")
         self.answer()
 
     def change_variables(self):
@@ -118,7 +113,7 @@ class Dialog(unittest.TestCase):
         server = subprocess.Popen([ROOT / "tests/support/mailserver.py"], stdout=subprocess.PIPE,
                                   text=True)
         self.addCleanup(server.kill)
-        port = server.stdout.readline().strip()
+        port = read_line(server.stdout).strip()
         with Display() as screen, Asserter(screen) as game:
             game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
             game.fail("Fail")
@@ -126,7 +121,7 @@ class Dialog(unittest.TestCase):
             screen.tap("space", "i", "t", "Return", "b", "r", "o", "k", "e", pause=0)
             game.push("Send mail")
             self.assertIn(" limit = 2\n\nWrite a little description on what happened and then "
-                          "press the mail button it\nbroke\n", server.communicate(timeout=20)[0])
+                          "press the mail button it\nbroke\n", server.communicate(timeout=LIMIT)[0])
             game.close("Continue")
 
     def test_debugger(self):
@@ -137,15 +132,15 @@ class Dialog(unittest.TestCase):
             game.fail("Fail")
             self.assertEqual(ptrace(seize, game.process.pid, 0, 0), 0)
             game.push("Debug")
-            self.assertEqual(os.WSTOPSIG(os.waitpid(game.process.pid, 0)[1]), signal.SIGTRAP)
+            status = wait_for(lambda: os.waitpid(game.process.pid, os.WNOHANG)[1], "the break")
+            self.assertEqual(os.WSTOPSIG(status), signal.SIGTRAP)
             ptrace(detach, game.process.pid, 0, 0)
             game.answer()
 
     def test_without_a_window_manager(self):
         with Display() as screen, Asserter(screen) as game:
             other = screen.open_other()
-            screen.manager.terminate()
-            screen.manager.wait()
+            end_process(screen.manager)
             other.set_input_focus(X.RevertToParent, X.CurrentTime)
             game.fail("Fail")
             game.change_variables()
@@ -160,15 +155,16 @@ class Dialog(unittest.TestCase):
             self.assertIn(", full, grabbed", before)
             game.fail("FailHoldingPixels")
             # Who is refused has somebody else's grab before him.
-            self.assertEqual(screen.root.grab_pointer(False, 0, X.GrabModeAsync, X.GrabModeAsync,
-                                                      X.NONE, X.NONE, X.CurrentTime), X.GrabSuccess)
+            wait_for(lambda: screen.root.grab_pointer(
+                False, 0, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE,
+                X.CurrentTime) == X.GrabSuccess, "the pointer to grab")
             screen.connection.ungrab_pointer(X.CurrentTime)
             game.close("Continue")
             # The window's events of coming and going must resize nothing afterwards, either.
             for _ in range(5):
                 game.order("frame")
             self.assertEqual(game.run("asserter::Tell"), before)
-            wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), 5, "pixels")
+            wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), "the pixels")
 
 
 class Without(unittest.TestCase):

@@ -20,7 +20,7 @@ class X11(unittest.TestCase):
                         Game(screen, environment=library) as game:
                     game.start_playing()
                     kill(screen, game)
-                    self.assertEqual(game.wait_for_end(3), 1)
+                    self.assertEqual(game.wait_for_end(), 1)
                     self.assertIn("The connection to the display is lost", game.standard_error())
 
 

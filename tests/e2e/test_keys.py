@@ -27,20 +27,21 @@ class Keys(unittest.TestCase):
             game.wait_for_title()
             recorder = Recorder(game)
             for is_heard in (True, False, True):
-                wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, 5, f"music {is_heard}")
+                wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, f"music {is_heard}")
                 self.type(screen, ["m"])
             game.start_playing()
             game.point_at(5, 5)
             game.wait_for_kitten()
             self.type(screen, ["p"])
+            wait_for(screen.cursor_is_visible, "the pointer of a pause")
+            game.settle()
             place = find_kitten(game.picture())
-            time.sleep(1.0)
+            game.settle()
             self.assertEqual(find_kitten(game.picture()), place)
-            self.assertTrue(screen.cursor_is_visible())
-            self.assertFalse(recorder.heard()[-RATE:].any(), "the last M")
+            wait_for(lambda: not recorder.heard()[-RATE:].any(), "the last M")
             self.type(screen, ["p"])
-            self.assertNotEqual(find_kitten(game.picture()), place)
-            self.assertFalse(screen.cursor_is_visible())
+            wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
+            wait_for(lambda: not screen.cursor_is_visible(), "its hidden pointer")
 
     def test_own_lines(self):
         """What a player writes into user.txt adds to the script, as the page on the console shows."""
@@ -56,7 +57,7 @@ class Keys(unittest.TestCase):
             self.assertEqual(game.wait_for_end(), 0, game.standard_error())
 
     def type(self, screen, keys):
-        """Holds the keys together for longer than the server takes to repeat one."""
+        """Holds the keys together for longer than SDL takes to repeat one."""
         for key in keys:
             screen.press_key(key)
         time.sleep(1.0)
@@ -69,10 +70,11 @@ class Keys(unittest.TestCase):
         other = screen.open_other()
         screen.focus(game.window)
         screen.press_key("Alt_L")
-        time.sleep(0.2)
+        game.settle()
         screen.focus(other)
         screen.release_key("Alt_L")
         screen.focus(game.window)
         toggles = game.log().count("drawing all")
         self.type(screen, ["Return"])
+        game.settle()
         self.assertEqual(game.log().count("drawing all"), toggles)

@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 import unittest
 
-from display import Display
+from display import LIMIT, Display, read_line
 from game import ROOT
 from installed import Installed
 
@@ -56,14 +56,16 @@ class Launcher(unittest.TestCase):
     def start(self, *arguments, launcher=None, **environment):
         environment = {"PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": ":0", **environment}
         # A shell cannot catch what whoever started the tests has it ignore.
-        return subprocess.Popen([launcher or self.launcher, *arguments], cwd=self.folder, text=True,
-                                env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        process = subprocess.Popen([launcher or self.launcher, *arguments], cwd=self.folder, text=True,
+                                   env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        self.addCleanup(process.kill)
+        return process
 
     def run_and_ask(self, **how):
         """What the program tells."""
         process = self.start(**how)
-        output, errors = process.communicate(timeout=30)
+        output, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, 40, errors)
         return json.loads(output)
 
@@ -114,10 +116,10 @@ class Launcher(unittest.TestCase):
         for number in (None, signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
             with self.subTest(number):
                 process = self.start(TMPDIR=str(temporary), **({"WAIT": "1"} if number else {}))
-                told = json.loads(process.stdout.readline())
+                told = json.loads(read_line(process.stdout))
                 if number:
                     process.send_signal(number)
-                process.communicate(timeout=30)
+                process.communicate(timeout=LIMIT)
                 self.assertEqual(process.returncode, 40 + (number or 0))
                 self.assertEqual(pathlib.Path(told["folder"]).parent, temporary)
                 self.assertEqual(told["links"]["data"], self.installed("data"))
@@ -130,7 +132,7 @@ class Launcher(unittest.TestCase):
                 ([""], {}, 2, "Usage: brumble"), ([], {"DISPLAY": ""}, 1, "WAYLAND_DISPLAY")):
             with self.subTest(arguments=arguments):
                 process = self.start(*arguments, **environment)
-                output, errors = process.communicate(timeout=30)
+                output, errors = process.communicate(timeout=LIMIT)
                 self.assertEqual(process.returncode, status)
                 self.assertIn(text, errors if status else output)
         self.assertEqual(self.run_and_ask(DISPLAY="", WAYLAND_DISPLAY="wayland-0")["arguments"], [])
@@ -141,10 +143,11 @@ class InstalledGame(unittest.TestCase):
     def test_plays_from_its_prefix(self):
         with tempfile.TemporaryDirectory(prefix="brumble prefix ") as prefix:
             subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix],
-                           check=True, stdout=subprocess.DEVNULL)
+                           check=True, stdout=subprocess.DEVNULL, timeout=LIMIT)
             launcher = f"{prefix}/games/brumble"
             version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
-            self.assertEqual(subprocess.check_output([launcher, "--version"], text=True),
+            self.assertEqual(subprocess.check_output([launcher, "--version"], text=True,
+                                                     timeout=LIMIT),
                              f"brumble {version[1]}\n")
             with Display() as screen, Installed(screen, launcher) as game:
                 game.wait_for_title()

@@ -1,8 +1,7 @@
 """What the window shows after its mode or its size has changed."""
-import time
 import unittest
 
-from display import Display, wait_for
+from display import Display
 from game import Game, Stepper, load_picture, matches
 
 
@@ -12,8 +11,8 @@ class Redraw(unittest.TestCase):
             game.wait_for_title()
             title = load_picture("title_screen")
             for width, height in ((700, 500), (900, 700), (820, 620)):
-                wait_for(lambda: self.shows(game, title, width, height), 5,
-                         f"the title at {width} x {height}")
+                game.wait_for(lambda: self.shows(game, title, width, height),
+                              f"the title at {width} x {height}")
             game.rect = (*game.rect[:2], 800, 600)
             game.point_at(400, 300)
             game.click()
@@ -40,32 +39,17 @@ class Redraw(unittest.TestCase):
             for orders in lines:
                 for line in orders:
                     game.run(line)
-                self.frames(game)
-                shown = self.settled_picture(screen)
+                shown = self.settled_picture(screen, game)
                 game.order("redraw")
-                self.frames(game)
-                self.assertTrue((shown == self.settled_picture(screen)).all(), orders)
+                self.assertTrue((shown == self.settled_picture(screen, game)).all(), orders)
                 self.assertGreater(shown.max(), 100, orders)
 
-    def frames(self, game, count=3):
-        for _ in range(count):
-            game.order("advance 17")
-            game.order("frame")
-
     def play_a_little(self, game):
-        self.frames(game)
-        game.wait_for_window()
-        game.point_at(400, 300)
-        for _ in range(2):
-            time.sleep(0.2)
-            game.click()
-            time.sleep(0.2)
-            self.frames(game)
-        self.frames(game, 80)
+        game.start_playing()
+        game.let_pass(1.4)
         # The world stands still from here on, while the clock lets the frames be drawn.
         game.run("pausetask(game)")
-        self.frames(game)
 
-    def settled_picture(self, screen):
-        time.sleep(0.3)
+    def settled_picture(self, screen, game):
+        game.settle()
         return screen.picture((0, 0, *screen.SIZE))  # full screen has a window of another place

@@ -1,6 +1,5 @@
 """The screens, the focus, and every way in which the program ends."""
 import itertools
-import time
 import unittest
 
 from display import Display, wait_for
@@ -14,7 +13,7 @@ class Screens(unittest.TestCase):
             game.wait_for_title()
             self.assertTrue(screen.cursor_is_visible(), "the title shows the cursor")
             game.click(3)
-            time.sleep(0.4)
+            game.settle()
             self.assertTrue(matches(game.picture(), load_picture("title_screen")),
                             "a right click changes nothing")
             game.click()
@@ -22,7 +21,7 @@ class Screens(unittest.TestCase):
             game.wait_for_sprite("help_bubbles")
             self.assertTrue(screen.cursor_is_visible(), "help shows the cursor")
             game.click()
-            wait_for(lambda: not screen.cursor_is_visible(), 5, "a hidden cursor in play")
+            wait_for(lambda: not screen.cursor_is_visible(), "a hidden cursor in play")
             game.wait_for_picture("background")
             screen.close_window(game.window)
             self.assertEqual(game.wait_for_end(), 0)
@@ -39,9 +38,9 @@ class Focus(unittest.TestCase):
             game.wait_for_title()
             other = screen.open_other()
             screen.focus(other)
-            time.sleep(0.5)
+            game.settle()
             screen.focus(game.window)
-            time.sleep(1.0)
+            game.settle()
             self.assertTrue(matches(game.picture(), load_picture("title_screen"), 0.9))
             self.assertFalse(screen.cursor_is_visible(), "coming back hides the cursor anywhere")
             game.start_playing()
@@ -49,16 +48,16 @@ class Focus(unittest.TestCase):
             screen.move_pointer(5, 5)
             game.wait_for_kitten()
             screen.focus(other)
-            wait_for(screen.cursor_is_visible, 5, "the cursor without focus")
-            time.sleep(0.3)
+            wait_for(screen.cursor_is_visible, "the cursor without focus")
+            game.settle()
             first = self.world(game)
             screen.move_pointer(15, 5)
-            time.sleep(1.0)
+            game.settle()
             self.assertTrue((first == self.world(game)).all(), "the world stands still")
             screen.focus(game.window)
             game.point_at(20, 20)
-            wait_for(lambda: not screen.cursor_is_visible(), 5, "play again")
-            wait_for(lambda: not (first == self.world(game)).all(), 5, "a moving world")
+            wait_for(lambda: not screen.cursor_is_visible(), "play again")
+            wait_for(lambda: not (first == self.world(game)).all(), "a moving world")
 
     def world(self, game):
         return game.picture()[:560]  # the frame rate below it changes also while play stands still
@@ -76,7 +75,7 @@ class Ends(unittest.TestCase):
                 game.wait_for_kitten()
                 if not has_focus:
                     screen.focus(screen.open_other())
-                    time.sleep(0.3)
+                    game.settle()
                 screen.close_window(game.window)
                 self.assert_ends_in_order(game)
 
@@ -87,7 +86,7 @@ class Ends(unittest.TestCase):
                 self.assert_ends_in_order(game)
 
     def assert_ends_in_order(self, game):
-        self.assertEqual(game.wait_for_end(30), 0, game.standard_error())
+        self.assertEqual(game.wait_for_end(), 0, game.standard_error())
         self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
         self.assertNotIn("Gfx::FreeImage()", game.log())
         self.assertNotIn("LeakSanitizer", game.standard_error())

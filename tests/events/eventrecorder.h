@@ -34,4 +34,15 @@ struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
   std::function<void()> react;
 };
 
+// Stands in for the cursor of the screen, and notes what is asked of it.
+struct CNotingHardware : IMouseHardware {
+  CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
+  ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
+  void ShowCursor() override { last = "show"; }
+  void HideCursor() override { last = "hide"; }
+  void ChangeCursor(int type) override { last = "type " + std::to_string(type); }
+  void GrabInput(bool on) override { last = on ? "grab" : "release"; }
+  std::string last;
+};
+
 }  // namespace vask::test

@@ -6,6 +6,7 @@
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
 #include "input/mouse.h"
+#include "ui/desktopwidget.h"
 
 namespace brumble {
 namespace {
@@ -22,6 +23,13 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
   void GrabInput(bool) override {}
 
   static void Click(int button = 1) { vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button); }
+  // On a widget over the whole screen.
+  static void ClickOnWidget(int button) {
+    vask::CEventBridge::GetSingletonPtr()->Resize(800, 600);
+    const vask::ui::CWidget widget(vask::ui::CDesktopWidget::GetSingletonPtr(), {0, 0, 800, 600},
+                                   false, "", {});
+    Click(button);
+  }
   void Frame(unsigned milliseconds) {
     Pass(milliseconds);
     task.Update();
@@ -61,6 +69,9 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
       GameState().isGameOver = true;
       Frame(101);
     }
+    const int before = Screen();
+    ClickOnWidget(c.button);
+    EXPECT_EQ(Screen(), before) << c.shown;
     Click(c.button);
     EXPECT_EQ(Screen(), c.screen) << c.shown;
     EXPECT_EQ(isCursorShown, c.screen != 0) << c.shown;

@@ -3,13 +3,16 @@
 # what it got. Without arguments a real one. Else it greets with the first and answers each line, or
 # the whole mail after "354", with the next; then it closes and waits for the client to do so. "close"
 # closes at once, also behind an answer, "hang" is silent, "drip" sends a byte every tenth of a second.
+# Nobody may use it for longer than a minute: then it is gone.
 import asyncio
+import signal
 import socket
 import sys
 import time
 
 from aiosmtpd.smtp import SMTP
 
+signal.alarm(60)
 listener = socket.create_server(("127.0.0.1", 0))
 print(listener.getsockname()[1], flush=True)
 got = []

@@ -4,8 +4,9 @@
 #include <fstream>
 #include <regex>
 
-#include "events/eventbridge.h"
+#include "events/eventrecorder.h"
 #include "gfx/textsprite.h"
+#include "input/keyboard.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
@@ -16,6 +17,7 @@
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+#include "ui/windowwidget.h"
 #include "utils/assert.h"
 
 namespace vask::test {
@@ -36,8 +38,8 @@ struct CRun {
   static void Execute(const std::string& line) {
     CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(Numbered(line), false);
   }
-  static CTaskDebug& Task() {
-    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered("debug%")));
+  static CTaskDebug& Task(const std::string& name = "debug%") {
+    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered(name)));
   }
   static const auto& Windows() { return ui::CDesktopWidget::GetSingletonPtr()->GetChildren(); }
   // Types into the line of the frontmost console and answers what it shows then; "^", "_" and "<"
@@ -55,21 +57,69 @@ struct CRun {
 
   static inline int ourNumber = 0;
   CFakeClock clock;
-  CTestScreen screen{80, 60};
+  CTestScreen screen{200, 60};
 };
+
+struct CBinding : IKeyEvent {
+  bool Trigger(int) override { return ++fired > 0; }
+  int fired = 0;
+};
+
+TEST(Debug, EscapeAndF1CloseTheConsolesAndReachNoBinding) {
+  const CRun run;
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  const CSmartPtr<IKeyEvent> event(new CBinding);
+  int& fired = static_cast<CBinding&>(*event).fired;
+  for (const int key : {27, 282}) {
+    keyboard.BindKey(key, event, -1000);
+    for (const int how : {0, 1, 2, 3}) {
+      const bool hasFocus = (how & 1) != 0;
+      const bool debugComesFirst = (how & 2) != 0;
+      run.Execute("debug%::ToggleConsole;other%::ToggleConsole");
+      EXPECT_EQ(hasFocus ? run.Type("`") : "`", "`");
+      CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
+      EXPECT_TRUE(dynamic_cast<ui::CWindowWidget&>(*run.Windows().front()).IsClosed());
+      debugComesFirst ? void() : keyboard.Update();
+      run.Task().Update();
+      run.Task("other%").Update();
+      keyboard.Update();
+      EXPECT_TRUE(run.Windows().empty()) << key << " " << how;
+      EXPECT_EQ(fired, 0) << key << " " << how;
+    }
+    CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
+    keyboard.Update();
+    EXPECT_EQ(std::exchange(fired, 0), 1) << "no console is open";
+  }
+}
+
+TEST(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
+  const CRun run;
+  const CNotingHardware pointer;
+  run.Execute("starttask(mouse, mouse%, 5);mouse%::CursorHide");
+  for (const auto& [line, asked] : {std::pair("debug%::ToggleConsole", "show"),
+                                    {"other%::ToggleConsole;mouse%::CursorHide", "show"},
+                                    {"debug%::ToggleConsole", "show"},
+                                    {"other%::ToggleConsole", "hide"},
+                                    {"other%::ToggleConsole;mouse%::CursorShow", "show"},
+                                    {"other%::ToggleConsole", "show"}}) {
+    run.Execute(line);
+    EXPECT_EQ(pointer.last, asked) << line;
+  }
+  run.Execute("stoptask(mouse%)");
+}
 
 TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
   CRun run;
   CLogCapture log;
-  run.Execute("debut = 1");
+  run.Execute("debris = 1");
   // Each in a console of its own: keys, and the text after them.
   // clang-format off
   const std::pair<const char*, const char*> cases[] = {
       {"a\rb\r^", "a"}, {"a\rb\r^^", "a"}, {"a\rb\r^^_", "b"}, {"a\rb\r^^__", "b"}, {"b\r^", "b"}, {"a\r_", ""},
       {"a\rb\rc^", "b"}, {"a\rb\rc^_", "c"}, {"a\rb\rc^_^", "c"}, {"a\r\r^", "a"}, {"^", ""}, {"QUI\t", "quit"}, {"a\rb\rc\r^^\r^", "c"},
       {"debug%::ToggleConsole;debug%::ToggleConsole\rb\r^", "debug%::ToggleConsole;debug%::ToggleConsole"},
-      {"x = DEBU\t", "x = debut"}, {"help(qui)<\t", "help(quit)"}, {"a;oth\t", "a;other%::"}, {"f(oth\t", "f(other%"},
-      {"f(1);oth\t", "f(1);other%::"}, {"OTH\t", "OTH"}, {"other%::qui\t", "other%::qui"}, {"de\t", "debu"}};
+      {"x = DEBR\t", "x = debris"}, {"help(qui)<\t", "help(quit)"}, {"a;oth\t", "a;other%::"}, {"f(oth\t", "f(other%"},
+      {"f(1);oth\t", "f(1);other%::"}, {"OTH\t", "OTH"}, {"other%::qui\t", "other%::qui"}, {"de\t", "deb"}};
   // clang-format on
   for (const auto& [keys, text] : cases) {
     run.Execute("debug%::ToggleConsole");
@@ -78,7 +128,7 @@ TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
     EXPECT_TRUE(run.Windows().empty());
   }
   EXPECT_NE(log.Text().find("a\na\nb\nb\na\n"), std::string::npos) << "lines and results";
-  EXPECT_TRUE(log.Has(run.Numbered("debug%::  debut"))) << "choices";
+  EXPECT_TRUE(log.Has(run.Numbered("debris  debug%::"))) << "choices";
 }
 
 TEST(Debug, ExecutedLinesMayEndWhatExecutesThem) {
@@ -107,7 +157,8 @@ TEST(Debug, CountsFrames) {
   CRun run;
   const std::vector<CSprite*>& sprites = CScreenLayer::GetSingletonPtr()->GetChildren();
   CScreenLayer::GetSingletonPtr()->DrawFrame();
-  EXPECT_TRUE(sprites[1]->GetZ() == -6 && run.screen.At(70, 40) != 0) << "has a backdrop";
+  EXPECT_EQ(sprites[1]->GetRect(), (CRect<int>{115, 10, 75, 20}));
+  EXPECT_NE(run.screen.At(185, 20), 0) << "has a backdrop";
   // Frames and their length in milliseconds; text and figures after them.
   // clang-format off
   const std::tuple<int, unsigned, std::string, float, unsigned, unsigned> cases[] = {
@@ -124,6 +175,28 @@ TEST(Debug, CountsFrames) {
   }
   run.Execute("stoptask(debug%)");
   EXPECT_EQ(sprites.size(), 1U) << "that of the other task";
+}
+
+TEST(Debug, TheFrameRateShowsAsItsVariableSaysAndUnderTheConsole) {
+  CEventBridge::GetSingletonPtr()->Resize(800, 600);
+  const CRun run;
+  const auto& texts = CScreenLayer::GetSingletonPtr()->GetChildren();
+  for (const auto& [line, shown] :
+       {std::pair("", 2U), {"debug_show_fps = 0", 1}, {"debug_show_fps = 1", 2}}) {
+    run.Execute(line);
+    run.Task().Update();
+    EXPECT_EQ(texts.size(), shown) << line;
+  }
+  CSprite* text = texts.front();
+  run.Execute("debug%::ToggleConsole");
+  EXPECT_LT(run.Windows().front()->GetDepth(), text->GetZ());
+  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
+  bridge.MouseMove(120, 15, 0, 0);
+  bridge.MouseButtonDown(1);
+  bridge.MouseMove(130, 25, 10, 10);
+  bridge.MouseButtonUp(1);
+  EXPECT_EQ(run.Windows().front()->GetRect().x, 20);
+  EXPECT_EQ(text->GetX(), 115) << "the console lies over it";
 }
 
 TEST(Debug, CommandsReachTheirOwnTaskOrComplain) {

@@ -88,17 +88,6 @@ TEST_F(CEventTest, CursorChangesOnlyToOtherKnownTypes) {
   EXPECT_EQ(SDL_GetCursor(), initial);
 }
 
-// Stands in for the cursor of the screen, and notes what is asked of it.
-struct CNotingHardware : IMouseHardware {
-  CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
-  ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
-  void ShowCursor() override { last = "show"; }
-  void HideCursor() override { last = "hide"; }
-  void ChangeCursor(int type) override { last = "type " + std::to_string(type); }
-  void GrabInput(bool on) override { last = on ? "grab" : "release"; }
-  std::string last;
-};
-
 TEST(TaskMouseTest, ConsoleLinesReachTheCursorFromTheStartToTheExit) {
   // clang-format off
   const std::pair<const char*, const char*> cases[] = {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "gfx/fontalign.h"
 #include "gfx/systemfontloader.h"
 #include "support/fakeclock.h"
 #include "support/testpicture.h"
@@ -34,7 +35,7 @@ TEST(LogView, MeasuresLinesAndPaintsWhatHasChanged) {
   // clang-format off
   const std::tuple<std::string, int, int> cases[] = {
       {"a\n", 12, 12}, {"\n", 12, 12}, {"one two three\n", 24, 12}, {"a\tb c de\n", 24, 12},
-      {std::string(400, 'a') + "\n", 204, 204}, {"elevenchars\n", 204, 12}, {"a", 12, 12}};
+      {std::string(400, 'a') + "\n", 204, 204}, {"elevenchars\n", 24, 12}, {"ab elevenchars c", 36, 12}, {"a", 12, 12}};
   // clang-format on
   for (const auto& [line, narrow, wide] : cases) {
     CLogListenerForConsole log;
@@ -63,6 +64,31 @@ TEST(LogView, MeasuresLinesAndPaintsWhatHasChanged) {
   }
   EXPECT_TRUE(Shows(*picture, "a", "b", -4));
   EXPECT_TRUE(log.Draw(&*other, {0, 4, 60, 20}, false)) << "another view";
+  font.CFont::SetAlign(IFontAlign::kLeft);
+  log.OnLog("\televenchars\n", kLogNormal);
+  log.Draw(&*picture, {0, log.GetTextHeight() - 20, 60, 20}, true);
+  EXPECT_TRUE(Shows(*picture, "elevenchar", "s", -4)) << "a word that is broken at the edge";
+}
+
+TEST(LogView, ViewsOfDifferentWidthsKeepTheirOwnMeasureAndPlace) {
+  test::CFakeClock clock;
+  const test::CTestScreen screen(80, 60);
+  CWidget wideParent(nullptr, {0, 0, 60, 44}, false, "", {});
+  CWidget narrowParent(nullptr, {0, 0, 24, 44}, false, "", {});
+  auto* const wide = new CConsoleWidget(&wideParent, "");
+  auto* const narrow = new CConsoleWidget(&narrowParent, "");
+  for (const char* line : {"a b c d 1\n", "a b c d 2\n", "a b c d 3\n"}) {
+    *CLog::GetSingletonPtr() << line;
+  }
+  wide->ScrollLines(-1);
+  narrow->ScrollLines(-1);
+  for (int step = 0; step < 5; ++step) {
+    *CLog::GetSingletonPtr() << "more\n";
+    clock.Advance(100);
+    CFakeThread::RunThreads(0);
+    EXPECT_TRUE(Shows(*wide->GetSprite()->GetImage(), "a b c d 1", "a b c d 2", 0)) << step;
+    EXPECT_TRUE(Shows(*narrow->GetSprite()->GetImage(), "a b ", "c d ", 0)) << step;
+  }
 }
 
 TEST(LogView, WidgetShowsTheEndOfTheLogAndScrolls) {
