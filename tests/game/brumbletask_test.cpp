@@ -1,6 +1,7 @@
 #include "game/brumbletask.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
@@ -139,10 +140,25 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   EXPECT_FALSE(log.Has("FreeImage"));
 }
 
-TEST_F(TaskTest, AWholeGameNeedsNoData) {
+// The first kitten lies on the shelf between the right wall's top and the shaft.
+TEST_F(TaskTest, AWholeGameNeedsNoDataAndWaitsForNoKittenOutOfReach) {
   std::filesystem::remove("data");
   vask::Gfx::SetFactory(nullptr);
   StartGame();
+  while (GameState().kittensInPlay == 0) {
+    Frame(20);
+  }
+  CPhysicsBody& kitten = Bodies()[8];
+  std::tie(kitten.x, kitten.y, kitten.angle) = std::tuple(59.4F, -62.5F, 0.02F);
+  for (int frame = 0; frame < 390; ++frame) {
+    Frame(20);
+  }
+  EXPECT_NEAR(kitten.y, -62.5F, 0.1F) << "it comes to rest there";
+  for (int frame = 0; frame < 30 && kitten.vx > -20.0F; ++frame) {
+    Frame(20);
+  }
+  EXPECT_EQ(kitten.vx, -20.0F);
+  EXPECT_EQ(kitten.vy, -20.0F);
   for (int frame = 0; frame < 10000 && Screen() == 0; ++frame) {
     Frame(20);
   }
