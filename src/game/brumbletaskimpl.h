@@ -71,7 +71,8 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CPictureCache myPictures;
-  bool myIsPaused = false;  // the task
+  bool myIsPaused = false;        // the task
+  vask::CSpritePtr myPausedSign;  // over everything while the task is paused, else empty
 };
 
 }  // namespace brumble

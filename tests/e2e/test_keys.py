@@ -37,6 +37,7 @@ class Keys(unittest.TestCase):
             time.sleep(1.0)
             self.assertEqual(find_kitten(game.picture()), place)
             self.assertTrue(screen.cursor_is_visible())
+            game.wait_for_sprite("paused")
             self.assertFalse(recorder.heard()[-RATE:].any(), "the last M")
             self.type(screen, ["p"])
             self.assertNotEqual(find_kitten(game.picture()), place)

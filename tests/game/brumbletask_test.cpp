@@ -36,6 +36,9 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
   std::vector<CPhysicsBody>& Bodies() const {
     return const_cast<std::vector<CPhysicsBody>&>(Impl().GetWorld().GetBodies());
   }
+  static std::string Frontmost() {
+    return vask::CScreenLayer::GetSingletonPtr()->GetChildren().front()->GetName();
+  }
   // 0 during play.
   int Screen() const { return Impl().GetScreen() != nullptr ? Impl().GetScreen()->GetState() : 0; }
   // How many steps the last body, a kitten that falls freely, has made; the air hardly counts.
@@ -70,8 +73,10 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     task.ExecuteCommand("");
     task.Pause();
     EXPECT_TRUE(isCursorShown);
+    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml") << "over " << c.shown;
     task.Resume();
     EXPECT_FALSE(isCursorShown);
+    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty()) << c.shown;
     Frame(6);
     EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
     isCursorShown = c.screen != 0;
@@ -102,6 +107,7 @@ TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
   Click();
   Click();
   EXPECT_TRUE(isCursorShown);
+  EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
   for (const int kittens : {0, 0, 0, 1}) {
     Frame(5000);
     task.Resume();
