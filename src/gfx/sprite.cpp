@@ -12,7 +12,6 @@
 namespace vask {
 namespace {
 
-constexpr float kFullTurn = 360.0F;
 // Turning by less would cost a new copy of the picture that nobody can tell from the old one.
 constexpr float kSmallestTurn = 0.5F;
 // How much larger than the sprite a back buffer may be before it is replaced: the rectangle of a
@@ -257,6 +256,7 @@ void CSprite::SetRotation(float degrees) {
   }
   MarkChanged();
   myRotation = degrees;
+  myIsRotated = true;
   ShowImage();
 }
 
@@ -325,6 +325,7 @@ void CSprite::SetImage(IPixel* image) {
   MarkChanged();
   mySize.reset();
   myRotation = 0.0F;
+  myIsRotated = false;
   myAlpha = 255;
   TakeLoaded(image);
   ShowImage();
@@ -379,7 +380,7 @@ Gfx::ImagePtr CSprite::MakeCopy() const {
   if (size != loaded) {
     copy.reset(source()->Scale(size.w, size.h));
   }
-  if (IsRotated()) {
+  if (myIsRotated) {
     copy = Gfx::ImagePtr(source()->Rotate(myRotation));
   }
   if (myAlpha != 255) {
@@ -387,8 +388,6 @@ Gfx::ImagePtr CSprite::MakeCopy() const {
   }
   return copy;
 }
-
-bool CSprite::IsRotated() const { return std::fmod(myRotation, kFullTurn) != 0.0F; }
 
 CSprite::SSize CSprite::UnrotatedSize() const {
   return mySize.value_or(SSize{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()});
