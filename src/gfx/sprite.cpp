@@ -162,10 +162,8 @@ void CSprite::PaintPart(CSprite* canvas, const CRect<int>& clip) {
   if (canvas == nullptr || IsEmpty()) {
     return;
   }
-  const SSize shown = ShownSize();
-  const CRect<int> part = ShownPart(canvas->GetRect())
-                              .Intersection(clip)
-                              .Intersection({myRect.x, myRect.y, shown.w, shown.h});
+  const CRect<int> shown{myRect.x, myRect.y, myImage->GetWidth(), myImage->GetHeight()};
+  const CRect<int> part = ShownPart(canvas->GetRect()).Intersection(clip).Intersection(shown);
   if (part.IsEmpty()) {
     return;
   }
@@ -319,7 +317,8 @@ void CSprite::SetImage(IPixel* image) {
   if (image == nullptr) {
     image = Gfx::NullImage();
   }
-  if (image == myImage) {
+  // A picture of nothing may also be what is shown of another one.
+  if (image == myImage && (myCopy == nullptr || !image->IsEmpty())) {
     return;
   }
   MarkChanged();
@@ -363,17 +362,19 @@ void CSprite::RenewCopy() {
 
 void CSprite::ShowImage() {
   RenewCopy();
-  const SSize shown = ShownSize();
-  myRect.w = shown.w;
-  myRect.h = shown.h;
+  myRect.w = myImage->GetWidth();
+  myRect.h = myImage->GetHeight();
 }
 
 // Null while nothing but the loaded picture itself has to be shown.
 Gfx::ImagePtr CSprite::MakeCopy() const {
   const SSize loaded{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()};
   const SSize size = UnrotatedSize();
-  if (IsEmpty() || loaded.w <= 0 || loaded.h <= 0 || size.w <= 0 || size.h <= 0) {
+  if (IsEmpty() || loaded.w <= 0 || loaded.h <= 0) {
     return nullptr;
+  }
+  if (size.w == 0 || size.h == 0) {
+    return Gfx::ImagePtr(Gfx::NullImage());
   }
   Gfx::ImagePtr copy;
   const auto source = [&] { return copy != nullptr ? copy.get() : LoadedImage(); };
@@ -391,14 +392,6 @@ Gfx::ImagePtr CSprite::MakeCopy() const {
 
 CSprite::SSize CSprite::UnrotatedSize() const {
   return mySize.value_or(SSize{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()});
-}
-
-// A size of nothing has no copy: nothing of the loaded picture is shown then.
-CSprite::SSize CSprite::ShownSize() const {
-  if (mySize && (mySize->w == 0 || mySize->h == 0)) {
-    return *mySize;
-  }
-  return {myImage->GetWidth(), myImage->GetHeight()};
 }
 
 int CSprite::GetDirtyState() const {

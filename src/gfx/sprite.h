@@ -129,7 +129,6 @@ class CSprite {
   void RenewCopy();
   Gfx::ImagePtr MakeCopy() const;
   SSize UnrotatedSize() const;
-  SSize ShownSize() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
   void FitBackBuffer();
   void ReadFields(CXmlContext& xml);

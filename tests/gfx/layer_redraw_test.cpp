@@ -29,7 +29,7 @@ class CScene {
         [&] { s->SetPosition(s->GetX() + Below(9) - 4, s->GetY() + 2); },
         [&] { s->SetZ(Below(6)); }, [&] { s->SetAlpha(Below(256)); },
         [&] { s->SetRotation(static_cast<float>(Below(720))); },
-        [&] { s->SetSize(1 + Below(50), 1 + Below(50)); }, [&] { s->SetRect(AnyRect()); },
+        [&] { s->SetSize(Below(50), Below(50)); }, [&] { s->SetRect(AnyRect()); },
         [&] { s->SetScrollRect(Toss() ? AnyRect() : CRect<int>{9, 9, kWidth, kHeight}); },
         [&] { s->SetImageRect({Below(10), Below(10), Below(50), Below(50)}); },
         [&] { s->SetImage(Below(9) == 0 ? nullptr : AnyPicture()); },

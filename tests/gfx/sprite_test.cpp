@@ -93,6 +93,19 @@ TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
   } while (std::next_permutation(std::begin(order), std::end(order)));
 }
 
+TEST_F(Sprite, OfNoSizeShowsNothingUntilItsPictureIsSetAgain) {
+  const CSpritePtr sprite = Red();
+  IPixel* const loaded = sprite->GetImage();
+  for (const auto& [width, height] : {std::pair{0, 5}, {5, 0}, {-1, 5}}) {
+    sprite->SetSize(width, height);
+    myLayer->DrawFrame();
+    EXPECT_EQ(myScreen.At(2, 2), 0U) << width << " x " << height;
+    sprite->SetImage(loaded);
+    myLayer->DrawFrame();
+    EXPECT_EQ(myScreen.At(2, 2), 0xFF0000U) << width << " x " << height;
+  }
+}
+
 TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   std::vector<CSpritePtr> sprites;
   for (const int z : {50, 100, 50, 7, 100, -2147483647 - 1, 2147483647}) {
