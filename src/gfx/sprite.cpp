@@ -178,8 +178,7 @@ void CSprite::RestoreBackground(CSprite* canvas) {
     return;
   }
   const CRect<int> area = std::exchange(mySavedArea, {});
-  const CRect<int> saved{area.x - myLastRect.x, area.y - myLastRect.y, area.w, area.h};
-  Gfx::CopyExact(myBackBuffer.get(), saved, canvas->GetImage(), area.x, area.y);
+  Gfx::CopyExact(myBackBuffer.get(), {0, 0, area.w, area.h}, canvas->GetImage(), area.x, area.y);
   canvas->GetImage()->AddDirtyRect(area);
 }
 
@@ -188,22 +187,24 @@ void CSprite::SaveBackground(CSprite* canvas) {
     return;
   }
   myLastRect = myRect;
-  mySavedArea = ShownPart(canvas->GetRect());
-  if (mySavedArea.IsEmpty()) {
+  const CRect<int> whole = canvas->GetRect();
+  mySavedArea = {};
+  const CRect<int> area = ShownPart(whole);
+  // No larger than the canvas, since no picture has the size of every rectangle.
+  if (area.IsEmpty() || !FitBackBuffer(std::min(myRect.w, whole.w), std::min(myRect.h, whole.h))) {
     return;
   }
-  FitBackBuffer();
-  Gfx::CopyExact(canvas->GetImage(), mySavedArea, myBackBuffer.get(), mySavedArea.x - myRect.x,
-                 mySavedArea.y - myRect.y);
+  mySavedArea = area;
+  Gfx::CopyExact(canvas->GetImage(), area, myBackBuffer.get(), 0, 0);
 }
 
-void CSprite::FitBackBuffer() {
-  if (myBackBuffer != nullptr && FitsBuffer(myBackBuffer->GetWidth(), myRect.w) &&
-      FitsBuffer(myBackBuffer->GetHeight(), myRect.h)) {
-    return;
+bool CSprite::FitBackBuffer(int width, int height) {
+  if (myBackBuffer == nullptr || !FitsBuffer(myBackBuffer->GetWidth(), width) ||
+      !FitsBuffer(myBackBuffer->GetHeight(), height)) {
+    myBackBuffer.reset();
+    myBackBuffer.reset(Gfx::NewScreenBuffer(width, height, Gfx::kMagenta));
   }
-  myBackBuffer.reset();
-  myBackBuffer.reset(Gfx::NewScreenBuffer(myRect.w, myRect.h, Gfx::kMagenta));
+  return !myBackBuffer->IsEmpty();
 }
 
 void CSprite::CheckOverlap(CSprite* canvas) {
@@ -407,6 +408,7 @@ IPixel* CSprite::GetImage() const { return myImage; }
 
 void CSprite::ForgetBackground() {
   mySavedArea = {};
+  myBackBuffer.reset();  // its format may be that of a screen of another depth
   myDirtyState = 2;
 }
 

@@ -130,7 +130,8 @@ class CSprite {
   Gfx::ImagePtr MakeCopy() const;
   SSize UnrotatedSize() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
-  void FitBackBuffer();
+  // False when no such buffer can be made.
+  bool FitBackBuffer(int width, int height);
   void ReadFields(CXmlContext& xml);
   void WriteFields(CXmlContext& xml);
 
@@ -141,7 +142,8 @@ class CSprite {
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
   bool myOwnsBackBuffer = true;
-  CRect<int> mySavedArea;  // what of the canvas the back buffer holds; empty while it holds nothing
+  // What of the canvas the upper left of the back buffer holds; empty while it holds nothing.
+  CRect<int> mySavedArea;
   CRect<int> myRect;
   std::unique_ptr<CRect<int>> myScrollRect;
   int myZ = 100;
