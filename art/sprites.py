@@ -43,6 +43,7 @@ SPRITES = {
     "title_screen": Still("title_screen.svg", 12, opaque=True),
     "help_screen": Still("help_screen.svg", 12, opaque=True),
     "help_bubbles": Still("help_bubbles.svg", 10),
+    "paused": Still("paused.svg", 5, at=(210, 226)),
     "b_grilled_kitten": sign("GRILLED", "KITTEN", "icon_grill", "#b5341a"),
     "b_long_shot": sign("LONG", "SHOT", "icon_long", "#7a4f9a"),
     "b_wall_bounce": sign("WALL", "BOUNCE", "icon_bounce", "#9a5636"),

@@ -127,6 +127,9 @@ void CBrumbleTaskImpl::ShowGameOver() {
 }
 
 void CBrumbleTaskImpl::Pause() {
+  if (!myIsPaused) {
+    myPausedSign = CGfxFactory::GetSingletonPtr()->LoadSprite(kPausedFile);
+  }
   myIsPaused = true;
   PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
@@ -134,6 +137,7 @@ void CBrumbleTaskImpl::Pause() {
 
 void CBrumbleTaskImpl::Resume() {
   myIsPaused = false;
+  myPausedSign.Reset();
   if (myScreen == nullptr) {
     ResumeClocks();
   }

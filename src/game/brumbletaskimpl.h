@@ -41,6 +41,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   void Pause();
   void Resume();
   int SpawnKitten() override;
+  void PushKitten(int index, CVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
   // A kitten beside the ten, of which the rules know nothing.
   void DropExtraKitten();
 
@@ -70,7 +71,8 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CPictureCache myPictures;
-  bool myIsPaused = false;  // the task
+  bool myIsPaused = false;        // the task
+  vask::CSpritePtr myPausedSign;  // over everything while the task is paused, else empty
 };
 
 }  // namespace brumble

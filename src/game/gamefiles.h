@@ -15,6 +15,7 @@ inline constexpr const char* kTitleScreenFile = "data/gfx/title_screen.xml";
 inline constexpr const char* kHelpScreenFile = "data/gfx/help_screen.xml";
 inline constexpr const char* kHelpBubblesFile = "data/gfx/help_bubbles.xml";
 inline constexpr const char* kGameOverFile = "data/gfx/gameover.xml";
+inline constexpr const char* kPausedFile = "data/gfx/paused.xml";
 inline constexpr const char* kBackgroundFile = "data/gfx/background.xml";
 
 inline constexpr const char* kScoreSignFile = "data/gfx/score_sign.xml";
@@ -30,9 +31,9 @@ inline constexpr const char* kHitBigFile = "data/gfx/kitten_hit_big.xml";
 
 // All sprite files above: their pictures are decoded before the play begins.
 inline constexpr std::array kSpriteFiles = {
-    kTitleScreenFile, kHelpScreenFile,  kHelpBubblesFile, kGameOverFile, kBackgroundFile,
-    kScoreSignFile,   kKittensLeftFile, kKittenSignsFile, kOvenFile,     kOvenBurningFile,
-    kHellfireFile,    kLoseHairFile,    kHitSmallFile,    kHitBigFile,
+    kTitleScreenFile, kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
+    kBackgroundFile,  kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,
+    kOvenBurningFile, kHellfireFile,   kLoseHairFile,    kHitSmallFile,    kHitBigFile,
 };
 
 inline constexpr const char* kBurnSound = "data/sfx/kitten_burn.wav";

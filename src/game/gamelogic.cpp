@@ -79,6 +79,7 @@ void CGameLogic::Tick() {
   for (const auto& [index, record] : myKittens) {
     if (record != nullptr) {
       record->myTouchedThisTick = false;
+      PushIfStuck(index, *record);
     }
   }
   const CGameState& state = GameState();
@@ -99,6 +100,14 @@ void CGameLogic::SpawnKitten() {
   ++state.kittensInPlay;
   myKittensLeftBoard.Set(state.kittensLeft);
   myKittens[index] = std::make_unique<CKittenRecord>();
+}
+
+void CGameLogic::PushIfStuck(int index, CKittenRecord& record) {
+  const unsigned now = myClock.GetTime();
+  if (myOwner != nullptr && record.IsPushDue(now)) {
+    record.NotePush(now);
+    myOwner->PushKitten(index, kPushVelocity);
+  }
 }
 
 // A body without a record never counted as one in play, so its end counts for nothing either.
@@ -303,7 +312,7 @@ void CGameLogic::ShowPoints(int points, CVec2 position) {
 
 void CGameLogic::SetKittenPosition(int index, CVec2 position) {
   if (CKittenRecord* const record = FindRecord(index)) {
-    record->myPosition = position;
+    record->MoveTo(position, myClock.GetTime());
   }
 }
 

@@ -13,12 +13,14 @@
 
 namespace brumble {
 
-// Who can drop a kitten into the world.
+// Who can drop a kitten into the world, and push one on.
 class IKittenSpawner {
  public:
   virtual ~IKittenSpawner() = default;
   // Answers the new body's index.
   virtual int SpawnKitten() = 0;
+  // `index` is the body's; the velocity, in world units per second, replaces its own.
+  virtual void PushKitten(int index, CVec2 velocity) = 0;
 };
 
 // The rule book. It drops the kittens, hears from the physics and the bridges what becomes of them,
@@ -79,6 +81,7 @@ class CGameLogic : public IGameLogicReceiver {
  private:
   void LoadSigns();
   void SpawnKitten();
+  void PushIfStuck(int index, CKittenRecord& record);
   void RemoveKitten(int index);
   CKittenRecord* FindRecord(int index);
   void ShowPoints(int points, CVec2 position);

@@ -38,6 +38,14 @@ inline constexpr int kMonsterSpinPoints = 5;  // on top
 inline constexpr int kSpinsPerBonus = 5;
 inline constexpr int kGuruSpins = 10;  // a run of fewer makes a master only
 
+// A kitten that comes to rest above the monster's reach, such as on the shelf between the right
+// wall's top and the shaft, is pushed on, or the game would wait for it for ever. World units.
+inline constexpr float kReachTop = -55.2F;  // above it the monster's rim reaches no corner
+inline constexpr float kRestRadius = 1.0F;
+inline constexpr CVec2 kPushVelocity = {-20.0F, -20.0F};
+inline constexpr unsigned kFirstPushWait = 8000;
+inline constexpr unsigned kNextPushWait = 5000;
+
 // The oven.
 inline constexpr int kGrillPoints = 500;  // on top of the damage bonus
 inline constexpr int kBashingDamage = 5000;

@@ -4,6 +4,31 @@
 #include <cmath>
 
 namespace brumble {
+namespace {
+
+bool IsOutOfReach(CVec2 position) { return position.y < kReachTop; }
+
+}  // namespace
+
+void CKittenRecord::MoveTo(CVec2 position, unsigned now) {
+  const bool rests = IsOutOfReach(myPosition) && IsOutOfReach(position) &&
+                     LengthSquared(position - myRestPlace) <= kRestRadius * kRestRadius;
+  myPosition = position;
+  if (!rests) {
+    myRestPlace = position;
+    myRestStart = now;
+    myPushWait = kFirstPushWait;
+  }
+}
+
+bool CKittenRecord::IsPushDue(unsigned now) const {
+  return IsOutOfReach(myPosition) && now - myRestStart >= myPushWait;
+}
+
+void CKittenRecord::NotePush(unsigned now) {
+  myRestStart = now;
+  myPushWait = kNextPushWait;
+}
 
 int CKittenRecord::PassThresholds(float health) {
   int points = 0;

@@ -19,8 +19,19 @@ struct CKittenRecord {
   int mySpinCount = 0;             // scored spins of the current run
   std::vector<int> myTouches;      // every toucher, in order
   int myScore = 0;                 // all points so far: the kitten's stake
+  CVec2 myRestPlace;               // where it has stayed since
+  unsigned myRestStart = 0;        // game clock; a push begins the rest anew
+  unsigned myPushWait = kFirstPushWait;
 
   bool IsMonsterLast() const { return myLastToucher == kMonster; }
+
+  // Where the kitten is now. A place within the monster's reach, or too far from where it began to
+  // rest, ends its rest.
+  void MoveTo(CVec2 position, unsigned now);
+  // Whether it has rested out of reach for so long that it will not come back by itself.
+  bool IsPushDue(unsigned now) const;
+  // It was pushed: the next push is due sooner, unless it moves.
+  void NotePush(unsigned now);
 
   // The points for the thresholds that the health has fallen through since the last call.
   int PassThresholds(float health);

@@ -30,9 +30,11 @@ CScreenLayer::~CScreenLayer() {
 
 int CScreenLayer::GetTypeId() const { return kScreenLayer; }
 
-// A sprite may change, or die, after the screen has gone: nothing is put back on that one.
+// A sprite may change, or die, after the screen has gone: nothing is put back on that one, nor on
+// one that is about to be drawn anew, whose depth may be another.
 CSprite* CScreenLayer::GetCanvas() const {
-  return myScreen == Gfx::GetScreen() ? CSpriteLayer::GetCanvas() : nullptr;
+  const bool isSame = myScreen == Gfx::GetScreen() && !myRefreshAll;
+  return isSame ? CSpriteLayer::GetCanvas() : nullptr;
 }
 
 void CScreenLayer::DrawFrame() {

@@ -12,7 +12,6 @@
 namespace vask {
 namespace {
 
-constexpr float kFullTurn = 360.0F;
 // Turning by less would cost a new copy of the picture that nobody can tell from the old one.
 constexpr float kSmallestTurn = 0.5F;
 // How much larger than the sprite a back buffer may be before it is replaced: the rectangle of a
@@ -163,10 +162,8 @@ void CSprite::PaintPart(CSprite* canvas, const CRect<int>& clip) {
   if (canvas == nullptr || IsEmpty()) {
     return;
   }
-  const SSize shown = ShownSize();
-  const CRect<int> part = ShownPart(canvas->GetRect())
-                              .Intersection(clip)
-                              .Intersection({myRect.x, myRect.y, shown.w, shown.h});
+  const CRect<int> shown{myRect.x, myRect.y, myImage->GetWidth(), myImage->GetHeight()};
+  const CRect<int> part = ShownPart(canvas->GetRect()).Intersection(clip).Intersection(shown);
   if (part.IsEmpty()) {
     return;
   }
@@ -181,8 +178,7 @@ void CSprite::RestoreBackground(CSprite* canvas) {
     return;
   }
   const CRect<int> area = std::exchange(mySavedArea, {});
-  const CRect<int> saved{area.x - myLastRect.x, area.y - myLastRect.y, area.w, area.h};
-  Gfx::CopyExact(myBackBuffer.get(), saved, canvas->GetImage(), area.x, area.y);
+  Gfx::CopyExact(myBackBuffer.get(), {0, 0, area.w, area.h}, canvas->GetImage(), area.x, area.y);
   canvas->GetImage()->AddDirtyRect(area);
 }
 
@@ -191,22 +187,24 @@ void CSprite::SaveBackground(CSprite* canvas) {
     return;
   }
   myLastRect = myRect;
-  mySavedArea = ShownPart(canvas->GetRect());
-  if (mySavedArea.IsEmpty()) {
+  const CRect<int> whole = canvas->GetRect();
+  mySavedArea = {};
+  const CRect<int> area = ShownPart(whole);
+  // No larger than the canvas, since no picture has the size of every rectangle.
+  if (area.IsEmpty() || !FitBackBuffer(std::min(myRect.w, whole.w), std::min(myRect.h, whole.h))) {
     return;
   }
-  FitBackBuffer();
-  Gfx::CopyExact(canvas->GetImage(), mySavedArea, myBackBuffer.get(), mySavedArea.x - myRect.x,
-                 mySavedArea.y - myRect.y);
+  mySavedArea = area;
+  Gfx::CopyExact(canvas->GetImage(), area, myBackBuffer.get(), 0, 0);
 }
 
-void CSprite::FitBackBuffer() {
-  if (myBackBuffer != nullptr && FitsBuffer(myBackBuffer->GetWidth(), myRect.w) &&
-      FitsBuffer(myBackBuffer->GetHeight(), myRect.h)) {
-    return;
+bool CSprite::FitBackBuffer(int width, int height) {
+  if (myBackBuffer == nullptr || !FitsBuffer(myBackBuffer->GetWidth(), width) ||
+      !FitsBuffer(myBackBuffer->GetHeight(), height)) {
+    myBackBuffer.reset();
+    myBackBuffer.reset(Gfx::NewScreenBuffer(width, height, Gfx::kMagenta));
   }
-  myBackBuffer.reset();
-  myBackBuffer.reset(Gfx::NewScreenBuffer(myRect.w, myRect.h, Gfx::kMagenta));
+  return !myBackBuffer->IsEmpty();
 }
 
 void CSprite::CheckOverlap(CSprite* canvas) {
@@ -257,6 +255,7 @@ void CSprite::SetRotation(float degrees) {
   }
   MarkChanged();
   myRotation = degrees;
+  myIsRotated = true;
   ShowImage();
 }
 
@@ -319,12 +318,14 @@ void CSprite::SetImage(IPixel* image) {
   if (image == nullptr) {
     image = Gfx::NullImage();
   }
-  if (image == myImage) {
+  // A picture of nothing may also be what is shown of another one.
+  if (image == myImage && (myCopy == nullptr || !image->IsEmpty())) {
     return;
   }
   MarkChanged();
   mySize.reset();
   myRotation = 0.0F;
+  myIsRotated = false;
   myAlpha = 255;
   TakeLoaded(image);
   ShowImage();
@@ -362,24 +363,26 @@ void CSprite::RenewCopy() {
 
 void CSprite::ShowImage() {
   RenewCopy();
-  const SSize shown = ShownSize();
-  myRect.w = shown.w;
-  myRect.h = shown.h;
+  myRect.w = myImage->GetWidth();
+  myRect.h = myImage->GetHeight();
 }
 
 // Null while nothing but the loaded picture itself has to be shown.
 Gfx::ImagePtr CSprite::MakeCopy() const {
   const SSize loaded{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()};
   const SSize size = UnrotatedSize();
-  if (IsEmpty() || loaded.w <= 0 || loaded.h <= 0 || size.w <= 0 || size.h <= 0) {
+  if (IsEmpty() || loaded.w <= 0 || loaded.h <= 0) {
     return nullptr;
+  }
+  if (size.w == 0 || size.h == 0) {
+    return Gfx::ImagePtr(Gfx::NullImage());
   }
   Gfx::ImagePtr copy;
   const auto source = [&] { return copy != nullptr ? copy.get() : LoadedImage(); };
   if (size != loaded) {
     copy.reset(source()->Scale(size.w, size.h));
   }
-  if (IsRotated()) {
+  if (myIsRotated) {
     copy = Gfx::ImagePtr(source()->Rotate(myRotation));
   }
   if (myAlpha != 255) {
@@ -388,18 +391,8 @@ Gfx::ImagePtr CSprite::MakeCopy() const {
   return copy;
 }
 
-bool CSprite::IsRotated() const { return std::fmod(myRotation, kFullTurn) != 0.0F; }
-
 CSprite::SSize CSprite::UnrotatedSize() const {
   return mySize.value_or(SSize{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()});
-}
-
-// A size of nothing has no copy: nothing of the loaded picture is shown then.
-CSprite::SSize CSprite::ShownSize() const {
-  if (mySize && (mySize->w == 0 || mySize->h == 0)) {
-    return *mySize;
-  }
-  return {myImage->GetWidth(), myImage->GetHeight()};
 }
 
 int CSprite::GetDirtyState() const {
@@ -415,6 +408,7 @@ IPixel* CSprite::GetImage() const { return myImage; }
 
 void CSprite::ForgetBackground() {
   mySavedArea = {};
+  myBackBuffer.reset();  // its format may be that of a screen of another depth
   myDirtyState = 2;
 }
 

@@ -63,7 +63,8 @@ class CSprite {
   // Hidden sprites leave their layer and come back to it.
   virtual void SetVisible(bool visible);
   virtual void SetSize(int width, int height);
-  // Degrees, counter-clockwise; changes of half a degree or less are ignored.
+  // Degrees, counter-clockwise; changes of half a degree or less are ignored. A whole turn is one
+  // as well, and its picture a little larger than the loaded one.
   virtual void SetRotation(float degrees);
   virtual void SetAlpha(int alpha);
   virtual int GetAlpha() const;
@@ -127,11 +128,10 @@ class CSprite {
   void ShowImage();
   void RenewCopy();
   Gfx::ImagePtr MakeCopy() const;
-  bool IsRotated() const;
   SSize UnrotatedSize() const;
-  SSize ShownSize() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
-  void FitBackBuffer();
+  // False when no such buffer can be made.
+  bool FitBackBuffer(int width, int height);
   void ReadFields(CXmlContext& xml);
   void WriteFields(CXmlContext& xml);
 
@@ -142,12 +142,14 @@ class CSprite {
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
   bool myOwnsBackBuffer = true;
-  CRect<int> mySavedArea;  // what of the canvas the back buffer holds; empty while it holds nothing
+  // What of the canvas the upper left of the back buffer holds; empty while it holds nothing.
+  CRect<int> mySavedArea;
   CRect<int> myRect;
   std::unique_ptr<CRect<int>> myScrollRect;
   int myZ = 100;
   std::uint8_t myAlpha = 255;
   float myRotation = 0.0F;
+  bool myIsRotated = false;     // by SetRotation: whole turns count too, as they change the picture
   std::optional<SSize> mySize;  // that SetSize asked for, before rotation
   int myDirtyState = 0;         // 2: its background is restored, the next pass paints it
   CRect<int> myLastRect;

@@ -40,6 +40,7 @@ class Keys(unittest.TestCase):
             place = find_kitten(game.picture())
             game.settle()
             self.assertEqual(find_kitten(game.picture()), place)
+            game.wait_for_sprite("paused")
             wait_for(lambda: not recorder.heard()[-RATE:].any(), "the last M")
             self.type(screen, ["Pause"])
             wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")

@@ -15,6 +15,7 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
     bridge.SetIndex(8);
   }
   int SpawnKitten() override { return 8; }
+  void PushKitten(int, CVec2) override {}
   void Report(float x, float y, float angle = 0.0F) {
     bridge.Update(x, y, angle, 2.5F, 2.5F, 1, 0);
   }

@@ -1,6 +1,7 @@
 #include "game/brumbletask.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
@@ -43,6 +44,9 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
   std::vector<CPhysicsBody>& Bodies() const {
     return const_cast<std::vector<CPhysicsBody>&>(Impl().GetWorld().GetBodies());
   }
+  static std::string Frontmost() {
+    return vask::CScreenLayer::GetSingletonPtr()->GetChildren().front()->GetName();
+  }
   // 0 during play.
   int Screen() const { return Impl().GetScreen() != nullptr ? Impl().GetScreen()->GetState() : 0; }
   // How many steps the last body, a kitten that falls freely, has made; the air hardly counts.
@@ -80,8 +84,10 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     task.ExecuteCommand("");
     task.Pause();
     EXPECT_TRUE(isCursorShown);
+    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml") << "over " << c.shown;
     task.Resume();
     EXPECT_FALSE(isCursorShown);
+    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty()) << c.shown;
     Frame(6);
     EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
     isCursorShown = c.screen != 0;
@@ -112,6 +118,7 @@ TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
   Click();
   Click();
   EXPECT_TRUE(isCursorShown);
+  EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
   for (const int kittens : {0, 0, 0, 1}) {
     Frame(5000);
     task.Resume();
@@ -150,10 +157,25 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   EXPECT_FALSE(log.Has("FreeImage"));
 }
 
-TEST_F(TaskTest, AWholeGameNeedsNoData) {
+// The first kitten lies on the shelf between the right wall's top and the shaft.
+TEST_F(TaskTest, AWholeGameNeedsNoDataAndWaitsForNoKittenOutOfReach) {
   std::filesystem::remove("data");
   vask::Gfx::SetFactory(nullptr);
   StartGame();
+  while (GameState().kittensInPlay == 0) {
+    Frame(20);
+  }
+  CPhysicsBody& kitten = Bodies()[8];
+  std::tie(kitten.x, kitten.y, kitten.angle) = std::tuple(59.4F, -62.5F, 0.02F);
+  for (int frame = 0; frame < 390; ++frame) {
+    Frame(20);
+  }
+  EXPECT_NEAR(kitten.y, -62.5F, 0.1F) << "it comes to rest there";
+  for (int frame = 0; frame < 30 && kitten.vx > -20.0F; ++frame) {
+    Frame(20);
+  }
+  EXPECT_EQ(kitten.vx, -20.0F);
+  EXPECT_EQ(kitten.vy, -20.0F);
   for (int frame = 0; frame < 10000 && Screen() == 0; ++frame) {
     Frame(20);
   }

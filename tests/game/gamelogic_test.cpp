@@ -13,6 +13,10 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
     ++spawned;
     return 8;
   }
+  void PushKitten(int index, CVec2 velocity) override {
+    EXPECT_TRUE(index == 8 && velocity.x == -20.0F && velocity.y == -20.0F);
+    ++pushed;
+  }
   const CKittenRecord& Spawn() {
     Pass(601);
     logic.Tick();
@@ -34,6 +38,7 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
   }
 
   int spawned = 0;
+  int pushed = 0;
   CGameLogic logic;
 };
 
@@ -151,6 +156,29 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
     EXPECT_EQ(Bonuses(), c.bonuses);
     EXPECT_TRUE(Score() == c.points && Stake() == 0) << c.bonuses;
     EXPECT_EQ(test::Floating().size(), c.bonuses.size());
+  }
+}
+
+// Above y = -55.2, within 1 of where the count began: first after 8 s, then every 5 s. What begins
+// the count anew: a way of more than 1, also a creeping one, and a dip into the monster's reach.
+TEST_F(RulesTest, AKittenThatRestsOutOfReachIsPushedUntilItMovesOn) {
+  // clang-format off
+  const struct { unsigned wait; CVec2 place; int pushes; } steps[] = {
+      {0, {59.4F, -62.5F}, 0}, {7999, {60.4F, -62.5F}, 0}, {1, {58.4F, -62.5F}, 1}, {4999, {59, -63}, 1},
+      {1, {59, -62}, 2}, {5000, {59, -62}, 3}, {4999, {58, -61.5F}, 3}, {7999, {57.5F, -61.5F}, 3},
+      {1, {57.3F, -61.5F}, 4}, {4999, {56.9F, -61.5F}, 4}, {7000, {56.9F, -55.3F}, 4},
+      {7999, {56.9F, -55.1F}, 4}, {9000, {56.9F, -55.1F}, 4}, {0, {56.9F, -55.3F}, 4},
+      {7999, {56.9F, -55.3F}, 4}, {1, {56.9F, -56.25F}, 5}};
+  // clang-format on
+  Spawn();
+  for (const auto& step : steps) {
+    logic.PauseClock();
+    Pass(9000);  // counts for nothing
+    logic.ResumeClock();
+    Pass(step.wait);
+    logic.SetKittenPosition(8, step.place);
+    logic.Tick();
+    EXPECT_EQ(pushed, step.pushes) << step.wait << ": " << step.place.x << ", " << step.place.y;
   }
 }
 

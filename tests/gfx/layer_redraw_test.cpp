@@ -1,10 +1,12 @@
 // What a frame draws from the changes alone must be, pixel for pixel, what painting everything from
-// nothing gives. Sprites move over each other, fade, turn, hide, change depth and layer and die.
+// nothing gives. Sprites move over each other, fade, turn, hide, change depth and layer and die;
+// some rectangles are larger than any picture, some sizes are nothing.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <functional>
 #include <random>
 
@@ -29,7 +31,8 @@ class CScene {
         [&] { s->SetPosition(s->GetX() + Below(9) - 4, s->GetY() + 2); },
         [&] { s->SetZ(Below(6)); }, [&] { s->SetAlpha(Below(256)); },
         [&] { s->SetRotation(static_cast<float>(Below(720))); },
-        [&] { s->SetSize(1 + Below(50), 1 + Below(50)); }, [&] { s->SetRect(AnyRect()); },
+        [&] { s->SetSize(Below(50), Below(50)); }, [&] { s->SetRect(AnyRect()); },
+        [&] { s->SetRect({Place(kWidth), Place(kHeight), 9000, 20000}); },
         [&] { s->SetScrollRect(Toss() ? AnyRect() : CRect<int>{9, 9, kWidth, kHeight}); },
         [&] { s->SetImageRect({Below(10), Below(10), Below(50), Below(50)}); },
         [&] { s->SetImage(Below(9) == 0 ? nullptr : AnyPicture()); },
@@ -110,12 +113,20 @@ void PaintAll(CSprite& sprite, IPixel* canvas) {
 TEST(LayerRedraw, ShowsWhatPaintingEverythingShows) {
   for (unsigned seed = 1; seed < 13; ++seed) {
     CTestScreen screen(kWidth, kHeight);
+    screen.Resize(kWidth, kHeight, 16);
     CScene scene(seed);
-    for (int frame = 0; frame < 250; ++frame) {
-      for (int changes = frame % 6; changes > 0; --changes) {
+    for (int frame = -30; frame < 250; ++frame) {
+      if (frame == 0) {  // from here on what was saved at 16 bits would lack colours
+        screen.Resize(kWidth, kHeight);
+        CScreenLayer::GetSingletonPtr()->RefreshAll();
+      }
+      for (int changes = std::abs(frame % 6); changes > 0; --changes) {
         scene.ChangeSomething();
       }
       CScreenLayer::GetSingletonPtr()->DrawFrame();
+      if (frame < 0) {
+        continue;
+      }
       const Gfx::ImagePtr canvas(Gfx::NewScreenBuffer(kWidth, kHeight, Gfx::kMagenta));
       PaintAll(*CScreenLayer::GetSingletonPtr(), canvas.get());
       ASSERT_EQ(PixelsOf(screen.Picture()), PixelsOf(*canvas)) << "seed " << seed << ", " << frame;

@@ -41,8 +41,8 @@ class CTestScreen {
   }
   CTestScreen& operator=(CTestScreen&&) = delete;  // neither moved nor copied
 
-  void Resize(int width, int height) {
-    myScreen.Reset(sdl::OpenVideoMode(width, height, 32, SDL_SWSURFACE));
+  void Resize(int width, int height, int depth = 32) {
+    myScreen.Reset(sdl::OpenVideoMode(width, height, depth, SDL_SWSURFACE));
   }
   CPixelScreenSDL& Picture() { return myScreen; }
   // 0xRRGGBB

@@ -41,6 +41,12 @@ void CPhysicsHandle::Step(unsigned milliseconds) {
 
 int CPhysicsHandle::SpawnKitten() { return myWorld != nullptr ? myWorld->SpawnKitten() : 0; }
 
+void CPhysicsHandle::PushKitten(int index, CVec2 velocity) {
+  if (myWorld != nullptr) {
+    myWorld->SetKittenVelocity(index, velocity);
+  }
+}
+
 void CPhysicsHandle::ResetWorld() {
   if (myWorld != nullptr) {
     myWorld->SetUp();

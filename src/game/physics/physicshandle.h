@@ -19,6 +19,7 @@ class CPhysicsHandle {
   void Step(unsigned milliseconds);
   // Answers the new body's index, 0 without a world.
   int SpawnKitten();
+  void PushKitten(int index, CVec2 velocity);
   void ResetWorld();
 
   // Null without a world.

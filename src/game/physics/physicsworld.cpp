@@ -94,6 +94,15 @@ int CPhysicsWorld::SpawnKitten() {
   return GetBodyCount() - 1;
 }
 
+void CPhysicsWorld::SetKittenVelocity(int index, CVec2 velocity) {
+  if (index < static_cast<int>(kFirstKittenIndex) || index >= GetBodyCount()) {
+    return;
+  }
+  CPhysicsBody& kitten = myBodies[static_cast<std::size_t>(index)];
+  kitten.vx = velocity.x;
+  kitten.vy = velocity.y;
+}
+
 void CPhysicsWorld::SetPlayerTarget(float x, float y, float t) {
   CPhysicsBody& monster = myBodies[kMonsterIndex];
   CVec2 velocity = {(x - monster.x) / t, (y - monster.y) / t};
