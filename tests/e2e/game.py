@@ -73,10 +73,14 @@ class Game:
     def wait_for_log(self, text, seconds=10, times=1):
         wait_for(lambda: self.log().count(text) >= times, seconds, f"{text!r} in the log")
 
+    def sdl_patch(self):
+        """The last number of the version of SDL 1.2 on which it runs."""
+        self.wait_for_log("Using driver")
+        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1])
+
     def has_classic_sdl(self):
         """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
-        self.wait_for_log("Using driver")
-        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
+        return self.sdl_patch() < 50
 
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)

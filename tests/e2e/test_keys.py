@@ -4,8 +4,10 @@ import textwrap
 import time
 import unittest
 
+from console import Console
 from display import Display, wait_for
 from game import ROOT, Game, find_kitten
+from library import libraries
 from test_sound import RATE, Recorder
 
 
@@ -66,3 +68,44 @@ class Keys(unittest.TestCase):
         for key in reversed(keys):
             screen.release_key(key)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
+
+
+class Layouts(unittest.TestCase):
+    """Keyboards of other countries. The numbers are key codes: keys by their place."""
+
+    UNDER_ESCAPE, P, M, UKRAINIAN_YI, SPACE = 49, 33, 58, 35, 65
+    MARKS = "\nkeyboard::bind(p, stoptask(p_mark))\nkeyboard::bind(m, stoptask(m_mark))\n"
+
+    def test_keys_with_other_names(self):
+        for library in libraries():
+            with self.subTest(library), Display() as screen, \
+                    Game(screen, script=lambda text: text + self.MARKS,
+                         environment=library) as game:
+                game.wait_for_title()
+                console = Console(screen, game)
+                for times, layout in enumerate(("ru", "ua"), 1):
+                    screen.run("setxkbmap", layout)
+                    screen.tap(self.UKRAINIAN_YI, self.P, self.M)
+                    game.wait_for_log("a task p_mark that", times=times)
+                    game.wait_for_log("a task m_mark that", times=times)
+                    self.assertIsNone(console.rect(), "yi opens nothing")
+                # Some versions tell of a dead key, such as the German one.
+                german = ["de"] if 60 <= game.sdl_patch() <= 68 else []
+                for layout in ["ru", "ua", "fr"] + german:
+                    screen.run("setxkbmap", layout)
+                    screen.tap(self.UNDER_ESCAPE)
+                    wait_for(console.rect, 5, f"the console with the layout {layout}")
+                    screen.tap(self.UNDER_ESCAPE)
+                    console.wait_until_closed()
+                self.assert_a_dead_key_types_once(screen, game, console)
+
+    def assert_a_dead_key_types_once(self, screen, game, console):
+        screen.run("setxkbmap", "de")
+        screen.tap("F1")
+        console.click_input()
+        screen.tap(self.UNDER_ESCAPE, self.SPACE)
+        screen.tap("x", pause=1.0)  # so long that what is held repeats
+        screen.tap("Return")
+        line = wait_for(lambda: re.search(r"\n.*x\n", game.log()), 5, "the line")[0]
+        self.assertIn("xxxx", line)
+        self.assertLessEqual(line.count("^"), 1, line)
