@@ -110,7 +110,7 @@ TEST(Mail, GetsAlongWithBadHosts) {
       {{ok, "250-a\r\n2\r\n", "250-a\r\n250-b\r\n250 c\r\n", ok, go, ok, bye}, "", bye},
       {{"", ok + ok, ok, ok, go, ok, bye}, "", ok, {2s, 60s}},  // greets late
       {{longLine, longLine, ok, ok, go, ok, longLine}, "", longLine.substr(0, 1024)},
-      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye},
+      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye, {2s, 60s}},
       {{ok, ok, ok, ok, go, ok, "hang"}, "QUIT", ok, {2s, 60s}},
   };
   // clang-format on
