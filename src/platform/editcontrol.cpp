@@ -17,7 +17,7 @@ std::size_t LastPlace(const std::vector<STextLine>& lines, std::size_t line) {
 
 void CEditControl::SetText(std::string text) {
   CNativeControl::SetText(std::move(text));
-  myCaret = myFirstChar = myFirstLine = 0;
+  myCaret = myAnchor = myFirstChar = myFirstLine = 0;
 }
 
 void CEditControl::Draw(INativeCanvas& canvas, bool hasFocus, bool /*isPressed*/) {
@@ -38,12 +38,30 @@ void CEditControl::Draw(INativeCanvas& canvas, bool hasFocus, bool /*isPressed*/
     for (int used = 0; end < lines[i].end && used < text.width; ++end) {
       used += canvas.CharWidth(myText[end]);
     }
+    if (hasFocus) {
+      DrawSelection(canvas, {begin, end}, y);
+    }
     canvas.Text(text.x, y, std::string_view(myText).substr(begin, end - begin), text);
     y += height;
   }
   if (hasFocus) {
     DrawCaret(canvas, lines);
   }
+}
+
+void CEditControl::DrawSelection(INativeCanvas& canvas, STextLine shown, int y) const {
+  const std::size_t begin = std::max(shown.begin, SelectionBegin());
+  const std::size_t end = std::min(shown.end, SelectionEnd());
+  if (begin >= end) {
+    return;
+  }
+  const SBox box = TextBox();
+  const std::string_view text = myText;
+  const int x = canvas.TextWidth(text.substr(shown.begin, begin - shown.begin));
+  const int width = canvas.TextWidth(text.substr(begin, end - begin));
+  canvas.FillBox({box.x + x, y, std::min(width, box.width - x),
+                  std::min(canvas.LineHeight(), box.y + box.height - y)},
+                 ENativeColor::kSelection);
 }
 
 void CEditControl::DrawCaret(INativeCanvas& canvas, const Lines& lines) const {
@@ -63,17 +81,34 @@ void CEditControl::DrawCaret(INativeCanvas& canvas, const Lines& lines) const {
 
 void CEditControl::OnPress(int x, int y, const INativeFont& font) {
   const SBox text = TextBox();
-  const Lines lines = SplitLines(font);
-  const int row = std::max(0, y - text.y) / font.LineHeight();
-  const std::size_t line = std::min(lines.size() - 1, myFirstLine + static_cast<std::size_t>(row));
-  myCaret = PlaceInLine(lines, line, x - text.x, font);
+  // The border belongs to what stands beside it.
+  myCaret = myAnchor = PlaceAt(std::max(x, text.x), std::max(y, text.y), font);
   ScrollToCaret(font);
+}
+
+void CEditControl::OnDrag(int x, int y, const INativeFont& font) {
+  myCaret = PlaceAt(x, y, font);
+  ScrollToCaret(font);
+}
+
+std::size_t CEditControl::PlaceAt(int x, int y, const INativeFont& font) const {
+  const SBox text = TextBox();
+  const Lines lines = SplitLines(font);
+  const bool isAbove = y < text.y && myFirstLine > 0;
+  const std::size_t row = static_cast<std::size_t>(std::max(0, y - text.y) / font.LineHeight());
+  const std::size_t line =
+      std::min(lines.size() - 1, isAbove ? myFirstLine - 1 : myFirstLine + row);
+  const std::size_t place = PlaceInLine(lines, line, x - text.x, font);
+  return x < text.x && myFirstChar > 0 ? place - 1 : place;
 }
 
 bool CEditControl::OnKey(const SNativeKey& key, const INativeFont& font) {
   switch (key.key) {
     case ENativeKey::kText:
-      Insert(key.text);
+      // A key that types nothing, such as the shift key, replaces nothing.
+      if (!key.text.empty()) {
+        Insert(key.text);
+      }
       break;
     case ENativeKey::kReturn:
       if (!HasStyle(kAutoScroll)) {
@@ -81,29 +116,48 @@ bool CEditControl::OnKey(const SNativeKey& key, const INativeFont& font) {
       }
       break;
     case ENativeKey::kBackspace:
-      if (myCaret > 0) {
-        Erase(--myCaret);
-      }
+      EraseTo(myCaret > 0 ? myCaret - 1 : 0);
       break;
     case ENativeKey::kDelete:
-      Erase(myCaret);
+      EraseTo(std::min(myCaret + 1, myText.size()));
+      break;
+    case ENativeKey::kSelectAll:
+      myAnchor = 0;
+      myCaret = myText.size();
       break;
     default:
-      MoveCaret(key.key, font);
+      if (key.selects || !LeaveSelection(key.key)) {
+        MoveCaret(key.key, font);
+      }
+      myAnchor = key.selects ? myAnchor : myCaret;
   }
   ScrollToCaret(font);
   return false;
 }
 
 void CEditControl::Insert(const std::string& text) {
+  EraseTo(myCaret);
   myText.insert(myCaret, text);
   myCaret += text.size();
+  myAnchor = myCaret;
 }
 
-void CEditControl::Erase(std::size_t place) {
-  if (place < myText.size()) {
-    myText.erase(place, 1);
+void CEditControl::EraseTo(std::size_t place) {
+  if (myAnchor == myCaret) {
+    myAnchor = place;
   }
+  const std::size_t begin = SelectionBegin();
+  myText.erase(begin, SelectionEnd() - begin);
+  myCaret = myAnchor = begin;
+}
+
+bool CEditControl::LeaveSelection(ENativeKey key) {
+  const bool isSideways = key == ENativeKey::kLeft || key == ENativeKey::kRight;
+  if (!isSideways || myAnchor == myCaret) {
+    return false;
+  }
+  myCaret = key == ENativeKey::kLeft ? SelectionBegin() : SelectionEnd();
+  return true;
 }
 
 void CEditControl::MoveCaret(ENativeKey key, const INativeFont& font) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -9,21 +10,21 @@
 namespace vask::platform {
 
 // A text that can be edited (class "edit"): on one line that scrolls, or, without kAutoScroll, on
-// lines that wrap and scroll up and down. What does not fit is cut off at the edges.
+// lines that wrap and scroll up and down. What does not fit is cut off at the edges. What the
+// pointer is dragged over, or the caret moves over with the shift key held, is selected, and goes
+// when something else is typed.
 class CEditControl : public CNativeControl {
  public:
   using CNativeControl::CNativeControl;
 
-  // The caret goes to the front.
+  // The caret goes to the front; nothing is selected.
   void SetText(std::string text) override;
   bool TakesFocus() const override { return true; }
   void Draw(INativeCanvas& canvas, bool hasFocus, bool isPressed) override;
   void OnPress(int x, int y, const INativeFont& font) override;
+  void OnDrag(int x, int y, const INativeFont& font) override;
   // In wrapping fields Return begins a new line, in others it does nothing.
   bool OnKey(const SNativeKey& key, const INativeFont& font) override;
-
-  // How many characters stand before the caret.
-  std::size_t GetCaret() const { return myCaret; }
 
  private:
   using Lines = std::vector<STextLine>;
@@ -34,13 +35,23 @@ class CEditControl : public CNativeControl {
   // The place in the line that is nearest to `x` pixels behind the first character shown.
   std::size_t PlaceInLine(const Lines& lines, std::size_t line, int x,
                           const INativeFont& font) const;
+  // The place under the pointer, also when that is outside the field.
+  std::size_t PlaceAt(int x, int y, const INativeFont& font) const;
+  std::size_t SelectionBegin() const { return std::min(myAnchor, myCaret); }
+  std::size_t SelectionEnd() const { return std::max(myAnchor, myCaret); }
+  // Puts the text in the place of what is selected.
   void Insert(const std::string& text);
-  void Erase(std::size_t place);
+  // Takes out what is selected, else from the caret to the place.
+  void EraseTo(std::size_t place);
   void MoveCaret(ENativeKey key, const INativeFont& font);
+  // Without the shift key, sideways: to the end of what is selected. False when nothing is.
+  bool LeaveSelection(ENativeKey key);
   void ScrollToCaret(const INativeFont& font);
+  void DrawSelection(INativeCanvas& canvas, STextLine shown, int y) const;
   void DrawCaret(INativeCanvas& canvas, const Lines& lines) const;
 
-  std::size_t myCaret = 0;
+  std::size_t myCaret = 0;      // how many characters stand before it
+  std::size_t myAnchor = 0;     // the other end of what is selected
   std::size_t myFirstChar = 0;  // the first one shown of a field of one line
   std::size_t myFirstLine = 0;  // the first one shown of a wrapping field
 };

@@ -73,32 +73,63 @@ std::vector<STextLine> WrapText(std::string_view text, int width, const INativeF
   return lines;
 }
 
+int TextHeight(std::string_view text, int width, const INativeFont& font) {
+  return static_cast<int>(WrapText(text, width, font).size()) * font.LineHeight();
+}
+
 CNativeControl::CNativeControl(std::string text, const SBox& box, int id, unsigned style)
     : myText(std::move(text)), myBox(box), myId(id), myStyle(style) {}
 
 void CNativeControl::OnPress(int /*x*/, int /*y*/, const INativeFont& /*font*/) {}
 
+void CNativeControl::OnDrag(int /*x*/, int /*y*/, const INativeFont& /*font*/) {}
+
+void CNativeControl::OnWheel(int /*lines*/, const INativeFont& /*font*/) {}
+
 bool CNativeControl::OnKey(const SNativeKey& /*key*/, const INativeFont& /*font*/) { return false; }
 
+void CStaticControl::SetText(std::string text) {
+  CNativeControl::SetText(std::move(text));
+  myFirstLine = 0;
+}
+
 void CStaticControl::Draw(INativeCanvas& canvas, bool /*hasFocus*/, bool /*isPressed*/) {
-  SBox box = GetBox();
   if (HasStyle(kClientEdge)) {
-    canvas.Edge(box, ENativeColor::kShadow, ENativeColor::kLight);
-    box = box.Inside(2);
+    canvas.Edge(GetBox(), ENativeColor::kShadow, ENativeColor::kLight);
   }
-  const int height = canvas.LineHeight();
-  if (box.height < 2 * height) {
-    canvas.Text(box.x + 1, box.y + (box.height - height) / 2, myText, box);
+  const std::size_t rows = CountRows(canvas);
+  if (rows > 1) {
+    DrawLines(canvas, rows);
     return;
   }
+  const SBox box = TextBox();
+  canvas.Text(box.x + 1, box.y + (box.height - canvas.LineHeight()) / 2, myText, box);
+}
+
+std::size_t CStaticControl::CountRows(const INativeFont& font) const {
+  return static_cast<std::size_t>(TextBox().height / font.LineHeight());
+}
+
+void CStaticControl::DrawLines(INativeCanvas& canvas, std::size_t rows) const {
+  const SBox box = TextBox();
+  const std::vector<STextLine> lines = WrapText(myText, box.width, canvas);
+  const std::size_t end = std::min(lines.size(), myFirstLine + rows);
   int y = box.y;
-  for (const STextLine& line : WrapText(myText, box.width, canvas)) {
-    if (y + height > box.y + box.height) {
-      return;
-    }
-    canvas.Text(box.x, y, std::string_view(myText).substr(line.begin, line.end - line.begin), box);
-    y += height;
+  for (std::size_t i = myFirstLine; i < end; ++i) {
+    const bool hidesMore = i + 1 == end && end < lines.size();
+    const std::string_view text =
+        std::string_view(myText).substr(lines[i].begin, lines[i].end - lines[i].begin);
+    canvas.Text(box.x, y, hidesMore ? "..." : text, box);
+    y += canvas.LineHeight();
   }
+}
+
+void CStaticControl::OnWheel(int lines, const INativeFont& font) {
+  const std::size_t count = WrapText(myText, TextBox().width, font).size();
+  const std::size_t rows = CountRows(font);
+  const int last = rows > 1 && count > rows ? static_cast<int>(count - rows) : 0;
+  myFirstLine =
+      static_cast<std::size_t>(std::clamp(static_cast<int>(myFirstLine) + lines, 0, last));
 }
 
 void CButtonControl::Draw(INativeCanvas& canvas, bool hasFocus, bool isPressed) {

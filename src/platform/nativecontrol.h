@@ -31,7 +31,7 @@ class INativeFont {
   int TextWidth(std::string_view text) const;
 };
 
-enum class ENativeColor { kFace, kField, kText, kLight, kShadow, kDark };
+enum class ENativeColor { kFace, kField, kText, kLight, kShadow, kDark, kSelection };
 
 // What controls are drawn on.
 class INativeCanvas : public INativeFont {
@@ -57,6 +57,9 @@ struct STextLine {
 // least one character.
 std::vector<STextLine> WrapText(std::string_view text, int width, const INativeFont& font);
 
+// The height of the text's lines, broken at that width.
+int TextHeight(std::string_view text, int width, const INativeFont& font);
+
 // The styles of a control, to be added up.
 inline constexpr unsigned kClientEdge = 1;  // a sunken border
 inline constexpr unsigned kAutoScroll =
@@ -73,11 +76,13 @@ enum class ENativeKey {
   kBackspace,
   kDelete,
   kReturn,
+  kSelectAll,
 };
 
 struct SNativeKey {
   ENativeKey key = ENativeKey::kText;
-  std::string text;  // what the key types
+  std::string text;      // what the key types
+  bool selects = false;  // the shift key is held
 };
 
 // A control of a native window.
@@ -99,6 +104,10 @@ class CNativeControl {
   virtual void Draw(INativeCanvas& canvas, bool hasFocus, bool isPressed) = 0;
   // The pointer's button went down on the control.
   virtual void OnPress(int x, int y, const INativeFont& font);
+  // The pointer moved since, anywhere, and the button is still down.
+  virtual void OnDrag(int x, int y, const INativeFont& font);
+  // The wheel turned over the control: by so many lines, upwards when negative.
+  virtual void OnWheel(int lines, const INativeFont& font);
   // A key came while the control had the keyboard. True when it clicks the control.
   virtual bool OnKey(const SNativeKey& key, const INativeFont& font);
 
@@ -113,11 +122,21 @@ class CNativeControl {
   unsigned myStyle;
 };
 
-// A text that is only shown (class "static"); it wraps when the box has room for two lines.
+// A text that is only shown (class "static"). It wraps when the box has room for two lines; what
+// has no room then is scrolled by the wheel, and dots in the last line tell that more comes.
 class CStaticControl : public CNativeControl {
  public:
   using CNativeControl::CNativeControl;
+  void SetText(std::string text) override;
   void Draw(INativeCanvas& canvas, bool hasFocus, bool isPressed) override;
+  void OnWheel(int lines, const INativeFont& font) override;
+
+ private:
+  SBox TextBox() const { return GetBox().Inside(HasStyle(kClientEdge) ? 2 : 0); }
+  std::size_t CountRows(const INativeFont& font) const;
+  void DrawLines(INativeCanvas& canvas, std::size_t rows) const;
+
+  std::size_t myFirstLine = 0;  // the first one shown
 };
 
 // A button with its label in the middle (class "button"). Return and the space key click it.

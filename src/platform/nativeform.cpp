@@ -36,12 +36,16 @@ void CNativeForm::Draw(INativeCanvas& canvas) const {
   }
 }
 
-void CNativeForm::Press(int x, int y, const INativeFont& font) {
+CNativeControl* CNativeForm::ControlAt(int x, int y) const {
   // The last one is in front.
   const auto hit = std::find_if(myControls.rbegin(), myControls.rend(), [=](const auto& control) {
     return control->GetBox().Contains(x, y);
   });
-  myPressed = hit == myControls.rend() ? nullptr : hit->get();
+  return hit == myControls.rend() ? nullptr : hit->get();
+}
+
+void CNativeForm::Press(int x, int y, const INativeFont& font) {
+  myPressed = ControlAt(x, y);
   myPointerIsOnPressed = true;
   if (myPressed == nullptr) {
     return;
@@ -52,8 +56,18 @@ void CNativeForm::Press(int x, int y, const INativeFont& font) {
   myPressed->OnPress(x, y, font);
 }
 
-void CNativeForm::MovePointer(int x, int y) {
-  myPointerIsOnPressed = myPressed != nullptr && myPressed->GetBox().Contains(x, y);
+void CNativeForm::MovePointer(int x, int y, const INativeFont& font) {
+  if (myPressed == nullptr) {
+    return;
+  }
+  myPointerIsOnPressed = myPressed->GetBox().Contains(x, y);
+  myPressed->OnDrag(x, y, font);
+}
+
+void CNativeForm::Wheel(int x, int y, int lines, const INativeFont& font) {
+  if (CNativeControl* control = ControlAt(x, y)) {
+    control->OnWheel(lines, font);
+  }
 }
 
 std::optional<int> CNativeForm::Release() {

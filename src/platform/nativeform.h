@@ -25,8 +25,11 @@ class CNativeForm {
   // The pointer's button: a click is a press and a release on the same button, and the release
   // answers that button's id. A press gives the keyboard to a control that takes it.
   void Press(int x, int y, const INativeFont& font);
-  void MovePointer(int x, int y);
+  void MovePointer(int x, int y, const INativeFont& font);
   std::optional<int> Release();
+
+  // Turns the wheel over the control at that place.
+  void Wheel(int x, int y, int lines, const INativeFont& font);
 
   // The keyboard goes to the next control that takes it, or to the one before.
   void FocusNext(bool backwards);
@@ -34,6 +37,9 @@ class CNativeForm {
   std::optional<int> Key(const SNativeKey& key, const INativeFont& font);
 
  private:
+  // The frontmost control there; null for none.
+  CNativeControl* ControlAt(int x, int y) const;
+
   std::vector<std::unique_ptr<CNativeControl>> myControls;
   // None has the keyboard at first, so that keys that are still held, or repeat, click nothing.
   CNativeControl* myFocus = nullptr;

@@ -81,7 +81,8 @@ constexpr std::array kFonts = {"-misc-fixed-medium-r-semicondensed--13-*-*-*-*-*
                                "fixed"};
 
 // In the order of ENativeColor.
-constexpr std::array kColors = {"#dcdad5", "#ffffff", "#000000", "#ffffff", "#9a9791", "#55534f"};
+constexpr std::array kColors = {"#dcdad5", "#ffffff", "#000000", "#ffffff",
+                                "#9a9791", "#55534f", "#b4d2f0"};
 
 struct SKeyName {
   KeySym symbol;
@@ -106,6 +107,8 @@ constexpr std::array kKeys = {
     SKeyName{XK_KP_Enter, ENativeKey::kReturn},
     SKeyName{XK_BackSpace, ENativeKey::kBackspace},
 };
+
+constexpr int kWheelLines = 3;
 
 // Latin-1 without its control characters.
 bool IsPrintable(char character) {
@@ -146,8 +149,11 @@ class CNativeWindow::CImplementation : public INativeCanvas {
 
   bool Create(const std::string& title, const SBox& box, unsigned style);
   bool SetDefaultFont();
+  void Resize(int width, int height);
   void Show();
   bool RunMessageLoop(CNativeWindow& owner);
+  void Refresh();
+  void DropInput();
   void Destroy();
 
   int CharWidth(char character) const override { return XTextWidth(myFont, &character, 1); }
@@ -164,6 +170,7 @@ class CNativeWindow::CImplementation : public INativeCanvas {
   void AllocateColors();
   void SetAttributes();
   void TellWindowManager(const std::string& title, const SBox& box, unsigned style);
+  void SetSizeHints(int width, int height);
   void SetProperty(const char* name, Atom type, const void* longs, int count);
   bool IsWindowThere() const;
   void Wait() const;
@@ -171,8 +178,7 @@ class CNativeWindow::CImplementation : public INativeCanvas {
   void OnButton(const XButtonEvent& event);
   void OnKey(XKeyEvent& event);
   void Click(std::optional<int> button);
-  void DropInput();
-  void Resize(int width, int height);
+  void TakeSize(int width, int height);
   void Paint();
 
   CErrorGuard myGuard;
@@ -187,6 +193,7 @@ class CNativeWindow::CImplementation : public INativeCanvas {
   std::array<unsigned long, kColors.size()> myColors{};
   int myWidth = 0;
   int myHeight = 0;
+  bool myIsPlaced = false;  // somebody has chosen its place
   bool myIsStale = false;
 };
 
@@ -233,7 +240,7 @@ bool CNativeWindow::CImplementation::Create(const std::string& title, const SBox
   XSetGraphicsExposures(myDisplay, myContext, False);
   SetAttributes();
   TellWindowManager(title, box, style);
-  Resize(box.width, box.height);
+  TakeSize(box.width, box.height);
   return true;
 }
 
@@ -271,12 +278,8 @@ void CNativeWindow::CImplementation::TellWindowManager(const std::string& title,
   XClassHint name{myClass.name.data(), myClass.name.data()};
   XSetClassHint(myDisplay, myWindow, &name);
 
-  XSizeHints size{};
-  size.flags = PSize | PMinSize | PMaxSize | (box.x == kDefaultPosition ? 0 : PPosition);
-  size.width = size.min_width = size.max_width = box.width;
-  size.height = size.min_height = size.max_height = box.height;
-  XSetWMNormalHints(myDisplay, myWindow, &size);
-
+  myIsPlaced = box.x != kDefaultPosition;
+  SetSizeHints(box.width, box.height);
   const SFrameHints frame = FrameHints(style, myClass.style);
   SetProperty("_MOTIF_WM_HINTS", XInternAtom(myDisplay, "_MOTIF_WM_HINTS", False), &frame, 5);
   const Atom dialog = XInternAtom(myDisplay, "_NET_WM_WINDOW_TYPE_DIALOG", False);
@@ -284,6 +287,14 @@ void CNativeWindow::CImplementation::TellWindowManager(const std::string& title,
   // Without it a window manager would cut the connection instead of asking.
   myCloseRequest = XInternAtom(myDisplay, "WM_DELETE_WINDOW", False);
   XSetWMProtocols(myDisplay, myWindow, &myCloseRequest, 1);
+}
+
+void CNativeWindow::CImplementation::SetSizeHints(int width, int height) {
+  XSizeHints size{};
+  size.flags = PSize | PMinSize | PMaxSize | (myIsPlaced ? PPosition : 0);
+  size.width = size.min_width = size.max_width = width;
+  size.height = size.min_height = size.max_height = height;
+  XSetWMNormalHints(myDisplay, myWindow, &size);
 }
 
 void CNativeWindow::CImplementation::SetProperty(const char* name, Atom type, const void* longs,
@@ -306,6 +317,12 @@ bool CNativeWindow::CImplementation::SetDefaultFont() {
   }
   XSetFont(myDisplay, myContext, myFont->fid);
   return true;
+}
+
+void CNativeWindow::CImplementation::Resize(int width, int height) {
+  SetSizeHints(width, height);
+  XResizeWindow(myDisplay, myWindow, static_cast<unsigned>(width), static_cast<unsigned>(height));
+  TakeSize(width, height);
 }
 
 void CNativeWindow::CImplementation::Show() {
@@ -346,7 +363,7 @@ void CNativeWindow::CImplementation::Handle(XEvent& event) {
       myIsStale = true;
       break;
     case ConfigureNotify:
-      Resize(event.xconfigure.width, event.xconfigure.height);
+      TakeSize(event.xconfigure.width, event.xconfigure.height);
       break;
     case DestroyNotify:
       myWindow = 0;
@@ -360,7 +377,7 @@ void CNativeWindow::CImplementation::Handle(XEvent& event) {
       OnButton(event.xbutton);
       break;
     case MotionNotify:
-      form.MovePointer(event.xmotion.x, event.xmotion.y);
+      form.MovePointer(event.xmotion.x, event.xmotion.y, *this);
       myIsStale = true;
       break;
     case KeyPress:
@@ -382,12 +399,16 @@ void CNativeWindow::CImplementation::Handle(XEvent& event) {
 }
 
 void CNativeWindow::CImplementation::OnButton(const XButtonEvent& event) {
+  myIsStale = true;
+  const bool isUp = event.button == Button4;
+  if (event.type == ButtonPress && (isUp || event.button == Button5)) {
+    form.Wheel(event.x, event.y, isUp ? -kWheelLines : kWheelLines, *this);
+  }
   if (event.button != Button1) {
     return;
   }
-  myIsStale = true;
   if (event.type == ButtonRelease) {
-    form.MovePointer(event.x, event.y);
+    form.MovePointer(event.x, event.y, *this);
     Click(form.Release());
     return;
   }
@@ -407,9 +428,12 @@ void CNativeWindow::CImplementation::OnKey(XKeyEvent& event) {
     return;
   }
   SNativeKey key;
+  key.selects = (event.state & ShiftMask) != 0;
   const auto* known = std::ranges::find(kKeys, symbol, &SKeyName::symbol);
   if (known != kKeys.end()) {
     key.key = known->key;
+  } else if ((event.state & ControlMask) != 0 && (symbol == XK_a || symbol == XK_A)) {
+    key.key = ENativeKey::kSelectAll;
   } else if ((event.state & Mod1Mask) == 0) {
     key.text.assign(typed.data(), static_cast<std::size_t>(length));
     std::erase_if(key.text, [](char c) { return !IsPrintable(c); });
@@ -421,14 +445,15 @@ void CNativeWindow::CImplementation::Click(std::optional<int> button) {
   if (!button) {
     return;
   }
-  // What the procedure does may take long.
-  Paint();
-  XFlush(myDisplay);
+  Refresh();
   myClass.procedure(*myOwner, *button);
-  DropInput();
 }
 
-// What the user has done while nothing could answer was meant for the window as it was.
+void CNativeWindow::CImplementation::Refresh() {
+  Paint();
+  XFlush(myDisplay);
+}
+
 void CNativeWindow::CImplementation::DropInput() {
   XSync(myDisplay, False);
   XEvent event;
@@ -436,7 +461,7 @@ void CNativeWindow::CImplementation::DropInput() {
   }
 }
 
-void CNativeWindow::CImplementation::Resize(int width, int height) {
+void CNativeWindow::CImplementation::TakeSize(int width, int height) {
   myIsStale = true;
   if (width == myWidth && height == myHeight) {
     return;
@@ -503,6 +528,12 @@ std::size_t CNativeWindow::AddControl(EControlKind kind, const std::string& text
   return myImplementation->form.Add(kind, text, box, id, style);
 }
 
+int CNativeWindow::GetTextHeight(const std::string& text, int width) const {
+  return TextHeight(text, width, *myImplementation);
+}
+
+void CNativeWindow::Resize(int width, int height) { myImplementation->Resize(width, height); }
+
 void CNativeWindow::Show() { myImplementation->Show(); }
 
 const std::string& CNativeWindow::GetText(std::size_t control) const {
@@ -514,6 +545,10 @@ void CNativeWindow::SetText(std::size_t control, const std::string& text) {
 }
 
 bool CNativeWindow::RunMessageLoop() { return myImplementation->RunMessageLoop(*this); }
+
+void CNativeWindow::Refresh() { myImplementation->Refresh(); }
+
+void CNativeWindow::DropInput() { myImplementation->DropInput(); }
 
 void CNativeWindow::Destroy() { myImplementation->Destroy(); }
 

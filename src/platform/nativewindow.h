@@ -62,6 +62,10 @@ class CNativeWindow {
   // Answers the number by which the window knows the control.
   std::size_t AddControl(EControlKind kind, const std::string& text, const SBox& box, int id = 0,
                          unsigned style = 0);
+  // How high a text is, with the font, in a static control of that width.
+  int GetTextHeight(const std::string& text, int width) const;
+  // The size of the content.
+  void Resize(int width, int height);
   void Show();
 
   const std::string& GetText(std::size_t control) const;
@@ -70,6 +74,10 @@ class CNativeWindow {
   // Handles what the user does until the quit message is posted, or the window is destroyed from
   // outside. False: the connection was lost; GetError() tells.
   bool RunMessageLoop();
+  // Draws the window as it is now, for a procedure that is going to take long.
+  void Refresh();
+  // Forgets what the user has done meanwhile, who could not know what came of such a procedure.
+  void DropInput();
   void Destroy();
   // Ends the message loop when the procedure comes back.
   void PostQuitMessage();

@@ -22,8 +22,14 @@ CAssertDialog theDialog;
 constexpr const char* kDescriptionPrompt =
     "Write a little description on what happened and then press the mail button";
 
+// In pixels; what stands below the text, with a text that fits.
 constexpr int kWidth = 350;
-constexpr int kHeight = 240;  // without variables
+constexpr int kHeight = 240;          // without variables
+constexpr int kGreatestHeight = 600;  // unless it takes more to show the variables
+constexpr platform::SBox kText = {10, 10, 280, 90};
+constexpr platform::SBox kDescription = {10, 95, 280, 50};
+constexpr platform::SBox kMailResult = {10, 207, 330, 28};  // without variables
+constexpr int kVariables = 150;
 constexpr int kRowHeight = 25;
 constexpr int kControlHeight = 20;
 
@@ -57,21 +63,23 @@ std::string Position(const CAssertion& assertion) {
   return assertion.GetFile() + ", line " + std::to_string(assertion.GetLine());
 }
 
-// The text in one line. What is longer would push others out of the window.
-std::string Shorten(std::string text) {
-  constexpr std::size_t kLongest = 80;
-  std::ranges::replace(text, '\n', ' ');
-  return text.size() > kLongest ? text.substr(0, kLongest - 3) + "..." : text;
-}
-
 bool HasMessage(const CAssertion& assertion) {
   return assertion.GetMessage() != assertion.GetExpression();
 }
 
 std::string AssertionText(const CAssertion& assertion) {
   const std::string message = HasMessage(assertion) ? assertion.GetMessage() : "Assertion failed:";
-  return Shorten(message) + "\n" + Position(assertion) + "\n\n" +
-         Shorten(assertion.GetExpression());
+  return message + "\n" + Position(assertion) + "\n\n" + assertion.GetExpression();
+}
+
+platform::SBox Lower(const platform::SBox& box, int by) {
+  return {box.x, box.y + by, box.width, box.height};
+}
+
+// How much further down than given everything below a text of that height has to stand.
+int ShiftBelow(int textHeight, int windowHeight) {
+  const int missing = textHeight - (kDescription.y - kText.y);
+  return std::clamp(missing, 0, std::max(0, kGreatestHeight - windowHeight));
 }
 
 void Close(CNativeWindow& window) {
@@ -101,33 +109,43 @@ void CAssertDialog::OnAssertFailed(const CAssertion& assertion) {
 }
 
 std::string CAssertDialog::Show() {
-  const int below = static_cast<int>(myCurrent->GetVariables().size()) * kRowHeight;
+  const int height = kHeight + static_cast<int>(myCurrent->GetVariables().size()) * kRowHeight;
   CNativeWindow window({"CAssertError",
                         platform::kRedrawOnWidth | platform::kRedrawOnHeight | platform::kNoClose,
                         platform::ENativeCursor::kArrow,
                         [this](CNativeWindow& self, int button) { OnClick(self, button); }});
-  if (!window.Create(
-          "CAssert error",
-          {platform::kDefaultPosition, platform::kDefaultPosition, kWidth, kHeight + below},
-          platform::kCaption | platform::kSystemMenu) ||
+  if (!window.Create("CAssert error",
+                     {platform::kDefaultPosition, platform::kDefaultPosition, kWidth, height},
+                     platform::kCaption | platform::kSystemMenu) ||
       !window.SetDefaultFont()) {
     return window.GetError();
   }
-  window.AddControl(EControlKind::kStatic, AssertionText(*myCurrent), {10, 10, 280, 90});
-  myDescription = window.AddControl(EControlKind::kEdit, kDescriptionPrompt, {10, 95, 280, 50});
-  AddVariables(window);
-  for (const SButton& button : kButtons) {
-    window.AddControl(EControlKind::kButton, button.label,
-                      {button.x, button.y + below, 75, kControlHeight}, button.id);
-  }
+  const std::string text = AssertionText(*myCurrent);
+  const int shift = ShiftBelow(window.GetTextHeight(text, kText.width), height);
+  window.Resize(kWidth, height + shift);
+  AddControls(window, text, shift);
   const CScreenRelease release;
   window.Show();
   return window.RunMessageLoop() ? "" : window.GetError();
 }
 
-void CAssertDialog::AddVariables(CNativeWindow& window) {
+void CAssertDialog::AddControls(CNativeWindow& window, const std::string& text, int shift) {
+  window.AddControl(
+      EControlKind::kStatic, text,
+      {kText.x, kText.y, kText.width, std::max(kText.height, kDescription.y + shift - kText.y)});
+  myDescription =
+      window.AddControl(EControlKind::kEdit, kDescriptionPrompt, Lower(kDescription, shift));
+  AddVariables(window, kVariables + shift);
+  const int below = shift + static_cast<int>(myValues.size()) * kRowHeight;
+  for (const SButton& button : kButtons) {
+    window.AddControl(EControlKind::kButton, button.label,
+                      {button.x, button.y + below, 75, kControlHeight}, button.id);
+  }
+  myMailResult = window.AddControl(EControlKind::kStatic, "", Lower(kMailResult, below));
+}
+
+void CAssertDialog::AddVariables(CNativeWindow& window, int y) {
   myValues.clear();
-  int y = 150;
   int change = kFirstChange;
   for (const auto& variable : myCurrent->GetVariables()) {
     window.AddControl(EControlKind::kStatic, ConstPrefix(*variable) + variable->GetName() + " = ",
@@ -160,11 +178,19 @@ void CAssertDialog::OnClick(CNativeWindow& window, int button) {
       Close(window);
       break;
     case kSendMail:
-      MailAssertion(*myCurrent, window.GetText(myDescription));
+      SendMail(window);
       break;
     default:
       Change(window, static_cast<std::size_t>(button - kFirstChange));
   }
+}
+
+void CAssertDialog::SendMail(CNativeWindow& window) {
+  window.SetText(myMailResult, "Sending...");
+  window.Refresh();
+  const std::string error = MailAssertion(*myCurrent, window.GetText(myDescription));
+  window.SetText(myMailResult, error.empty() ? "Sent" : error);
+  window.DropInput();
 }
 
 void CAssertDialog::Change(CNativeWindow& window, std::size_t row) {

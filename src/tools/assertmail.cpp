@@ -39,7 +39,7 @@ std::string ComposeReport(const CAssertion& assertion, const std::string& descri
 
 }  // namespace
 
-void MailAssertion(const CAssertion& assertion, const std::string& description) {
+std::string MailAssertion(const CAssertion& assertion, const std::string& description) {
   CMail mail;
   mail.SetHost(GetSetting("mail_host", ""));
   mail.SetPort(GetPort());
@@ -48,6 +48,7 @@ void MailAssertion(const CAssertion& assertion, const std::string& description) 
   mail.SetSubject(kSubject);
   mail.SetText(ComposeReport(assertion, description));
   mail.Send(GetSetting("mail_recipient", ""));
+  return mail.GetError();
 }
 
 }  // namespace vask

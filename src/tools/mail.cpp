@@ -85,6 +85,7 @@ void CMail::AddAttachment(std::string_view fileName, const std::string& content)
 void CMail::SetHelo(std::string_view name) { myHelo = WithoutControls(name); }
 
 bool CMail::Send(const std::string& recipient) {
+  myError.clear();
   if (!CheckAddress(recipient) || !CheckAddress(mySenderAddress)) {
     return false;
   }
@@ -222,6 +223,7 @@ Deadline CMail::StepDeadline() const {
 }
 
 bool CMail::ReportError(const std::string& error) {
+  myError = WithoutControls(error.substr(0, error.find_first_of("\r\n")));
   if (CLog* log = CLog::PeekSingletonPtr()) {
     const std::string line = error.ends_with("\r\n") ? error.substr(0, error.size() - 2) : error;
     log->Error() << WithoutControls(line) << "\n";

@@ -68,6 +68,8 @@ class CMail {
   // Whether the whole dialogue took place; what the host answered is not checked. Sender and
   // recipient need an "@" and may hold no blank, control character, "<" or ">".
   bool Send(const std::string& recipient);
+  // The first line of what went wrong in the last Send(); empty when nothing did.
+  const std::string& GetError() const { return myError; }
   // The last reply of the host, cut to the reply buffer's size.
   const std::string& GetReply() const { return myReply; }
 
@@ -99,13 +101,14 @@ class CMail {
   // The deadline of a step that begins now.
   platform::Deadline StepDeadline() const;
   // Answers false.
-  static bool ReportError(const std::string& error);
+  bool ReportError(const std::string& error);
 
   platform::CSocket mySocket;
   platform::SInternetAddress myServerAddress{kSmtpPort, 0};
   std::string myHost;              // empty: the recipient's domain
   std::size_t myReplySize = 1024;  // bytes
   std::string myReply;
+  std::string myError;
   std::string mySenderName;
   std::string mySenderAddress;
   CSubject mySubject;

@@ -2,6 +2,7 @@
 //
 //   Fail               fails an assertion that watches two variables: count, and limit, a constant
 //   FailElsewhere      fails another one, with a message
+//   FailWith N         fails one with a message of the numbers 1 to N, one a line
 //   FailHoldingPixels  fails one between taking the screen's pixels and writing to them
 //   Unban              lifts the ban that "Ignore All" sets
 //   Tell               prints the variable and the window's state
@@ -41,6 +42,8 @@ class CAsserter : public vask::CTask {
       VASK_ASSERT_WATCHING(count < limit.value, count, limit);
     } else if (line == "FailElsewhere") {
       VASK_ASSERT(count < 0, "There is too much of it.");
+    } else if (line.rfind("FailWith ", 0) == 0) {
+      FailWith(std::stoi(line.substr(9)));
     } else if (line == "FailHoldingPixels") {
       FailHoldingPixels();
     } else if (line == "Unban") {
@@ -52,6 +55,13 @@ class CAsserter : public vask::CTask {
   }
 
  private:
+  static void FailWith(int numbers) {
+    std::string message;
+    for (int i = 1; i <= numbers; ++i) {
+      message += "number " + std::to_string(i) + "\n";
+    }
+    VASK_ASSERT(numbers < 0, message);
+  }
   static void FailHoldingPixels() {
     SDL_Surface* screen = SDL_GetVideoSurface();
     SDL_LockSurface(screen);

@@ -238,13 +238,13 @@ class Display:
                               text=True, timeout=LIMIT).stdout
 
     def focus(self, window):
-        def has_focus():
-            focus = self.connection.get_input_focus().focus
-            return focus != X.NONE and focus != X.PointerRoot and focus.id == window.id
-        self.settle()  # it may be about to give the focus to a new window
+        self.settle()  # the window manager may be about to give it to a new window
         window.set_input_focus(X.RevertToParent, X.CurrentTime)
-        wait_for(has_focus, "the focus")
+        self.wait_for_focus(window)
         self.settle()
+
+    def wait_for_focus(self, window):
+        wait_for(lambda: self.connection.get_input_focus().focus == window, "the focus")
 
     def open_other(self):
         """A window of another client than the program, to take the focus."""

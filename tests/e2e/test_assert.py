@@ -1,12 +1,14 @@
 """The window that a failed assertion opens: a real pointer on its buttons, a real keyboard in its
 fields, and what can go wrong with it, in a program whose assertions fail on order."""
+import contextlib
 import ctypes
 import os
-import select
 import signal
+import socket
 import subprocess
 import unittest
 
+import numpy
 from Xlib import X, error
 
 from display import LIMIT, Display, end_process, read_line, wait_for
@@ -15,6 +17,7 @@ from game import ROOT, Stepper
 BUILDS = ("release", "asan")
 WINDOW = ('taskload(sdl)\nstarttask(window, window, 1000, 800, 600, 32, 0, 1, "Brumble")\n'
           'starttask(event, event, 10)\nstarttask(mouse, mouse, 20)\n')
+FONT = "-misc-fixed-medium-r-semicondensed--13-*-*-*-*-*-iso8859-1"
 # Places in the dialog. The buttons stand 25 lower for each variable.
 BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165),
            "Continue": (47, 190), "Debug": (127, 190), "Abort": (207, 190)}
@@ -49,22 +52,56 @@ class Asserter(Stepper):
         self.point_at(x, y)
         self.click()
 
+    def click_into(self, field):
+        """Keys that are typed now go there."""
+        self.click_at(*field)
+        self.screen.wait_for_focus(self.dialog)
+
     def push(self, button):
         x, y = BUTTONS[button]
         self.click_at(x, y + self.rect[3] - 240)
 
     def close(self, button):
-        """Pushes until it is heard: clicks that come while the dialog is at work are dropped."""
-        def is_heard():
-            self.push(button)
-            return select.select([self.process.stdout], [], [], 1)[0]
-        wait_for(is_heard, f"the end of the dialog by {button}")
+        self.push(button)
         self.answer()
+
+    def wait_for_text(self, text):
+        """Waits until the dialog shows that line at its left edge. The pointer leaves it, so that it
+        covers nothing."""
+        self.screen.move_pointer(5, 5)
+        x, y, _, height = self.rect
+        expected = self.draw(text)
+        rows, columns = expected.shape[:2]
+
+        def is_shown():
+            picture = self.screen.picture((x + 10, y, columns, height))
+            return any(numpy.array_equal(picture[top:top + rows], expected)
+                       for top in range(height - rows))
+        wait_for(is_shown, f"the text {text!r}")
+
+    def draw(self, text):
+        """What the display makes of it, as rows of (red, green, blue)."""
+        root = self.screen.root
+        font = self.screen.connection.open_font(FONT)
+        width, height = font.query_text_extents(text.encode()).overall_width, 13
+        context = root.create_gc(font=font, background=0xDCDAD5, foreground=0)
+        pixmap = root.create_pixmap(width, height, 24)
+        pixmap.image_text(context, 0, 11, text)
+        data = pixmap.get_image(0, 0, width, height, X.ZPixmap, 0xFFFFFF).data
+        return numpy.frombuffer(data, numpy.uint8).reshape(height, width, 4)[:, :, 2::-1]
+
+    @contextlib.contextmanager
+    def held_up(self):
+        """What is done meanwhile comes all at once, when the program is at work again."""
+        self.process.send_signal(signal.SIGSTOP)
+        yield
+        self.screen.settle()
+        self.process.send_signal(signal.SIGCONT)
 
     def change_variables(self):
         for value, change, keys in zip(VALUES, CHANGES, (("End", "4", "5", "BackSpace"),
                                                          ("Home", "Delete", "9"))):
-            self.click_at(*value)
+            self.click_into(value)
             self.screen.tap(*keys, pause=0)
             self.click_at(*change)
 
@@ -78,8 +115,10 @@ class Dialog(unittest.TestCase):
                 self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
                 self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
                 screen.close_window(game.dialog)
-                game.change_variables()
-                game.close("Continue")
+                with game.held_up():  # what comes behind a change is not lost
+                    game.change_variables()
+                    game.push("Continue")
+                game.answer()
                 self.assertIn("count 34,", game.run("asserter::Tell"))
                 for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
                                         ("Fail", "Ignore")):
@@ -109,6 +148,23 @@ class Dialog(unittest.TestCase):
             game.answer()
             game.run("asserter::Fail")
 
+    def test_long_texts(self):
+        with Display() as screen, Asserter(screen) as game:
+            game.fail("FailWith 10")
+            self.assertEqual(game.rect[2:], (350, 240 + 7 * 13 + 6))
+            for text in ("number 1", "number 10", "numbers < 0"):
+                game.wait_for_text(text)
+            game.close("Continue")
+            game.fail("FailWith 100")
+            self.assertEqual(game.rect[2:], (350, 600))
+            game.wait_for_text("...")
+            game.point_at(50, 50)
+            for _ in range(100):
+                screen.click(5)
+            for text in ("number 100", "numbers < 0"):
+                game.wait_for_text(text)
+            game.close("Continue")
+
     def test_mail_with_the_description(self):
         server = subprocess.Popen([ROOT / "tests/support/mailserver.py"], stdout=subprocess.PIPE,
                                   text=True)
@@ -117,11 +173,39 @@ class Dialog(unittest.TestCase):
         with Display() as screen, Asserter(screen) as game:
             game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
             game.fail("Fail")
-            game.click_at(*DESCRIPTION)
-            screen.tap("space", "i", "t", "Return", "b", "r", "o", "k", "e", pause=0)
+            self.edit_description(screen, game)
             game.push("Send mail")
-            self.assertIn(" limit = 2\n\nWrite a little description on what happened and then "
-                          "press the mail button it\nbroke\n", server.communicate(timeout=LIMIT)[0])
+            self.assertIn(" limit = 2\n\nit broke\nx\n", server.communicate(timeout=LIMIT)[0])
+            game.wait_for_text("Sent")
+            game.close("Continue")
+
+    def edit_description(self, screen, game):
+        """Makes "it broke" and "x" in two lines of it, by each way of selecting."""
+        game.click_into(DESCRIPTION)
+        screen.press_key("Control_L")
+        screen.type("a")
+        screen.release_key("Control_L")
+        screen.type("ut brokes")
+        screen.press_key("Shift_L")
+        screen.tap("Left")
+        screen.release_key("Shift_L")
+        screen.tap("Return", "x")
+        game.point_at(13, 105)
+        screen.press(1)
+        game.point_at(19, 105)
+        screen.release(1)
+        screen.type("i")
+
+    def test_a_mail_that_fails_and_what_was_done_meanwhile(self):
+        with Display() as screen, Asserter(screen) as game:
+            with socket.create_server(("127.0.0.1", 0)) as silent:
+                game.run(f"mail_port = {silent.getsockname()[1]}; mail_recipient = dev@localhost")
+                game.fail("FailElsewhere")
+                game.push("Send mail")
+                game.wait_for_text("Sending...")
+                with game.held_up():
+                    game.push("Continue")  # by somebody who does not know yet that it fails
+            game.wait_for_text("Error on sending line: HELO localhost")
             game.close("Continue")
 
     def test_debugger(self):

@@ -10,13 +10,18 @@
 namespace vask::platform {
 namespace {
 
-// Characters are 10 wide, but "i" 5, and lines 10 high. Keeps the texts and carets that are drawn.
+// Characters are 10 wide, but "i" 5, and lines 10 high. Keeps the texts, carets and selections that
+// are drawn.
 struct CCanvas : INativeCanvas {
   int CharWidth(char character) const override { return character == 'i' ? 5 : 10; }
   int LineHeight() const override { return 10; }
   void FillBox(const SBox& box, ENativeColor color) override {
-    const bool isCaret = color == ENativeColor::kText;
-    drawn += isCaret ? "|" + std::to_string(box.x) + "," + std::to_string(box.y) : "";
+    const std::string left = std::to_string(box.x);
+    if (color == ENativeColor::kText) {
+      drawn += "|" + left + "," + std::to_string(box.y);
+    } else if (color == ENativeColor::kSelection) {
+      drawn += "[" + left + "-" + std::to_string(box.x + box.width) + "]";
+    }
   }
   void Text(int, int, std::string_view text, const SBox&) override {
     drawn += std::string(text) + "/";
@@ -26,8 +31,10 @@ struct CCanvas : INativeCanvas {
 
 // clang-format off
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
-  // A text and keys: "<>^v{}#!~" from left to return, "1" to "9" press the pointer there, 10 apart, "*" far
-  // behind. Then what fields show that are three characters wide: one line, and two lines that wrap.
+  // A text and keys: "<>^v{}#!~$" from left to select all, "_" types nothing, "+" holds the shift key from there
+  // on, "-" no more; "1" to "9" press the pointer there, 10 apart, "*" far behind; ")" drags it far behind, "(" to
+  // above and left of the field. Then what fields show that are three characters wide: one line, and two lines
+  // that wrap.
   const struct { std::string text, keys, single, wrapping; } kCases[] = {
       {"", "", "/|0,0", "/|0,0"},
       {"", "x~y", "xy/|20,0", "x/y/|10,10"},
@@ -44,18 +51,37 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
       {"abcdefghi", "vv{^^", "abc/|0,0", "abc/def/|0,0"},
       {"abcd", "1", "abc/|10,0", "abc/d/|10,0"},
       {"abcdefg", "}1x", "fxg/|20,0", "axb/cde/|20,0"},
-      {std::string(100'000, 'a') + "b", "}*", "ab/|20,0", "aaa/aaa/|20,0"}};
-  constexpr std::string_view kKeys = "<>^v{}#!~";
+      {std::string(100'000, 'a') + "b", "}*", "ab/|20,0", "aaa/aaa/|20,0"},
+      {"abc", ">+>>_", "[0-20]bc/|20,0", "[10-30]abc/|30,0"},
+      {"abcd", "$", "[0-20]cd/|20,0", "[0-30]abc/[0-10]d/|10,10"},
+      {"abcd", "$x", "x/|10,0", "x/|10,0"},
+      {"abcd", "$#", "/|0,0", "/|0,0"},
+      {"abc", ">>>+<<-!", "a/|10,0", "a/|10,0"},
+      {"abc", "+>>-<x", "xab/|10,0", "xab/c/|10,0"},
+      {"abc", "+>-}", "bc/|20,0", "abc/|30,0"},
+      {"abc", ">>>+<<->x", "cx/|20,0", "abc/x/|10,10"},
+      {"abcd", "1)x", "ax/|20,0", "axc/d/|20,0"},
+      {"abcdefgh", "}1((x", "xh/|10,0", "xbc/def/|10,0"},
+      {"abcdefgh", "vv1((x", "xbc/|10,0", "xef/gh/|10,0"}};
+  constexpr std::string_view kKeys = "<>^v{}#!~$";
   for (const auto& [text, keys, single, wrapping] : kCases) {
     for (const bool wraps : {false, true}) {
       CEditControl edit(text, {-3, -3, 36, wraps ? 26 : 16}, 0, wraps ? 0 : kAutoScroll);
       CCanvas canvas;
+      bool isShiftHeld = false;
       for (const char key : keys) {
         const std::size_t name = kKeys.find(key) + 1;  // 0 for a letter: kText
-        if (key == '*' || (key >= '0' && key <= '9')) {
+        if (key == '+' || key == '-') {
+          isShiftHeld = key == '+';
+        } else if (key == '(') {
+          edit.OnDrag(-9, -9, canvas);
+        } else if (key == ')') {
+          edit.OnDrag(999, 5, canvas);
+        } else if (key == '*' || (key >= '0' && key <= '9')) {
           edit.OnPress(key == '*' ? 999 : 10 * (key - '0') + 4, 5, canvas);
         } else {
-          edit.OnKey({static_cast<ENativeKey>(name), name == 0 ? std::string(1, key) : ""}, canvas);
+          const std::string typed = name == 0 && key != '_' ? std::string(1, key) : "";
+          edit.OnKey({static_cast<ENativeKey>(name), typed, isShiftHeld}, canvas);
         }
       }
       edit.Draw(canvas, true, false);
@@ -76,7 +102,7 @@ TEST(NativeForm, ClicksWhereTheButtonIsPressedAndReleased) {
   const int clicks[][3] = {{45, 45, 3}, {45, 75, 0}, {5, 5, 0}, {35, 45, 0}, {15, 45, 0}};
   for (const auto& [down, up, id] : clicks) {
     form.Press(10, down, font);
-    form.MovePointer(10, up);
+    form.MovePointer(10, up, font);
     EXPECT_EQ(form.Release().value_or(0), id) << down << " " << up;
   }
   EXPECT_FALSE(form.Key({ENativeKey::kReturn, ""}, font));

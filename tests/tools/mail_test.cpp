@@ -38,13 +38,13 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
   assertion.Watch("count, name", count, name);
   CApplicationFactory::DeleteSingleton();
   CApplicationFactory* factory = CApplicationFactory::GetSingletonPtr();
-  MailAssertion(assertion, "");
+  EXPECT_EQ(MailAssertion(assertion, ""), "The email address  is not a valid email address");
   EXPECT_EQ(factory->PeekConsole(), nullptr);
   CConsole* console = factory->GetConsole();
   const auto mailed = [&](const std::string& settings) {
     return Serve({}, [&](int port) {
       console->Execute("mail_port = " + std::to_string(port) + ";" + settings, false);
-      MailAssertion(assertion, ".\n..two\rthree\r\n" + std::string(901, 'x'));
+      EXPECT_EQ(MailAssertion(assertion, ".\n..two\rthree\r\n" + std::string(901, 'x')), "");
     });
   };
   // clang-format off
@@ -64,7 +64,7 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
 
 TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
   const auto send = [](int port) {
-    CMail mail;
+    CMail mail({60s, 60s});
     mail.SetHost("127.0.0.1");
     mail.SetPort(0x10000 + port);
     EXPECT_EQ(mail.GetPort(), 25);
@@ -98,20 +98,20 @@ TEST(Mail, GetsAlongWithBadHosts) {
     std::vector<std::string> answers;
     std::string unanswered;  // the line of the error, empty for none
     std::string lastReply;
-    SMailLimits limits = {1s, 20s};
+    SMailLimits limits = {60s, 60s};
   } kCases[] = {
-      {{"", "close"}, "HELO localhost", ""},
+      {{"", "close"}, "HELO localhost", "", {2s, 60s}},
       {{ok, ok, "close"}, "MAIL FROM:a@b", ok},
       {{ok, ok, ok, ok, go + "close"}, ".", go},
-      {{"", "hang"}, "HELO localhost", ""},
-      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2"},
-      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {20s, 1s}},
+      {{"", "hang"}, "HELO localhost", "", {2s, 60s}},
+      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {2s, 60s}},
+      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {60s, 2s}},
       {std::vector<std::string>(4 + 9 + 2 + 1, "500 no\r\n"), "", "500 no\r\n"},  // also to each line of the mail
       {{ok, "250-a\r\n2\r\n", "250-a\r\n250-b\r\n250 c\r\n", ok, go, ok, bye}, "", bye},
-      {{"", ok + ok, ok, ok, go, ok, bye}, "", ok},  // greets late
+      {{"", ok + ok, ok, ok, go, ok, bye}, "", ok, {2s, 60s}},  // greets late
       {{longLine, longLine, ok, ok, go, ok, longLine}, "", longLine.substr(0, 1024)},
-      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye},
-      {{ok, ok, ok, ok, go, ok, "hang"}, "QUIT", ok},
+      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye, {2s, 60s}},
+      {{ok, ok, ok, ok, go, ok, "hang"}, "QUIT", ok, {2s, 60s}},
   };
   // clang-format on
   for (const auto& row : kCases) {
@@ -124,7 +124,7 @@ TEST(Mail, GetsAlongWithBadHosts) {
       mail.SetPort(port);
       const auto start = std::chrono::steady_clock::now();
       EXPECT_EQ(mail.Send("dev@localhost"), isGood);
-      EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+      EXPECT_LT(std::chrono::steady_clock::now() - start, 50s);
     });
     EXPECT_TRUE(mail.GetReply().starts_with(row.lastReply)) << mail.GetReply();
     EXPECT_LE(mail.GetReply().size(), 1024U);
@@ -140,6 +140,8 @@ TEST(Mail, SaysWhyItConnectsNowhere) {
     mail.SetPort(1);  // nobody listens there
     mail.SetSender("a", sender);
     EXPECT_FALSE(mail.Send(recipient));
+    EXPECT_TRUE(log.Text().starts_with(mail.GetError()));
+    EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "behind the first line";
     EXPECT_EQ(log.Lines()[0].level, kLogError);
     return log.Text();
   };
