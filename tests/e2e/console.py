@@ -62,7 +62,6 @@ class Console:
         """The pointer is outside the window afterwards, where it covers nothing."""
         self.game.point_at(*start)
         self.screen.press(1)
-        self.screen.settle()
         for step in range(1, 9):
             self.game.point_at(*(a + (b - a) * step // 8 for a, b in zip(start, end)))
         self.screen.release(1)

@@ -160,6 +160,7 @@ class Display:
 
     def press(self, button):
         self._fake(X.ButtonPress, button)
+        self.settle()  # the window manager holds a press back, but no keys that come behind it
 
     def release(self, button):
         self._fake(X.ButtonRelease, button)
