@@ -82,14 +82,10 @@ class Game:
     def wait_for_log(self, text, *, times=1, seconds=LIMIT):
         self.wait_for(lambda: self.log().count(text) >= times, f"{text!r} in the log", seconds)
 
-    def sdl_patch(self):
-        """The last number of the version of SDL 1.2 on which it runs."""
-        self.wait_for_log("Using driver")
-        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1])
-
     def has_classic_sdl(self):
         """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
-        return self.sdl_patch() < 50
+        self.wait_for_log("Using driver")
+        return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
     def wait_for_end(self):
         """Answers the exit status."""
