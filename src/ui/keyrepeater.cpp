@@ -5,9 +5,10 @@
 
 namespace vask::ui {
 
+// Code 0 is what SDL sends for a key that it doesn't know, and of whose release it may never tell.
 std::optional<CKeyRepeater::SPress>* CKeyRepeater::SlotOf(std::int32_t key) {
   const auto index = static_cast<std::size_t>(key);  // a negative key is beyond every table
-  return index < kKeys ? &myPresses[index] : nullptr;
+  return index > 0 && index < kKeys ? &myPresses[index] : nullptr;
 }
 
 void CKeyRepeater::Press(std::int32_t key, std::uint8_t character) {

@@ -11,7 +11,7 @@ namespace vask::ui {
 // Types on for the keys that are held: after a delay, each of them presses itself again and again.
 class CKeyRepeater {
  public:
-  // A key that is held already begins anew. Keys outside the table are not repeated.
+  // A key that is held already begins anew. Code 0 and keys outside the table are not repeated.
   void Press(std::int32_t key, std::uint8_t character);
   void Release(std::int32_t key);
   void ReleaseAll();
@@ -26,7 +26,7 @@ class CKeyRepeater {
     std::uint8_t character;
   };
 
-  // Null for a key that is not in the table.
+  // Null for a key that is not repeated.
   std::optional<SPress>* SlotOf(std::int32_t key);
 
   std::array<std::optional<SPress>, kKeys> myPresses;

@@ -6,7 +6,6 @@
 
 #include "events/eventbridge.h"
 #include "input/keyboard.h"
-#include "support/fakeclock.h"
 #include "ui/desktopwidget.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
@@ -96,20 +95,6 @@ TEST_F(UiTask, KeysTypeOrFireAsTheFocusIs) {
   Click(500, 500);
   Type(kBoundKey);
   EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "pq2");
-}
-
-TEST_F(UiTask, UpdateRepeatsTheKeyThatIsHeld) {
-  test::CFakeClock clock;
-  task.Exit();  // the desktop's timer has to begin with this clock
-  task.Start();
-  auto* input = NewInput();
-  Click(20, 20);
-  Bridge().KeyDown(kFreeKey, kFreeKey);
-  clock.Advance(600), task.Update();
-  EXPECT_EQ(input->GetText(), "q");
-  clock.Advance(100), task.Update();
-  EXPECT_EQ(input->GetText(), "qq");
-  task.Exit();
 }
 
 TEST_F(UiTask, AfterTheExitNothingReachesWidgets) {
