@@ -33,8 +33,9 @@ int ToButton(int sdlButton) {
   }
 }
 
-// SDL forgets this when its video subsystem starts, which may happen after the task did.
-void AskForCharacters() { SDL_EnableUNICODE(1); }
+// Answers whether SDL had forgotten it, which it does when its video subsystem starts: that may
+// happen after the task did.
+bool AskForCharacters() { return SDL_EnableUNICODE(1) == 0; }
 
 }  // namespace
 
@@ -45,21 +46,46 @@ CTaskEventSDL::~CTaskEventSDL() { Shutdown(); }
 bool CTaskEventSDL::Start() {
   myBridge->SetMouseHardware(this);
   myIsHardware = true;
+  myIsListening = true;
   AskForCharacters();
   return true;
 }
 
 void CTaskEventSDL::Update() {
-  AskForCharacters();
-  while (SDL_PollEvent(&myEvent) != 0) {
+  // A new video knows nothing of what is held, and will not tell of its release.
+  if (AskForCharacters() || !sdl::HasVideo()) {
+    ReleaseHeld();
+  }
+  myIsUpdating = true;
+  while (myIsListening && SDL_PollEvent(&myEvent) != 0) {
     Dispatch();
+  }
+  myIsUpdating = false;
+  if (!myIsListening) {
+    ReleaseHeld();
   }
 }
 
 void CTaskEventSDL::Exit() { Shutdown(); }
 
+void CTaskEventSDL::Pause() { StopListening(); }
+
+void CTaskEventSDL::Resume() { myIsListening = true; }
+
+// What a listener does to the task waits for the end of the update: the others have yet to hear of
+// the press.
+void CTaskEventSDL::StopListening() {
+  myIsListening = false;
+  if (!myIsUpdating) {
+    ReleaseHeld();
+  }
+}
+
 void CTaskEventSDL::Shutdown() {
   const bool isBridgeAlive = CEventBridge::PeekSingletonPtr() == myBridge;
+  if (isBridgeAlive) {
+    StopListening();
+  }
   if (std::exchange(myIsHardware, false) && isBridgeAlive) {
     myBridge->ClearMouseHardware();
   }
@@ -75,10 +101,10 @@ void CTaskEventSDL::Dispatch() {
       }
       break;
     case SDL_KEYDOWN:
-      myBridge->KeyDown(event.key.keysym.sym, ToCharacter(event.key.keysym));
+      OnKeyDown(event.key.keysym);
       break;
     case SDL_KEYUP:
-      myBridge->KeyUp(event.key.keysym.sym, ToCharacter(event.key.keysym));
+      OnKeyUp(event.key.keysym);
       break;
     case SDL_MOUSEMOTION:
       myBridge->MouseMove(event.motion.x, event.motion.y, event.motion.xrel, event.motion.yrel);
@@ -103,29 +129,42 @@ void CTaskEventSDL::Dispatch() {
   }
 }
 
-// SDL may never tell of a button that comes up while another window has the focus.
 void CTaskEventSDL::OnFocus(bool gained) {
-  for (int button = 1; !gained && myHeldButtons != 0; button <<= 1) {
-    if ((myHeldButtons & button) != 0) {
-      OnButtonUp(button);
-      myGivenUpButtons |= button;
-    }
+  if (!gained) {
+    ReleaseHeld();
   }
   myBridge->FocusEvent(gained);
 }
 
+void CTaskEventSDL::OnKeyDown(const SDL_keysym& key) {
+  myKeys.Press(key.sym, key.scancode, key.sym);
+  myBridge->KeyDown(key.sym, ToCharacter(key));
+}
+
+void CTaskEventSDL::OnKeyUp(const SDL_keysym& key) {
+  if (const auto name = myKeys.Release(key.sym, key.scancode, key.sym)) {
+    myBridge->KeyUp(*name, ToCharacter(key));
+  }
+}
+
 void CTaskEventSDL::OnButtonDown(int button) {
-  myHeldButtons |= button;
-  myGivenUpButtons &= ~button;
+  myButtons.Press(button, 0, button);
   myBridge->MouseButtonDown(button);
 }
 
 void CTaskEventSDL::OnButtonUp(int button) {
-  const bool isKnown = (myGivenUpButtons & button) != 0;
-  myHeldButtons &= ~button;
-  myGivenUpButtons &= ~button;
-  if (!isKnown) {
-    myBridge->MouseButtonUp(button);
+  if (const auto name = myButtons.Release(button, 0, button)) {
+    myBridge->MouseButtonUp(*name);
+  }
+}
+
+// One at a time: listeners may stop the task in the middle of it.
+void CTaskEventSDL::ReleaseHeld() {
+  while (const auto key = myKeys.GiveUpOne()) {
+    myBridge->KeyUp(*key, 0);
+  }
+  while (const auto button = myButtons.GiveUpOne()) {
+    myBridge->MouseButtonUp(*button);
   }
 }
 

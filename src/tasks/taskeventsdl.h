@@ -3,6 +3,7 @@
 #include <SDL.h>
 
 #include "events/mousehardware.h"
+#include "input/heldinput.h"
 #include "kernel/task.h"
 
 namespace vask {
@@ -10,7 +11,8 @@ namespace vask {
 class CEventBridge;
 
 // Hands SDL's events to the event bridge (task type "event"), and drives the cursor and the input
-// grab for it.
+// grab for it. Keys and buttons that are held count as released when the focus goes, SDL's video
+// ends, or the task pauses or ends: nobody may ever tell of their release.
 class CTaskEventSDL : public CTask, public IMouseHardware {
  public:
   CTaskEventSDL();
@@ -21,6 +23,8 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
   // Drains the event queue.
   void Update() override;
   void Exit() override;
+  void Pause() override;
+  void Resume() override;
 
   void ShowCursor() override;
   void HideCursor() override;
@@ -31,8 +35,12 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
  private:
   void Dispatch();
   void OnFocus(bool gained);
+  void OnKeyDown(const SDL_keysym& key);
+  void OnKeyUp(const SDL_keysym& key);
   void OnButtonDown(int button);
   void OnButtonUp(int button);
+  void StopListening();
+  void ReleaseHeld();
   void Shutdown();
   void FreeCursor();
 
@@ -42,8 +50,10 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
   SDL_Event myEvent{};
   CEventBridge* myBridge;
   bool myIsHardware = false;
-  int myHeldButtons = 0;     // bits of the buttons that are down
-  int myGivenUpButtons = 0;  // those whose release the listeners heard when the focus went
+  bool myIsListening = false;  // neither before the start nor paused nor ended
+  bool myIsUpdating = false;
+  CHeldInput myKeys;
+  CHeldInput myButtons;
 };
 
 }  // namespace vask

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "events/eventbridge.h"
+#include "input/heldinput.h"
 #include "input/keynames.h"
 
 namespace vask {
@@ -71,6 +72,16 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
     EXPECT_EQ(KeyFromName(name), name.empty() ? 0 : key) << name;
   }
   SDL_Quit();
+}
+
+// SDL may forget the place by then, or have two keys of one code.
+TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
+  CHeldInput held;
+  held.Press(218, 33, 'p');
+  EXPECT_EQ(held.Release(218, 0, 218), 'p');
+  held.Press(0, 49, '`');
+  EXPECT_EQ(held.Release(0, 21, 0), 0);
+  EXPECT_EQ(held.Release(0, 49, 0), '`');
 }
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "events/eventrecorder.h"
 #include "gfx/sdl/video.h"
@@ -23,9 +25,23 @@ class CEventTest : public testing::Test {
     SDL_Quit();
   }
 
+  void Hear(std::vector<SDL_Event> events) {
+    for (SDL_Event& event : events) {
+      ASSERT_EQ(SDL_PushEvent(&event), 0);
+    }
+    myTask.Update();
+  }
+
   CEventBridge& myBridge = *CEventBridge::GetSingletonPtr();
   CTaskEventSDL myTask;
 };
+
+const SDL_Event kReturnDown{.key = {SDL_KEYDOWN, 0, 0, {36, SDLK_RETURN, KMOD_NONE, 0}}};
+const SDL_Event kReturnUp{.key = {SDL_KEYUP, 0, 0, {36, SDLK_RETURN, KMOD_NONE, 0}}};
+const SDL_Event kUnknownDown{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_UNKNOWN, KMOD_NONE, '^'}}};
+const SDL_Event kFocusLost{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS}};
+const SDL_Event kRightDown{.button = {SDL_MOUSEBUTTONDOWN, 0, 3, 0, 0, 0}};
+const SDL_Event kRightUp{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}};
 
 TEST_F(CEventTest, EveryEventReachesItsListeners) {
   // clang-format off
@@ -60,17 +76,40 @@ TEST_F(CEventTest, EveryEventReachesItsListeners) {
   EXPECT_TRUE(IsQuitting());
 }
 
-TEST_F(CEventTest, AHeldButtonIsReleasedOnceWhenTheFocusGoes) {
-  const SDL_Event press{.button = {SDL_MOUSEBUTTONDOWN, 0, 3, 0, 0, 0}};
-  const SDL_Event release{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}};
-  const SDL_Event leave{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS}};
-  std::string record;
-  const CEventRecorder recorder("", record);
-  for (SDL_Event event : {press, leave, release, press, release, leave}) {
-    ASSERT_EQ(SDL_PushEvent(&event), 0);
+TEST_F(CEventTest, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
+  const struct {
+    const char* name;
+    std::function<void()> lose, comeBack;
+  } losses[] = {
+      {"the focus goes", [&] { Hear({kFocusLost}); }, [] {}},
+      {"the task pauses", [&] { myTask.Pause(); }, [&] { myTask.Resume(); }},
+      {"the task ends", [&] { myTask.Exit(); }, [&] { myTask.Start(); }},
+      {"video ends", [] { SDL_Quit(); }, [] { SDL_Init(SDL_INIT_VIDEO); }},
+      {"video starts anew", [] { SDL_EnableUNICODE(0); }, [] {}},  // all that is seen of it
+  };
+  for (const auto& loss : losses) {
+    SCOPED_TRACE(loss.name);
+    std::string record;
+    CEventRecorder recorder("", record);
+    myBridge.RemoveWindowListener(&recorder);
+    Hear({kReturnDown, kUnknownDown, kRightDown});
+    loss.lose();
+    Hear({});
+    EXPECT_EQ(record, "down 13 0\ndown 0 94\npress 4 0\nup 13 0\nrelease 4 0\n");
+    record.clear();
+    loss.comeBack();
+    Hear({kReturnUp, kRightUp, kReturnDown, kReturnUp});
+    EXPECT_EQ(record, "down 13 0\nup 13 0\n");
   }
-  myTask.Update();
-  EXPECT_EQ(record, "press 4 0\nrelease 4 0\nfocus 0 0\npress 4 0\nrelease 4 0\nfocus 0 0\n");
+}
+
+TEST_F(CEventTest, AListenerThatPausesTheTaskKeepsNoPressFromTheOthers) {
+  std::string record;
+  CEventRecorder pauser("a ", record);
+  const CEventRecorder other("b ", record);
+  pauser.react = [&] { myTask.Pause(); };
+  Hear({kReturnDown, kRightDown});
+  EXPECT_EQ(record, "a down 13 0\nb down 13 0\na up 13 0\nb up 13 0\n");
 }
 
 TEST_F(CEventTest, CursorChangesOnlyToOtherKnownTypes) {
