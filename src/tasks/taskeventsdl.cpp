@@ -4,6 +4,7 @@
 
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
+#include "input/keyplaces.h"
 #include "kernel/kernel.h"
 #include "tasks/cursorimages.h"
 
@@ -14,6 +15,13 @@ namespace {
 unsigned char ToCharacter(const SDL_keysym& key) {
   const bool isPlain = key.unicode >= 1 && key.unicode <= 127;
   return static_cast<unsigned char>(isPlain ? key.unicode : 0);
+}
+
+// With other drivers a scancode is another number.
+int ToKey(const SDL_keysym& key) {
+  const std::string driver = sdl::GetDriverName();
+  const bool knowsPlace = driver == "x11" || driver == "wayland";
+  return knowsPlace ? KeyByPlace(key.sym, key.scancode) : key.sym;
 }
 
 int ToButton(int sdlButton) {
@@ -137,12 +145,13 @@ void CTaskEventSDL::OnFocus(bool gained) {
 }
 
 void CTaskEventSDL::OnKeyDown(const SDL_keysym& key) {
-  myKeys.Press(key.sym, key.scancode, key.sym);
-  myBridge->KeyDown(key.sym, ToCharacter(key));
+  const int name = ToKey(key);
+  myKeys.Press(key.sym, key.scancode, name);
+  myBridge->KeyDown(name, ToCharacter(key));
 }
 
 void CTaskEventSDL::OnKeyUp(const SDL_keysym& key) {
-  if (const auto name = myKeys.Release(key.sym, key.scancode, key.sym)) {
+  if (const auto name = myKeys.Release(key.sym, key.scancode, ToKey(key))) {
     myBridge->KeyUp(*name, ToCharacter(key));
   }
 }

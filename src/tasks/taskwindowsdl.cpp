@@ -1,6 +1,5 @@
 #include "tasks/taskwindowsdl.h"
 
-#include <array>
 #include <cstdlib>
 #include <iostream>
 
@@ -24,12 +23,6 @@ constexpr int kMaxIconSide = 32;
 constexpr int kDefaultPriority = 1000;
 
 CLog& Log() { return *CLog::GetSingletonPtr(); }
-
-std::string DriverName() {
-  std::array<char, 256> name{};
-  SDL_VideoDriverName(name.data(), static_cast<int>(name.size()));
-  return name.data();
-}
 
 bool IsSet(const char* variable) {
   const char* value = std::getenv(variable);
@@ -56,7 +49,7 @@ void LogVersions() {
   const SDL_version& linked = *SDL_Linked_Version();
   Log() << "Running with SDL version: " << int{linked.major} << "." << int{linked.minor} << "."
         << int{linked.patch} << "\n";
-  Log() << "Using driver: " << DriverName() << "\n";
+  Log() << "Using driver: " << sdl::GetDriverName() << "\n";
 }
 
 void LogModes(std::uint32_t flags) {
@@ -174,7 +167,7 @@ std::string CTaskWindowSDL::InitVideo() {
   ChooseDriver();
   if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != -1) {
     QuitSdlAtExit();
-    if (DriverName() == "x11") {
+    if (sdl::GetDriverName() == "x11") {
       platform::EndWithDisplay();
     }
     Log() << "[OK]\n\n";

@@ -111,13 +111,15 @@ class Display:
         self.release(button)
 
     def press_key(self, name):
-        """A key by its X name, such as Escape, F11 or Alt_L."""
+        """A key by its X name, such as Escape, F11 or Alt_L, or by its key code."""
         self._fake(X.KeyPress, self._code(name))
 
     def release_key(self, name):
         self._fake(X.KeyRelease, self._code(name))
 
     def _code(self, name):
+        if isinstance(name, int):
+            return name
         return self.connection.keysym_to_keycode(XK.string_to_keysym(name))
 
     def tap(self, *names, pause=0.05):

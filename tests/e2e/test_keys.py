@@ -4,8 +4,10 @@ import textwrap
 import time
 import unittest
 
+from console import Console
 from display import Display, wait_for
 from game import ROOT, Game, find_kitten
+from library import libraries
 from test_sound import RATE, Recorder
 
 
@@ -67,3 +69,24 @@ class Keys(unittest.TestCase):
         for key in reversed(keys):
             screen.release_key(key)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
+
+
+class Layouts(unittest.TestCase):
+    UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
+
+    def test_keys_with_other_names(self):
+        for library in libraries():
+            with self.subTest(library), Display() as screen, Game(
+                    screen, script=lambda text: text + "\nkeyboard::bind(p, stoptask(mark))\n",
+                    environment=library) as game:
+                game.wait_for_title()
+                console = Console(screen, game)
+                for times, layout in enumerate(("ru", "ua", "fr"), 1):
+                    screen.run("setxkbmap", layout)
+                    screen.tap(self.UKRAINIAN_YI, self.P)
+                    game.wait_for_log("a task mark that", times=times)
+                    self.assertIsNone(console.rect(), "yi opens nothing")
+                    screen.tap(self.UNDER_ESCAPE)
+                    wait_for(console.rect, 5, f"the console with the layout {layout}")
+                    screen.tap(self.UNDER_ESCAPE)
+                    console.wait_until_closed()

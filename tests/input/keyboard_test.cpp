@@ -8,6 +8,7 @@
 #include "events/eventbridge.h"
 #include "input/heldinput.h"
 #include "input/keynames.h"
+#include "input/keyplaces.h"
 
 namespace vask {
 namespace {
@@ -72,6 +73,23 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
     EXPECT_EQ(KeyFromName(name), name.empty() ? 0 : key) << name;
   }
   SDL_Quit();
+}
+
+TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
+  constexpr int kWorld = 218;
+  const struct {
+    const char* what;
+    int key, place, expected;
+  } cases[] = {
+      {"Russian P", kWorld, 33, 'p'},        {"Russian M", kWorld, 58, 'm'},
+      {"Greek A", kWorld, 38, 'a'},          {"French A, which types q", 'q', 38, 'q'},
+      {"beside P", kWorld, 34, kWorld},      {"beside L", kWorld, 47, kWorld},
+      {"no known place", kWorld, 0, kWorld}, {"under Escape", '\'', 49, '`'},
+      {"under Escape, dead", 0, 49, '`'},
+  };
+  for (const auto& [what, key, place, expected] : cases) {
+    EXPECT_EQ(KeyByPlace(key, place), expected) << what;
+  }
 }
 
 // SDL may forget the place by then, or have two keys of one code.

@@ -52,6 +52,7 @@ TEST_F(CEventTest, EveryEventReachesItsListeners) {
       {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_a, KMOD_NONE, 'A'}}}, "down 97 65\n"},
       {{.key = {SDL_KEYUP, 0, 0, {0, SDLK_a, KMOD_NONE, 127}}}, "up 97 127\n"},
       {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_F1, KMOD_NONE, 128}}}, "down 282 0\n"},
+      {{.key = {SDL_KEYDOWN, 0, 0, {49, SDLK_QUOTE, KMOD_NONE, 39}}}, "down 39 39\n"},  // no key code of X
       {{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}, "move 60000 7\nby -3 4\n"},
       {{.button = {SDL_MOUSEBUTTONDOWN, 0, 1, 0, 0, 0}}, "press 1 0\n"},
       {{.button = {SDL_MOUSEBUTTONDOWN, 0, 2, 0, 0, 0}}, "press 2 0\n"},

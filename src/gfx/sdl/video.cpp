@@ -1,5 +1,7 @@
 #include "gfx/sdl/video.h"
 
+#include <array>
+
 namespace vask::sdl {
 
 namespace {
@@ -22,6 +24,12 @@ bool IsOtherSize(int width, int height) {
 }  // namespace
 
 bool HasVideo() { return SDL_WasInit(SDL_INIT_VIDEO) != 0; }
+
+std::string GetDriverName() {
+  std::array<char, 256> name{};
+  SDL_VideoDriverName(name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
 
 SDL_Surface* GetVideoSurface() {
   return HasVideo() && !ourModeFailed ? SDL_GetVideoSurface() : nullptr;

@@ -3,6 +3,7 @@
 #include <SDL.h>
 
 #include <cstdint>
+#include <string>
 
 // SDL's video calls that crash, or answer a surface that is gone, while there is no video: here
 // they answer "nothing" instead.
@@ -10,6 +11,9 @@ namespace vask::sdl {
 
 // Whether SDL's video subsystem is up.
 bool HasVideo();
+
+// The name of SDL's video driver, such as "x11"; empty without video.
+std::string GetDriverName();
 
 // The screen's surface; null without video and after a mode that could not be set.
 SDL_Surface* GetVideoSurface();
