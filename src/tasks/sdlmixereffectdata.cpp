@@ -14,7 +14,7 @@ CSDLMixerEffectData::CSDLMixerEffectData(std::string fileName)
     : myFileName(std::move(fileName)), myChunk(nullptr) {
   CLog& log = *CLog::GetSingletonPtr();
   log << "new CSDLMixerEffectData( " << myFileName << " ) \n";
-  if (CheckSoundFile(myFileName)) {
+  if (CheckEffectFile(myFileName)) {
     myChunk = Mix_LoadWAV_RW(SDL_RWFromFile(myFileName.c_str(), "rb"), 1);
   }
   if (myChunk == nullptr) {

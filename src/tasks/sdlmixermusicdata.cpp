@@ -14,7 +14,7 @@ CSDLMixerMusicData::CSDLMixerMusicData(std::string fileName)
     : myFileName(std::move(fileName)), myMusic(nullptr) {
   CLog& log = *CLog::GetSingletonPtr();
   log << "new CSDLMixerMusicData( " << myFileName << " ) \n";
-  if (CheckSoundFile(myFileName)) {
+  if (CheckMusicFile(myFileName)) {
     myMusic = Mix_LoadMUS(myFileName.c_str());
   }
   if (myMusic == nullptr) {
