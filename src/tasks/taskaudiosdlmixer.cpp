@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cctype>
 #include <string_view>
 #include <utility>
@@ -38,14 +39,28 @@ constexpr std::array<std::pair<std::string_view, std::uint16_t>, 6> kFormats = {
     {"S16MSB", AUDIO_S16MSB},
 }};
 
+// A number among the start-up parameters, and the range to which it is held.
+struct SStartNumber {
+  int index;
+  const char* name;
+  const char* kind;
+  int least;
+  int most;
+  bool isPowerOfTwo = false;
+};
+
 // What the mixer survives: it divides by the whole milliseconds of a chunk, trusts the number of
 // mixing channels when it allocates them, and waits for a whole chunk before it closes the device.
-constexpr int kLeastFrequency = 8000;
-constexpr int kMostFrequency = 192000;
-constexpr int kLeastChunkSize = 256;
-constexpr int kMostChunkSize = 8192;
-constexpr int kMostOutputChannels = 8;
-constexpr int kMostMixChannels = 256;
+// SDL 1.2 opens no device with more output channels, and the library over SDL 2 writes behind its
+// buffers when a chunk is no power of two.
+constexpr SStartNumber kFrequency{0, " 1st start-up parameter (frequency)", "a number", 8000,
+                                  192000};
+constexpr SStartNumber kChannels{2, " 3rd start-up parameter (num_of_channels)",
+                                 "a number (1 = mono, 2 = stereo)", 1, 6};
+constexpr SStartNumber kChunkSize{
+    3, " 4th start-up parameter (chunk_size)", "a number", 256, 8192, true};
+constexpr SStartNumber kMixChannels{4, " 5th start-up parameter (number_of_audio_channels)",
+                                    "a number", 1, 256};
 
 constexpr int kDriverNameSize = 256;
 
@@ -104,6 +119,29 @@ void QuitAudioSubsystem() {
   }
 }
 
+int Hold(const SStartNumber& number, int value) {
+  const int held = std::clamp(value, number.least, number.most);
+  return number.isPowerOfTwo ? static_cast<int>(std::bit_ceil(static_cast<unsigned>(held))) : held;
+}
+
+void ReadNumber(const CConsoleParams& params, const SStartNumber& number, const std::string& task,
+                int& value) {
+  if (number.index >= params.Size()) {
+    return;
+  }
+  if (!params.IsType(number.index, CVariable::kNumber)) {
+    Log().Warning() << task << number.name << " is of wrong type, should be " << number.kind
+                    << "\n";
+    return;
+  }
+  const int wanted = ToInteger(params.GetNumber(number.index));
+  value = Hold(number, wanted);
+  if (value != wanted) {
+    Log().Warning() << task << number.name << " is held to " << value << " instead of " << wanted
+                    << "\n";
+  }
+}
+
 }  // namespace
 
 CTaskAudioSDLMixer::CTaskAudioSDLMixer() : myFormat(AUDIO_S16LSB) {}
@@ -112,35 +150,16 @@ CTaskAudioSDLMixer::~CTaskAudioSDLMixer() { FreePlayers(); }
 
 bool CTaskAudioSDLMixer::Start(CConsoleParams* params) {
   if (params != nullptr) {
-    ReadNumber(*params, 0, kLeastFrequency, kMostFrequency, myFrequency,
-               " 1st start-up parameter (frequency) is of wrong type, should be a number");
+    ReadNumber(*params, kFrequency, GetName(), myFrequency);
     ReadFormat(*params);
-    ReadNumber(
-        *params, 2, 1, kMostOutputChannels, myChannels,
-        " 3rd start-up parameter (num_of_channels) is of wrong type, should be a number (1 = "
-        "mono, 2 = stereo)");
-    ReadNumber(*params, 3, kLeastChunkSize, kMostChunkSize, myChunkSize,
-               " 4th start-up parameter (chunk_size) is of wrong type, should be a number");
-    ReadNumber(*params, 4, 1, kMostMixChannels, myMixChannels,
-               " 5th start-up parameter (number_of_audio_channels) is of wrong type, should be a "
-               "number");
+    ReadNumber(*params, kChannels, GetName(), myChannels);
+    ReadNumber(*params, kChunkSize, GetName(), myChunkSize);
+    ReadNumber(*params, kMixChannels, GetName(), myMixChannels);
   }
   return Start();
 }
 
-void CTaskAudioSDLMixer::ReadNumber(CConsoleParams& params, int index, int least, int most,
-                                    int& value, const char* complaint) const {
-  if (index >= params.Size()) {
-    return;
-  }
-  if (params.IsType(index, CVariable::kNumber)) {
-    value = std::clamp(ToInteger(params.GetNumber(index)), least, most);
-  } else {
-    Log().Warning() << GetName() << complaint << "\n";
-  }
-}
-
-void CTaskAudioSDLMixer::ReadFormat(CConsoleParams& params) {
+void CTaskAudioSDLMixer::ReadFormat(const CConsoleParams& params) {
   if (params.Size() < 2) {
     return;
   }

@@ -28,7 +28,8 @@ class CTaskAudioSDLMixer : public CTask {
   ~CTaskAudioSDLMixer() override;
 
   // The frequency, the name of the sample format, the number of output channels, the chunk size and
-  // the number of mixing channels; each may be left out from the end.
+  // the number of mixing channels; each may be left out from the end. A number out of its range is
+  // held to it, and one of the wrong kind passed over, each with a line in the log.
   bool Start(CConsoleParams* params) override;
   // True when the mixer is running.
   bool Start() override;
@@ -39,9 +40,7 @@ class CTaskAudioSDLMixer : public CTask {
   bool ExecuteCommand(const std::string& line) override;
 
  private:
-  void ReadNumber(CConsoleParams& params, int index, int least, int most, int& value,
-                  const char* complaint) const;
-  void ReadFormat(CConsoleParams& params);
+  void ReadFormat(const CConsoleParams& params);
   bool OpenDevice();
   void DescribeDevice();
   void CloseDevice();
