@@ -27,23 +27,21 @@ CSDLMixerMusicPlayer::CSDLMixerMusicPlayer(int chunkMilliseconds)
 }
 
 CSDLMixerMusicPlayer::~CSDLMixerMusicPlayer() {
-  Mix_HaltMusic();
-  CSDLMixerMusicData::FreeAll();
+  if (HasMixer()) {
+    Mix_HaltMusic();
+    ourLast = nullptr;
+  }
 }
 
 void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
   Resume();
-  CSDLMixerMusicData* music = CSDLMixerMusicData::Get(fileName);
+  const CSmartPtr<CSDLMixerMusicData> music = CSDLMixerMusicData::Get(fileName);
   if (music->GetMusic() == nullptr) {
-    delete music;
     return;
   }
   myHasFailed = !StartMusic(*music);
   myFailedTime = GetGlobalTime();
   myState = kPlaying;
-  if (music != myMusic && CSDLMixerMusicData::Lives(myMusic)) {
-    delete myMusic;
-  }
   myMusic = music;
 }
 
@@ -54,6 +52,7 @@ bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
   const int result = myFades ? Mix_FadeInMusicPos(music.GetMusic(), 0, FadeTime(), 0.0)
                              : Mix_PlayMusic(music.GetMusic(), 0);
   myFades = false;
+  ourLast = this;
   if (result == -1) {
     CLog& log = *CLog::GetSingletonPtr();
     log.Warning() << "Could not play music: " << music.GetFileName() << "\n";
@@ -68,7 +67,7 @@ void CSDLMixerMusicPlayer::PlayFadeIn(const std::string& fileName, int milliseco
 }
 
 void CSDLMixerMusicPlayer::Stop() {
-  if (myState == kPlaying) {
+  if (myState == kPlaying && HasMixer()) {
     if (myFades && FadeTime() > 0) {
       Mix_FadeOutMusic(FadeTime());
     } else {
@@ -86,25 +85,33 @@ void CSDLMixerMusicPlayer::StopFadeOut(int milliseconds) {
 void CSDLMixerMusicPlayer::Pause() {
   if (myState == kPlaying) {
     myState = kPaused;
-    Mix_PauseMusic();
+    if (HasMixer()) {
+      Mix_PauseMusic();
+    }
   }
 }
 
 void CSDLMixerMusicPlayer::Resume() {
   if (myState == kPaused) {
     myState = kPlaying;
-    Mix_ResumeMusic();
+    if (HasMixer()) {
+      Mix_ResumeMusic();
+    }
   }
 }
 
 void CSDLMixerMusicPlayer::Update() {
   ApplyVolume();
-  if (myState != kPlaying || Mix_PlayingMusic() != 0 || !CSDLMixerMusicData::Lives(myMusic)) {
+  if (myState != kPlaying || !myMusic || Mix_PlayingMusic() != 0 || WaitsForAnother()) {
     return;
   }
   if (!myHasFailed || HasReached(GetGlobalTime(), myFailedTime + kRetryDelay)) {
     Play(std::string(myMusic->GetFileName()));
   }
+}
+
+bool CSDLMixerMusicPlayer::WaitsForAnother() const {
+  return ourLast != nullptr && ourLast != this && ourLast->myState != kStopped;
 }
 
 // Only what is new is set: setting it holds up the mixer.

@@ -5,12 +5,14 @@
 #include <chrono>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
+#include "tasks/audiovolume.h"
 #include "tasks/taskaudiosdlmixer.h"
 
 namespace vask::test {
@@ -174,6 +176,72 @@ TEST_F(AudioTest, VolumesFollowTheirVariablesAtOnceAndStayInRange) {
     EXPECT_EQ(Mix_VolumeMusic(-1), volume) << line;
   }
   EXPECT_EQ(Mix_Volume(-1, -1), 128);
+}
+
+class TwoAudioTasks : public AudioTest {
+ protected:
+  TwoAudioTasks() {
+    myTask.SetName("Audio");
+    myOther.SetName("Other");
+    StartWith(myTask, "22050, s16lsb, 2, 1024, 8");
+  }
+  ~TwoAudioTasks() override { myOther.Exit(); }
+
+  CTaskAudioSDLMixer myOther;
+};
+
+TEST_F(TwoAudioTasks, ShareTheDeviceOfTheFirst) {
+  const std::string has = "frequency: 22050Hz, format: S16LSB, channels: 2, chunksize: 1024";
+  AudioVolumes().effects = 0.25F;
+  myTask.Update();
+  std::size_t lines = 0;
+  for (const std::string other : {"44100, s16lsb, 2, 1024, 3", "22050, u8, 2, 1024, 3",
+                                  "22050, s16lsb, 1, 1024, 3", "22050, s16lsb, 2, 512, 3"}) {
+    EXPECT_TRUE(StartWith(myOther, other)) << other;
+    EXPECT_EQ(myLog.Count("Other shares the audio device as it is, with " + has), ++lines) << other;
+    EXPECT_EQ(Mix_AllocateChannels(-1), 8) << "channels of the first are cut off";
+    Run("PlayEffect( one.wav )");
+    EXPECT_EQ(Mix_Playing(-1), static_cast<int>(lines)) << "the first one's device was closed";
+  }
+  StartWith(myOther, "22050, s16lsb, 2, 1024, 12");
+  EXPECT_EQ(myLog.Count("Other shares"), lines) << "it has what it asked for";
+  EXPECT_EQ(Mix_AllocateChannels(-1), 12);
+  EXPECT_EQ(Mix_Volume(11, -1), 32) << "new channels are louder";
+  AudioVolumes().effects = 1.0F;
+}
+
+TEST_F(TwoAudioTasks, TheEndOfOneLeavesWhatIsTheOthersAlone) {
+  CTaskAudioSDLMixer* last = nullptr;
+  for (CTaskAudioSDLMixer* ends : {&myTask, &myOther}) {
+    last = ends == &myTask ? &myOther : &myTask;
+    for (CTaskAudioSDLMixer* task : {ends, last}) {
+      StartWith(*task, "22050, u8, 1, 1024, 3");
+      task->ExecuteCommand("PreloadEffect( two.wav )");
+      task->ExecuteCommand("PlayEffect( one.wav )");
+      task->ExecuteCommand("PlayMusic( two.wav )");
+    }
+    ends->Exit();
+    EXPECT_EQ(Mix_Playing(-1), 1) << "the other's effect";
+    EXPECT_NE(Mix_PlayingMusic(), 0) << "the other's track";
+    EXPECT_EQ(myLog.Count("new CSDLMixer"), myLog.Count("freed CSDLMixer") + 3);
+    EXPECT_NE(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+  }
+  last->Exit();
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0) << "the device is left open";
+  EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+  EXPECT_EQ(myLog.Count("new CSDLMixer"), myLog.Count("freed CSDLMixer"));
+}
+
+TEST_F(TwoAudioTasks, ATrackWaitsForTheOneThatWasStartedLast) {
+  StartWith(myOther, "");
+  Run("PlayMusic( one.wav )");
+  myOther.ExecuteCommand("PlayMusic( two.wav )");
+  Mix_HaltMusic();
+  myTask.Update();
+  EXPECT_EQ(Mix_PlayingMusic(), 0) << "a track that has ended is for its own task to start again";
+  myOther.ExecuteCommand("StopMusic");
+  myTask.Update();
+  EXPECT_NE(Mix_PlayingMusic(), 0);
 }
 
 TEST_F(AudioTest, OnlyAFileThatSdlWouldBreakOnIsRefused) {
