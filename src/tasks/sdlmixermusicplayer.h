@@ -37,6 +37,7 @@ class CSDLMixerMusicPlayer {
   void SetFade(int milliseconds);
   int FadeTime() const;
   bool StartMusic(const CSDLMixerMusicData& music);
+  void FadeOut() const;
   bool HasMixer() const { return ourLast == this; }
   bool WaitsForAnother() const;
   void ApplyVolume();
@@ -49,6 +50,7 @@ class CSDLMixerMusicPlayer {
   bool myFades = true;
   std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
   int myShortestFade;
+  int myFadeInTime = 0;       // of the current track
   bool myHasFailed = false;   // the last attempt to play
   unsigned myFailedTime = 0;  // when, on the global clock
 };

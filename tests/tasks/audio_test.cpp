@@ -178,6 +178,21 @@ TEST_F(AudioTest, VolumesFollowTheirVariablesAtOnceAndStayInRange) {
   EXPECT_EQ(Mix_Volume(-1, -1), 128);
 }
 
+// The device has a longer chunk than the task asks for, 371 ms: shorter fades have no step there.
+TEST_F(AudioTest, AStopDuringAShortFadeInHalts) {
+  ASSERT_EQ(Mix_OpenAudio(22050, AUDIO_S16LSB, 2, 8192), 0);
+  StartWith(myTask, "22050, s16lsb, 2, 512");
+  SDL_LockAudio();  // no fade gets on
+  for (const auto& [milliseconds, plays] : {std::pair{300, 0}, {999, 0}, {1000, 1}}) {
+    Run("PlayMusicFadeIn( one.wav, " + std::to_string(milliseconds) + " )");
+    Run("StopMusicFadeOut( 5000 )");
+    EXPECT_EQ(Mix_PlayingMusic(), plays) << milliseconds;
+  }
+  SDL_UnlockAudio();
+  myTask.Exit();
+  Mix_CloseAudio();
+}
+
 class TwoAudioTasks : public AudioTest {
  protected:
   TwoAudioTasks() {
