@@ -14,7 +14,7 @@ CSDLMixerEffectData::CSDLMixerEffectData(std::string fileName)
     : myFileName(std::move(fileName)), myChunk(nullptr) {
   CLog& log = *CLog::GetSingletonPtr();
   log << "new CSDLMixerEffectData( " << myFileName << " ) \n";
-  if (CheckSoundFile(myFileName)) {
+  if (CheckEffectFile(myFileName)) {
     myChunk = Mix_LoadWAV_RW(SDL_RWFromFile(myFileName.c_str(), "rb"), 1);
   }
   if (myChunk == nullptr) {
@@ -32,21 +32,15 @@ CSDLMixerEffectData::~CSDLMixerEffectData() {
   }
 }
 
-CSDLMixerEffectData* CSDLMixerEffectData::Get(const std::string& fileName) {
+CSmartPtr<CSDLMixerEffectData> CSDLMixerEffectData::Get(const std::string& fileName) {
   if (const List* cache = PeekList()) {
     const auto found = std::find_if(cache->Items().begin(), cache->Items().end(),
                                     [&](const auto* data) { return data->myFileName == fileName; });
     if (found != cache->Items().end()) {
-      return *found;
+      return CSmartPtr<CSDLMixerEffectData>(*found);
     }
   }
-  return new CSDLMixerEffectData(fileName);
-}
-
-void CSDLMixerEffectData::FreeAll() {
-  while (const List* cache = PeekList()) {
-    delete cache->Front();
-  }
+  return CSmartPtr<CSDLMixerEffectData>(new CSDLMixerEffectData(fileName));
 }
 
 }  // namespace vask

@@ -3,12 +3,14 @@
 #include <string>
 
 #include "utils/containers/autolist.h"
+#include "utils/smartptr/smartptr.h"
 
 struct Mix_Chunk;
 
 namespace vask {
 
-// A sound effect in memory. All of them together are the cache of effects, by file name.
+// A sound effect in memory. All of them together are the cache of effects, by file name; the
+// players share an effect and own it together.
 class CSDLMixerEffectData : public CAutoList<CSDLMixerEffectData> {
  public:
   // Loads the file; a file that is no sound is logged and leaves the effect without a chunk.
@@ -19,14 +21,12 @@ class CSDLMixerEffectData : public CAutoList<CSDLMixerEffectData> {
   CSDLMixerEffectData& operator=(const CSDLMixerEffectData&) = delete;
 
   // The effect of that file, loaded when it is not in the cache.
-  static CSDLMixerEffectData* Get(const std::string& fileName);
-  // Deletes every effect.
-  static void FreeAll();
+  static CSmartPtr<CSDLMixerEffectData> Get(const std::string& fileName);
 
   const std::string& GetFileName() const { return myFileName; }
   // Null when loading failed.
   Mix_Chunk* GetChunk() const { return myChunk; }
-  // Whether the effect stays in the cache when all is silent.
+  // Whether the effect stays in memory when all is silent.
   bool IsKept() const { return myKeep; }
   void Keep() { myKeep = true; }
 

@@ -2,8 +2,10 @@
 
 #include <SDL_mixer.h>
 
+#include <algorithm>
+#include <cstddef>
+
 #include "tasks/audiovolume.h"
-#include "tasks/sdlmixereffectdata.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -16,65 +18,77 @@ constexpr int kNoTimeLimit = -1;
 
 }  // namespace
 
-CSDLMixerEffectPlayer::CSDLMixerEffectPlayer() { ApplyVolume(); }
+CSDLMixerEffectPlayer::CSDLMixerEffectPlayer() {
+  ourUsers.resize(std::max(ourUsers.size(), static_cast<std::size_t>(Mix_AllocateChannels(-1))));
+  ApplyVolume();
+}
 
 CSDLMixerEffectPlayer::~CSDLMixerEffectPlayer() {
-  Mix_HaltChannel(kAllChannels);
-  CSDLMixerEffectData::FreeAll();
+  ForEachChannel([](int channel) {
+    Mix_HaltChannel(channel);
+    ourUsers[static_cast<std::size_t>(channel)] = nullptr;
+  });
 }
 
 void CSDLMixerEffectPlayer::Play(const std::string& fileName) {
-  const CSDLMixerEffectData* effect = CSDLMixerEffectData::Get(fileName);
-  if (effect->GetChunk() != nullptr &&
-      Mix_PlayChannelTimed(kFirstFreeChannel, effect->GetChunk(), 0, kNoTimeLimit) == -1) {
-    CLog& log = *CLog::GetSingletonPtr();
-    log.Warning() << "Could not play the effect: " << fileName << "\n";
-    log.Warning() << "SDL_Mixer says: " << SDL_GetError() << "\n";
-  }
+  const CEffectPtr effect = CSDLMixerEffectData::Get(fileName);
+  Hold(effect);
   myHasPlayed = true;
+  if (effect->GetChunk() == nullptr) {
+    return;
+  }
+  const int channel = Mix_PlayChannelTimed(kFirstFreeChannel, effect->GetChunk(), 0, kNoTimeLimit);
+  if (channel != -1) {
+    ourUsers[static_cast<std::size_t>(channel)] = this;
+    return;
+  }
+  CLog& log = *CLog::GetSingletonPtr();
+  log.Warning() << "Could not play the effect: " << fileName << "\n";
+  log.Warning() << "SDL_Mixer says: " << SDL_GetError() << "\n";
 }
 
 void CSDLMixerEffectPlayer::Preload(const std::string& fileName) {
-  CSDLMixerEffectData* effect = CSDLMixerEffectData::Get(fileName);
+  const CEffectPtr effect = CSDLMixerEffectData::Get(fileName);
   if (effect->GetChunk() == nullptr) {
-    delete effect;
+    std::erase(myEffects, effect);
   } else {
+    Hold(effect);
     effect->Keep();
   }
 }
 
-void CSDLMixerEffectPlayer::Pause() { Mix_Pause(kAllChannels); }
+void CSDLMixerEffectPlayer::Pause() { ForEachChannel(&Mix_Pause); }
 
-void CSDLMixerEffectPlayer::Resume() { Mix_Resume(kAllChannels); }
+void CSDLMixerEffectPlayer::Resume() { ForEachChannel(&Mix_Resume); }
 
 void CSDLMixerEffectPlayer::Update() {
-  ApplyVolume();
+  if (AudioVolumes().effects != mySettings[0]) {
+    ApplyVolume();
+  }
   if (myHasPlayed && Mix_Playing(kAllChannels) == 0) {
-    Sweep();
+    std::erase_if(myEffects, [](const CEffectPtr& effect) { return !effect->IsKept(); });
     myHasPlayed = false;
+  }
+}
+
+void CSDLMixerEffectPlayer::Hold(const CEffectPtr& effect) {
+  if (std::find(myEffects.begin(), myEffects.end(), effect) == myEffects.end()) {
+    myEffects.push_back(effect);
+  }
+}
+
+template <typename Visit>
+void CSDLMixerEffectPlayer::ForEachChannel(Visit visit) const {
+  for (std::size_t channel = 0; channel < ourUsers.size(); ++channel) {
+    if (ourUsers[channel] == this) {
+      visit(static_cast<int>(channel));
+    }
   }
 }
 
 void CSDLMixerEffectPlayer::ApplyVolume() {
   mySettings[0] = AudioVolumes().effects;
-  const int volume = ToMixerVolume(mySettings[0]);
-  if (Mix_Volume(0, -1) != volume) {
-    Mix_Volume(kAllChannels, volume);
-  }
-}
-
-// Walks a copy: the cache changes with every step.
-void CSDLMixerEffectPlayer::Sweep() {
-  const auto effects = CSDLMixerEffectData::GetList().Items();
-  for (CSDLMixerEffectData* effect : effects) {
-    if (!effect->IsKept()) {
-      delete effect;
-      continue;
-    }
-    CSDLMixerEffectData::List& cache = CSDLMixerEffectData::GetList();
-    cache.Remove(effect);
-    cache.Append(effect);
-  }
+  Mix_Volume(kAllChannels, ToMixerVolume(mySettings[0]));
 }
 
 }  // namespace vask

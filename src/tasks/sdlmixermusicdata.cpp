@@ -14,7 +14,7 @@ CSDLMixerMusicData::CSDLMixerMusicData(std::string fileName)
     : myFileName(std::move(fileName)), myMusic(nullptr) {
   CLog& log = *CLog::GetSingletonPtr();
   log << "new CSDLMixerMusicData( " << myFileName << " ) \n";
-  if (CheckSoundFile(myFileName)) {
+  if (CheckMusicFile(myFileName)) {
     myMusic = Mix_LoadMUS(myFileName.c_str());
   }
   if (myMusic == nullptr) {
@@ -32,26 +32,15 @@ CSDLMixerMusicData::~CSDLMixerMusicData() {
   }
 }
 
-CSDLMixerMusicData* CSDLMixerMusicData::Get(const std::string& fileName) {
+CSmartPtr<CSDLMixerMusicData> CSDLMixerMusicData::Get(const std::string& fileName) {
   if (const List* open = PeekList()) {
     const auto found = std::find_if(open->Items().begin(), open->Items().end(),
                                     [&](const auto* data) { return data->myFileName == fileName; });
     if (found != open->Items().end()) {
-      return *found;
+      return CSmartPtr<CSDLMixerMusicData>(*found);
     }
   }
-  return new CSDLMixerMusicData(fileName);
-}
-
-void CSDLMixerMusicData::FreeAll() {
-  while (const List* open = PeekList()) {
-    delete open->Front();
-  }
-}
-
-bool CSDLMixerMusicData::Lives(const CSDLMixerMusicData* data) {
-  const List* open = PeekList();
-  return open != nullptr && open->Contains(data);
+  return CSmartPtr<CSDLMixerMusicData>(new CSDLMixerMusicData(fileName));
 }
 
 }  // namespace vask

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "utils/containers/autolist.h"
-
 #include <SDL_mixer.h>
 
 #include <string>
 
+#include "utils/containers/autolist.h"
+#include "utils/smartptr/smartptr.h"
+
 namespace vask {
 
-// A music file that is open for playing.
+// A music file that is open for playing. Its players share it and own it together.
 class CSDLMixerMusicData : public CAutoList<CSDLMixerMusicData> {
  public:
   // Opens the file; a file that is no music is logged and leaves nothing to play.
@@ -19,11 +20,7 @@ class CSDLMixerMusicData : public CAutoList<CSDLMixerMusicData> {
   CSDLMixerMusicData& operator=(const CSDLMixerMusicData&) = delete;
 
   // The music of that file, opened when it is not open yet.
-  static CSDLMixerMusicData* Get(const std::string& fileName);
-  // Deletes every music object.
-  static void FreeAll();
-  // Whether the object still lives.
-  static bool Lives(const CSDLMixerMusicData* data);
+  static CSmartPtr<CSDLMixerMusicData> Get(const std::string& fileName);
 
   const std::string& GetFileName() const { return myFileName; }
   // Null when loading failed.

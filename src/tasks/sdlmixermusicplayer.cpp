@@ -14,8 +14,11 @@ namespace vask {
 
 namespace {
 
-// The mixer fades in steps of one chunk and divides by their number, so a fade needs at least one.
+// The mixer fades in steps of one chunk, so a fade needs at least one.
 constexpr int kShortestFade = 100;
+// A fade-out divides by the steps of the fade-in that it cuts short. There may be none: the device
+// may have taken a longer chunk than it was asked for, and does not tell.
+constexpr int kShortestFadeInToTurn = 1000;
 // A track that does not play is tried again after a while, not in every frame.
 constexpr unsigned kRetryDelay = 1000;
 
@@ -27,23 +30,21 @@ CSDLMixerMusicPlayer::CSDLMixerMusicPlayer(int chunkMilliseconds)
 }
 
 CSDLMixerMusicPlayer::~CSDLMixerMusicPlayer() {
-  Mix_HaltMusic();
-  CSDLMixerMusicData::FreeAll();
+  if (HasMixer()) {
+    Mix_HaltMusic();
+    ourLast = nullptr;
+  }
 }
 
 void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
   Resume();
-  CSDLMixerMusicData* music = CSDLMixerMusicData::Get(fileName);
+  const CSmartPtr<CSDLMixerMusicData> music = CSDLMixerMusicData::Get(fileName);
   if (music->GetMusic() == nullptr) {
-    delete music;
     return;
   }
   myHasFailed = !StartMusic(*music);
   myFailedTime = GetGlobalTime();
   myState = kPlaying;
-  if (music != myMusic && CSDLMixerMusicData::Lives(myMusic)) {
-    delete myMusic;
-  }
   myMusic = music;
 }
 
@@ -51,9 +52,13 @@ bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
   if (Mix_FadingMusic() == MIX_FADING_OUT) {
     Mix_HaltMusic();  // the mixer would block this thread until the fade is over
   }
-  const int result = myFades ? Mix_FadeInMusicPos(music.GetMusic(), 0, FadeTime(), 0.0)
+  myFadeInTime = myFades ? FadeTime() : 0;
+  const int result = myFades ? Mix_FadeInMusicPos(music.GetMusic(), 0, myFadeInTime, 0.0)
                              : Mix_PlayMusic(music.GetMusic(), 0);
+  // A fade-in without a step would leave it silent; one with steps sets its own volume.
+  Mix_VolumeMusic(ToMixerVolume(mySettings[0]));
   myFades = false;
+  ourLast = this;
   if (result == -1) {
     CLog& log = *CLog::GetSingletonPtr();
     log.Warning() << "Could not play music: " << music.GetFileName() << "\n";
@@ -68,14 +73,22 @@ void CSDLMixerMusicPlayer::PlayFadeIn(const std::string& fileName, int milliseco
 }
 
 void CSDLMixerMusicPlayer::Stop() {
-  if (myState == kPlaying) {
+  if (myState == kPlaying && HasMixer()) {
     if (myFades && FadeTime() > 0) {
-      Mix_FadeOutMusic(FadeTime());
+      FadeOut();
     } else {
       Mix_HaltMusic();
     }
   }
   myState = kStopped;
+}
+
+void CSDLMixerMusicPlayer::FadeOut() const {
+  if (Mix_FadingMusic() == MIX_FADING_IN && myFadeInTime < kShortestFadeInToTurn) {
+    Mix_HaltMusic();
+  } else {
+    Mix_FadeOutMusic(FadeTime());
+  }
 }
 
 void CSDLMixerMusicPlayer::StopFadeOut(int milliseconds) {
@@ -86,25 +99,33 @@ void CSDLMixerMusicPlayer::StopFadeOut(int milliseconds) {
 void CSDLMixerMusicPlayer::Pause() {
   if (myState == kPlaying) {
     myState = kPaused;
-    Mix_PauseMusic();
+    if (HasMixer()) {
+      Mix_PauseMusic();
+    }
   }
 }
 
 void CSDLMixerMusicPlayer::Resume() {
   if (myState == kPaused) {
     myState = kPlaying;
-    Mix_ResumeMusic();
+    if (HasMixer()) {
+      Mix_ResumeMusic();
+    }
   }
 }
 
 void CSDLMixerMusicPlayer::Update() {
   ApplyVolume();
-  if (myState != kPlaying || Mix_PlayingMusic() != 0 || !CSDLMixerMusicData::Lives(myMusic)) {
+  if (myState != kPlaying || !myMusic || Mix_PlayingMusic() != 0 || WaitsForAnother()) {
     return;
   }
   if (!myHasFailed || HasReached(GetGlobalTime(), myFailedTime + kRetryDelay)) {
     Play(std::string(myMusic->GetFileName()));
   }
+}
+
+bool CSDLMixerMusicPlayer::WaitsForAnother() const {
+  return ourLast != nullptr && ourLast != this && ourLast->myState != kStopped;
 }
 
 // Only what is new is set: setting it holds up the mixer.

@@ -3,18 +3,20 @@
 #include <array>
 #include <string>
 
-namespace vask {
+#include "tasks/sdlmixermusicdata.h"
+#include "utils/smartptr/smartptr.h"
 
-class CSDLMixerMusicData;
+namespace vask {
 
 // Plays one music track at a time over the mixer, which must be open for as long as the player
 // lives. A track plays again when it has ended. Fades are in milliseconds; the first track fades in
-// over three seconds.
+// over three seconds. The mixer has one track for all players: the one that was started last is
+// heard, and the others wait until its player has stopped or gone.
 class CSDLMixerMusicPlayer {
  public:
   // A fade shorter than the mixer's chunk is none.
   explicit CSDLMixerMusicPlayer(int chunkMilliseconds);
-  // Silences and frees all music.
+  // Silences and frees this player's music.
   ~CSDLMixerMusicPlayer();
   CSDLMixerMusicPlayer(const CSDLMixerMusicPlayer&) = delete;
   CSDLMixerMusicPlayer& operator=(const CSDLMixerMusicPlayer&) = delete;
@@ -35,14 +37,20 @@ class CSDLMixerMusicPlayer {
   void SetFade(int milliseconds);
   int FadeTime() const;
   bool StartMusic(const CSDLMixerMusicData& music);
+  void FadeOut() const;
+  bool HasMixer() const { return ourLast == this; }
+  bool WaitsForAnother() const;
   void ApplyVolume();
 
-  CSDLMixerMusicData* myMusic = nullptr;  // current
+  static inline const CSDLMixerMusicPlayer* ourLast = nullptr;  // that has started a track
+
+  CSmartPtr<CSDLMixerMusicData> myMusic;  // current
   int myState = kPaused;
   int myFadeTime = 3000;
   bool myFades = true;
   std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
   int myShortestFade;
+  int myFadeInTime = 0;       // of the current track
   bool myHasFailed = false;   // the last attempt to play
   unsigned myFailedTime = 0;  // when, on the global clock
 };

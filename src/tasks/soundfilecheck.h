@@ -4,10 +4,11 @@
 
 namespace vask {
 
-// Whether the sound file may be handed to SDL, which trusts a wave file's own description: a
-// frequency of nearly nothing makes it write behind its tables, and it waits for ever for data that
-// are not there. Sets SDL's error when not. Files of other kinds, and missing ones, pass: there SDL
-// reports by itself.
-bool CheckSoundFile(const std::string& fileName);
+// Whether a file may be handed to SDL, as an effect or as music; the mixer must be open. SDL trusts
+// what a wave file tells of itself and writes behind its tables, divides by zero, frees twice or
+// waits for ever where that does not hold. Such a file is refused, and one that cannot be opened;
+// all else passes, because SDL plays it or refuses it by itself. Sets SDL's error when refused.
+bool CheckEffectFile(const std::string& fileName);
+bool CheckMusicFile(const std::string& fileName);
 
 }  // namespace vask

@@ -8,6 +8,7 @@
 
 namespace vask {
 
+class CAudioDevice;
 class CSDLMixerEffectPlayer;
 class CSDLMixerMusicPlayer;
 
@@ -19,7 +20,9 @@ class CSDLMixerMusicPlayer;
 //   Audio::PlayEffect( "data/sfx/hit.wav" )
 //
 // The variables "audio_music_volume" and "audio_effect_volume" say how loud. Without an audio
-// device the game plays on in silence.
+// device the game plays on in silence. Several audio tasks share the device and the mixing
+// channels; each has its own effects and its own music, of which the one that was started last is
+// heard.
 class CTaskAudioSDLMixer : public CTask {
  public:
   class CAudioConsoleImpl;
@@ -28,7 +31,8 @@ class CTaskAudioSDLMixer : public CTask {
   ~CTaskAudioSDLMixer() override;
 
   // The frequency, the name of the sample format, the number of output channels, the chunk size and
-  // the number of mixing channels; each may be left out from the end.
+  // the number of mixing channels; each may be left out from the end. A number out of its range is
+  // held to it, and one of the wrong kind passed over, each with a line in the log.
   bool Start(CConsoleParams* params) override;
   // True when the mixer is running.
   bool Start() override;
@@ -39,14 +43,9 @@ class CTaskAudioSDLMixer : public CTask {
   bool ExecuteCommand(const std::string& line) override;
 
  private:
-  void ReadNumber(CConsoleParams& params, int index, int least, int most, int& value,
-                  const char* complaint) const;
-  void ReadFormat(CConsoleParams& params);
-  bool OpenDevice();
-  void DescribeDevice();
-  void CloseDevice();
-  void FreePlayers();
+  void ReadFormat(const CConsoleParams& params);
 
+  std::unique_ptr<CAudioDevice> myDevice;  // goes after all that plays on it
   std::unique_ptr<CSDLMixerMusicPlayer> myMusicPlayer;
   std::unique_ptr<CSDLMixerEffectPlayer> myEffectPlayer;
   std::unique_ptr<CAudioConsoleImpl> myAudioConsole;
@@ -55,8 +54,6 @@ class CTaskAudioSDLMixer : public CTask {
   int myChannels = 2;       // 1 mono, 2 stereo
   int myChunkSize = 1024;   // samples that are mixed at a time
   int myMixChannels = 8;    // effects that play at the same time
-  int myDeviceFrequency = 0;
-  bool myIsOpen = false;
 };
 
 }  // namespace vask
