@@ -1,11 +1,11 @@
 #include "input/recordmouse.h"
 
 #include <cstdint>
-#include <fstream>
 #include <utility>
 
 #include "events/eventbridge.h"
 #include "platform/wallclock.h"
+#include "utils/outputfile.h"
 #include "utils/randomstate.h"
 #include "utils/timer/globaltimerimpl.h"
 
@@ -14,7 +14,7 @@ namespace vask {
 CRecordMouse::CRecordMouse(std::string fileName) : myFileName(std::move(fileName)) {
   CEventBridge::GetSingletonPtr()->AddMouseListener(this);
   const std::int64_t seed = platform::WallClockSeconds();
-  std::ofstream(myFileName) << seed << "\n";
+  OpenOutputFile(myFileName) << seed << "\n";
   CRandomState::GetSingletonPtr()->SetSeed(static_cast<std::uint32_t>(seed));
 }
 
@@ -30,7 +30,7 @@ void CRecordMouse::OnMouseButtonDown(int button) { AppendButton(SMouseEvent::kBu
 void CRecordMouse::OnMouseButtonUp(int button) { AppendButton(SMouseEvent::kButtonUp, button); }
 
 void CRecordMouse::Append(const SMouseEvent& event) const {
-  std::ofstream(myFileName, std::ios::app) << event.ToLine() << "\n";
+  OpenOutputFile(myFileName, std::ios::app) << event.ToLine() << "\n";
 }
 
 void CRecordMouse::AppendButton(SMouseEvent::EType type, int button) const {

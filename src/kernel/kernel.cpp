@@ -59,7 +59,7 @@ void CKernel::RunFrame() {
 
 void CKernel::UpdateTasks() {
   ++myFrame;
-  CWalkList<CTask>::CWalk walk(myTasks);
+  decltype(myTasks)::CWalk walk(myTasks);
   while (CTask* task = walk.Next()) {
     // A task that left the list and came back in this frame may stand before the walk again.
     if (!task->IsDead() && task->myUpdatedFrame != myFrame) {
@@ -103,12 +103,7 @@ bool CKernel::HasReturned(const CTask* task) {
   return myTasksInHook.Remove(task) && !task->IsDead();
 }
 
-void CKernel::InsertSorted(CTask* task) {
-  const std::vector<CTask*>& tasks = myTasks.Items();
-  const auto place = std::find_if(tasks.begin(), tasks.end(),
-                                  [=](const CTask* other) { return !other->IsLessThan(task); });
-  myTasks.Insert(static_cast<std::size_t>(place - tasks.begin()), task);
-}
+void CKernel::InsertSorted(CTask* task) { myTasks.Prepend(task); }
 
 void CKernel::PauseTask(CTask* task) {
   // Whoever pauses a task by name means it: the focus will not bring this one back.
@@ -162,9 +157,10 @@ void CKernel::KillTask(CTask* task) {
 }
 
 void CKernel::ForgetTask(CTask* task) {
-  for (CWalkList<CTask>* list : {&myTasks, &myPausedTasks, &myFocusPausedTasks, &myTasksInHook}) {
-    while (list->Remove(task)) {
-    }
+  myTasks.Remove(task);
+  myPausedTasks.Remove(task);
+  myFocusPausedTasks.Remove(task);
+  while (myTasksInHook.Remove(task)) {
   }
   myTimedTasks.ForgetTask(task);
 }
@@ -173,47 +169,41 @@ void CKernel::KillAllTasks() {
   // Parked tasks go together with the running ones, each in its turn: the game, which may be
   // waiting for the focus, before the graphics it uses, the window after everything that draws.
   myKillsAll = true;
-  while (CTask* task = FirstToKill()) {
+  while (CTask* task = TakeFirstTask()) {
     KillTask(task);
   }
   myTimedTasks.Exit();
   myKillsAll = false;
-  RemoveDeadTasks();
 }
 
-CTask* CKernel::FirstToKill() const {
-  CTask* first = nullptr;
-  for (const CWalkList<CTask>* list : {&myTasks, &myPausedTasks}) {
-    for (CTask* task : list->Items()) {
-      if (!task->IsDead() && (first == nullptr || task->GetPriority() < first->GetPriority())) {
-        first = task;
-      }
-    }
-  }
+CTask* CKernel::TakeFirstTask() {
+  CTask* running = myTasks.Front();
+  CTask* parked = myPausedTasks.Front();
+  const bool isParked =
+      running == nullptr || (parked != nullptr && SEndsEarlier()(parked, running));
+  CTask* first = isParked ? parked : running;
+  myTasks.Remove(first);
+  myPausedTasks.Remove(first);
   return first;
 }
 
 void CKernel::RemoveDeadTasks() {
   myRemovePending = false;
-  for (CWalkList<CTask>* list : {&myTasks, &myPausedTasks}) {
-    for (CTask* task : std::vector<CTask*>(list->Items())) {
-      if (task->IsDead()) {
-        list->Remove(task);
-      }
-    }
-  }
+  const auto isDead = [](const CTask* task) { return task->IsDead(); };
+  myTasks.RemoveIf(isDead);
+  myPausedTasks.RemoveIf(isDead);
 }
 
 bool CKernel::HasFocus() const { return myFocusHandler->HasFocus(); }
 
 void CKernel::OnFocusLost() {
-  CWalkList<CTask>::CWalk running(myTasks);
+  decltype(myTasks)::CWalk running(myTasks);
   while (CTask* task = running.Next()) {
     if (!task->IsDead() && task->PauseOnFocusLost()) {
-      myFocusPausedTasks.AppendOnce(task);
+      myFocusPausedTasks.Append(task);
     }
   }
-  CWalkList<CTask>::CWalk collected(myFocusPausedTasks);
+  decltype(myFocusPausedTasks)::CWalk collected(myFocusPausedTasks);
   while (CTask* task = collected.Next()) {
     ParkTask(task);
   }

@@ -5,13 +5,13 @@
 
 #include "designpatterns/singleton.h"
 #include "designpatterns/walklist.h"
+#include "designpatterns/walkset.h"
 #include "events/windowlistener.h"
 #include "kernel/tasktimedtasks.h"
 
 namespace vask {
 
 class CConsoleParams;
-class CTask;
 
 // Owns the main loop: every frame it updates the live tasks of the run list in priority order, then
 // runs the cooperative threads. It does not own the tasks. Tasks may start, pause, resume and kill
@@ -58,12 +58,22 @@ class CKernel : public CStaticSingleton<CKernel> {
   int& FrameSleep() { return myFrameSleep; }
 
  private:
+  struct SRunsEarlier {
+    bool operator()(const CTask* a, const CTask* b) const { return a->IsLessThan(b); }
+  };
+  struct SEndsEarlier {
+    bool operator()(const CTask* a, const CTask* b) const {
+      return a->GetPriority() < b->GetPriority();
+    }
+  };
+
   void InsertSorted(CTask* task);
   void ParkTask(CTask* task);
   // Ends the time of a task in its hook; whether it is still alive and wants a place in a list.
   bool HasReturned(const CTask* task);
   void KillAllTasks();
-  CTask* FirstToKill() const;
+  // Takes the first of the running and parked tasks out of its list; null when there is none.
+  CTask* TakeFirstTask();
   void RemoveDeadTasks();
   void OnFocusLost();
   void OnFocusGained();
@@ -71,9 +81,9 @@ class CKernel : public CStaticSingleton<CKernel> {
   void UpdateTasks();
   void RestAfterFrame();
 
-  CWalkList<CTask> myTasks;
-  CWalkList<CTask> myPausedTasks;
-  CWalkList<CTask> myFocusPausedTasks;
+  CWalkSet<CTask, SRunsEarlier> myTasks;
+  CWalkSet<CTask, SEndsEarlier> myPausedTasks;
+  CWalkSet<CTask> myFocusPausedTasks;
   std::unique_ptr<CWindowFocusHandler> myFocusHandler;
   bool myRemovePending = false;
   bool myQuit = false;

@@ -30,7 +30,7 @@ class CTask {
   virtual void Exit();
   virtual void Pause();
   virtual void Resume();
-  // Lower values are updated first.
+  // Lower values are updated first. Counts from the next start, pause or resume.
   virtual void SetPriority(int priority);
   virtual int GetPriority() const;
   virtual bool IsDead() const;
@@ -55,6 +55,9 @@ class CTask {
   friend class CKernel;
   // The kernel's frame in which the task was last updated; 0 for none.
   std::uint64_t myUpdatedFrame = 0;
+  friend class CTaskTimedTasks;
+  // When it is to be updated next, on the runner's clock.
+  std::int64_t myDueTime = 0;
 };
 
 }  // namespace vask

@@ -1,7 +1,6 @@
 #include "kernel/tasktimedtasks.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "kernel/kernel.h"
 #include "utils/timer/globaltimerimpl.h"
@@ -25,52 +24,48 @@ CTaskTimedTasks::CTaskTimedTasks() {
   SetPriority(kPriority);
 }
 
-bool CTaskTimedTasks::Start() { return !myTimedTasks.empty(); }
+bool CTaskTimedTasks::Start() { return !myTimedTasks.IsEmpty(); }
 
 void CTaskTimedTasks::Update() {
   if (myRemovePending) {
     RemoveDeadTasks();
   }
-  while (!myTimedTasks.empty()) {
-    const auto [task, due] = myTimedTasks.front();
+  while (CTask* task = myTimedTasks.Front()) {
     if (task->IsDead() || !task->IsTimed()) {
-      myTimedTasks.erase(myTimedTasks.begin());
+      myTimedTasks.Remove(task);
       continue;
     }
-    if (HasReached(due, GetGlobalTime())) {
+    const std::int64_t due = task->myDueTime;
+    if (Now() <= due) {
       return;
     }
     task->Update();
-    // The update may have paused, killed or deleted any task. A record with another time was made
-    // anew meanwhile and has its next time already.
-    const auto record = Find(task);
-    if (record != myTimedTasks.end() && record->nextTime == due) {
-      record->nextTime += IntervalOf(task);
-      MoveBack(record);
+    // The update may have paused, killed or deleted any task. One with another time was added anew
+    // meanwhile and has its next time already.
+    if (myTimedTasks.Contains(task) && task->myDueTime == due) {
+      myTimedTasks.Remove(task);
+      task->myDueTime += IntervalOf(task);
+      myTimedTasks.Prepend(task);
     }
   }
 }
 
 void CTaskTimedTasks::Exit() {
-  while (CTask* task = FindLive()) {
+  while (CTask* task = TakeFirstTask()) {
     KillTask(task);
   }
-  myTimedTasks.clear();
-  myPausedTasks.Clear();
 }
 
-CTask* CTaskTimedTasks::FindLive() const {
-  for (const SRecord& record : myTimedTasks) {
-    if (!record.task->IsDead()) {
-      return record.task;
-    }
-  }
-  for (CTask* task : myPausedTasks.Items()) {
-    if (!task->IsDead()) {
-      return task;
-    }
-  }
-  return nullptr;
+CTask* CTaskTimedTasks::TakeFirstTask() {
+  CTask* first = myTimedTasks.IsEmpty() ? myPausedTasks.Front() : myTimedTasks.Front();
+  myTimedTasks.Remove(first);
+  myPausedTasks.Remove(first);
+  return first;
+}
+
+std::int64_t CTaskTimedTasks::Now() {
+  myNow += static_cast<std::int32_t>(GetGlobalTime() - static_cast<std::uint32_t>(myNow));
+  return myNow;
 }
 
 void CTaskTimedTasks::StartTask(CTask* task) {
@@ -92,11 +87,12 @@ bool CTaskTimedTasks::HasReturned(const CTask* task) {
 
 void CTaskTimedTasks::AddTask(CTask* task) {
   CKernel* kernel = CKernel::PeekSingletonPtr();
-  if (myTimedTasks.empty() && kernel != nullptr) {
+  if (myTimedTasks.IsEmpty() && kernel != nullptr) {
     kernel->ResumeTask(this);
   }
-  myTimedTasks.push_back({task, GetGlobalTime() + IntervalOf(task)});
-  MoveForward(std::prev(myTimedTasks.end()));
+  myTimedTasks.Remove(task);  // its place goes by the time
+  task->myDueTime = Now() + IntervalOf(task);
+  myTimedTasks.Append(task);
 }
 
 void CTaskTimedTasks::KillTask(CTask* task) {
@@ -108,11 +104,9 @@ void CTaskTimedTasks::KillTask(CTask* task) {
 }
 
 void CTaskTimedTasks::PauseTask(CTask* task) {
-  const auto record = Find(task);
-  if (record == myTimedTasks.end() || task->IsDead()) {
+  if (task->IsDead() || !myTimedTasks.Remove(task)) {
     return;
   }
-  myTimedTasks.erase(record);
   myTasksInHook.Append(task);
   task->Pause();
   if (HasReturned(task)) {
@@ -132,42 +126,15 @@ void CTaskTimedTasks::ResumeTask(CTask* task) {
 }
 
 void CTaskTimedTasks::ForgetTask(CTask* task) {
-  std::erase_if(myTimedTasks, [=](const SRecord& record) { return record.task == task; });
-  for (CWalkList<CTask>* list : {&myPausedTasks, &myTasksInHook}) {
-    while (list->Remove(task)) {
-    }
-  }
-}
-
-std::vector<CTaskTimedTasks::SRecord>::iterator CTaskTimedTasks::Find(const CTask* task) {
-  return std::find_if(myTimedTasks.begin(), myTimedTasks.end(),
-                      [=](const SRecord& record) { return record.task == task; });
-}
-
-// The two moves sort the one record that is out of its place. Times on a wrapping clock have no
-// strict order over the whole range, which a sort of the library could not bear.
-void CTaskTimedTasks::MoveBack(std::vector<SRecord>::iterator record) {
-  for (auto next = std::next(record);
-       next != myTimedTasks.end() && !HasReached(next->nextTime, record->nextTime);
-       record = next++) {
-    std::iter_swap(record, next);
-  }
-}
-
-void CTaskTimedTasks::MoveForward(std::vector<SRecord>::iterator record) {
-  while (record != myTimedTasks.begin()) {
-    const auto previous = std::prev(record);
-    if (HasReached(record->nextTime, previous->nextTime)) {
-      return;
-    }
-    std::iter_swap(previous, record);
-    record = previous;
+  myTimedTasks.Remove(task);
+  myPausedTasks.Remove(task);
+  while (myTasksInHook.Remove(task)) {
   }
 }
 
 void CTaskTimedTasks::RemoveDeadTasks() {
   myRemovePending = false;
-  std::erase_if(myTimedTasks, [](const SRecord& record) { return record.task->IsDead(); });
+  myTimedTasks.RemoveIf([](const CTask* task) { return task->IsDead(); });
 }
 
 }  // namespace vask

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <vector>
+#include <cstdint>
 
 #include "designpatterns/walklist.h"
+#include "designpatterns/walkset.h"
 #include "kernel/task.h"
 
 namespace vask {
@@ -31,25 +32,24 @@ class CTaskTimedTasks : public CTask {
   void ForgetTask(CTask* task);
 
  private:
-  struct SRecord {
-    CTask* task;
-    unsigned nextTime;
+  struct SDueEarlier {
+    bool operator()(const CTask* a, const CTask* b) const { return a->myDueTime < b->myDueTime; }
   };
 
-  std::vector<SRecord>::iterator Find(const CTask* task);
-  CTask* FindLive() const;
   // See CKernel.
   bool HasReturned(const CTask* task);
-  // Bring the record to its place in the order of next times: behind all that are due earlier, and
-  // among equals on the side that it comes from.
-  void MoveBack(std::vector<SRecord>::iterator record);
-  void MoveForward(std::vector<SRecord>::iterator record);
+  // Takes the first of all out of its list; null when there is none.
+  CTask* TakeFirstTask();
+  // The global clock in milliseconds, carried on over its wraps: times on a wrapping clock have no
+  // order that a list could be sorted by.
+  std::int64_t Now();
   void RemoveDeadTasks();
 
-  std::vector<SRecord> myTimedTasks;
-  CWalkList<CTask> myPausedTasks;
+  CWalkSet<CTask, SDueEarlier> myTimedTasks;
+  CWalkSet<CTask> myPausedTasks;
   bool myRemovePending = false;
   CWalkList<CTask> myTasksInHook;
+  std::int64_t myNow = 0;
 };
 
 }  // namespace vask

@@ -41,7 +41,7 @@ void ChooseDriver() {
 }
 
 // Full screen must end, and the display's mode come back, however the program ends.
-void QuitSdlAtExit() { [[maybe_unused]] static const int registered = std::atexit(SDL_Quit); }
+void QuitSdlAtExit() { [[maybe_unused]] static const int registered = std::atexit(sdl::Quit); }
 
 void LogVersions() {
   Log() << "Compiled with SDL version: " << SDL_MAJOR_VERSION << "." << SDL_MINOR_VERSION << "."
@@ -117,7 +117,7 @@ void CTaskWindowSDL::Exit() {
     bridge->RemoveResizeListener(this);
   }
   myScreen = nullptr;
-  SDL_Quit();
+  sdl::Quit();
 }
 
 bool CTaskWindowSDL::ExecuteCommand(const std::string& line) {

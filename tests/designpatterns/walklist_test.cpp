@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <random>
+
+#include "designpatterns/walkset.h"
 
 namespace vask {
 namespace {
@@ -52,6 +56,43 @@ TEST(WalkList, WalksSurviveEveryChange) {
       EXPECT_EQ(walked, onlyPresent ? c.present : c.walked) << c.what;
     }
   }
+}
+
+// The plain list tells what the one for very many has to do.
+TEST(WalkSet, BehavesLikeASortedWalkList) {
+  struct SByRank {
+    bool operator()(const char* a, const char* b) const { return *a < *b; }
+  };
+  using Set = CWalkSet<const char, SByRank>;
+  std::mt19937 random;
+  std::string ranks(3000, 'a');
+  std::ranges::generate(ranks, [&] { return static_cast<char>('a' + random() % 10); });
+  List list;
+  auto set = std::make_unique<Set>();
+  auto listWalk = std::make_unique<List::CWalk>(list);
+  auto setWalk = std::make_unique<Set::CWalk>(*set);
+  for (int step = 0; step < 30'000; ++step) {
+    const char* item = &ranks[random() % ranks.size()];
+    if (list.Contains(item)) {
+      list.Remove(item);
+      EXPECT_TRUE(set->Remove(item));
+    } else if (step < 10'000) {  // from then on they only go
+      const auto [begin, end] = std::ranges::equal_range(list.Items(), item, SByRank());
+      const bool isFirst = step % 2 == 0;
+      list.Insert(static_cast<std::size_t>((isFirst ? begin : end) - list.Items().begin()), item);
+      isFirst ? set->Prepend(item) : set->Append(item);
+    }
+    const char* next = listWalk->Next();
+    ASSERT_EQ(setWalk->Next(), next) << "step " << step;
+    ASSERT_EQ(set->Front(), list.IsEmpty() ? nullptr : list.Front()) << "step " << step;
+    if (next == nullptr) {
+      listWalk = std::make_unique<List::CWalk>(list);
+      setWalk = std::make_unique<Set::CWalk>(*set);
+    }
+  }
+  EXPECT_EQ(set->Items(), list.Items());
+  set.reset();
+  EXPECT_EQ(setWalk->Next(), nullptr);
 }
 
 }  // namespace

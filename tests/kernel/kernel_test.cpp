@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <functional>
 
 #include "events/eventbridge.h"
@@ -177,6 +178,30 @@ TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
   Focus(false);
   RunFrames(0, nullptr);
   EXPECT_EQ(record, "first gfx first.exit game.exit gfx.exit timed.exit window.exit ");
+}
+
+// Whoever looks through all tasks for each that starts or ends asks each as often.
+TEST_F(CKernelTest, VeryManyTasksAreAskedFewTimesEach) {
+  static int asked = 0;
+  struct CAsked : CTask {
+    void Update() override {}
+    bool IsDead() const override {
+      ++asked;
+      return CTask::IsDead();
+    }
+    bool IsLessThan(const CTask* other) const override {
+      ++asked;
+      return CTask::IsLessThan(other);
+    }
+  };
+  std::deque<CAsked> many(3000);
+  for (std::size_t i = 0; i < many.size(); ++i) {
+    many[i].SetPriority(static_cast<int>(i));
+    many[i].SetTimedInterval(i % 2 == 0 ? 10 : 0);
+    Kernel().StartTask(&many[i], nullptr);
+  }
+  RunFrames(1, [this](int) { clock.Advance(15); });
+  EXPECT_LT(asked, 3000 * 40);
 }
 
 TEST_F(CKernelTest, ParkedTasksDoNotKeepTheProgramAlive) {

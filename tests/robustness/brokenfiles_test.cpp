@@ -1,8 +1,10 @@
 // Every data file that the game ships, broken in every plain way, goes through the code that reads
 // it: nothing may crash, hang or read outside its memory.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -17,10 +19,13 @@
 #include "gfx/font.h"
 #include "gfx/spritefactory.h"
 #include "gfx/textsprite.h"
+#include "input/recordmouse.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "tasks/taskaudiosdlmixer.h"
 #include "tasks/taskwindowsdl.h"
+#include "utils/log/logfile.h"
+#include "utils/xml/xml.h"
 
 namespace fs = std::filesystem;
 
@@ -169,6 +174,25 @@ TEST_F(BrokenFiles, ShippedFilesAreWhole) {
   });
   EXPECT_TRUE(LoadFont("data/gfx/numbers.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
+}
+
+// Whoever wrote into a pipe would wait for a reader for ever. This one has a reader, to tell.
+TEST(Pipes, AreNotWrittenTo) {
+  const std::string pipe = "pipe.tga";
+  const std::map<std::string, std::function<void()>> writers = {
+      {"log", [&] { CLogFile(pipe, "", true).WriteLine("line\n", kLogNormal); }},
+      {"recorder", [&] { CRecordMouse(pipe).OnMouseMove(1, 2); }},
+      {"picture",
+       [&] { CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile(pipe); }},
+      {"XML", [&] { WriteXmlFile(CXmlElement(), pipe); }}};
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  for (const auto& [name, write] : writers) {
+    write();
+    char byte = 0;
+    EXPECT_EQ(read(reader, &byte, 1), 0) << name;
+  }
+  close(reader);
 }
 
 }  // namespace

@@ -45,9 +45,11 @@ TEST_F(CGfxTest, FramesAreAtLeast16MillisecondsApart) {
 }
 
 TEST_F(CGfxTest, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {
-  myWindow.Exit();
   myTask.Start();
   myTask.Update();
+  myWindow.Exit();
+  EXPECT_TRUE(Gfx::GetScreen()->IsEmpty()) << "keeps what SDL has freed";
+  Gfx::GetScreen()->PutPixel(0, 0, CColor());
   myWindow.Start();
   CLogCapture log;
   DrawsFrame(16);

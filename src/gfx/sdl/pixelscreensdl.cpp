@@ -1,7 +1,6 @@
 #include "gfx/sdl/pixelscreensdl.h"
 
 #include "gfx/gfx.h"
-#include "gfx/sdl/video.h"
 #include "kernel/applicationfactory.h"
 #include "utils/log/log.h"
 
@@ -31,10 +30,15 @@ CPixelScreenSDL::CPixelScreenSDL() { RegisterVariables(); }
 
 CPixelScreenSDL::~CPixelScreenSDL() { SetSurface(nullptr, false); }
 
-void CPixelScreenSDL::Reset(SDL_Surface* surface) {
-  SetSurface(surface, false);
+void CPixelScreenSDL::GiveUpScreen() {
+  SetSurface(nullptr, false);
   myDirtyRects.clear();
   myUpdateAll = false;
+}
+
+void CPixelScreenSDL::Reset(SDL_Surface* surface) {
+  GiveUpScreen();
+  SetSurface(surface, false);
   Gfx::ScreenRect() = GetRect();
   CLog& log = *CLog::GetSingletonPtr();
   log << "myWidth = " << GetWidth() << "\n";

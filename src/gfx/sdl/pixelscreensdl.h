@@ -4,13 +4,14 @@
 #include <deque>
 
 #include "gfx/sdl/pixelsdl.h"
+#include "gfx/sdl/video.h"
 
 namespace vask {
 
 // The screen's picture, over SDL's own surface, which it never releases. It keeps a list of changed
 // rectangles for the next flip; the console variable "gfx_flip_rects_size" bounds the list (0: no
 // bound), beyond it everything counts as changed.
-class CPixelScreenSDL : public CPixelSDL {
+class CPixelScreenSDL : public CPixelSDL, public sdl::CScreenHolder {
  public:
   // Registers the console variables.
   CPixelScreenSDL();
@@ -26,6 +27,8 @@ class CPixelScreenSDL : public CPixelSDL {
   // Follows SDL's surface, which keeps its address while its size and pixels change. The
   // process-wide screen rectangle becomes the surface's.
   void Reset(SDL_Surface* surface);
+  // Is empty until the next reset.
+  void GiveUpScreen() override;
 
   // Whether the next flip shows everything, and how many rectangles it shows otherwise.
   bool IsUpdateAll() const { return myUpdateAll; }

@@ -12,6 +12,7 @@
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/tgawriter.h"
 #include "gfx/sdl/transform.h"
+#include "utils/inputfile.h"
 
 namespace vask {
 
@@ -301,7 +302,7 @@ void CPixelSDL::SetParam(int which, const CAnyContainer& value) {
 
 bool CPixelSDL::SaveToFile(const std::string& name) const {
   SDL_Surface* surface = GetClippedSurface();
-  if (surface == nullptr) {
+  if (surface == nullptr || IsEndless(name)) {
     return false;
   }
   return name.ends_with("tga") ? sdl::SaveTga(surface, name)

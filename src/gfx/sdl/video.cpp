@@ -16,6 +16,14 @@ constexpr int kMaxScreenSide = 16383;
 // the first mode's size, and write past its end when the screen has become larger.
 bool KeepsFirstSize() { return SDL_Linked_Version()->patch > 68; }
 
+void TakeScreenFromHolders() {
+  if (CScreenHolder::List* holders = CScreenHolder::PeekList()) {
+    for (CScreenHolder* holder : holders->Items()) {
+      holder->GiveUpScreen();
+    }
+  }
+}
+
 bool IsOtherSize(int width, int height) {
   const SDL_Surface* screen = SDL_GetVideoSurface();
   return screen != nullptr && (screen->w != width || screen->h != height);
@@ -36,6 +44,7 @@ SDL_Surface* GetVideoSurface() {
 }
 
 SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags) {
+  TakeScreenFromHolders();
   SDL_Surface* screen = nullptr;
   if (!HasVideo()) {
     // SDL_SetVideoMode would start whatever driver it finds.
@@ -51,6 +60,11 @@ SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags
   }
   ourModeFailed = screen == nullptr;
   return screen;
+}
+
+void Quit() {
+  TakeScreenFromHolders();
+  SDL_Quit();
 }
 
 int GetModeDepth(int width, int height, int depth, std::uint32_t flags) {

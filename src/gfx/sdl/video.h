@@ -5,9 +5,20 @@
 #include <cstdint>
 #include <string>
 
+#include "utils/containers/autolist.h"
+
 // SDL's video calls that crash, or answer a surface that is gone, while there is no video: here
 // they answer "nothing" instead.
 namespace vask::sdl {
+
+// Keeps the screen's surface, which is SDL's to free: it does so when it quits, and may with a new
+// mode.
+class CScreenHolder : public CAutoList<CScreenHolder> {
+ public:
+  virtual ~CScreenHolder() = default;
+  // Called before that. The surface may not be used any more.
+  virtual void GiveUpScreen() = 0;
+};
 
 // Whether SDL's video subsystem is up.
 bool HasVideo();
@@ -20,6 +31,9 @@ SDL_Surface* GetVideoSurface();
 
 // Sets the video mode; null, with SDL's error text, when that fails.
 SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags);
+
+// Shuts SDL down.
+void Quit();
 
 // The depth that SDL would use for the mode; 0 when it is not available.
 int GetModeDepth(int width, int height, int depth, std::uint32_t flags);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "designpatterns/walklist.h"
+#include "designpatterns/walkset.h"
 
 namespace vask {
 
@@ -9,7 +9,7 @@ namespace vask {
 template <typename T>
 class CAutoList {
  public:
-  using List = CWalkList<T>;
+  using List = CWalkSet<T>;
 
   // The list, created when there is none.
   static List& GetList() {

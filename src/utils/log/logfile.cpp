@@ -1,10 +1,10 @@
 #include "utils/log/logfile.h"
 
 #include "utils/log/log.h"
+#include "utils/outputfile.h"
 
 #include <algorithm>
 #include <ctime>
-#include <fstream>
 #include <string_view>
 #include <utility>
 
@@ -39,8 +39,7 @@ CLogFile::CLogFile(std::string fileName, std::string version, bool keepMessages)
   if (LastFileName() == myFileName) {
     return;
   }
-  std::ofstream discardOldContent(myFileName, std::ios::trunc);
-  discardOldContent.close();
+  OpenOutputFile(myFileName);  // empties it
   LastFileName() = myFileName;
   WriteHeader();
 }
@@ -105,7 +104,7 @@ void CLogFile::KeepMessage(const std::string& line, int level) {
 
 // Opened and closed for each line, so that nothing is lost when the program crashes.
 void CLogFile::Append(const std::string& text) const {
-  std::ofstream(myFileName, std::ios::app) << text;
+  OpenOutputFile(myFileName, std::ios::app) << text;
 }
 
 }  // namespace vask

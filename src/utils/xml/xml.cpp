@@ -1,10 +1,10 @@
 #include "utils/xml/xml.h"
 
+#include "utils/outputfile.h"
 #include "utils/xml/xmlhandler.h"
 #include "utils/xml/xmlparser.h"
 #include "utils/xml/xmlstreamhandler.h"
 
-#include <fstream>
 #include <istream>
 #include <ostream>
 #include <vector>
@@ -49,7 +49,7 @@ void WriteXml(const CXmlElement& root, std::ostream& stream) {
 }
 
 bool WriteXmlFile(const CXmlElement& root, const std::string& fileName) {
-  std::ofstream file(fileName);
+  std::ofstream file = OpenOutputFile(fileName);
   if (!file) {
     return false;
   }
