@@ -44,7 +44,12 @@ void CEventBridge::RemoveMouseListener(IMouseListener* listener) {
   myMouseListeners.Remove(listener);
 }
 
-void CEventBridge::SetMouseHardware(IMouseHardware* hardware) { myMouseHardware = hardware; }
+void CEventBridge::SetMouseHardware(IMouseHardware* hardware) {
+  myMouseHardware = hardware;
+  if (myCursorHolds > 0) {
+    ApplyCursor();
+  }
+}
 
 void CEventBridge::ClearMouseHardware() { myMouseHardware = nullptr; }
 
@@ -58,14 +63,15 @@ void CEventBridge::ReleaseCursor() {
   ApplyCursor();
 }
 
-void CEventBridge::ShowCursor() {
-  myIsCursorWanted = true;
-  ApplyCursor();
-}
+void CEventBridge::ShowCursor() { WantCursor(true); }
 
-void CEventBridge::HideCursor() {
-  myIsCursorWanted = false;
-  ApplyCursor();
+void CEventBridge::HideCursor() { WantCursor(false); }
+
+void CEventBridge::WantCursor(bool isWanted) {
+  if (myMouseHardware != nullptr) {
+    myIsCursorWanted = isWanted;
+    ApplyCursor();
+  }
 }
 
 void CEventBridge::ApplyCursor() {

@@ -71,7 +71,8 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void HoldCursor();
   void ReleaseCursor();
 
-  // Forwarded to the mouse hardware; dropped while none is registered.
+  // Forwarded to the mouse hardware; dropped while none is registered. During a hold the cursor
+  // stays shown.
   void ShowCursor();
   void HideCursor();
   void ChangeCursor(int type);
@@ -99,6 +100,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
     std::unique_ptr<CEventResizeBase> adapter;
   };
 
+  void WantCursor(bool isWanted);
   void ApplyCursor();
   void AddAdapter(const void* owner, std::unique_ptr<CEventResizeBase> adapter);
   void RemoveAdapters(const void* owner);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "utils/timer/timer.h"
+
 namespace brumble {
 namespace {
 
@@ -22,7 +24,7 @@ void CKittenRecord::MoveTo(CVec2 position, unsigned now) {
 }
 
 bool CKittenRecord::IsPushDue(unsigned now) const {
-  return IsOutOfReach(myPosition) && now - myRestStart >= myPushWait;
+  return IsOutOfReach(myPosition) && vask::HasReached(now, myRestStart + myPushWait);
 }
 
 void CKittenRecord::NotePush(unsigned now) {

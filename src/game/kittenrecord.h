@@ -19,7 +19,7 @@ struct CKittenRecord {
   int mySpinCount = 0;             // scored spins of the current run
   std::vector<int> myTouches;      // every toucher, in order
   int myScore = 0;                 // all points so far: the kitten's stake
-  CVec2 myRestPlace;               // where it has stayed since
+  CVec2 myRestPlace;               // where its rest began
   unsigned myRestStart = 0;        // game clock; a push begins the rest anew
   unsigned myPushWait = kFirstPushWait;
 

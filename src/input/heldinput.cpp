@@ -30,7 +30,7 @@ std::optional<int> CHeldInput::GiveUpOne() {
 
 std::optional<CHeldInput::SHeld> CHeldInput::Take(int code, int place) {
   const auto found = std::ranges::find_if(myHeld, [=](const SHeld& held) {
-    return held.code == code && (held.place == place || place == 0);
+    return place != 0 ? held.place == place : code != 0 && held.code == code;
   });
   if (found == myHeld.end()) {
     return std::nullopt;

@@ -8,13 +8,13 @@ namespace vask {
 // Which keys, or which buttons, are down, so that whoever stops hearing of them can let them go:
 // what is given up counts as released, and its own release, should it come later, no longer counts.
 //
-// A thing is known by its code and its place, since several may share a code; it goes down and
-// comes up under one and the same name, whatever is known of it by then. Name 0 is nothing that is
+// A thing is known by its place or, where that is 0, by its code; it goes down and comes up under
+// one and the same name, whatever is known of it by then. Name 0 is nothing that is
 // held.
 class CHeldInput {
  public:
   void Press(int code, int place, int name);
-  // The name to release; none when it was given up. With place 0 the code alone counts. What never
+  // The name to release; none when it was given up. What never
   // went down comes up as `name`.
   std::optional<int> Release(int code, int place, int name);
   // Gives one up that is held, and answers its name; none when nothing is held any more.

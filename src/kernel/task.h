@@ -30,7 +30,8 @@ class CTask {
   virtual void Exit();
   virtual void Pause();
   virtual void Resume();
-  // Lower values are updated first. Counts from the next start, pause or resume.
+  // Lower values are updated first. Of a task that the kernel has in a list it counts from the next
+  // start, pause or resume; until then newcomers may come to stand on either side of it.
   virtual void SetPriority(int priority);
   virtual int GetPriority() const;
   virtual bool IsDead() const;

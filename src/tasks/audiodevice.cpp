@@ -104,11 +104,15 @@ int CAudioDevice::ourChunkSize = 0;
 
 std::unique_ptr<CAudioDevice> CAudioDevice::Open(const SAudioSettings& wanted,
                                                  const std::string& holder) {
+  const bool isFirst = CountHolds() == 0;
+  if (!isFirst && SDL_WasInit(SDL_INIT_AUDIO) == 0) {
+    Log().Error() << "The sound device went with the window; stop the audio tasks that had it\n";
+    return nullptr;
+  }
   if (!InitAudioSubsystem()) {
     return nullptr;
   }
   Log() << "Initializing mixer API\n";
-  const bool isFirst = CountHolds() == 0;
   if (!(isFirst ? OpenFirst(wanted) : Join(wanted, holder))) {
     QuitAudioSubsystem();
     return nullptr;

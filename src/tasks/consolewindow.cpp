@@ -97,11 +97,15 @@ void CConsoleWindow::TurnClosedFlag() {
 }
 
 bool CConsoleWindow::TakesPress(int key) {
-  const bool isMine = (key == kEscape || key == kF1) && !IsClosed();
-  if (isMine) {
-    myWindow->Close();
+  if (!HasWidgets() || (key != kEscape && key != kF1)) {
+    return false;
   }
-  return isMine;
+  if (!myWindow->IsClosed()) {
+    myWindow->Close();
+    return true;
+  }
+  // The owner, who may be paused, has yet to delete it: what F1 is bound to tells it to.
+  return key == kEscape;
 }
 
 void CConsoleWindow::Execute() {

@@ -42,7 +42,8 @@ class CConsoleWindow : public css::CSignalTarget, public IKeyInterceptor {
   bool IsExecuting() const { return *myExecutions > 0; }
   // Says that the window is to be closed, or takes that back.
   void TurnClosedFlag();
-  // Closes it on its keys. The owner deletes it when it comes to it; until then it is closed.
+  // Closes it on its keys. The owner deletes it when it comes to it; until then Escape is taken,
+  // too.
   bool TakesPress(int key) override;
 
  private:

@@ -17,7 +17,7 @@ namespace {
 // The mixer fades in steps of one chunk, so a fade needs at least one.
 constexpr int kShortestFade = 100;
 // A fade-out divides by the steps of the fade-in that it cuts short. There may be none: the device
-// may have taken a longer chunk than it was asked for, and does not tell.
+// may have taken a chunk twice as long as it was asked for, and does not tell.
 constexpr int kShortestFadeInToTurn = 1000;
 // A track that does not play is tried again after a while, not in every frame.
 constexpr unsigned kRetryDelay = 1000;
@@ -25,7 +25,8 @@ constexpr unsigned kRetryDelay = 1000;
 }  // namespace
 
 CSDLMixerMusicPlayer::CSDLMixerMusicPlayer(int chunkMilliseconds)
-    : myShortestFade(std::max(kShortestFade, chunkMilliseconds)) {
+    : myShortestFade(std::max(kShortestFade, chunkMilliseconds)),
+      myShortestFadeInToTurn(std::max(kShortestFadeInToTurn, 2 * chunkMilliseconds + 1)) {
   ApplyVolume();
 }
 
@@ -84,7 +85,7 @@ void CSDLMixerMusicPlayer::Stop() {
 }
 
 void CSDLMixerMusicPlayer::FadeOut() const {
-  if (Mix_FadingMusic() == MIX_FADING_IN && myFadeInTime < kShortestFadeInToTurn) {
+  if (Mix_FadingMusic() == MIX_FADING_IN && myFadeInTime < myShortestFadeInToTurn) {
     Mix_HaltMusic();
   } else {
     Mix_FadeOutMusic(FadeTime());

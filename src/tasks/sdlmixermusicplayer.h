@@ -50,6 +50,7 @@ class CSDLMixerMusicPlayer {
   bool myFades = true;
   std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
   int myShortestFade;
+  int myShortestFadeInToTurn;
   int myFadeInTime = 0;       // of the current track
   bool myHasFailed = false;   // the last attempt to play
   unsigned myFailedTime = 0;  // when, on the global clock

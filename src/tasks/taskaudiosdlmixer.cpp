@@ -57,6 +57,18 @@ int Hold(const SStartNumber& number, int value) {
   return number.isPowerOfTwo ? static_cast<int>(std::bit_ceil(static_cast<unsigned>(held))) : held;
 }
 
+// The mixer crashes when it closes a device of unsigned 16-bit samples.
+std::uint16_t HeldFormat(std::uint16_t format) {
+  switch (format) {
+    case AUDIO_U16LSB:
+      return AUDIO_S16LSB;
+    case AUDIO_U16MSB:
+      return AUDIO_S16MSB;
+    default:
+      return format;
+  }
+}
+
 void ReadNumber(const CConsoleParams& params, const SStartNumber& number, const std::string& task,
                 int& value) {
   if (number.index >= params.Size()) {
@@ -99,11 +111,15 @@ void CTaskAudioSDLMixer::ReadFormat(const CConsoleParams& params) {
   const std::uint16_t format = params.IsType(1, CVariable::kString)
                                    ? AudioFormatFromName(params.GetString(1))
                                    : std::uint16_t{0};
-  if (format != 0) {
-    myFormat = format;
-  } else {
-    Log().Warning() << GetName()
-                    << " 2nd start-up parameter (format) is of wrong type, should be a string\n";
+  const std::string parameter = GetName() + " 2nd start-up parameter (format)";
+  if (format == 0) {
+    Log().Warning() << parameter << " is of wrong type, should be a string\n";
+    return;
+  }
+  myFormat = HeldFormat(format);
+  if (myFormat != format) {
+    Log().Warning() << parameter << " is held to " << AudioFormatName(myFormat) << " instead of "
+                    << AudioFormatName(format) << "\n";
   }
 }
 

@@ -28,8 +28,8 @@ constexpr int kTextHeight = 20;
 // Over the game, whose pictures lie further back, and under every widget: a console that meets the
 // text covers it whole.
 constexpr int kTextDepth = 0;
-constexpr int kTextMargin =
-    10;  // from the upper right corner of the screen, where no console opens
+// From the upper right corner of the screen, where no console opens.
+constexpr int kTextMargin = 10;
 constexpr int kBackdropWidth = 125;
 constexpr int kBackdropHeight = 25;
 constexpr int kBackdropAlpha = 128;
@@ -155,7 +155,7 @@ void CTaskDebug::ToggleConsole() {
     myConsoleWindow->TurnClosedFlag();
     return;
   }
-  const bool isOpen = myConsoleWindow != nullptr && !myConsoleWindow->IsClosed();
+  const bool isOpen = myConsoleWindow != nullptr && myConsoleWindow->HasWidgets();
   myConsoleWindow.reset();
   if (!isOpen) {
     myConsoleWindow = std::make_unique<CConsoleWindow>();

@@ -41,9 +41,8 @@ int ToButton(int sdlButton) {
   }
 }
 
-// Answers whether SDL had forgotten it, which it does when its video subsystem starts: that may
-// happen after the task did.
-bool AskForCharacters() { return SDL_EnableUNICODE(1) == 0; }
+// SDL forgets it when its video subsystem starts, which may happen after the task did.
+void AskForCharacters() { SDL_EnableUNICODE(1); }
 
 }  // namespace
 
@@ -60,8 +59,8 @@ bool CTaskEventSDL::Start() {
 }
 
 void CTaskEventSDL::Update() {
-  // A new video knows nothing of what is held, and will not tell of its release.
-  if (AskForCharacters() || !sdl::HasVideo()) {
+  AskForCharacters();
+  if (std::exchange(myQuitCount, sdl::GetQuitCount()) != myQuitCount) {
     ReleaseHeld();
   }
   myIsUpdating = true;

@@ -52,6 +52,7 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
   bool myIsHardware = false;
   bool myIsListening = false;  // neither before the start nor paused nor ended
   bool myIsUpdating = false;
+  unsigned myQuitCount = 0;  // of SDL, at the last update
   CHeldInput myKeys;
   CHeldInput myButtons;
 };

@@ -27,21 +27,18 @@ CConsoleWidget::CConsoleWidget(CWidget* parent, const std::string& name)
   myView.SetFont(myFont.get());
   CLogListenerForConsole::GetSingletonPtr()->AddView(&myView);
   auto* const view = new CLotsATextSprite(kRect.w, kRect.h);
-  const CSpritePtr sprite(view);
+  myText = CSpritePtr(view);
   view->SetDrawer(&myView);
   view->SetParent(CScreenLayer::GetSingletonPtr());
-  SetSprite(sprite);
+  SetSprite(myText);
   SetLayout("parent.x", "parent.y", "parent.w", "parent.h - 20");
 }
 
-// Whoever else holds the sprite keeps what it shows.
 CConsoleWidget::~CConsoleWidget() {
   if (CLogListenerForConsole* log = CLogListenerForConsole::PeekSingletonPtr()) {
     log->RemoveView(&myView);
   }
-  if (CLotsATextSprite* sprite = TextSprite()) {
-    sprite->SetDrawer(nullptr);
-  }
+  static_cast<CLotsATextSprite&>(*myText).SetDrawer(nullptr);
 }
 
 void CConsoleWidget::OnMouseEvent(CMouseEvent& event) {

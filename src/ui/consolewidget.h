@@ -35,6 +35,7 @@ class CConsoleWidget : public CWidget {
 
   std::unique_ptr<CFont> myFont;
   CLogView myView;
+  CSpritePtr myText;  // as made here: others may hold it for longer than the view lives
 };
 
 }  // namespace vask::ui

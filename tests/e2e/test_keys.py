@@ -64,8 +64,7 @@ class Keys(unittest.TestCase):
         wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, f"music {is_heard}")
 
     def type(self, screen, keys):
-        """Holds the keys together, for less than the server takes to repeat one: on a busy machine the
-        classic library takes a repetition for another press."""
+        """Holds the keys together for a while."""
         for key in keys:
             screen.press_key(key)
         time.sleep(0.3)

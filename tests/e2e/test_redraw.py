@@ -44,6 +44,15 @@ class Redraw(unittest.TestCase):
                 self.assertTrue((shown == self.settled_picture(screen, game)).all(), orders)
                 self.assertGreater(shown.max(), 100, orders)
 
+    def test_play_goes_on_without_the_window(self):
+        with Display() as screen, Stepper(screen, "asan") as game:
+            game.start_playing()
+            game.run("stoptask(window)")
+            game.let_pass(1)
+            game.run("quit")
+            game.send("frame")
+            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
+
     def play_a_little(self, game):
         game.start_playing()
         game.let_pass(1.4)

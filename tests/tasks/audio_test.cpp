@@ -92,6 +92,8 @@ TEST_F(AudioTest, StartsAsTheScriptSays) {
   EXPECT_TRUE(myLog.Has("(chunk_size) is held to 512 instead of 500"));
   EXPECT_TRUE(myLog.Has("(number_of_audio_channels) is held to 256 instead of 257"));
   EXPECT_TRUE(myLog.Has("frequency: 8000Hz, format: U8, channels: 1, chunksize: 512"));
+  StartWith(myTask, "22050, u16msb, 2, 1024, 8");
+  EXPECT_TRUE(myLog.Has("(format) is held to S16MSB instead of U16MSB")) << "the mixer would crash";
 }
 
 TEST_F(AudioTest, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {

@@ -90,6 +90,13 @@ TEST(Debug, EscapeAndF1CloseTheConsolesAndReachNoBinding) {
     keyboard.Update();
     EXPECT_EQ(std::exchange(fired, 0), 1) << "no console is open";
   }
+  run.Execute("debug%::ToggleConsole");
+  CEventBridge::GetSingletonPtr()->KeyDown(282, 0);
+  CEventBridge::GetSingletonPtr()->KeyDown(27, 0);
+  keyboard.Update();
+  EXPECT_EQ(fired, 0) << "it is closed, but stands while its task is paused";
+  run.Execute("debug%::ToggleConsole");
+  EXPECT_TRUE(run.Windows().empty());
 }
 
 TEST(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {

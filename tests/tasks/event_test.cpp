@@ -85,8 +85,13 @@ TEST_F(CEventTest, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
       {"the focus goes", [&] { Hear({kFocusLost}); }, [] {}},
       {"the task pauses", [&] { myTask.Pause(); }, [&] { myTask.Resume(); }},
       {"the task ends", [&] { myTask.Exit(); }, [&] { myTask.Start(); }},
-      {"video ends", [] { SDL_Quit(); }, [] { SDL_Init(SDL_INIT_VIDEO); }},
-      {"video starts anew", [] { SDL_EnableUNICODE(0); }, [] {}},  // all that is seen of it
+      {"video ends", sdl::Quit, [] { SDL_Init(SDL_INIT_VIDEO); }},
+      {"video starts anew",
+       [] {
+         sdl::Quit();
+         SDL_Init(SDL_INIT_VIDEO);
+       },
+       [] {}},
   };
   for (const auto& loss : losses) {
     SCOPED_TRACE(loss.name);

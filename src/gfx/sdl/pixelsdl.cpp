@@ -12,7 +12,7 @@
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/tgawriter.h"
 #include "gfx/sdl/transform.h"
-#include "utils/inputfile.h"
+#include "utils/outputfile.h"
 
 namespace vask {
 
@@ -302,7 +302,7 @@ void CPixelSDL::SetParam(int which, const CAnyContainer& value) {
 
 bool CPixelSDL::SaveToFile(const std::string& name) const {
   SDL_Surface* surface = GetClippedSurface();
-  if (surface == nullptr || IsEndless(name)) {
+  if (surface == nullptr || IsPipe(name)) {
     return false;
   }
   return name.ends_with("tga") ? sdl::SaveTga(surface, name)

@@ -9,6 +9,8 @@ namespace {
 // SDL keeps answering the old surface after a mode that failed.
 constinit bool ourModeFailed = false;
 
+constinit unsigned ourQuitCount = 0;
+
 // SDL keeps the bytes of a row in 16 bits; a wider 32-bit screen would overrun its own memory.
 constexpr int kMaxScreenSide = 16383;
 
@@ -65,7 +67,10 @@ SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags
 void Quit() {
   TakeScreenFromHolders();
   SDL_Quit();
+  ++ourQuitCount;
 }
+
+unsigned GetQuitCount() { return ourQuitCount; }
 
 int GetModeDepth(int width, int height, int depth, std::uint32_t flags) {
   return HasVideo() ? SDL_VideoModeOK(width, height, depth, flags) : 0;

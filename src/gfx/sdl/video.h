@@ -35,6 +35,10 @@ SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags
 // Shuts SDL down.
 void Quit();
 
+// How often that was done: with it SDL has forgotten what is held, and will not tell of its
+// release.
+unsigned GetQuitCount();
+
 // The depth that SDL would use for the mode; 0 when it is not available.
 int GetModeDepth(int width, int height, int depth, std::uint32_t flags);
 
