@@ -265,8 +265,10 @@ def matches(shown, expected, share=0.6):
 
 def fire_burns(picture, before):
     """Whether a burst of fire stands at the bottom of the pit that was not there before."""
-    changed = numpy.abs(picture[480:].astype(int) - before[480:]).max(axis=2) > 60
-    return changed.sum() > 1500
+    now, then = picture[480:].astype(int), before[480:].astype(int)
+    changed = numpy.abs(now - then).max(axis=2) > 60
+    yellow = (now[:, :, 0] > 200) & (now[:, :, 2] < 120)  # no part of a falling kitten
+    return (changed & yellow).sum() > 1000
 
 
 class Digits:
