@@ -1,3 +1,8 @@
+#include "gfx/sdl/gfxfactorysdl.h"
+#include "gfx/sdl/pixelscreensdl.h"
+#include "gfx/sprite/screenlayer.h"
+#include "gfx/text/textsprite.h"
+
 #include <SDL.h>
 #include <SDL_gfxBlitFunc.h>
 #include <SDL_rotozoom.h>
@@ -16,11 +21,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "gfx/screenlayer.h"
-#include "gfx/sdl/gfxfactorysdl.h"
-#include "gfx/sdl/pixelscreensdl.h"
-#include "gfx/textsprite.h"
 
 // One frame of play without the flip, on SDL's off-screen driver: drawn by the sprites and layers,
 // and drawn by the plain calls of SDL and SDL_gfx, with a memcpy of as many bytes between. The

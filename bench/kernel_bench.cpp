@@ -1,3 +1,8 @@
+#include "kernel/fakethread.h"
+#include "kernel/kernel.h"
+#include "kernel/taskfactory.h"
+#include "utils/timer/globaltimerimpl.h"
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -10,11 +15,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "kernel/fakethread.h"
-#include "kernel/kernel.h"
-#include "kernel/taskfactory.h"
-#include "utils/timer/globaltimerimpl.h"
 
 // What the kernel takes for each of very many tasks from the start to the end, and for cooperative
 // threads. 10,000 and 100,000 take turns: a cost that grows with the number of the others shows as

@@ -1,3 +1,7 @@
+#include "game/physics/arena.h"
+#include "game/physics/physicsworld.h"
+#include "platform/wallclock.h"
+
 #include <benchmark/benchmark.h>
 #include <box2d/box2d.h>
 
@@ -8,10 +12,6 @@
 #include <limits>
 #include <memory>
 #include <vector>
-
-#include "game/physics/arena.h"
-#include "game/physics/physicsworld.h"
-#include "platform/wallclock.h"
 
 // The same scene, stepped by our world and by Box2D in one run: the arena, the monster sweeping
 // through it, and a cloud of kittens. Building the scene is not timed; driving the monster and

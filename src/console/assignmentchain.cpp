@@ -1,8 +1,8 @@
 #include "console/assignmentchain.h"
 
-#include <algorithm>
-
 #include "utils/trim.h"
+
+#include <algorithm>
 
 namespace vask {
 namespace {

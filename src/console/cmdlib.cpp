@@ -1,9 +1,9 @@
 #include "console/cmdlib.h"
 
+#include "console/console.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "console/console.h"
 
 namespace vask {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "console/consolecommand.h"
+
 #include <list>
 #include <map>
 #include <memory>
 #include <string>
-
-#include "console/consolecommand.h"
 
 namespace vask {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "console/cmdlib.h"
+#include "designpatterns/singleton.h"
+
 #include <map>
 #include <memory>
 #include <string>
-
-#include "console/cmdlib.h"
-#include "designpatterns/singleton.h"
 
 namespace vask {
 

@@ -1,11 +1,5 @@
 #include "console/console.h"
 
-#include <algorithm>
-#include <cctype>
-#include <fstream>
-#include <set>
-#include <utility>
-
 #include "console/assignmentchain.h"
 #include "console/commandfactory.h"
 #include "console/consolecommand.h"
@@ -14,6 +8,12 @@
 #include "console/split.h"
 #include "utils/inputfile.h"
 #include "utils/trim.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fstream>
+#include <set>
+#include <utility>
 
 namespace vask {
 namespace {

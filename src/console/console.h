@@ -1,13 +1,13 @@
 #pragma once
 
+#include "utils/containers/varref.h"
+
 #include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "utils/containers/varref.h"
 
 namespace vask {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "console/variable.h"
+
 #include <cstddef>
 #include <deque>
 #include <memory>
 #include <string>
-
-#include "console/variable.h"
 
 namespace vask {
 

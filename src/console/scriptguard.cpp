@@ -1,10 +1,10 @@
 #include "console/scriptguard.h"
 
+#include "utils/log/log.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <vector>
-
-#include "utils/log/log.h"
 
 namespace vask {
 namespace {

@@ -1,11 +1,11 @@
 #include "console/variable.h"
 
+#include "utils/containers/varref.h"
+
 #include <cmath>
 #include <limits>
 #include <sstream>
 #include <utility>
-
-#include "utils/containers/varref.h"
 
 namespace vask {
 

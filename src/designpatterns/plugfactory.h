@@ -1,9 +1,9 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+
 #include <map>
 #include <memory>
-
-#include "designpatterns/singleton.h"
 
 namespace vask {
 

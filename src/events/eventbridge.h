@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "designpatterns/singleton.h"
 #include "designpatterns/walklist.h"
 #include "events/keyboardlistener.h"
 #include "events/mousehardware.h"
 #include "events/mouselistener.h"
 #include "events/windowlistener.h"
+
+#include <memory>
+#include <vector>
 
 namespace vask {
 

@@ -1,12 +1,12 @@
 #include "game/brumblegfx.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
 #include "game/screentransform.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace brumble {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "game/physics/geometry.h"
 #include "game/physics/physicsgfxbridge.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
+
+#include <string>
 
 namespace brumble {
 

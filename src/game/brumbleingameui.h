@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-
 #include "game/brumbletaskimpl.h"
 #include "game/gamefiles.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "input/mouseable.h"
+
+#include <string>
 
 namespace brumble {
 

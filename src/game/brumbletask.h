@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "kernel/task.h"
+
+#include <memory>
 
 namespace brumble {
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-
 #include "game/brumblegfxfactory.h"
 #include "game/gamelogic.h"
 #include "game/physics/physicshandle.h"
 #include "game/picturecache.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "input/mouseable.h"
 #include "utils/timer/timer.h"
+
+#include <cstdint>
+#include <memory>
 
 namespace brumble {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "kernel/fakethread.h"
 
 #include <cstddef>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "game/screentransform.h"
+
+#include <string>
 
 namespace brumble {
 

@@ -1,18 +1,18 @@
 #include "game/gamelogic.h"
 
-#include <cmath>
-#include <utility>
-
 #include "game/bonustable.h"
 #include "game/gamefiles.h"
 #include "game/gamestate.h"
 #include "game/gfxfactory.h"
-#include "gfx/animationupdator.h"
-#include "gfx/externalanimator.h"
-#include "gfx/spritemasker.h"
+#include "gfx/animation/animationupdator.h"
+#include "gfx/animation/externalanimator.h"
+#include "gfx/sprite/spritemasker.h"
 #include "platform/random.h"
 #include "utils/log/log.h"
 #include "utils/timer/globalapptimer.h"
+
+#include <cmath>
+#include <utility>
 
 namespace brumble {
 namespace {

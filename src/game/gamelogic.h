@@ -1,15 +1,15 @@
 #pragma once
 
-#include <map>
-#include <memory>
-#include <string>
-
 #include "game/effects.h"
 #include "game/kittenrecord.h"
 #include "game/physics/gamelogicreceiver.h"
 #include "game/scoreboard.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "utils/timer/timer.h"
+
+#include <map>
+#include <memory>
+#include <string>
 
 namespace brumble {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
-
 #include "game/screentransform.h"
+
+#include <array>
 
 namespace brumble {
 

@@ -1,9 +1,9 @@
 #include "game/gfxfactory.h"
 
-#include <sstream>
-
-#include "gfx/spritefactory.h"
+#include "gfx/sprite/spritefactory.h"
 #include "utils/xml/xml.h"
+
+#include <sstream>
 
 namespace brumble {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "gfx/sprite/sprite.h"
+
 #include <map>
 #include <string>
-
-#include "designpatterns/singleton.h"
-#include "gfx/sprite.h"
 
 namespace vask {
 class CXmlContext;

@@ -1,9 +1,9 @@
 #include "game/kittenrecord.h"
 
+#include "utils/timer/timer.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "utils/timer/timer.h"
 
 namespace brumble {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <vector>
-
 #include "game/gamerules.h"
 #include "game/physics/geometry.h"
+
+#include <vector>
 
 namespace brumble {
 

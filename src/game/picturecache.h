@@ -1,9 +1,9 @@
 #pragma once
 
+#include "gfx/picture/gfx.h"
+
 #include <string>
 #include <vector>
-
-#include "gfx/gfx.h"
 
 namespace brumble {
 

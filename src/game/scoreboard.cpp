@@ -1,15 +1,15 @@
 #include "game/scoreboard.h"
 
+#include "game/deathtoasprite.h"
+#include "game/gamefiles.h"
+#include "gfx/animation/externalanimator.h"
+#include "gfx/sprite/screenlayer.h"
+#include "gfx/sprite/spritemasker.h"
+#include "gfx/text/textsprite.h"
+
 #include <array>
 #include <memory>
 #include <utility>
-
-#include "game/deathtoasprite.h"
-#include "game/gamefiles.h"
-#include "gfx/externalanimator.h"
-#include "gfx/screenlayer.h"
-#include "gfx/spritemasker.h"
-#include "gfx/textsprite.h"
 
 namespace brumble {
 namespace {

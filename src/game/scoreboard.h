@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "game/screentransform.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "kernel/fakethread.h"
+
+#include <string>
 
 namespace vask {
 class CTextSprite;

@@ -1,5 +1,9 @@
 #include "input/keyboard.h"
 
+#include "designpatterns/walklist.h"
+#include "events/eventbridge.h"
+#include "input/keynames.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -7,10 +11,6 @@
 #include <limits>
 #include <list>
 #include <map>
-
-#include "designpatterns/walklist.h"
-#include "events/eventbridge.h"
-#include "input/keynames.h"
 
 namespace vask {
 

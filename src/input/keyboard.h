@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "designpatterns/singleton.h"
 #include "input/keyevent.h"
 #include "utils/smartptr/smartptr.h"
+
+#include <memory>
+#include <vector>
 
 namespace vask {
 

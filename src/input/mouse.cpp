@@ -1,8 +1,8 @@
 #include "input/mouse.h"
 
-#include <utility>
-
 #include "events/eventbridge.h"
+
+#include <utility>
 
 namespace vask {
 

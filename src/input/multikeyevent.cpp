@@ -1,9 +1,9 @@
 #include "input/multikeyevent.h"
 
+#include "input/keynames.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "input/keynames.h"
 
 namespace vask {
 

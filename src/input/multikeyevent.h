@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "input/keyevent.h"
+
+#include <vector>
 
 namespace vask {
 

@@ -1,13 +1,13 @@
 #include "input/playbackmouse.h"
 
-#include <utility>
-
 #include "events/eventbridge.h"
 #include "input/playbacktimer.h"
 #include "utils/inputfile.h"
 #include "utils/log/log.h"
 #include "utils/randomstate.h"
 #include "utils/timer/timer.h"
+
+#include <utility>
 
 namespace vask {
 namespace {

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "input/mouseevent.h"
+#include "input/taskrecordingdeviceimpl.h"
+#include "utils/timer/globaltimerimpl.h"
+
 #include <cstdint>
 #include <list>
 #include <memory>
 #include <string>
-
-#include "input/mouseevent.h"
-#include "input/taskrecordingdeviceimpl.h"
-#include "utils/timer/globaltimerimpl.h"
 
 namespace vask {
 

@@ -1,13 +1,13 @@
 #include "input/recordmouse.h"
 
-#include <cstdint>
-#include <utility>
-
 #include "events/eventbridge.h"
 #include "platform/wallclock.h"
 #include "utils/outputfile.h"
 #include "utils/randomstate.h"
 #include "utils/timer/globaltimerimpl.h"
+
+#include <cstdint>
+#include <utility>
 
 namespace vask {
 

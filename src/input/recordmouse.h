@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "events/mouselistener.h"
 #include "input/mouseevent.h"
 #include "input/taskrecordingdeviceimpl.h"
+
+#include <string>
 
 namespace vask {
 

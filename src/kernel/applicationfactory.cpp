@@ -1,13 +1,13 @@
 #include "kernel/applicationfactory.h"
 
-#include <utility>
-#include <vector>
-
 #include "console/commandfactory.h"
 #include "kernel/basiccommands.h"
 #include "kernel/consolebridge.h"
 #include "kernel/extracommands.h"
 #include "utils/log/log.h"
+
+#include <utility>
+#include <vector>
 
 namespace vask {
 namespace {

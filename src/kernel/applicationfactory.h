@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "console/console.h"
 #include "designpatterns/singleton.h"
+
+#include <memory>
 
 namespace vask {
 

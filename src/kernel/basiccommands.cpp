@@ -1,7 +1,5 @@
 #include "kernel/basiccommands.h"
 
-#include <memory>
-
 #include "console/commandfactory.h"
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
@@ -9,6 +7,8 @@
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
+
+#include <memory>
 
 namespace vask {
 

@@ -1,16 +1,16 @@
 #include "kernel/extracommands.h"
 
+#include "console/commandfactory.h"
+#include "console/consolecommand.h"
+#include "console/consoleparams.h"
+#include "kernel/applicationfactory.h"
+
 #include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "console/commandfactory.h"
-#include "console/consolecommand.h"
-#include "console/consoleparams.h"
-#include "kernel/applicationfactory.h"
 
 namespace vask {
 namespace {

@@ -1,11 +1,11 @@
 #include "kernel/kernel.h"
 
-#include <algorithm>
-
 #include "events/eventbridge.h"
 #include "kernel/fakethread.h"
 #include "kernel/task.h"
 #include "platform/processor.h"
+
+#include <algorithm>
 
 namespace vask {
 namespace {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-
 #include "designpatterns/singleton.h"
 #include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "events/windowlistener.h"
 #include "kernel/tasktimedtasks.h"
+
+#include <cstdint>
+#include <memory>
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #include "kernel/taskfactory.h"
 
-#include <utility>
-
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "utils/log/log.h"
+
+#include <utility>
 
 namespace vask {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "designpatterns/plugfactory.h"
+#include "designpatterns/singleton.h"
+#include "kernel/task.h"
+
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "designpatterns/plugfactory.h"
-#include "designpatterns/singleton.h"
-#include "kernel/task.h"
 
 namespace vask {
 

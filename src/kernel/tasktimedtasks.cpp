@@ -1,10 +1,10 @@
 #include "kernel/tasktimedtasks.h"
 
-#include <algorithm>
-
 #include "kernel/kernel.h"
 #include "utils/timer/globaltimerimpl.h"
 #include "utils/timer/timer.h"
+
+#include <algorithm>
 
 namespace vask {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 #include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "kernel/task.h"
+
+#include <cstdint>
 
 namespace vask {
 

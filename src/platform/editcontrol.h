@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/nativecontrol.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
-
-#include "platform/nativecontrol.h"
 
 namespace vask::platform {
 

@@ -1,9 +1,9 @@
 #include "platform/nativeform.h"
 
+#include "platform/editcontrol.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "platform/editcontrol.h"
 
 namespace vask::platform {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/nativecontrol.h"
+
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "platform/nativecontrol.h"
 
 namespace vask::platform {
 

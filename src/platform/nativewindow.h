@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/nativeform.h"
+
 #include <climits>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
-
-#include "platform/nativeform.h"
 
 namespace vask::platform {
 

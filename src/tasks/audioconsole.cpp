@@ -1,14 +1,14 @@
 #include "tasks/audioconsole.h"
 
-#include <utility>
-
+#include "audio/sdlmixereffectplayer.h"
+#include "audio/sdlmixermusicplayer.h"
 #include "console/console.h"
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
 #include "kernel/applicationfactory.h"
-#include "tasks/sdlmixereffectplayer.h"
-#include "tasks/sdlmixermusicplayer.h"
 #include "utils/log/log.h"
+
+#include <utility>
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "tasks/taskaudiosdlmixer.h"
+
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "tasks/taskaudiosdlmixer.h"
 
 namespace vask {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "console/consolecommand.h"
+
 #include <array>
 #include <string>
-
-#include "console/consolecommand.h"
 
 namespace vask {
 

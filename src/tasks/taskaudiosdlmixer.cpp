@@ -1,20 +1,20 @@
 #include "tasks/taskaudiosdlmixer.h"
 
-#include <SDL.h>
-
-#include <algorithm>
-#include <bit>
-
+#include "audio/audiodevice.h"
+#include "audio/audioformat.h"
+#include "audio/audiovolume.h"
+#include "audio/sdlmixereffectplayer.h"
+#include "audio/sdlmixermusicplayer.h"
 #include "console/consoleparams.h"
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "tasks/audioconsole.h"
-#include "tasks/audiodevice.h"
-#include "tasks/audioformat.h"
-#include "tasks/audiovolume.h"
-#include "tasks/sdlmixereffectplayer.h"
-#include "tasks/sdlmixermusicplayer.h"
 #include "utils/log/log.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <bit>
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "kernel/task.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
-
-#include "kernel/task.h"
 
 namespace vask {
 

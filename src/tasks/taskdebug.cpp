@@ -1,10 +1,8 @@
 #include "tasks/taskdebug.h"
 
-#include <algorithm>
-
-#include "gfx/font.h"
-#include "gfx/screenlayer.h"
-#include "gfx/textsprite.h"
+#include "gfx/sprite/screenlayer.h"
+#include "gfx/text/font.h"
+#include "gfx/text/textsprite.h"
 #include "input/mouse.h"
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
@@ -12,6 +10,8 @@
 #include "kernel/taskfactory.h"
 #include "tasks/debugcommands.h"
 #include "ui/desktopwidget.h"
+
+#include <algorithm>
 
 namespace vask {
 namespace {

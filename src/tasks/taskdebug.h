@@ -1,16 +1,16 @@
 #pragma once
 
+#include "console/console.h"
+#include "gfx/sprite/guielement.h"
+#include "gfx/sprite/sprite.h"
+#include "input/taskrecordingdeviceimpl.h"
+#include "kernel/task.h"
+#include "ui/console/consolewindow.h"
+#include "utils/timer/timer.h"
+
 #include <limits>
 #include <memory>
 #include <string>
-
-#include "console/console.h"
-#include "gfx/guielement.h"
-#include "gfx/sprite.h"
-#include "input/taskrecordingdeviceimpl.h"
-#include "kernel/task.h"
-#include "tasks/consolewindow.h"
-#include "utils/timer/timer.h"
 
 namespace vask {
 

@@ -1,12 +1,12 @@
 #include "tasks/taskeventsdl.h"
 
-#include <utility>
-
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
 #include "input/keyplaces.h"
 #include "kernel/kernel.h"
 #include "tasks/cursorimages.h"
+
+#include <utility>
 
 namespace vask {
 

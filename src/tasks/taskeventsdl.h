@@ -1,10 +1,10 @@
 #pragma once
 
-#include <SDL.h>
-
 #include "events/mousehardware.h"
 #include "input/heldinput.h"
 #include "kernel/task.h"
+
+#include <SDL.h>
 
 namespace vask {
 

@@ -1,8 +1,8 @@
 #include "tasks/taskgfx.h"
 
-#include "gfx/animationupdator.h"
-#include "gfx/gfx.h"
-#include "gfx/screenlayer.h"
+#include "gfx/animation/animationupdator.h"
+#include "gfx/picture/gfx.h"
+#include "gfx/sprite/screenlayer.h"
 #include "utils/timer/globalapptimer.h"
 
 namespace vask {

@@ -1,12 +1,12 @@
 #include "tasks/taskgfxsdl.h"
 
 #include "events/eventbridge.h"
-#include "gfx/gfx.h"
-#include "gfx/rectresize.h"
-#include "gfx/screenlayer.h"
+#include "gfx/picture/gfx.h"
+#include "gfx/picture/rectresize.h"
 #include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/video.h"
+#include "gfx/sprite/screenlayer.h"
 
 namespace vask {
 

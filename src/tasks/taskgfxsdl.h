@@ -1,10 +1,10 @@
 #pragma once
 
+#include "tasks/taskgfx.h"
+
 #include <SDL.h>
 
 #include <memory>
-
-#include "tasks/taskgfx.h"
 
 namespace vask {
 

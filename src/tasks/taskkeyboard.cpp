@@ -1,17 +1,17 @@
 #include "tasks/taskkeyboard.h"
 
-#include <algorithm>
-#include <iterator>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "console/consoleparams.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
 #include "input/multikeyevent.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vask {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "console/console.h"
 #include "console/consolecommand.h"
 #include "kernel/task.h"
+
+#include <memory>
+#include <string>
 
 namespace vask {
 

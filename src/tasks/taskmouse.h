@@ -1,9 +1,9 @@
 #pragma once
 
+#include "kernel/task.h"
+
 #include <memory>
 #include <string>
-
-#include "kernel/task.h"
 
 namespace vask {
 

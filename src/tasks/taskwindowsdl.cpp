@@ -1,19 +1,19 @@
 #include "tasks/taskwindowsdl.h"
 
-#include <cstdlib>
-#include <iostream>
-
 #include "console/consoleparams.h"
 #include "events/eventbridge.h"
-#include "gfx/gfx.h"
-#include "gfx/screenlayer.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
+#include "gfx/sprite/screenlayer.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "platform/displayloss.h"
 #include "utils/inputfile.h"
 #include "utils/log/log.h"
+
+#include <cstdlib>
+#include <iostream>
 
 namespace vask {
 

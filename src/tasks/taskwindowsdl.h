@@ -1,14 +1,14 @@
 #pragma once
 
+#include "console/console.h"
+#include "console/consolecommand.h"
+#include "kernel/task.h"
+
 #include <SDL.h>
 
 #include <cstdint>
 #include <memory>
 #include <string>
-
-#include "console/console.h"
-#include "console/consolecommand.h"
-#include "kernel/task.h"
 
 namespace vask {
 

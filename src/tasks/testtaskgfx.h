@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gfx/gfx.h"
+#include "gfx/picture/gfx.h"
 #include "kernel/task.h"
 
 namespace vask {

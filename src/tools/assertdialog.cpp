@@ -1,14 +1,14 @@
 #include "tools/assertdialog.h"
 
+#include "gfx/sdl/screenrelease.h"
+#include "platform/debugger.h"
+#include "platform/nativewindow.h"
+#include "tools/assertmail.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
-
-#include "platform/debugger.h"
-#include "platform/nativewindow.h"
-#include "tasks/screenrelease.h"
-#include "tools/assertmail.h"
 
 namespace vask {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "utils/assert.h"
+
 #include <cstddef>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "utils/assert.h"
 
 namespace vask {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "utils/assert.h"
+
+#include <string>
 
 namespace vask {
 

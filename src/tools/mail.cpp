@@ -1,10 +1,10 @@
 #include "tools/mail.h"
 
-#include <algorithm>
-#include <iostream>
-
 #include "tools/base64.h"
 #include "utils/log/log.h"
+
+#include <algorithm>
+#include <iostream>
 
 namespace vask {
 namespace {

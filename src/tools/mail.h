@@ -1,13 +1,13 @@
 #pragma once
 
+#include "platform/socket.h"
+
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "platform/socket.h"
 
 namespace vask {
 

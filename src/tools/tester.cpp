@@ -1,10 +1,10 @@
 #include "tools/tester.h"
 
+#include "utils/log/log.h"
+
 #include <algorithm>
 #include <exception>
 #include <string_view>
-
-#include "utils/log/log.h"
 
 namespace vask::tester {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "ui/widget.h"
 #include "utils/signalslot/signal.h"
 #include "utils/timer/timer.h"
+
+#include <cstdint>
+#include <string>
 
 namespace vask::ui {
 

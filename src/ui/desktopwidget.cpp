@@ -1,9 +1,9 @@
 #include "ui/desktopwidget.h"
 
-#include <algorithm>
-
 #include "events/eventbridge.h"
 #include "ui/receivers.h"
+
+#include <algorithm>
 
 namespace vask::ui {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-
 #include "designpatterns/singleton.h"
 #include "ui/keyrepeater.h"
 #include "ui/widget.h"
+
+#include <memory>
 
 namespace vask::ui {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ui/geometry.h"
+
+#include <cstdint>
 
 namespace vask::ui {
 

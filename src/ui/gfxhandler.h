@@ -1,11 +1,11 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "gfx/sprite/sprite.h"
+#include "gfx/sprite/spritefactory.h"
+
 #include <algorithm>
 #include <string>
-
-#include "designpatterns/singleton.h"
-#include "gfx/sprite.h"
-#include "gfx/spritefactory.h"
 
 namespace vask::ui {
 

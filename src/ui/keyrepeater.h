@@ -1,10 +1,10 @@
 #pragma once
 
+#include "utils/timer/timer.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
-
-#include "utils/timer/timer.h"
 
 namespace vask::ui {
 

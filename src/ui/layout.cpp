@@ -1,13 +1,13 @@
 #include "ui/layout.h"
 
+#include "ui/geometry.h"
+#include "utils/calculator/calculator.h"
+#include "utils/trim.h"
+
 #include <charconv>
 #include <limits>
 #include <string_view>
 #include <system_error>
-
-#include "ui/geometry.h"
-#include "utils/calculator/calculator.h"
-#include "utils/trim.h"
 
 namespace vask::ui {
 namespace {

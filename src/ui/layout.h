@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "utils/rect.h"
+
+#include <string>
 
 namespace vask::ui {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
-
 #include "events/eventbridge.h"
 #include "ui/geometry.h"
+
+#include <cstdint>
 
 namespace vask::ui {
 

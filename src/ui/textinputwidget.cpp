@@ -1,11 +1,11 @@
 #include "ui/textinputwidget.h"
 
-#include <algorithm>
-
-#include "gfx/textsprite.h"
+#include "gfx/text/textsprite.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
 #include "utils/log/log.h"
+
+#include <algorithm>
 
 namespace vask::ui {
 namespace {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "ui/widget.h"
+#include "utils/signalslot/signal.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
-
-#include "ui/widget.h"
-#include "utils/signalslot/signal.h"
 
 namespace vask {
 class CFont;

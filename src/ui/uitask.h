@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
-
 #include "events/keyboardlistener.h"
 #include "events/mouselistener.h"
 #include "events/windowlistener.h"
 #include "input/keyevent.h"
 #include "kernel/task.h"
+
+#include <memory>
 
 namespace vask {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ui/mouse.h"
+
+#include <cstdint>
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #include "ui/widget.h"
 
-#include <algorithm>
-
 #include "ui/gfxhandler.h"
 #include "ui/receivers.h"
 #include "utils/assert.h"
+
+#include <algorithm>
 
 namespace vask::ui {
 namespace {

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "designpatterns/walklist.h"
-#include "gfx/sprite.h"
+#include "gfx/sprite/sprite.h"
 #include "ui/event.h"
 #include "ui/eventbase.h"
 #include "ui/geometry.h"
@@ -14,6 +9,11 @@
 #include "ui/widgetdepth.h"
 #include "utils/rect.h"
 #include "utils/signalslot/signaltarget.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace vask::ui {
 

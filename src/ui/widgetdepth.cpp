@@ -1,8 +1,8 @@
 #include "ui/widgetdepth.h"
 
-#include <vector>
-
 #include "ui/widget.h"
+
+#include <vector>
 
 namespace vask::ui {
 

@@ -1,12 +1,12 @@
 #include "ui/widgetfactory.h"
 
-#include <utility>
-
 #include "ui/buttonwidget.h"
-#include "ui/consolewidget.h"
+#include "ui/console/consolewidget.h"
 #include "ui/desktopwidget.h"
 #include "ui/textinputwidget.h"
 #include "ui/windowwidget.h"
+
+#include <utility>
 
 namespace vask::ui {
 namespace {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "ui/widget.h"
+
 #include <map>
 #include <memory>
 #include <string>
-
-#include "designpatterns/singleton.h"
-#include "ui/widget.h"
 
 namespace vask::ui {
 

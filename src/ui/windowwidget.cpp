@@ -1,11 +1,11 @@
 #include "ui/windowwidget.h"
 
-#include <algorithm>
-
 #include "ui/buttonwidget.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
 #include "ui/receivers.h"
+
+#include <algorithm>
 
 namespace vask::ui {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ui/widget.h"
+
 #include <cstdint>
 #include <string>
-
-#include "ui/widget.h"
 
 namespace vask::ui {
 

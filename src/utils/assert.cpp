@@ -1,11 +1,11 @@
 #include "utils/assert.h"
 
+#include "utils/log/log.h"
+#include "utils/trim.h"
+
 #include <algorithm>
 #include <iostream>
 #include <utility>
-
-#include "utils/log/log.h"
-#include "utils/trim.h"
 
 namespace vask {
 namespace {

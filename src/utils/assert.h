@@ -1,13 +1,13 @@
 #pragma once
 
+#include "utils/containers/varref.h"
+
 #include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
-
-#include "utils/containers/varref.h"
 
 namespace vask {
 

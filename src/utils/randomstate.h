@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "designpatterns/singleton.h"
+
+#include <cstdint>
 
 namespace vask {
 

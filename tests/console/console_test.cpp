@@ -1,15 +1,15 @@
 #include "console/console.h"
 
+#include "console/consolecommand.h"
+#include "console/consoleparams.h"
+#include "support/logcapture.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <utility>
-
-#include "console/consolecommand.h"
-#include "console/consoleparams.h"
-#include "support/logcapture.h"
 
 namespace vask {
 namespace {

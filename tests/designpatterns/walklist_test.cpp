@@ -1,13 +1,13 @@
 #include "designpatterns/walklist.h"
 
+#include "designpatterns/walkset.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
 #include <memory>
 #include <random>
-
-#include "designpatterns/walkset.h"
 
 namespace vask {
 namespace {

@@ -7,16 +7,16 @@
 //   Unban              lifts the ban that "Ignore All" sets
 //   Tell               prints the variable and the window's state
 
+#include "events/eventbridge.h"
+#include "kernel/taskfactory.h"
+#include "utils/assert.h"
+
 #include <SDL.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <iostream>
 #include <string>
-
-#include "events/eventbridge.h"
-#include "kernel/taskfactory.h"
-#include "utils/assert.h"
 
 namespace {
 

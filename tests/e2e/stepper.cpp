@@ -8,15 +8,15 @@
 //
 // Each is answered "ok" when it is done; the end of the input quits.
 
-#include <iostream>
-#include <string>
-
-#include "gfx/screenlayer.h"
+#include "gfx/sprite/screenlayer.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
+
+#include <iostream>
+#include <string>
 
 namespace {
 

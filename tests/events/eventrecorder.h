@@ -1,10 +1,10 @@
 #pragma once
 
+#include "events/eventbridge.h"
+
 #include <functional>
 #include <string>
 #include <utility>
-
-#include "events/eventbridge.h"
 
 namespace vask::test {
 

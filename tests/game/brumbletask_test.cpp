@@ -1,13 +1,13 @@
 #include "game/brumbletask.h"
 
-#include <cmath>
-#include <tuple>
-
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
+
+#include <cmath>
+#include <tuple>
 
 namespace brumble {
 namespace {

@@ -1,15 +1,8 @@
 // The documents of those who change the game: examples that run, and nothing left out.
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <regex>
-#include <set>
-#include <sstream>
-
 #include "game/gfxfactory.h"
-#include "gfx/font.h"
-#include "gfx/spritefactory.h"
+#include "gfx/sprite/spritefactory.h"
+#include "gfx/text/font.h"
 #include "input/keynames.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
@@ -19,6 +12,13 @@
 #include "support/testpicture.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <sstream>
 
 namespace brumble {
 namespace {

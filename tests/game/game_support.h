@@ -1,19 +1,19 @@
 #pragma once
 
+#include "game/deathtoasprite.h"
+#include "game/gamestate.h"
+#include "gfx/animation/animationupdator.h"
+#include "gfx/picture/pixelnull.h"
+#include "gfx/sprite/screenlayer.h"
+#include "support/fakeclock.h"
+#include "support/logcapture.h"
+#include "utils/timer/globalapptimer.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
-
-#include "game/deathtoasprite.h"
-#include "game/gamestate.h"
-#include "gfx/animationupdator.h"
-#include "gfx/pixelnull.h"
-#include "gfx/screenlayer.h"
-#include "support/fakeclock.h"
-#include "support/logcapture.h"
-#include "utils/timer/globalapptimer.h"
 
 namespace brumble::test {
 

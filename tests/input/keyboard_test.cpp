@@ -1,14 +1,14 @@
 #include "input/keyboard.h"
 
-#include <SDL.h>
-#include <gtest/gtest.h>
-
-#include <map>
-
 #include "events/eventbridge.h"
 #include "input/heldinput.h"
 #include "input/keynames.h"
 #include "input/keyplaces.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <map>
 
 namespace vask {
 namespace {

@@ -1,11 +1,11 @@
 #include "input/mouse.h"
 
+#include "events/eventbridge.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <sstream>
-
-#include "events/eventbridge.h"
 
 namespace vask {
 namespace {

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <fstream>
-
 #include "events/eventbridge.h"
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
@@ -11,6 +7,10 @@
 #include "support/logcapture.h"
 #include "utils/randomstate.h"
 #include "utils/timer/timer.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace vask {
 namespace {

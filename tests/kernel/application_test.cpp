@@ -1,15 +1,15 @@
 #include "kernel/application.h"
 
-#include <gtest/gtest.h>
-
-#include <fstream>
-
 #include "console/consoleparams.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/logcapture.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace vask::test {
 namespace {

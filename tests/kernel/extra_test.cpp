@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "kernel/applicationfactory.h"
 #include "support/tasks.h"
+
+#include <gtest/gtest.h>
 
 namespace vask::test {
 namespace {

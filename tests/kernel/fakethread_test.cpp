@@ -1,10 +1,10 @@
 #include "kernel/fakethread.h"
 
+#include "support/fakeclock.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
-
-#include "support/fakeclock.h"
 
 namespace vask {
 namespace {

@@ -1,14 +1,14 @@
 #include "kernel/kernel.h"
 
-#include <gtest/gtest.h>
-
-#include <deque>
-#include <functional>
-
 #include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
 
 namespace vask::test {
 namespace {

@@ -1,8 +1,8 @@
 #include "platform/nativewindow.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/editcontrol.h"
+
+#include <gtest/gtest.h>
 
 // Last: its macros would spoil the other headers.
 #include <X11/Xlib.h>

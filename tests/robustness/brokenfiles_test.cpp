@@ -1,6 +1,20 @@
 // Every data file that the game ships, broken in every plain way, goes through the code that reads
 // it: nothing may crash, hang or read outside its memory.
 
+#include "console/consoleparams.h"
+#include "game/gfxfactory.h"
+#include "gfx/animation/animationupdator.h"
+#include "gfx/sprite/spritefactory.h"
+#include "gfx/text/font.h"
+#include "gfx/text/textsprite.h"
+#include "input/recordmouse.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
+#include "tasks/taskaudiosdlmixer.h"
+#include "tasks/taskwindowsdl.h"
+#include "utils/log/logfile.h"
+#include "utils/xml/xml.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -12,20 +26,6 @@
 #include <iterator>
 #include <map>
 #include <string>
-
-#include "console/consoleparams.h"
-#include "game/gfxfactory.h"
-#include "gfx/animationupdator.h"
-#include "gfx/font.h"
-#include "gfx/spritefactory.h"
-#include "gfx/textsprite.h"
-#include "input/recordmouse.h"
-#include "support/logcapture.h"
-#include "support/testpicture.h"
-#include "tasks/taskaudiosdlmixer.h"
-#include "tasks/taskwindowsdl.h"
-#include "utils/log/logfile.h"
-#include "utils/xml/xml.h"
 
 namespace fs = std::filesystem;
 

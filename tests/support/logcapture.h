@@ -1,12 +1,12 @@
 #pragma once
 
+#include "utils/log/log.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "utils/log/log.h"
 
 namespace vask::test {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-
 #include "console/console.h"
 #include "console/consolecommand.h"
 #include "kernel/kernel.h"
 #include "kernel/task.h"
+
+#include <string>
 
 namespace vask::test {
 

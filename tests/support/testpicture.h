@@ -1,11 +1,11 @@
 #pragma once
 
-#include <vector>
-
-#include "gfx/screenlayer.h"
 #include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/video.h"
+#include "gfx/sprite/screenlayer.h"
+
+#include <vector>
 
 namespace vask::test {
 

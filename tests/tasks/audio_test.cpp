@@ -1,3 +1,11 @@
+#include "audio/audiovolume.h"
+#include "kernel/applicationfactory.h"
+#include "kernel/tasklibraries.h"
+#include "support/fakeclock.h"
+#include "support/logcapture.h"
+#include "support/tasks.h"
+#include "tasks/taskaudiosdlmixer.h"
+
 #include <SDL.h>
 #include <SDL_mixer.h>
 #include <gtest/gtest.h>
@@ -6,14 +14,6 @@
 #include <fstream>
 #include <string>
 #include <utility>
-
-#include "kernel/applicationfactory.h"
-#include "kernel/tasklibraries.h"
-#include "support/fakeclock.h"
-#include "support/logcapture.h"
-#include "support/tasks.h"
-#include "tasks/audiovolume.h"
-#include "tasks/taskaudiosdlmixer.h"
 
 namespace vask::test {
 namespace {

@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <fstream>
-#include <regex>
-
 #include "events/eventrecorder.h"
-#include "gfx/textsprite.h"
+#include "gfx/text/textsprite.h"
 #include "input/keyboard.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
@@ -19,6 +13,12 @@
 #include "ui/textinputwidget.h"
 #include "ui/windowwidget.h"
 #include "utils/assert.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <fstream>
+#include <regex>
 
 namespace vask::test {
 

@@ -1,14 +1,14 @@
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "events/eventrecorder.h"
 #include "gfx/sdl/video.h"
 #include "support/tasks.h"
 #include "tasks/taskeventsdl.h"
 #include "tasks/taskmouse.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace vask::test {
 

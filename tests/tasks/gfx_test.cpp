@@ -1,13 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "events/eventbridge.h"
-#include "gfx/screenlayer.h"
 #include "gfx/sdl/pixelscreensdl.h"
+#include "gfx/sprite/screenlayer.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "tasks/taskgfxsdl.h"
 #include "tasks/taskwindowsdl.h"
+
+#include <gtest/gtest.h>
 
 namespace vask::test {
 

@@ -1,11 +1,12 @@
-#include <gtest/gtest.h>
+#include "input/keyboard.h"
 
 #include "console/consoleparams.h"
 #include "events/eventbridge.h"
-#include "input/keyboard.h"
 #include "input/keynames.h"
 #include "kernel/applicationfactory.h"
 #include "tasks/taskkeyboard.h"
+
+#include <gtest/gtest.h>
 
 namespace vask::test {
 

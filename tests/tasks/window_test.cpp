@@ -1,12 +1,11 @@
+#include "events/eventbridge.h"
+#include "gfx/sdl/video.h"
+#include "support/tasks.h"
 #include "tasks/taskwindowsdl.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-
-#include "events/eventbridge.h"
-#include "gfx/sdl/video.h"
-#include "support/tasks.h"
 
 namespace vask::test {
 

@@ -1,13 +1,13 @@
 #include "tools/mail.h"
 
+#include "kernel/applicationfactory.h"
+#include "support/logcapture.h"
+#include "tools/assertmail.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <functional>
-
-#include "kernel/applicationfactory.h"
-#include "support/logcapture.h"
-#include "tools/assertmail.h"
 
 namespace vask {
 namespace {

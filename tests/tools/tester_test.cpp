@@ -1,14 +1,14 @@
 #include "tools/tester.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-#include <string>
-
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
 
 namespace vask::tester {
 namespace {

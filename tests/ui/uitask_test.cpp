@@ -1,9 +1,5 @@
 #include "ui/uitask.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "events/eventbridge.h"
 #include "input/keyboard.h"
 #include "ui/desktopwidget.h"
@@ -11,6 +7,10 @@
 #include "ui/mouse.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace vask {
 namespace {

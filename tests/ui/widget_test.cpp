@@ -1,13 +1,13 @@
 #include "ui/widget.h"
 
+#include "support/testpicture.h"
+#include "ui/receivers.h"
+#include "utils/signalslot/signal.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <functional>
-
-#include "support/testpicture.h"
-#include "ui/receivers.h"
-#include "utils/signalslot/signal.h"
 
 namespace vask::ui {
 namespace {

@@ -1,8 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <functional>
-
 #include "events/eventbridge.h"
 #include "support/fakeclock.h"
 #include "support/testpicture.h"
@@ -14,6 +9,11 @@
 #include "ui/textinputwidget.h"
 #include "ui/widgetfactory.h"
 #include "ui/windowwidget.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
 
 namespace vask::ui {
 namespace {

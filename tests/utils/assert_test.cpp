@@ -1,8 +1,8 @@
 #include "utils/assert.h"
 
-#include <gtest/gtest.h>
-
 #include "support/logcapture.h"
+
+#include <gtest/gtest.h>
 
 namespace vask {
 namespace {

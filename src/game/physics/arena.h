@@ -1,10 +1,10 @@
 #pragma once
 
+#include "game/physics/physicsbody.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
-
-#include "game/physics/physicsbody.h"
 
 namespace brumble {
 

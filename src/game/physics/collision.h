@@ -1,11 +1,11 @@
 #pragma once
 
+#include "game/physics/geometry.h"
+
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <optional>
-
-#include "game/physics/geometry.h"
 
 namespace brumble {
 

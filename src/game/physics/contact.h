@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
-
 #include "game/physics/geometry.h"
 #include "game/physics/physicsbody.h"
+
+#include <array>
+#include <cstddef>
 
 namespace brumble {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <vector>
-
 #include "game/physics/collision.h"
 #include "game/physics/contact.h"
 #include "game/physics/physicsbody.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace brumble {
 

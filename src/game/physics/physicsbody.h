@@ -1,9 +1,9 @@
 #pragma once
 
+#include "game/physics/physicsgfxbridge.h"
+
 #include <cstdint>
 #include <memory>
-
-#include "game/physics/physicsgfxbridge.h"
 
 namespace brumble {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "game/physics/physicsworld.h"
+
 #include <cstdint>
 #include <memory>
-
-#include "game/physics/physicsworld.h"
 
 namespace brumble {
 

@@ -1,14 +1,14 @@
 #include "game/physics/physicsworld.h"
 
-#include <algorithm>
-#include <cmath>
-#include <utility>
-
 #include "game/physics/arena.h"
 #include "game/physics/contactsolver.h"
 #include "game/physics/worldstate.h"
 #include "platform/random.h"
 #include "platform/wallclock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace brumble {
 namespace {

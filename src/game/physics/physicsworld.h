@@ -1,14 +1,14 @@
 #pragma once
 
-#include <cstddef>
-#include <memory>
-#include <vector>
-
 #include "game/physics/contact.h"
 #include "game/physics/contactgenerator.h"
 #include "game/physics/gamelogicreceiver.h"
 #include "game/physics/physicsbody.h"
 #include "game/physics/physicsgfxbridge.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
 
 namespace brumble {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "game/physics/gamelogicreceiver.h"
+
+#include <cstdint>
 
 namespace brumble {
 

@@ -1,10 +1,10 @@
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "game/physics/contactgenerator.h"
 #include "game/physics/contactsolver.h"
 #include "tools/tester.h"
+
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace brumble {
 namespace {

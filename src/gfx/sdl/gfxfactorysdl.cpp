@@ -1,15 +1,15 @@
 #include "gfx/sdl/gfxfactorysdl.h"
 
-#include <SDL_image.h>
-
-#include <memory>
-#include <utility>
-
-#include "gfx/gfx.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/sdl/pixelsdl.h"
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/video.h"
 #include "utils/inputfile.h"
+
+#include <SDL_image.h>
+
+#include <memory>
+#include <utility>
 
 namespace vask {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gfx/gfxfactory.h"
+#include "gfx/picture/gfxfactory.h"
 #include "gfx/sdl/surface.h"
 
 namespace vask {

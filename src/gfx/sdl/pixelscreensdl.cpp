@@ -1,6 +1,6 @@
 #include "gfx/sdl/pixelscreensdl.h"
 
-#include "gfx/gfx.h"
+#include "gfx/picture/gfx.h"
 #include "kernel/applicationfactory.h"
 #include "utils/log/log.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstddef>
-#include <deque>
-
 #include "gfx/sdl/pixelsdl.h"
 #include "gfx/sdl/video.h"
+
+#include <cstddef>
+#include <deque>
 
 namespace vask {
 

@@ -1,18 +1,18 @@
 #include "gfx/sdl/pixelsdl.h"
 
-#include <algorithm>
-#include <array>
-#include <memory>
-#include <optional>
-#include <utility>
-
-#include "gfx/gfx.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/rgbablit.h"
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/tgawriter.h"
 #include "gfx/sdl/transform.h"
 #include "utils/outputfile.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace vask {
 

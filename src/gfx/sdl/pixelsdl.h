@@ -1,11 +1,11 @@
 #pragma once
 
+#include "gfx/picture/pixel.h"
+#include "gfx/sdl/surface.h"
+
 #include <SDL.h>
 
 #include <string>
-
-#include "gfx/pixel.h"
-#include "gfx/sdl/surface.h"
 
 namespace vask {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <SDL.h>
-
 #include "utils/rect.h"
+
+#include <SDL.h>
 
 namespace vask::sdl {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <SDL.h>
+#include "gfx/picture/texturemanager.h"
 
-#include "gfx/texturemanager.h"
+#include <SDL.h>
 
 namespace vask {
 

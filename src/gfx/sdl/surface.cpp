@@ -1,9 +1,9 @@
 #include "gfx/sdl/surface.h"
 
+#include "gfx/sdl/video.h"
+
 #include <cstddef>
 #include <cstring>
-
-#include "gfx/sdl/video.h"
 
 namespace vask::sdl {
 

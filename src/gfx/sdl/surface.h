@@ -1,12 +1,12 @@
 #pragma once
 
+#include "utils/color.h"
+#include "utils/rect.h"
+
 #include <SDL.h>
 
 #include <cstdint>
 #include <memory>
-
-#include "utils/color.h"
-#include "utils/rect.h"
 
 // What the SDL pictures need of surfaces: ownership, locks, formats and copies that keep all four
 // channels.

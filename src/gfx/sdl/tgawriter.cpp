@@ -1,10 +1,10 @@
 #include "gfx/sdl/tgawriter.h"
 
+#include "gfx/sdl/surface.h"
+
 #include <cstdint>
 #include <utility>
 #include <vector>
-
-#include "gfx/sdl/surface.h"
 
 namespace vask::sdl {
 

@@ -1,10 +1,10 @@
 #include "gfx/sdl/transform.h"
 
+#include "gfx/sdl/pixelrow.h"
+
 #include <SDL_rotozoom.h>
 
 #include <cmath>
-
-#include "gfx/sdl/pixelrow.h"
 
 namespace vask::sdl {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "utils/containers/autolist.h"
+
 #include <SDL.h>
 
 #include <cstdint>
 #include <string>
-
-#include "utils/containers/autolist.h"
 
 // SDL's video calls that crash, or answer a surface that is gone, while there is no video: here
 // they answer "nothing" instead.

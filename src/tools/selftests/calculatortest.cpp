@@ -1,8 +1,8 @@
-#include <cmath>
-#include <string>
-
 #include "tools/tester.h"
 #include "utils/calculator/calculator.h"
+
+#include <cmath>
+#include <string>
 
 namespace vask::tester {
 namespace {

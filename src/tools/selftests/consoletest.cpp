@@ -1,9 +1,9 @@
-#include <string>
-
 #include "console/console.h"
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
 #include "tools/tester.h"
+
+#include <string>
 
 namespace vask::tester {
 namespace {

@@ -1,10 +1,9 @@
 #include "kernel/fakethread.h"
-
-#include <string>
-
 #include "tools/selftests/standinclock.h"
 #include "tools/tester.h"
 #include "utils/log/log.h"
+
+#include <string>
 
 namespace vask::tester {
 namespace {

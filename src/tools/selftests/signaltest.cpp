@@ -1,12 +1,12 @@
-#include <memory>
-#include <sstream>
-#include <string>
-#include <utility>
-
 #include "tools/tester.h"
 #include "utils/signalslot/cssobject.h"
 #include "utils/signalslot/signal.h"
 #include "utils/xml/xml.h"
+
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
 
 namespace vask::tester {
 namespace {

@@ -1,9 +1,8 @@
 #include "tools/selftests/standinclock.h"
-
-#include <string>
-
 #include "tools/tester.h"
 #include "utils/timer/timer.h"
+
+#include <string>
 
 namespace vask::tester {
 namespace {

@@ -1,9 +1,9 @@
+#include "tools/tester.h"
+#include "utils/xml/xml.h"
+
 #include <memory>
 #include <sstream>
 #include <string>
-
-#include "tools/tester.h"
-#include "utils/xml/xml.h"
 
 namespace vask::tester {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "utils/calculator/infixtopostfix.h"
 #include "utils/calculator/postfix.h"
+
+#include <string>
 
 namespace vask {
 

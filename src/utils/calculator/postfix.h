@@ -1,10 +1,10 @@
 #pragma once
 
+#include "utils/calculator/postfixoperand.h"
+
 #include <deque>
 #include <map>
 #include <string>
-
-#include "utils/calculator/postfixoperand.h"
 
 namespace vask {
 

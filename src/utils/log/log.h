@@ -1,14 +1,14 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "designpatterns/walklist.h"
+#include "utils/log/loglistener.h"
+
 #include <list>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "designpatterns/singleton.h"
-#include "designpatterns/walklist.h"
-#include "utils/log/loglistener.h"
 
 namespace vask {
 

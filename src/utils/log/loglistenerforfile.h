@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "utils/log/log.h"
 #include "utils/log/logfile.h"
+
+#include <memory>
+#include <string>
 
 namespace vask {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "utils/containers/autolist.h"
 #include "utils/signalslot/signalconnection.h"
 #include "utils/signalslot/signaltarget.h"
+
+#include <memory>
+#include <string>
 
 namespace vask::css {
 

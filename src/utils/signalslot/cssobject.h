@@ -1,11 +1,11 @@
 #pragma once
 
+#include "utils/signalslot/ccssobject.h"
+#include "utils/signalslot/ssobject.h"
+
 #include <memory>
 #include <string>
 #include <utility>
-
-#include "utils/signalslot/ccssobject.h"
-#include "utils/signalslot/ssobject.h"
 
 namespace vask::css {
 

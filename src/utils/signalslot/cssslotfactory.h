@@ -1,12 +1,12 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "utils/signalslot/genericeventbase.h"
+
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
-
-#include "designpatterns/singleton.h"
-#include "utils/signalslot/genericeventbase.h"
 
 namespace vask::css {
 

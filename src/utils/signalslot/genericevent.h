@@ -1,15 +1,15 @@
 #pragma once
 
+#include "utils/containers/container.h"
+#include "utils/containers/varref.h"
+#include "utils/signalslot/genericeventbase.h"
+
 #include <concepts>
 #include <istream>
 #include <memory>
 #include <optional>
 #include <type_traits>
 #include <typeinfo>
-
-#include "utils/containers/container.h"
-#include "utils/containers/varref.h"
-#include "utils/signalslot/genericeventbase.h"
 
 namespace vask::css {
 

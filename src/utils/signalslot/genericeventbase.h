@@ -1,10 +1,10 @@
 #pragma once
 
+#include "utils/containers/container.h"
+
 #include <cstdint>
 #include <memory>
 #include <typeinfo>
-
-#include "utils/containers/container.h"
 
 namespace vask::css {
 

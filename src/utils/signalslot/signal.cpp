@@ -1,12 +1,12 @@
 #include "utils/signalslot/signal.h"
 
-#include <algorithm>
-#include <string>
-
 #include "utils/log/log.h"
 #include "utils/signalslot/ccssobject.h"
 #include "utils/signalslot/cssslotfactory.h"
 #include "utils/xml/xmlcontext.h"
+
+#include <algorithm>
+#include <string>
 
 namespace vask::css {
 

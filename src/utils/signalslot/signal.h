@@ -1,15 +1,15 @@
 #pragma once
 
+#include "utils/signalslot/genericevent.h"
+#include "utils/signalslot/signalconnection.h"
+#include "utils/signalslot/signaltarget.h"
+#include "utils/signalslot/ssobject.h"
+
 #include <cstddef>
 #include <memory>
 #include <type_traits>
 #include <utility>
 #include <vector>
-
-#include "utils/signalslot/genericevent.h"
-#include "utils/signalslot/signalconnection.h"
-#include "utils/signalslot/signaltarget.h"
-#include "utils/signalslot/ssobject.h"
 
 namespace vask {
 

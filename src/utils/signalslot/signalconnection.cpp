@@ -1,10 +1,10 @@
 #include "utils/signalslot/signalconnection.h"
 
-#include <utility>
-#include <vector>
-
 #include "utils/signalslot/signal.h"
 #include "utils/signalslot/signaltarget.h"
+
+#include <utility>
+#include <vector>
 
 namespace vask::css {
 

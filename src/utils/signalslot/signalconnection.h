@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "utils/signalslot/genericeventbase.h"
+
+#include <memory>
 
 namespace vask::css {
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+#include "utils/signalslot/cssslotfactory.h"
+#include "utils/signalslot/genericevent.h"
+
 #include <map>
 #include <memory>
 #include <string>
 #include <typeinfo>
 #include <utility>
-
-#include "designpatterns/singleton.h"
-#include "utils/signalslot/cssslotfactory.h"
-#include "utils/signalslot/genericevent.h"
 
 namespace vask::css {
 

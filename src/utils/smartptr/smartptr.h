@@ -1,10 +1,10 @@
 #pragma once
 
+#include "designpatterns/singleton.h"
+
 #include <cstddef>
 #include <unordered_map>
 #include <utility>
-
-#include "designpatterns/singleton.h"
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-
 #include "designpatterns/singleton.h"
 #include "events/windowlistener.h"
 #include "utils/timer/timer.h"
+
+#include <memory>
 
 namespace vask {
 

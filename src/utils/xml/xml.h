@@ -1,10 +1,10 @@
 #pragma once
 
+#include "utils/xml/xmlcontext.h"
+
 #include <iosfwd>
 #include <memory>
 #include <string>
-
-#include "utils/xml/xmlcontext.h"
 
 namespace vask {
 

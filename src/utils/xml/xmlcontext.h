@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "utils/rect.h"
 #include "utils/xml/xmlelement.h"
+
+#include <string>
+#include <vector>
 
 namespace vask {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "utils/containers/container.h"
+
 #include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "utils/containers/container.h"
 
 namespace vask {
 

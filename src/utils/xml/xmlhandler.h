@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "utils/xml/xmlelement.h"
 #include "utils/xml/xmlhandlerinterface.h"
+
+#include <memory>
+#include <string>
 
 namespace vask {
 

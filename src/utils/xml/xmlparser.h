@@ -1,10 +1,10 @@
 #pragma once
 
+#include "utils/xml/xmlhandlerinterface.h"
+
 #include <istream>
 #include <string>
 #include <string_view>
-
-#include "utils/xml/xmlhandlerinterface.h"
 
 namespace vask {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <ostream>
-#include <string>
-
 #include "utils/xml/xmlelement.h"
 #include "utils/xml/xmlhandlerinterface.h"
+
+#include <ostream>
+#include <string>
 
 namespace vask {
 

@@ -1,5 +1,12 @@
 #include "game/physics/physicsworld.h"
 
+#include "game/physics/arena.h"
+#include "game/physics/contactsolver.h"
+#include "game/physics/physicshandle.h"
+#include "game/physics/worldstate.h"
+#include "platform/random.h"
+#include "platform/wallclock.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -11,13 +18,6 @@
 #include <string>
 #include <tuple>
 #include <vector>
-
-#include "game/physics/arena.h"
-#include "game/physics/contactsolver.h"
-#include "game/physics/physicshandle.h"
-#include "game/physics/worldstate.h"
-#include "platform/random.h"
-#include "platform/wallclock.h"
 
 namespace {
 int theAllocations = 0;

@@ -1,15 +1,15 @@
 #include "utils/signalslot/signal.h"
 
+#include "support/docexample.h"
+#include "support/logcapture.h"
+#include "utils/signalslot/cssobject.h"
+#include "utils/xml/xml.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
 #include <sstream>
-
-#include "support/docexample.h"
-#include "support/logcapture.h"
-#include "utils/signalslot/cssobject.h"
-#include "utils/xml/xml.h"
 
 namespace vask::css {
 namespace {

@@ -1,12 +1,12 @@
 #include "utils/timer/timer.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 #include "events/eventbridge.h"
 #include "support/fakeclock.h"
 #include "utils/timer/globalapptimer.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
 
 namespace vask {
 namespace {

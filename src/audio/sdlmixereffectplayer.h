@@ -1,0 +1,47 @@
+#pragma once
+
+#include "audio/sdlmixereffectdata.h"
+#include "utils/smartptr/smartptr.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace vask {
+
+// Plays sound effects over the mixer, which must be open for as long as the player lives. An effect
+// stays in memory until everything has fallen silent, a preloaded one to the end. Several players
+// share the mixer's channels and the effects in memory.
+class CSDLMixerEffectPlayer {
+ public:
+  CSDLMixerEffectPlayer();
+  // Silences what this player plays, and frees its effects.
+  ~CSDLMixerEffectPlayer();
+  CSDLMixerEffectPlayer(const CSDLMixerEffectPlayer&) = delete;
+  CSDLMixerEffectPlayer& operator=(const CSDLMixerEffectPlayer&) = delete;
+
+  void Play(const std::string& fileName);
+  void Preload(const std::string& fileName);
+  // All effects of this player together.
+  void Pause();
+  void Resume();
+  // Follows the volume, and frees what is not needed any more.
+  void Update();
+
+ private:
+  using CEffectPtr = CSmartPtr<CSDLMixerEffectData>;
+
+  void Hold(const CEffectPtr& effect);
+  template <typename Visit>
+  void ForEachChannel(Visit visit) const;
+  void ApplyVolume();
+
+  // Which player has used each of the mixer's channels last.
+  static inline std::vector<const CSDLMixerEffectPlayer*> ourUsers;
+
+  std::vector<CEffectPtr> myEffects;
+  bool myHasPlayed = false;                     // since the last sweep
+  std::array<float, 2> mySettings{1.0F, 1.0F};  // the volume; the second is not used
+};
+
+}  // namespace vask

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "gfx/animation/animation.h"
+#include "gfx/sprite/sprite.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vask {
+
+// A sprite with named animations. While it plays, the scheduler (CAnimationUpdator) wakes it
+// whenever its current frame is due; without a current animation, at a fixed interval.
+//
+//   CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("data/gfx/flame.xml"));
+//   flame->PlayAnimation("burn");
+class CAnimatedSprite : public CSprite {
+ public:
+  CAnimatedSprite() = default;
+  ~CAnimatedSprite() override;
+
+  int GetTypeId() const override;
+  void Serialize(CXmlContext& xml) override;
+  // Plays the first animation of that name from its start, or goes on when it is playing already.
+  // An unknown name starts the current animation again.
+  void PlayAnimation(const std::string& name) override;
+
+  void AddAnimation(std::unique_ptr<CAnimation> animation);
+  // Enters and leaves the scheduler.
+  void Play();
+  void Stop();
+  bool IsPlaying() const { return myPlay; }
+  // The frame of the current animation.
+  unsigned GetCurrentFrame() const { return myCurrentFrame; }
+  // The speed of the sprite's clock against the scheduler's: 2 is twice as fast, 0 stands still.
+  // Other than finite factors from 0 are ignored.
+  void SetTimeMultiply(float factor);
+
+  // For the scheduler. Milliseconds from `now` until the sprite is due; not above 0 when it is.
+  int GetWait(unsigned now) const;
+  // Advances the clock, then the animation.
+  void Tick(unsigned time);
+
+ private:
+  CAnimation* FindAnimation(const std::string& name) const;
+  bool HasFrames() const;
+  void AdvanceClock(unsigned time);
+  void AdvanceAnimation();
+  int RealTime(int clockTime) const;
+  void ReadAnimations(const CXmlContext& xml);
+  void WriteAnimations(CXmlContext& xml);
+
+  std::vector<std::unique_ptr<CAnimation>> myAnimations;
+  CAnimation* myCurrentAnimation = nullptr;
+  unsigned myCurrentFrame = 0;
+  bool myStarted = false;   // whether the clock runs
+  unsigned myTime = 0;      // the sprite's clock, in its own milliseconds
+  double myTimeRest = 0.0;  // what the clock has not yet counted of a millisecond
+  unsigned myLastTime = 0;  // the scheduler's time at the last tick
+  unsigned myMinimumUpdateTime = 250;
+  bool myPlay = false;
+  float myTimeMultiply = 1.0F;
+  bool* myDeathNote = nullptr;  // set when the sprite dies while a frame of it is being applied
+};
+
+}  // namespace vask

@@ -1,0 +1,77 @@
+#include "gfx/animation/frame.h"
+
+#include "gfx/animation/framerect.h"
+#include "gfx/animation/framesound.h"
+#include "utils/log/log.h"
+#include "utils/xml/xmlcontext.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace vask {
+namespace {
+
+// By type number.
+constexpr std::array<const char*, 2> kTypeNames = {"frame_rect", "frame_sound"};
+
+// Keeps a hostile file from using up the stack.
+constexpr int kDeepestWrapped = 16;
+
+bool IsTooDeep(const CXmlElement& element) {
+  int depth = 0;
+  for (const CXmlElement* outer = &element; outer != nullptr && outer->GetName() == "Wrapped";
+       outer = outer->GetParent()) {
+    ++depth;
+  }
+  return depth > kDeepestWrapped;
+}
+
+// Null for a name that is no frame type.
+std::unique_ptr<IFrame> NewFrame(std::string_view typeName) {
+  for (std::size_t i = 0; i < kTypeNames.size(); ++i) {
+    if (typeName == kTypeNames[i]) {
+      return std::unique_ptr<IFrame>(GetFrameFactory().GetNew(static_cast<IFrame::frame_type>(i)));
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+CFrameFactory& GetFrameFactory() {
+  CFrameFactory& factory = CFrameFactory::GetSingleton();
+  factory.Register<CFrameRect>(IFrame::frame_rect);
+  factory.Register<CFrameSound>(IFrame::frame_sound);
+  return factory;
+}
+
+const char* FrameTypeName(IFrame::frame_type type) {
+  return kTypeNames[static_cast<std::size_t>(type)];
+}
+
+std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName) {
+  CLog& log = *CLog::GetSingletonPtr();
+  if (IsTooDeep(element)) {
+    log.Warning() << "Animation: a frame is wrapped too deep, it is skipped\n";
+    return nullptr;
+  }
+  const std::string type = element.GetAttribute("type").ToString();
+  std::unique_ptr<IFrame> frame = NewFrame(type);
+  if (frame == nullptr) {
+    log.Warning() << "Animation: a frame of the unknown type \"" << type << "\" is skipped\n";
+    return nullptr;
+  }
+  CXmlContext context(&element, CXmlContext::kReading, fileName);
+  frame->Serialize(context);
+  return frame;
+}
+
+void WriteFrame(CXmlContext& xml, const char* elementName, IFrame& frame) {
+  xml.BeginNode(elementName);
+  xml.SetAttribute("type", FrameTypeName(frame.GetType()));
+  frame.Serialize(xml);
+  xml.EndNode(elementName);
+}
+
+}  // namespace vask

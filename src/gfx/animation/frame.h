@@ -1,0 +1,49 @@
+#pragma once
+
+#include "designpatterns/plugfactory.h"
+
+#include <memory>
+#include <string>
+
+namespace vask {
+
+class CSprite;
+class CXmlContext;
+class CXmlElement;
+
+// One step of an animation: it shows a part of the picture sheet, or plays a sound. Frames are made
+// by their type through the process-wide frame factory.
+class IFrame {
+ public:
+  enum frame_type : int { frame_rect = 0, frame_sound = 1 };
+
+  virtual ~IFrame() = default;
+  virtual frame_type GetType() const = 0;
+  // Does what the frame is there for; `elapsed` are the milliseconds since the last tick. Answers
+  // whether the frame is over. What it plays may delete the sprite and, with it, the frame.
+  virtual bool Apply(CSprite* sprite, unsigned elapsed) = 0;
+  // After how many milliseconds the sprite is due again, and how many the frame lasts.
+  virtual unsigned GetDelay() const = 0;
+  virtual unsigned GetLength() const = 0;
+  virtual void Serialize(CXmlContext& xml) = 0;
+  // The frame's turn has come; it shows what it has to show, and plays nothing yet.
+  virtual void Show(CSprite* sprite) = 0;
+};
+
+using CFrameFactory = CSingletonFactory<IFrame::frame_type, IFrame>;
+
+// The factory with its two makers entered.
+CFrameFactory& GetFrameFactory();
+
+// The name of a frame type in files.
+const char* FrameTypeName(IFrame::frame_type type);
+
+// The frame that an element describes by its attribute "type" and the rest. Null, with one line in
+// the log, for a missing or unknown type, and for a frame that is wrapped more than 16 deep. The
+// file name is that of the whole document.
+std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName);
+
+// Writes the frame as a child element of the given name.
+void WriteFrame(CXmlContext& xml, const char* elementName, IFrame& frame);
+
+}  // namespace vask

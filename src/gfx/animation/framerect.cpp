@@ -1,0 +1,44 @@
+#include "gfx/animation/framerect.h"
+
+#include "gfx/sprite/sprite.h"
+#include "utils/xml/xmlcontext.h"
+
+#include <utility>
+
+namespace vask {
+
+CFrameRect::CFrameRect(const CRect<int>& rect, unsigned length, std::unique_ptr<IFrame> wrapped)
+    : myRect(rect), myFrameLength(length), myWrapped(std::move(wrapped)) {}
+
+bool CFrameRect::Apply(CSprite* sprite, unsigned elapsed) {
+  sprite->SetImageRect(myRect);
+  return myWrapped != nullptr ? myWrapped->Apply(sprite, elapsed) : elapsed >= myFrameLength;
+}
+
+unsigned CFrameRect::GetDelay() const {
+  return myWrapped != nullptr ? myWrapped->GetDelay() : myFrameLength;
+}
+
+unsigned CFrameRect::GetLength() const {
+  return myWrapped != nullptr ? myWrapped->GetLength() : myFrameLength;
+}
+
+void CFrameRect::Serialize(CXmlContext& xml) {
+  xml.OptionalValue("Rect", myRect);
+  xml.OptionalValue("FrameLength", myFrameLength);
+  if (xml.IsReading()) {
+    CXmlElement* wrapped = xml.HasChild("Wrapped") ? xml.GetChild("Wrapped") : nullptr;
+    myWrapped = wrapped != nullptr ? ReadFrame(*wrapped, xml.GetFileName()) : nullptr;
+  } else if (myWrapped != nullptr) {
+    WriteFrame(xml, "Wrapped", *myWrapped);
+  }
+}
+
+void CFrameRect::Show(CSprite* sprite) {
+  sprite->SetImageRect(myRect);
+  if (myWrapped != nullptr) {
+    myWrapped->Show(sprite);
+  }
+}
+
+}  // namespace vask

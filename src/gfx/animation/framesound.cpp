@@ -1,0 +1,60 @@
+#include "gfx/animation/framesound.h"
+
+#include "console/console.h"
+#include "kernel/applicationfactory.h"
+#include "utils/log/log.h"
+#include "utils/xml/xmlcontext.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vask {
+namespace {
+
+// What would end the name, or the command, within a console line: a file could run commands by it.
+bool FitsConsoleLine(const std::string& name) {
+  const auto contains = [&name](const char* part) { return name.find(part) != std::string::npos; };
+  return !contains("\"") && !contains(",") && !contains("::") && !contains(";") && !contains("//");
+}
+
+}  // namespace
+
+CFrameSound::CFrameSound(std::string soundFile, std::unique_ptr<IFrame> wrapped)
+    : mySoundFile(std::move(soundFile)), myWrapped(std::move(wrapped)) {}
+
+bool CFrameSound::Apply(CSprite*, unsigned) {
+  if (!mySoundFile.empty()) {
+    const std::string line = "Audio::PlayEffect( \"" + mySoundFile + "\" );";
+    CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    // The frame may be gone now.
+  }
+  return true;
+}
+
+unsigned CFrameSound::GetDelay() const {
+  return myWrapped != nullptr ? myWrapped->GetDelay() : GetLength();
+}
+
+unsigned CFrameSound::GetLength() const {
+  return myWrapped != nullptr ? myWrapped->GetLength() : 0;
+}
+
+void CFrameSound::Serialize(CXmlContext& xml) {
+  if (xml.IsWriting()) {
+    xml.SetAttribute("sound_file", mySoundFile);
+    return;
+  }
+  const CXmlElement* element = xml.GetCurrent();
+  if (element == nullptr || !element->HasAttribute("sound_file")) {
+    return;
+  }
+  const std::string name = element->GetAttribute("sound_file").ToString();
+  if (FitsConsoleLine(name)) {
+    mySoundFile = name;
+  } else {
+    CLog::GetSingletonPtr()->Warning()
+        << "Animation: the sound file name \"" << name << "\" is refused\n";
+  }
+}
+
+}  // namespace vask

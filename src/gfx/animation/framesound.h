@@ -1,0 +1,31 @@
+#pragma once
+
+#include "gfx/animation/frame.h"
+
+#include <memory>
+#include <string>
+
+namespace vask {
+
+// Plays a sound effect once, through the console command of the audio task, and hands over to the
+// next frame.
+class CFrameSound : public IFrame {
+ public:
+  CFrameSound() = default;
+  // A file name without quote, comma, "::", ";" and "//", which a console line cannot carry. The
+  // wrapped frame only lends its times.
+  explicit CFrameSound(std::string soundFile, std::unique_ptr<IFrame> wrapped = nullptr);
+
+  frame_type GetType() const override { return frame_sound; }
+  bool Apply(CSprite* sprite, unsigned elapsed) override;
+  unsigned GetDelay() const override;
+  unsigned GetLength() const override;
+  void Serialize(CXmlContext& xml) override;
+  void Show(CSprite*) override {}
+
+ private:
+  std::string mySoundFile;
+  std::unique_ptr<IFrame> myWrapped;
+};
+
+}  // namespace vask

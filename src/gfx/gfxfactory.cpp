@@ -1,7 +1,0 @@
-#include "gfx/gfxfactory.h"
-
-namespace vask {
-
-void CGfxFactory::CopyExact(IPixel*, const CRect<int>&, IPixel*, int, int) {}
-
-}  // namespace vask

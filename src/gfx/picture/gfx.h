@@ -1,0 +1,67 @@
+#pragma once
+
+#include "gfx/picture/gfxfactory.h"
+#include "gfx/picture/pixel.h"
+#include "utils/rect.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+// The facade over the one installed picture factory, and the values that the whole process shares
+// about the screen. Without a factory each function logs a warning and answers the null picture.
+namespace vask::Gfx {
+
+// Magenta, the key colour of every picture that is loaded for sprites and fonts.
+inline constexpr std::uint32_t kMagenta = 0xFFFF00FF;
+
+// A transparent buffer, owned by the caller (free with FreeImage).
+IPixel* NewBuffer(int width, int height);
+// A picture that shares the surface of the given one.
+IPixel* NewBuffer(IPixel* image);
+// The key is packed with red in the low byte.
+IPixel* LoadImage(const std::string& file, std::uint32_t colorKey);
+void FreeImage(IPixel* image);
+
+// A buffer in the screen's own format, with a key colour; the null picture without a factory. Used
+// for what is saved from under a sprite.
+IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey);
+
+// Copies pixels as they are, alpha and key colour included, with no blending: `sourceRect` of one
+// picture to the position of another (relative to the image rectangles, clipped to both). Nothing
+// when either is empty or no factory is installed.
+void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
+
+// The shared picture that draws nothing and is never deleted.
+IPixel* NullImage();
+
+// The installed factory, not owned; null when none is.
+CGfxFactory* GetFactory();
+void SetFactory(CGfxFactory* factory);
+
+// The screen's picture, not owned; the null picture while there is no screen.
+IPixel* GetScreen();
+void SetScreen(IPixel* screen);
+
+// The screen's rectangle (0, 0, width, height).
+CRect<int>& ScreenRect();
+
+// Bits per pixel of the screen: 32 until a video mode is set. Surface flags of new buffers: 0.
+int& ScreenBpp();
+std::uint32_t& NewSurfaceFlags();
+
+// Smoothing of scaled (0) and rotated (1) pictures.
+int& ScaleSmoothing();
+int& RotateSmoothing();
+
+struct ImageDeleter {
+  void operator()(IPixel* image) const {
+    if (!image->IsStatic()) {
+      FreeImage(image);
+    }
+  }
+};
+// An owner of a picture; static ones are only held.
+using ImagePtr = std::unique_ptr<IPixel, ImageDeleter>;
+
+}  // namespace vask::Gfx

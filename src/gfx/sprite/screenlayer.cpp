@@ -1,0 +1,64 @@
+#include "gfx/sprite/screenlayer.h"
+
+#include "utils/log/log.h"
+
+namespace vask {
+namespace {
+
+// New buffers are zero, which is black, so that a copy of one clears the screen at any depth.
+void FillBlack(IPixel* screen) {
+  const CRect<int> all{0, 0, screen->GetWidth(), screen->GetHeight()};
+  const Gfx::ImagePtr black(Gfx::NewScreenBuffer(all.w, all.h, Gfx::kMagenta));
+  Gfx::CopyExact(black.get(), all, screen, 0, 0);
+  screen->AddDirtyRect(all);
+}
+
+}  // namespace
+
+CScreenLayer::CScreenLayer()
+    : myCanvasSprite(std::make_unique<CSprite>()), myScreen(Gfx::NullImage()) {
+  SetCanvas(myCanvasSprite.get());
+}
+
+CScreenLayer::~CScreenLayer() {
+  SetCanvas(nullptr);
+  // A later object at the same address starts with a count of its own.
+  if (auto* owners = CSmartPtrManager<CSprite>::PeekSingletonPtr()) {
+    owners->Forget(this);
+  }
+}
+
+int CScreenLayer::GetTypeId() const { return kScreenLayer; }
+
+// A sprite may change, or die, after the screen has gone: nothing is put back on that one, nor on
+// one that is about to be drawn anew, whose depth may be another.
+CSprite* CScreenLayer::GetCanvas() const {
+  const bool isSame = myScreen == Gfx::GetScreen() && !myRefreshAll;
+  return isSame ? CSpriteLayer::GetCanvas() : nullptr;
+}
+
+void CScreenLayer::DrawFrame() {
+  const bool isSame = myScreen == Gfx::GetScreen();
+  myScreen = Gfx::GetScreen();
+  if (myScreen->IsEmpty()) {
+    return;
+  }
+  if (isSame && !myRefreshAll && myScreen->GetRect() == myCanvasSprite->GetRect()) {
+    Draw(GetCanvas());
+  } else {
+    DrawAll();
+  }
+}
+
+void CScreenLayer::DrawAll() {
+  myRefreshAll = false;
+  myCanvasSprite->SetImage(myScreen);
+  myCanvasSprite->SetRect(myScreen->GetRect());
+  *CLog::GetSingletonPtr() << "drawing all\n";
+  FillBlack(myScreen);
+  // The backgrounds of the last screen are worthless; painting saves new ones.
+  ForgetBackground();
+  Draw(GetCanvas());
+}
+
+}  // namespace vask

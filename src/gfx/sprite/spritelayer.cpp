@@ -1,0 +1,160 @@
+#include "gfx/sprite/spritelayer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+namespace vask {
+
+CSpriteLayer::CSpriteLayer() : myDepthMark(std::numeric_limits<int>::min()) {}
+
+CSpriteLayer::~CSpriteLayer() {
+  LeaveLayer();
+  for (CWalkList<CSprite>* list : {&myChildren, &myHiddenChildren}) {
+    CWalkList<CSprite>::CWalk walk(*list);
+    while (CSprite* child = walk.Next()) {
+      Orphan(child);
+    }
+  }
+}
+
+void CSpriteLayer::Orphan(CSprite* sprite) {
+  sprite->myParent = nullptr;
+  sprite->myHiddenParent = nullptr;
+  sprite->myInDirtyList = false;
+  sprite->ForgetBackground();
+}
+
+int CSpriteLayer::GetTypeId() const { return kLayer; }
+
+// Nothing that CheckOverlap does can change a list of children: it only puts pixels back.
+void CSpriteLayer::CheckOverlap(CSprite* canvas) {
+  for (CSprite* child : myChildren.Items()) {
+    child->CheckOverlap(canvas);
+  }
+  if (!myChildren.IsEmpty()) {
+    RaiseDepthMark(myChildren.Items().back()->myZ);
+  }
+  CSprite::CheckOverlap(canvas);
+}
+
+// Nor does painting.
+bool CSpriteLayer::Draw(CSprite* canvas) {
+  bool drew = CSprite::Draw(canvas);  // a picture of the layer's own lies behind its children
+  const std::vector<CSprite*>& children = myChildren.Items();
+  for (std::size_t i = children.size(); i-- > 0;) {
+    CSprite* child = children[i];
+    if (child->myZ <= myDepthMark) {
+      myDepthMark = child->myZ;
+      drew = child->Draw(canvas) || drew;
+    }
+  }
+  if (myDepthMark > std::numeric_limits<int>::min()) {
+    --myDepthMark;
+  }
+  return drew;
+}
+
+void CSpriteLayer::AddChild(CSprite* sprite) {
+  if (sprite == nullptr || IsInside(sprite)) {
+    return;
+  }
+  sprite->LeaveLayer();
+  sprite->myParent = this;
+  PutIn(sprite);
+}
+
+void CSpriteLayer::RemoveChild(CSprite* sprite) {
+  if (myChildren.Contains(sprite)) {
+    TakeOut(sprite);
+  } else if (!myHiddenChildren.Remove(sprite)) {
+    return;
+  }
+  Orphan(sprite);
+}
+
+void CSpriteLayer::HideChild(CSprite* sprite) {
+  if (!myChildren.Contains(sprite)) {
+    return;
+  }
+  TakeOut(sprite);
+  Orphan(sprite);
+  sprite->myHiddenParent = this;
+  myHiddenChildren.Append(sprite);
+}
+
+void CSpriteLayer::ShowChild(CSprite* sprite) {
+  if (!myHiddenChildren.Remove(sprite)) {
+    return;
+  }
+  sprite->myHiddenParent = nullptr;
+  sprite->myParent = this;
+  PutIn(sprite);
+}
+
+void CSpriteLayer::RaiseDepthMark(int z) { myDepthMark = std::max(myDepthMark, z); }
+
+int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
+
+void CSpriteLayer::AddDirty(CSprite* sprite) {
+  sprite->myInDirtyList = true;
+  TakeOff(sprite);
+  sprite->myDirtyState = 2;  // also off the canvas: the change may bring it there
+}
+
+void CSpriteLayer::SetCanvas(CSprite* canvas) { myCanvas = canvas; }
+
+CSprite* CSpriteLayer::GetCanvas() const {
+  return GetParent() != nullptr ? GetParent()->GetCanvas() : myCanvas;
+}
+
+void CSpriteLayer::TakeOut(CSprite* sprite) {
+  TakeOff(sprite);
+  myChildren.Remove(sprite);
+}
+
+void CSpriteLayer::TakeOff(CSprite* sprite) {
+  MarkChanged();
+  CSprite* canvas = GetCanvas();
+  for (CSprite* child : myChildren.Items()) {
+    child->CheckOverlap(canvas);
+    if (child == sprite) {
+      break;
+    }
+  }
+  RaiseDepthMark(sprite->myZ);
+}
+
+void CSpriteLayer::PutIn(CSprite* sprite) {
+  MarkChanged();
+  CSprite* canvas = GetCanvas();
+  std::size_t position = 0;
+  for (CSprite* child : myChildren.Items()) {
+    if (child->myZ >= sprite->myZ) {
+      break;
+    }
+    child->CheckOverlap(canvas);
+    ++position;
+  }
+  myChildren.Insert(position, sprite);
+  sprite->ForgetBackground();
+  RaiseDepthMark(sprite->myZ);
+}
+
+bool CSpriteLayer::IsInside(const CSprite* sprite) const {
+  const CSprite* outer = this;
+  while (outer != nullptr && outer != sprite) {
+    outer = outer->myParent != nullptr ? outer->myParent : outer->myHiddenParent;
+  }
+  return outer != nullptr;
+}
+
+void CSpriteLayer::ForgetBackground() {
+  CSprite::ForgetBackground();
+  for (CSprite* child : myChildren.Items()) {
+    child->ForgetBackground();
+  }
+  myDepthMark = std::numeric_limits<int>::max();
+}
+
+}  // namespace vask

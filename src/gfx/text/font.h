@@ -1,0 +1,82 @@
+#pragma once
+
+#include "gfx/picture/gfx.h"
+#include "utils/rect.h"
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace vask {
+
+class IFontAlign;
+
+// Where writing has come to, in pixels of the target.
+struct CPenPosition {
+  int x = 0;
+  int y = 0;
+};
+
+// A bitmap font: a sheet of glyphs and a rectangle for each character. A font without glyphs (its
+// file was bad) draws nothing and measures 0.
+//
+//   std::unique_ptr<CFont> font = LoadFont("data/gfx/numbers.ogf");
+//   font->WriteLine(target, "+500", 0, 0);
+class CFont {
+ public:
+  CFont();
+  CFont(const CFont&) = delete;
+  CFont& operator=(const CFont&) = delete;
+
+  virtual ~CFont();
+  // A font that shares the sheet; owned by the caller.
+  virtual CFont* Clone() const;
+  // Lays the text out in the rectangle by the alignment, or draws it plain from the cursor when
+  // none is set. Answers where the text ended, with a y below its last line. A null or empty target
+  // draws nothing and only measures. The short forms start at the rectangle's corner, and take the
+  // rest of the target from (x, y) as the rectangle.
+  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect,
+                             const CPenPosition& cursor);
+  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect);
+  // Draws one line of glyphs, without any layout. Answers where the next glyph would stand.
+  virtual CPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y);
+  virtual CPenPosition Write(IPixel* target, const std::string& text, int x, int y);
+  // 0 left, 1 centre, 2 right, 3 justify; any other number removes the alignment.
+  virtual void SetAlign(int kind);
+  virtual int GetLineHeight() const;
+  // The sum of the glyph widths, in pixels.
+  virtual int GetTextWidth(const std::string& text) const;
+  virtual int GetCharWidth(unsigned char character) const;
+
+  // The glyph sheet; the null picture when the font could not be loaded.
+  IPixel* GetSheet() const { return mySheet; }
+  bool HasGlyphs() const { return !myCharRects.empty(); }
+  int GetSpaceWidth() const { return mySpaceWidth; }
+  const std::string& GetFileName() const { return myFileName; }
+
+ private:
+  friend class COgfFontLoader;
+  friend class CSystemFontLoader;
+
+  void SetSheet(IPixel* sheet);
+  void AddGlyph(unsigned char character, const CRect<int>& rect);
+  void SetMetrics(int lineHeight);
+
+  IPixel* mySheet;
+  std::map<unsigned char, CRect<int>> myCharRects;
+  std::unique_ptr<IFontAlign> myAlign;
+  int myLineHeight = 0;
+  int myReserved = 0;
+  int mySpaceWidth = 0;
+  std::string myFileName;
+  // The widths once more, by character: a log view measures its whole log at each change of its
+  // width.
+  std::array<int, 256> myWidths{};
+};
+
+// A font from a file: an OGF file by its extension "ogf", any other name is the system font. Never
+// null.
+std::unique_ptr<CFont> LoadFont(const std::string& fileName);
+
+}  // namespace vask

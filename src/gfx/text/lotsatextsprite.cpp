@@ -1,0 +1,96 @@
+#include "gfx/text/lotsatextsprite.h"
+
+#include <algorithm>
+
+namespace vask {
+namespace {
+
+constexpr int kInterval = 100;  // milliseconds
+
+}  // namespace
+
+CLotsATextSprite::CLotsATextSprite(int width, int height) {
+  ReplaceImage(Gfx::NewBuffer(width, height));
+  SetInterval(kInterval);
+  CFakeThread::Start();
+}
+
+void CLotsATextSprite::SetSize(int width, int height) {
+  if (width == GetRect().w && height == GetRect().h) {
+    return;
+  }
+  if (myDrawer != nullptr) {
+    Hold();
+  }
+  ReplaceImage(Gfx::NewBuffer(width, height));
+  if (myDrawer != nullptr && !IsEmpty()) {
+    PaintText(true);
+    ImageChanged();
+  }
+}
+
+void CLotsATextSprite::Update() {
+  if (myDrawer == nullptr || IsEmpty()) {
+    return;
+  }
+  Hold();
+  if (PaintText(false)) {
+    ImageChanged();
+  }
+}
+
+// Other line breaks make the text another height, and what is shown lies elsewhere in it: it is
+// painted once more.
+bool CLotsATextSprite::PaintText(bool force) {
+  const CRect<int> area = ViewArea();
+  const bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
+  myTextHeight = myDrawer->GetTextHeight();
+  if (ViewArea() != area) {
+    myDrawer->Draw(LoadedImage(), ViewArea(), true);
+  }
+  return hasPainted;
+}
+
+void CLotsATextSprite::SetDrawer(ILotsATextDrawer* drawer) {
+  myDrawer = drawer;
+  myTextHeight = drawer != nullptr ? drawer->GetTextHeight() : 0;
+}
+
+void CLotsATextSprite::ScrollBy(int pixels) {
+  if (myDrawer == nullptr) {
+    return;
+  }
+  Hold();
+  MoveTo(TopIn(myTextHeight) + pixels, myTextHeight);
+  Update();
+}
+
+// In double, so that the fraction tells apart all pixels of a text of some hundred thousand lines.
+int CLotsATextSprite::TopIn(int textHeight) const {
+  const int room = textHeight - GetRect().h;
+  return room > 0 ? static_cast<int>(double{myScrollFraction} * room) : room;
+}
+
+// A fraction that stands for the middle of the pixel finds it again.
+void CLotsATextSprite::MoveTo(int top, int textHeight) {
+  const int room = textHeight - GetRect().h;
+  const double middle = std::max(top, 0) + 0.5;
+  myScrollFraction = top >= room ? 1.0F : static_cast<float>(middle / room);
+}
+
+// Keeps what is shown in its place while the text grows below it.
+void CLotsATextSprite::Hold() {
+  const int height = myDrawer->GetTextHeight();
+  if (height <= GetRect().h) {
+    myScrollFraction = 1.0F;
+  } else if (myScrollFraction < 1.0F && height > myTextHeight) {
+    MoveTo(TopIn(myTextHeight), height);
+  }
+  myTextHeight = height;
+}
+
+CRect<int> CLotsATextSprite::ViewArea() const {
+  return {0, TopIn(myDrawer->GetTextHeight()), GetRect().w, GetRect().h};
+}
+
+}  // namespace vask
