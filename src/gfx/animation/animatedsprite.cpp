@@ -1,6 +1,7 @@
 #include "gfx/animation/animatedsprite.h"
 
 #include "gfx/animation/animationupdator.h"
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -10,6 +11,8 @@
 
 namespace vask {
 namespace {
+
+const CSpriteTypeRegistrar theRegistrar(kAnimatedSprite, NewSprite<CAnimatedSprite>);
 
 // The farthest due time that a comparison of wrapping times still takes for the future.
 constexpr int kLongestWait = std::numeric_limits<int>::max() / 2;
@@ -26,7 +29,7 @@ CAnimatedSprite::~CAnimatedSprite() {
   }
 }
 
-int CAnimatedSprite::GetTypeId() const { return kAnimated; }
+int CAnimatedSprite::GetTypeId() const { return kAnimatedSprite.number; }
 
 void CAnimatedSprite::Serialize(CXmlContext& xml) {
   CSprite::Serialize(xml);

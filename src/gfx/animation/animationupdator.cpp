@@ -10,7 +10,13 @@
 
 namespace vask {
 
-CAnimationUpdator::CAnimationUpdator() = default;
+CAnimationUpdator::CAnimationUpdator() {
+  CSprite::SetDeathHook([](const CSprite* sprite) {
+    if (CAnimationUpdator* updator = PeekSingletonPtr()) {
+      updator->DropAnimatorsOf(sprite);
+    }
+  });
+}
 
 CAnimationUpdator::~CAnimationUpdator() {
   while (!myAnimators.IsEmpty()) {

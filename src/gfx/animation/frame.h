@@ -32,11 +32,14 @@ class IFrame {
 
 using CFrameFactory = CSingletonFactory<IFrame::frame_type, IFrame>;
 
-// The factory with its two makers entered.
-CFrameFactory& GetFrameFactory();
-
-// The name of a frame type in files.
-const char* FrameTypeName(IFrame::frame_type type);
+// Enters a frame class into the factory. Each class has one such object in its source file; it may
+// be constructed before main.
+template <typename Frame>
+struct CFrameTypeRegistrar {
+  explicit CFrameTypeRegistrar(IFrame::frame_type type) {
+    CFrameFactory::GetSingletonPtr()->Register<Frame>(type);
+  }
+};
 
 // The frame that an element describes by its attribute "type" and the rest. Null, with one line in
 // the log, for a missing or unknown type, and for a frame that is wrapped more than 16 deep. The

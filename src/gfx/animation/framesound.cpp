@@ -11,6 +11,8 @@
 namespace vask {
 namespace {
 
+const CFrameTypeRegistrar<CFrameSound> theRegistrar(IFrame::frame_sound);
+
 // What would end the name, or the command, within a console line: a file could run commands by it.
 bool FitsConsoleLine(const std::string& name) {
   const auto contains = [&name](const char* part) { return name.find(part) != std::string::npos; };

@@ -1,5 +1,6 @@
 #include "gfx/sprite/screenlayer.h"
 
+#include "gfx/sprite/spritetypes.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -12,6 +13,19 @@ void FillBlack(IPixel* screen) {
   Gfx::CopyExact(black.get(), all, screen, 0, 0);
   screen->AddDirtyRect(all);
 }
+
+// The screen layer belongs to itself. It is counted once for itself, so that the last smart pointer
+// of somebody else does not delete it.
+CSprite* ScreenLayer() {
+  CSprite* layer = CScreenLayer::GetSingletonPtr();
+  CSmartPtrManager<CSprite>* owners = CSmartPtrManager<CSprite>::GetSingletonPtr();
+  if (owners->Count(layer) == 0) {
+    owners->Register(layer);
+  }
+  return layer;
+}
+
+const CSpriteTypeRegistrar theRegistrar(kScreenLayerSprite, ScreenLayer);
 
 }  // namespace
 
@@ -28,7 +42,7 @@ CScreenLayer::~CScreenLayer() {
   }
 }
 
-int CScreenLayer::GetTypeId() const { return kScreenLayer; }
+int CScreenLayer::GetTypeId() const { return kScreenLayerSprite.number; }
 
 // A sprite may change, or die, after the screen has gone: nothing is put back on that one, nor on
 // one that is about to be drawn anew, whose depth may be another.

@@ -1,8 +1,7 @@
 #include "gfx/sprite/sprite.h"
 
-#include "gfx/animation/animationupdator.h"
-#include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritelayer.h"
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -11,6 +10,10 @@
 
 namespace vask {
 namespace {
+
+const CSpriteTypeRegistrar theRegistrar(kBaseSprite, NewSprite<CSprite>);
+
+constinit CSprite::DeathHook ourDeathHook = nullptr;
 
 // Turning by less would cost a new copy of the picture that nobody can tell from the old one.
 constexpr float kSmallestTurn = 0.5F;
@@ -28,12 +31,14 @@ CSprite::CSprite() : myImage(Gfx::NullImage()) {}
 
 CSprite::~CSprite() {
   LeaveLayer();
-  if (CAnimationUpdator* updator = CAnimationUpdator::PeekSingletonPtr()) {
-    updator->DropAnimatorsOf(this);
+  if (ourDeathHook != nullptr) {
+    ourDeathHook(this);
   }
 }
 
-int CSprite::GetTypeId() const { return kBase; }
+void CSprite::SetDeathHook(DeathHook hook) { ourDeathHook = hook; }
+
+int CSprite::GetTypeId() const { return kBaseSprite.number; }
 
 bool CSprite::IsEmpty() const { return myOriginalImage == nullptr || myOriginalImage->IsEmpty(); }
 
@@ -69,7 +74,7 @@ void CSprite::ReadFields(CXmlContext& xml) {
 }
 
 void CSprite::WriteFields(CXmlContext& xml) {
-  xml.SetAttribute("type", CSpriteFactory::NameFromType(GetTypeId()));
+  xml.SetAttribute("type", SpriteTypeName(GetTypeId()));
   std::string file = IsEmpty() ? std::string() : myOriginalImage->GetFileName();
   if (!file.empty()) {  // a picture that was drawn by the program has no file
     xml.Value("ImageFilename", file);

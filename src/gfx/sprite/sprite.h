@@ -22,13 +22,16 @@ class CXmlContext;
 //   door->SetPosition(0, -100);
 class CSprite {
  public:
-  enum EType : int { kBase = 0, kLayer = 1, kScreenLayer = 2, kText = 3, kAnimated = 4 };
+  using DeathHook = void (*)(const CSprite* sprite);
 
   CSprite();
   CSprite(const CSprite&) = delete;
   CSprite& operator=(const CSprite&) = delete;
 
   virtual ~CSprite();
+  // Called with each sprite that dies, so that a layer above can let go of it; null for none.
+  static void SetDeathHook(DeathHook hook);
+
   virtual int GetTypeId() const;
   // Whether there is no picture.
   virtual bool IsEmpty() const;

@@ -16,12 +16,6 @@ class CSpriteFactory : public CStaticSingleton<CSpriteFactory> {
   // holds it in a CSpritePtr: a file of type "sprite_screenlayer" yields the screen layer itself,
   // which such pointers never delete.
   CSprite* Load(const std::string& fileName);
-
-  // A new sprite of the type number, the screen layer for its number; null for an unknown number.
-  static CSprite* Create(int type);
-  // The number of a type name; 0 for an unknown one. And the name of a number.
-  static int TypeFromName(const std::string& name);
-  static const char* NameFromType(int type);
 };
 
 }  // namespace vask

@@ -1,10 +1,17 @@
 #include "gfx/sprite/spritelayer.h"
 
+#include "gfx/sprite/spritetypes.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <limits>
 
 namespace vask {
+namespace {
+
+const CSpriteTypeRegistrar theRegistrar(kLayerSprite, NewSprite<CSpriteLayer>);
+
+}  // namespace
 
 CSpriteLayer::CSpriteLayer() : myDepthMark(std::numeric_limits<int>::min()) {}
 
@@ -25,7 +32,7 @@ void CSpriteLayer::Orphan(CSprite* sprite) {
   sprite->ForgetBackground();
 }
 
-int CSpriteLayer::GetTypeId() const { return kLayer; }
+int CSpriteLayer::GetTypeId() const { return kLayerSprite.number; }
 
 // Nothing that CheckOverlap does can change a list of children: it only puts pixels back.
 void CSpriteLayer::CheckOverlap(CSprite* canvas) {

@@ -1,5 +1,6 @@
 #include "gfx/text/textsprite.h"
 
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 namespace vask {
 
 namespace {
+
+const CSpriteTypeRegistrar theRegistrar(kTextSprite, NewSprite<CTextSprite>);
 
 // No file puts its text further away than this, so the layout cannot overflow.
 constexpr int kFarthest = 16384;
@@ -32,7 +35,7 @@ CTextSprite::CTextSprite(std::unique_ptr<CFont> font, int width, int height)
 
 CTextSprite::~CTextSprite() = default;
 
-int CTextSprite::GetTypeId() const { return kText; }
+int CTextSprite::GetTypeId() const { return kTextSprite.number; }
 
 void CTextSprite::Serialize(CXmlContext& xml) {
   CSprite::Serialize(xml);
