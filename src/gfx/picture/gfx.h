@@ -30,7 +30,7 @@ IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey);
 // Copies pixels as they are, alpha and key colour included, with no blending: `sourceRect` of one
 // picture to the position of another (relative to the image rectangles, clipped to both). Nothing
 // when either is empty or no factory is installed.
-void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
+void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
 
 // The shared picture that draws nothing and is never deleted.
 IPixel* NullImage();
@@ -54,7 +54,7 @@ std::uint32_t& NewSurfaceFlags();
 int& ScaleSmoothing();
 int& RotateSmoothing();
 
-struct ImageDeleter {
+struct SImageDeleter {
   void operator()(IPixel* image) const {
     if (!image->IsStatic()) {
       FreeImage(image);
@@ -62,6 +62,6 @@ struct ImageDeleter {
   }
 };
 // An owner of a picture; static ones are only held.
-using ImagePtr = std::unique_ptr<IPixel, ImageDeleter>;
+using ImagePtr = std::unique_ptr<IPixel, SImageDeleter>;
 
 }  // namespace vask::Gfx

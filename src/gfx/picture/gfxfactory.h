@@ -23,9 +23,9 @@ class CGfxFactory {
   // Deletes the picture unless it is null or static.
   virtual void FreeImage(IPixel* image) = 0;
 
-  // Behind Gfx::CopyExact; a factory whose pictures cannot be copied copies nothing.
-  virtual void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
-                         int y);
+  // Behind Gfx::CopyPixels; a factory whose pictures cannot be copied copies nothing.
+  virtual void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
+                          int y);
 };
 
 }  // namespace vask

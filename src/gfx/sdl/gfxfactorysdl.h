@@ -15,8 +15,8 @@ class CGfxFactorySDL : public CGfxFactory {
   IPixel* NewBuffer(IPixel* image) override;
   IPixel* Reserved() override { return nullptr; }
   void FreeImage(IPixel* image) override;
-  void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
-                 int y) override;
+  void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
+                  int y) override;
 
  private:
   const sdl::SPixelFormat& ScreenFormat();

@@ -59,10 +59,9 @@ class CPixelSDL : public IPixel {
   // Replaces the surface; without `releaseOld` the old one stays its owner's affair.
   virtual void SetSurface(SDL_Surface* surface, bool releaseOld);
 
-  // What CGfxFactory::CopyExact promises, between two SDL pictures.
-  void CopyExactTo(CPixelSDL& target, const CRect<int>& source, int x, int y) const;
-  // A picture of the whole surface with pixels of its own; the null picture on failure.
-  IPixel* DeepCopy() const;
+  // What Gfx::CopyPixels promises, between two SDL pictures.
+  void CopyPixels(const CRect<int>& source, CPixelSDL& target, int x, int y) const;
+  bool UsesAlphaBlit() const { return myUseAlphaBlit; }
   void SetFileName(const std::string& name) { myFileName = name; }
 
  private:
@@ -74,9 +73,8 @@ class CPixelSDL : public IPixel {
   };
   SCopy ClipCopy(const CPixelSDL& target, const CRect<int>& source, int x, int y) const;
   bool Draw(CPixelSDL& target, const SCopy& copy) const;
-  // A surface as large as this one, whose image rectangle holds this picture.
-  sdl::SurfacePtr CloneSurface() const;
-  IPixel* NewClone(sdl::SurfacePtr surface) const;
+  // The part of the image rectangle that the surface has.
+  CRect<int> ShownArea() const;
   void DropClip() const { myClippedSurface.reset(); }
 
   SDL_Surface* mySurface = nullptr;

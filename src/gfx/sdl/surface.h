@@ -66,6 +66,8 @@ SPixelFormat AlphaFormat();
 
 // A new surface, filled with 0; null when the size is out of range or SDL fails.
 SurfacePtr NewSurface(int width, int height, const SPixelFormat& format, std::uint32_t flags = 0);
+// The same in the 32-bit format with alpha, from which blits blend.
+SurfacePtr NewAlphaSurface(int width, int height, std::uint32_t flags = 0);
 // A copy in the screen's format, without and with an alpha channel.
 SurfacePtr ToScreenFormat(SDL_Surface* surface);
 SurfacePtr ToScreenAlphaFormat(SDL_Surface* surface);
@@ -83,15 +85,17 @@ std::uint32_t* Row32(const SDL_Surface& surface, int y);
 // colour become transparent, and blits from the surface blend.
 void SetColorKey(SDL_Surface* surface, const CColor& key);
 
-// Gives the target, of the same layout, the source's palette, colour key and blending.
-void CopySettings(const SDL_Surface& source, SDL_Surface* target);
-
 // Copies the pixels of the area as they are to a position of the target; both lie inside their
 // surfaces.
 void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// The part as a surface of its own with the source's format, palette, colour key and blending; 0
+// where the part reaches beyond the source. Null on failure.
+SurfacePtr CopyPixels(SDL_Surface* source, const CRect<int>& part);
 
-// The area as a surface of its own in the 32-bit format with alpha. A source without alpha counts
-// as opaque, less its colour key. Null on failure.
+// Copies the area to a position of a target in the 32-bit format with alpha; both lie inside their
+// surfaces. A source without alpha counts as opaque, less its colour key.
+void CopyWithAlpha(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// The area as such a surface of its own. Null on failure.
 SurfacePtr CopyWithAlpha(SDL_Surface* source, const CRect<int>& area);
 
 }  // namespace vask::sdl

@@ -10,7 +10,7 @@ namespace {
 void FillBlack(IPixel* screen) {
   const CRect<int> all{0, 0, screen->GetWidth(), screen->GetHeight()};
   const Gfx::ImagePtr black(Gfx::NewScreenBuffer(all.w, all.h, Gfx::kMagenta));
-  Gfx::CopyExact(black.get(), all, screen, 0, 0);
+  Gfx::CopyPixels(black.get(), all, screen, 0, 0);
   screen->AddDirtyRect(all);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gfx/picture/gfx.h"
+#include "gfx/sprite/showncopy.h"
 #include "utils/rect.h"
 #include "utils/smartptr/smartptr.h"
 
@@ -22,6 +23,8 @@ class CXmlContext;
 //   door->SetPosition(0, -100);
 class CSprite {
  public:
+  // What has happened since the sprite was drawn last.
+  enum EDirtyState : int { kUnchanged = 0, kChangedInPlace = 1, kMoved = 2 };
   using DeathHook = void (*)(const CSprite* sprite);
 
   CSprite();
@@ -83,7 +86,7 @@ class CSprite {
   // Takes over the picture, which becomes loaded and shown: plain, without size, rotation and
   // alpha.
   virtual void SetImage(IPixel* image);
-  // 0 unchanged, 1 changed in place, 2 moved.
+  // An EDirtyState.
   virtual int GetDirtyState() const;
   // 1: where it was drawn last; otherwise where it is.
   virtual CRect<int> GetRectFor(int which) const;
@@ -110,11 +113,8 @@ class CSprite {
   void LeaveLayer();
 
  private:
-  struct SSize {
-    int w = 0;
-    int h = 0;
-    bool operator==(const SSize&) const = default;
-  };
+  // Off: its background is restored, or was never saved; the next pass paints it.
+  enum EPaintState : int { kPainted = 0, kOffCanvas = 2 };
   // The screen and the null picture are only borrowed.
   struct SImageRelease {
     SImageRelease() : borrowed(false) {}
@@ -130,8 +130,6 @@ class CSprite {
   void TakeLoaded(IPixel* image);
   void ShowImage();
   void RenewCopy();
-  Gfx::ImagePtr MakeCopy() const;
-  SSize UnrotatedSize() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
   // False when no such buffer can be made.
   bool FitBackBuffer(int width, int height);
@@ -152,9 +150,9 @@ class CSprite {
   int myZ = 100;
   std::uint8_t myAlpha = 255;
   float myRotation = 0.0F;
-  bool myIsRotated = false;     // by SetRotation: whole turns count too, as they change the picture
-  std::optional<SSize> mySize;  // that SetSize asked for, before rotation
-  int myDirtyState = 0;         // 2: its background is restored, the next pass paints it
+  bool myIsRotated = false;  // by SetRotation: whole turns count too, as they change the picture
+  std::optional<SShownLook::SSize> mySize;  // that SetSize asked for, before rotation
+  EPaintState myDirtyState = kPainted;
   CRect<int> myLastRect;
   bool myInDirtyList = false;
   std::string myName;

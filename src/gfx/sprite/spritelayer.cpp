@@ -68,12 +68,12 @@ void CSpriteLayer::AddChild(CSprite* sprite) {
   }
   sprite->LeaveLayer();
   sprite->myParent = this;
-  PutIn(sprite);
+  InsertByDepth(sprite);
 }
 
 void CSpriteLayer::RemoveChild(CSprite* sprite) {
   if (myChildren.Contains(sprite)) {
-    TakeOut(sprite);
+    Detach(sprite);
   } else if (!myHiddenChildren.Remove(sprite)) {
     return;
   }
@@ -84,7 +84,7 @@ void CSpriteLayer::HideChild(CSprite* sprite) {
   if (!myChildren.Contains(sprite)) {
     return;
   }
-  TakeOut(sprite);
+  Detach(sprite);
   Orphan(sprite);
   sprite->myHiddenParent = this;
   myHiddenChildren.Append(sprite);
@@ -96,7 +96,7 @@ void CSpriteLayer::ShowChild(CSprite* sprite) {
   }
   sprite->myHiddenParent = nullptr;
   sprite->myParent = this;
-  PutIn(sprite);
+  InsertByDepth(sprite);
 }
 
 void CSpriteLayer::RaiseDepthMark(int z) { myDepthMark = std::max(myDepthMark, z); }
@@ -105,8 +105,8 @@ int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
 
 void CSpriteLayer::AddDirty(CSprite* sprite) {
   sprite->myInDirtyList = true;
-  TakeOff(sprite);
-  sprite->myDirtyState = 2;  // also off the canvas: the change may bring it there
+  RestoreDownTo(sprite);
+  sprite->myDirtyState = kOffCanvas;  // also off the canvas: the change may bring it there
 }
 
 void CSpriteLayer::SetCanvas(CSprite* canvas) { myCanvas = canvas; }
@@ -115,12 +115,12 @@ CSprite* CSpriteLayer::GetCanvas() const {
   return GetParent() != nullptr ? GetParent()->GetCanvas() : myCanvas;
 }
 
-void CSpriteLayer::TakeOut(CSprite* sprite) {
-  TakeOff(sprite);
+void CSpriteLayer::Detach(CSprite* sprite) {
+  RestoreDownTo(sprite);
   myChildren.Remove(sprite);
 }
 
-void CSpriteLayer::TakeOff(CSprite* sprite) {
+void CSpriteLayer::RestoreDownTo(CSprite* sprite) {
   MarkChanged();
   CSprite* canvas = GetCanvas();
   for (CSprite* child : myChildren.Items()) {
@@ -132,7 +132,7 @@ void CSpriteLayer::TakeOff(CSprite* sprite) {
   RaiseDepthMark(sprite->myZ);
 }
 
-void CSpriteLayer::PutIn(CSprite* sprite) {
+void CSpriteLayer::InsertByDepth(CSprite* sprite) {
   MarkChanged();
   CSprite* canvas = GetCanvas();
   std::size_t position = 0;

@@ -51,10 +51,10 @@ class CSpriteLayer : public CSprite {
   friend class CSprite;
 
   // Puts back what the sprites in front of a child, and then the child itself, have covered.
-  void TakeOff(CSprite* sprite);
+  void RestoreDownTo(CSprite* sprite);
   // Off the canvas and out of the depth order; and back by its depth.
-  void TakeOut(CSprite* sprite);
-  void PutIn(CSprite* sprite);
+  void Detach(CSprite* sprite);
+  void InsertByDepth(CSprite* sprite);
   bool IsInside(const CSprite* sprite) const;
   static void Orphan(CSprite* sprite);
 

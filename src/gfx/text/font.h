@@ -13,7 +13,7 @@ namespace vask {
 class IFontAlign;
 
 // Where writing has come to, in pixels of the target.
-struct CPenPosition {
+struct SPenPosition {
   int x = 0;
   int y = 0;
 };
@@ -36,12 +36,12 @@ class CFont {
   // none is set. Answers where the text ended, with a y below its last line. A null or empty target
   // draws nothing and only measures. The short forms start at the rectangle's corner, and take the
   // rest of the target from (x, y) as the rectangle.
-  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect,
-                             const CPenPosition& cursor);
-  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect);
+  virtual SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect,
+                             const SPenPosition& cursor);
+  virtual SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect);
   // Draws one line of glyphs, without any layout. Answers where the next glyph would stand.
-  virtual CPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y);
-  virtual CPenPosition Write(IPixel* target, const std::string& text, int x, int y);
+  virtual SPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y);
+  virtual SPenPosition Write(IPixel* target, const std::string& text, int x, int y);
   // 0 left, 1 centre, 2 right, 3 justify; any other number removes the alignment.
   virtual void SetAlign(int kind);
   virtual int GetLineHeight() const;

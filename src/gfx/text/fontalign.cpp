@@ -41,14 +41,14 @@ std::unique_ptr<IFontAlign> CreateFontAlign(int type) {
   }
 }
 
-CPenPosition CFontAlign::Print(CFont& font, IPixel* target, const std::string& text,
+SPenPosition CFontAlign::Print(CFont& font, IPixel* target, const std::string& text,
                                const CRect<int>& rect) {
   if (text.find('\t') != std::string::npos) {
     return Print(font, target, WithoutTabs(text), rect);
   }
   const int lineHeight = font.GetLineHeight();
   const int length = static_cast<int>(text.size());
-  CPenPosition pen{rect.x, rect.y};
+  SPenPosition pen{rect.x, rect.y};
   int start = 0;
   for (int used = 0; used < rect.h && start < length; used += lineHeight) {
     const int count = FitLine(font, text, rect, start);

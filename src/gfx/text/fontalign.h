@@ -17,7 +17,7 @@ class IFontAlign {
   virtual ~IFontAlign() = default;
   // Draws the text; measures only when the target is null or empty. Answers where the last line
   // ended, with a y below that line.
-  virtual CPenPosition Print(CFont& font, IPixel* target, const std::string& text,
+  virtual SPenPosition Print(CFont& font, IPixel* target, const std::string& text,
                              const CRect<int>& rect) = 0;
   virtual int GetType() const = 0;
   // How many characters of the text from `start` make the next line, its line end included; 0 when
@@ -32,7 +32,7 @@ std::unique_ptr<IFontAlign> CreateFontAlign(int type);
 // What all alignments share: everything but the place of a line.
 class CFontAlign : public IFontAlign {
  public:
-  CPenPosition Print(CFont& font, IPixel* target, const std::string& text,
+  SPenPosition Print(CFont& font, IPixel* target, const std::string& text,
                      const CRect<int>& rect) override;
   int FitLine(const CFont& font, const std::string& text, const CRect<int>& rect,
               int start) override;

@@ -46,7 +46,7 @@ class CTextSprite : public CSprite {
   void Redraw();
 
   CRect<int> myFontRect;
-  CPenPosition myFontStartPosition;
+  SPenPosition myFontStartPosition;
   int myWidth = 0;
   int myHeight = 0;
   Gfx::ImagePtr myBackdrop;
