@@ -14,7 +14,7 @@ namespace {
 
 const CSpriteTypeRegistrar theRegistrar(kAnimatedSprite, NewSprite<CAnimatedSprite>);
 
-// The farthest due time that a comparison of wrapping times still takes for the future.
+// The longest wait that a comparison of wrapping times still takes for the future.
 constexpr int kLongestWait = std::numeric_limits<int>::max() / 2;
 constexpr double kTimeRange = 4294967296.0;  // times wrap there
 
@@ -59,7 +59,7 @@ void CAnimatedSprite::Serialize(CXmlContext& xml) {
   }
 }
 
-// Takes the animations in their order, whatever stands between them.
+// Reads the animations in their order; other elements between them are skipped.
 void CAnimatedSprite::ReadAnimations(const CXmlContext& xml) {
   const CXmlElement* element = xml.GetCurrent();
   for (int i = 0; element != nullptr && i < element->GetChildCount(); ++i) {
@@ -140,7 +140,7 @@ int CAnimatedSprite::GetWait(unsigned now) const {
   return static_cast<int>(myLastTime + static_cast<unsigned>(RealTime(clockWait)) - now);
 }
 
-// How long the scheduler's clock takes until the sprite's clock has advanced that much.
+// How much time passes on the scheduler's clock while the sprite's clock advances that much.
 int CAnimatedSprite::RealTime(int clockTime) const {
   if (clockTime <= 0 || myTimeMultiply == 1.0F) {
     return clockTime;

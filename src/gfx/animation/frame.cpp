@@ -13,7 +13,7 @@ namespace {
 // By type number.
 constexpr std::array<const char*, 2> kTypeNames = {"frame_rect", "frame_sound"};
 
-// Keeps a hostile file from using up the stack.
+// A limit, so that a hostile file cannot use up the stack.
 constexpr int kDeepestWrapped = 16;
 
 bool IsTooDeep(const CXmlElement& element) {

@@ -11,7 +11,7 @@ class CGfxFactorySDL : public CGfxFactory {
   IPixel* NewBuffer(int width, int height, const CColor& colorKey) override;
   IPixel* NewBuffer(int width, int height) override;
   IPixel* LoadImage(const std::string& file, const CColor& colorKey) override;
-  // The surface is shared when it comes from a file, and copied otherwise.
+  // Shares the surface when it comes from a file, and copies it otherwise.
   IPixel* NewBuffer(IPixel* image) override;
   IPixel* Reserved() override { return nullptr; }
   void FreeImage(IPixel* image) override;
@@ -21,7 +21,7 @@ class CGfxFactorySDL : public CGfxFactory {
  private:
   const sdl::SPixelFormat& ScreenFormat();
 
-  sdl::SPixelFormat myFormat;  // the screen's when it was last seen; -1 bits before
+  sdl::SPixelFormat myFormat;  // the screen's, last seen; -1 bits before
 };
 
 }  // namespace vask

@@ -8,8 +8,7 @@
 #include <cstdint>
 #include <memory>
 
-// What the SDL pictures need of surfaces: ownership, locks, formats and copies that keep all four
-// channels.
+// Helpers for SDL surfaces: ownership, locks, formats and copies that keep all four channels.
 namespace vask::sdl {
 
 struct SSurfaceDeleter {
@@ -17,11 +16,11 @@ struct SSurfaceDeleter {
 };
 using SurfacePtr = std::unique_ptr<SDL_Surface, SSurfaceDeleter>;
 
-// The sides that a picture may have; SDL's 16-bit row length breaks not far beyond.
+// The largest side of a picture; not far beyond SDL's 16-bit row length overflows.
 inline constexpr int kMaxSide = 8192;
 bool IsValidSize(int width, int height);
 
-// Keeps the pixels of a surface accessible.
+// Locks a surface while it lives, so that its pixels can be accessed.
 class CSurfaceLock {
  public:
   explicit CSurfaceLock(SDL_Surface* surface);
@@ -37,7 +36,8 @@ class CSurfaceLock {
   bool myIsOpen = true;
 };
 
-// Switches a surface's alpha and colour key off, so that blits from it copy the pixels as they are.
+// Switches a surface's alpha and colour key off while it lives, so that blits from it copy the
+// pixels as they are.
 class CPlainSource {
  public:
   explicit CPlainSource(SDL_Surface* surface);
@@ -61,7 +61,7 @@ struct SPixelFormat {
   std::uint32_t alphaMask = 0;
 };
 SPixelFormat FormatOf(const SDL_Surface& surface);
-// The 32-bit format with alpha to which SDL converts pictures for the screen; also without one.
+// The 32-bit format with alpha to which SDL converts pictures for the screen. Works without video.
 SPixelFormat AlphaFormat();
 
 // A new surface, filled with 0; null when the size is out of range or SDL fails.

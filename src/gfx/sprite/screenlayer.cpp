@@ -44,8 +44,8 @@ CScreenLayer::~CScreenLayer() {
 
 int CScreenLayer::GetTypeId() const { return kScreenLayerSprite.number; }
 
-// A sprite may change, or die, after the screen has gone: nothing is put back on that one, nor on
-// one that is about to be drawn anew, whose depth may be another.
+// A sprite may change or die after the screen has gone. Nothing is restored on such a screen, nor
+// on one that is about to be redrawn, which may have another depth.
 CSprite* CScreenLayer::GetCanvas() const {
   const bool isSame = myScreen == Gfx::GetScreen() && !myRefreshAll;
   return isSame ? CSpriteLayer::GetCanvas() : nullptr;
@@ -70,7 +70,7 @@ void CScreenLayer::DrawAll() {
   myCanvasSprite->SetRect(myScreen->GetRect());
   *CLog::GetSingletonPtr() << "drawing all\n";
   FillBlack(myScreen);
-  // The backgrounds of the last screen are worthless; painting saves new ones.
+  // What was saved belongs to the last screen; painting saves new backgrounds.
   ForgetBackground();
   Draw(GetCanvas());
 }

@@ -15,10 +15,10 @@ const CSpriteTypeRegistrar theRegistrar(kBaseSprite, NewSprite<CSprite>);
 
 constinit CSprite::DeathHook ourDeathHook = nullptr;
 
-// Turning by less would cost a new copy of the picture that nobody can tell from the old one.
+// Rotating by less would cost a new copy of the picture that looks like the old one.
 constexpr float kSmallestTurn = 0.5F;
-// How much larger than the sprite a back buffer may be before it is replaced: the rectangle of a
-// spinning sprite breathes by less, so it keeps one buffer.
+// How much larger than the sprite a back buffer may be before it is replaced: the size of a
+// spinning sprite varies by less, so it keeps one buffer.
 constexpr int kBackBufferSlack = 20;
 
 bool FitsBuffer(int buffer, int needed) {
@@ -227,8 +227,8 @@ bool CSprite::Draw(CSprite* canvas) {
     SaveBackground(canvas);
     Paint(canvas);
   }
-  // Also when there was nothing to paint: a sprite that was empty or off the canvas must be able to
-  // report when it appears.
+  // Also when there was nothing to paint: a sprite that was empty or off the canvas must report
+  // when it appears.
   myDirtyState = kPainted;
   myInDirtyList = false;
   return due;
@@ -271,7 +271,7 @@ void CSprite::SetAlpha(int alpha) {
   }
   MarkChanged();
   myAlpha = clamped;
-  RenewCopy();  // of the same size: the rectangle stays, also one that a file has given
+  RenewCopy();  // the size stays, also one that a file has given
 }
 
 int CSprite::GetAlpha() const { return myAlpha; }

@@ -42,7 +42,7 @@ CSprite* CSpriteFactory::Load(const std::string& fileName) {
   CSprite* sprite = IsSpriteFile(fileName) ? ReadSprite(fileName) : LoadPicture(fileName);
   CScreenLayer* screen = CScreenLayer::GetSingletonPtr();
   if (sprite == screen) {
-    screen->RefreshAll();  // it has no layer that it could tell of its change
+    screen->RefreshAll();  // it has no layer to report a change to
   } else {
     sprite->SetParent(screen);
   }

@@ -34,7 +34,7 @@ void CSpriteLayer::Orphan(CSprite* sprite) {
 
 int CSpriteLayer::GetTypeId() const { return kLayerSprite.number; }
 
-// Nothing that CheckOverlap does can change a list of children: it only puts pixels back.
+// CheckOverlap only restores pixels: it changes no list of children.
 void CSpriteLayer::CheckOverlap(CSprite* canvas) {
   for (CSprite* child : myChildren.Items()) {
     child->CheckOverlap(canvas);
@@ -45,9 +45,9 @@ void CSpriteLayer::CheckOverlap(CSprite* canvas) {
   CSprite::CheckOverlap(canvas);
 }
 
-// Nor does painting.
+// Painting does not change a list either.
 bool CSpriteLayer::Draw(CSprite* canvas) {
-  bool drew = CSprite::Draw(canvas);  // a picture of the layer's own lies behind its children
+  bool drew = CSprite::Draw(canvas);  // the layer's own picture is behind its children
   const std::vector<CSprite*>& children = myChildren.Items();
   for (std::size_t i = children.size(); i-- > 0;) {
     CSprite* child = children[i];
@@ -106,7 +106,7 @@ int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
 void CSpriteLayer::AddDirty(CSprite* sprite) {
   sprite->myInDirtyList = true;
   RestoreDownTo(sprite);
-  sprite->myDirtyState = kOffCanvas;  // also off the canvas: the change may bring it there
+  sprite->myDirtyState = kOffCanvas;  // also outside the canvas: the change may move it there
 }
 
 void CSpriteLayer::SetCanvas(CSprite* canvas) { myCanvas = canvas; }

@@ -11,7 +11,7 @@ namespace {
 
 const CSpriteTypeRegistrar theRegistrar(kTextSprite, NewSprite<CTextSprite>);
 
-// No file puts its text further away than this, so the layout cannot overflow.
+// Numbers from a file are cut to this, so that the layout cannot overflow.
 constexpr int kFarthest = 16384;
 
 void KeepNear(int& value) { value = std::clamp(value, -kFarthest, kFarthest); }
