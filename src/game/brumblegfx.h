@@ -43,7 +43,7 @@ class CBrumbleGfx : public IPhysicsGfxBridge {
   CGameLogic* myGameLogic;
   vask::CSpritePtr mySprite;
   int myIndex = -1;
-  CVec2 myPosition;          // the last that was reported
+  SVec2 myPosition;          // the last that was reported
   float myHalfWidth = 0.0F;  // the last that was reported; kept for drawing a body to its size
   float myAngularVelocity = 0.0F;
   float myRotation = 0.0F;  // degrees

@@ -7,7 +7,7 @@
 #include "game/deathtoasprite.h"
 #include "game/gamefiles.h"
 #include "game/gfxfactory.h"
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 #include "input/mouse.h"
 
 namespace brumble {
@@ -47,7 +47,7 @@ void CBrumbleTaskImpl::HoldPictures() {
   for (const char* const file : kSpriteFiles) {
     myPictures.Hold(file);
   }
-  for (const CBonus& bonus : kBonuses) {
+  for (const SBonus& bonus : kBonuses) {
     if (bonus.signFile != nullptr) {
       myPictures.Hold(bonus.signFile);
     }

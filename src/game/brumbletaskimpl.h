@@ -41,7 +41,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   void Pause();
   void Resume();
   int SpawnKitten() override;
-  void PushKitten(int index, CVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
+  void PushKitten(int index, SVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
   // A kitten beside the ten, of which the rules know nothing.
   void DropExtraKitten();
 

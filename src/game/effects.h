@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 
 #include <string>
 
@@ -13,7 +13,7 @@ void ShowSign(const std::string& file);
 
 // A sprite that goes by itself: centred on the position unless one of its coordinates is 0, moved
 // towards the target along the expression unless that is empty.
-void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target,
+void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target,
                 const std::string& expression);
 
 // A sound, through the application console.

@@ -20,7 +20,7 @@ class IKittenSpawner {
   // Answers the new body's index.
   virtual int SpawnKitten() = 0;
   // `index` is the body's; the velocity, in world units per second, replaces its own.
-  virtual void PushKitten(int index, CVec2 velocity) = 0;
+  virtual void PushKitten(int index, SVec2 velocity) = 0;
 };
 
 // The rule book. It drops the kittens, hears from the physics and the bridges what becomes of them,
@@ -51,9 +51,9 @@ class CGameLogic : public IGameLogicReceiver {
   // Multiplies `points` in place when a kitten (any index but 0) earns them beside others in play.
   void AddScore(int kittenIndex, int& points);
   // Answers the points awarded: the bonus's own, else `fallbackPoints`.
-  int AwardBonus(int number, CScreenPoint position, int fallbackPoints);
+  int AwardBonus(int number, SScreenPoint position, int fallbackPoints);
   static void ShowSign(const std::string& file) { brumble::ShowSign(file); }
-  static void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target = {},
+  static void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target = {},
                          const std::string& expression = {}) {
     brumble::ShowEffect(file, position, target, expression);
   }
@@ -65,10 +65,10 @@ class CGameLogic : public IGameLogicReceiver {
   void OnKittenInHell(int index) override;
 
   // Each contact reports from both sides. `position` is the world position of the body `myIndex`.
-  void OnKittenImpact(int myIndex, float impulseSquared, CVec2 position, int otherIndex,
+  void OnKittenImpact(int myIndex, float impulseSquared, SVec2 position, int otherIndex,
                       float myHealth);
-  void OnKittenSpin(int index, CVec2 position, float angularVelocity, float health);
-  void SetKittenPosition(int index, CVec2 position);
+  void OnKittenSpin(int index, SVec2 position, float angularVelocity, float health);
+  void SetKittenPosition(int index, SVec2 position);
   void SwapKittenRecords(int oldIndex, int newIndex);
 
   // Null for a body without a record.
@@ -84,11 +84,11 @@ class CGameLogic : public IGameLogicReceiver {
   void PushIfStuck(int index, CKittenRecord& record);
   void RemoveKitten(int index);
   CKittenRecord* FindRecord(int index);
-  void ShowPoints(int points, CVec2 position);
-  void MoveDoor(CScreenPoint target);
-  void NoteTouch(CKittenRecord& record, int toucher, CVec2 position);
+  void ShowPoints(int points, SVec2 position);
+  void MoveDoor(SScreenPoint target);
+  void NoteTouch(CKittenRecord& record, int toucher, SVec2 position);
   void PlayHitSound(int toucher, float impulseSquared);
-  void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, CVec2 position,
+  void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, SVec2 position,
                     float health);
   int ScoreSpin(CKittenRecord& record, int thresholdPoints, unsigned now);
   void AwardSpinner(CKittenRecord& record);

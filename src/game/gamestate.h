@@ -5,7 +5,7 @@
 namespace brumble {
 
 // What the rules share: there is one game at a time in a process.
-struct CGameState {
+struct SGameState {
   int kittensLeft = kKittensPerGame;  // still to be dropped
   int kittensInPlay = 0;
   int stake = 0;  // the points of the kittens in play
@@ -20,6 +20,6 @@ struct CGameState {
   int signHeight = 0;
 };
 
-CGameState& GameState();
+SGameState& GameState();
 
 }  // namespace brumble

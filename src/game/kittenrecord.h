@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/gamerules.h"
+#include "game/physics/arena.h"
 #include "game/physics/geometry.h"
 
 #include <vector>
@@ -10,8 +11,8 @@ namespace brumble {
 // What the rules remember of one kitten in play.
 struct CKittenRecord {
   bool myTouchedThisTick = false;  // by the monster
-  CVec2 myPosition;                // world units
-  CVec2 myTouchPosition;           // of the monster's last touch
+  SVec2 myPosition;                // world units
+  SVec2 myTouchPosition;           // of the monster's last touch
   int myDamageBonus = 0;           // the points of its wall hits
   float myLastHealth = kFullHealth;
   int myLastToucher = kNoToucher;  // a wall or the monster
@@ -19,15 +20,15 @@ struct CKittenRecord {
   int mySpinCount = 0;             // scored spins of the current run
   std::vector<int> myTouches;      // every toucher, in order
   int myScore = 0;                 // all points so far: the kitten's stake
-  CVec2 myRestPlace;               // where its rest began
+  SVec2 myRestPlace;               // where its rest began
   unsigned myRestStart = 0;        // game clock; a push begins the rest anew
   unsigned myPushWait = kFirstPushWait;
 
-  bool IsMonsterLast() const { return myLastToucher == kMonster; }
+  bool IsMonsterLast() const { return myLastToucher == kMonsterIndex; }
 
   // Where the kitten is now. A place within the monster's reach, or too far from where it began to
   // rest, ends its rest.
-  void MoveTo(CVec2 position, unsigned now);
+  void MoveTo(SVec2 position, unsigned now);
   // Whether it has rested out of reach for so long that it will not come back by itself.
   bool IsPushDue(unsigned now) const;
   // It was pushed: the next push is due sooner, unless it moves.
@@ -44,13 +45,13 @@ struct CKittenRecord {
 };
 
 // What the list of touches tells about a kitten that went into the oven.
-struct CTouchStory {
+struct STouchStory {
   int monsterTouches = 0;
   bool isOneTouch = false;    // nothing but the monster touched it before the monster's last touch
   bool isWallBounce = false;  // the right wall touched it after the monster's last touch
 };
 
-CTouchStory ReadTouches(const std::vector<int>& touches);
+STouchStory ReadTouches(const std::vector<int>& touches);
 
 // The points of a wall hit, before they are multiplied.
 int WallHitPoints(float impulseSquared);

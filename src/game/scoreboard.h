@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 #include "gfx/sprite/sprite.h"
 #include "kernel/fakethread.h"
 
@@ -39,7 +39,7 @@ class CScoreBoard : public vask::CFakeThread {
 
   // A text that rises and fades where points were made; `position` is its centre. Nothing is shown
   // without the digits font, or above the screen.
-  static void ShowFloatingText(CScreenPoint position, const std::string& text);
+  static void ShowFloatingText(SScreenPoint position, const std::string& text);
 
  private:
   void ShowNumber();

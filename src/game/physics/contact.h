@@ -12,10 +12,10 @@ namespace brumble {
 struct CContact {
   CPhysicsBody* bodyA = nullptr;
   CPhysicsBody* bodyB = nullptr;
-  CVec2 pointA;
-  CVec2 pointB;
-  CVec2 normal;  // unit length, from B towards A; zero when no direction can be told
-  CVec2 point;   // midway between pointA and pointB, where impulses act
+  SVec2 pointA;
+  SVec2 pointB;
+  SVec2 normal;  // unit length, from B towards A; zero when no direction can be told
+  SVec2 point;   // midway between pointA and pointB, where impulses act
 };
 
 // No pair is examined in a step once so many contacts exist.

@@ -25,8 +25,8 @@ constexpr std::size_t kBlock = 16;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-CVec2 Position(const CPhysicsBody& body) { return {body.x, body.y}; }
-CVec2 Half(const CPhysicsBody& body) { return {body.halfWidth, body.halfHeight}; }
+SVec2 Position(const CPhysicsBody& body) { return {body.x, body.y}; }
+SVec2 Half(const CPhysicsBody& body) { return {body.halfWidth, body.halfHeight}; }
 
 // -0 equals 0 but has another sine, and a value that is not a number equals nothing.
 bool IsSameBits(float a, float b) {
@@ -38,7 +38,7 @@ bool IsBounded(const CPhysicsBody& body) {
 }
 
 // Half the upright bounding box. Without a direction it is not a number, and as good as boundless.
-CVec2 BoundingReach(const CPhysicsBody& body, const COrientedBox& box) {
+SVec2 BoundingReach(const CPhysicsBody& body, const SOrientedBox& box) {
   const float w = std::abs(body.halfWidth);
   if (body.shape == kCircle) {
     const float reach = w + kReachShare * w + kReachSlack;
@@ -51,15 +51,15 @@ CVec2 BoundingReach(const CPhysicsBody& body, const COrientedBox& box) {
   return {c * w + s * h + margin, s * w + c * h + margin};
 }
 
-void Append(CContactBuffer& contacts, CPhysicsBody& a, CPhysicsBody& b, const CPointPair& points,
-            CVec2 normal) {
+void Append(CContactBuffer& contacts, CPhysicsBody& a, CPhysicsBody& b, const SPointPair& points,
+            SVec2 normal) {
   contacts.Append(
       {&a, &b, points.pointA, points.pointB, normal, points.pointA * 0.5F + points.pointB * 0.5F});
 }
 
 void AppendCircleBox(CContactBuffer& contacts, CPhysicsBody& circle, CPhysicsBody& body,
-                     const COrientedBox& box) {
-  const std::optional<CTouch> touch = CircleBox(Position(circle), circle.halfWidth, box);
+                     const SOrientedBox& box) {
+  const std::optional<STouch> touch = CircleBox(Position(circle), circle.halfWidth, box);
   if (touch) {
     Append(contacts, circle, body, touch->points, touch->normal);
   }
@@ -105,7 +105,7 @@ void CContactGenerator::Prepare(const std::vector<CPhysicsBody>& bodies) {
 
 // A wall stays as it was made, and the axes of what only moves stay too.
 void CContactGenerator::PrepareBody(std::size_t index, const CPhysicsBody& body) {
-  CShape& known = myShapes[index];
+  SShape& known = myShapes[index];
   const bool isTurned = body.shape != known.shape || !IsSameBits(body.angle, known.angle);
   const bool isMoved = !IsSameBits(body.x, known.x) || !IsSameBits(body.y, known.y);
   const bool isResized = !IsSameBits(body.halfWidth, known.halfWidth) ||
@@ -114,11 +114,11 @@ void CContactGenerator::PrepareBody(std::size_t index, const CPhysicsBody& body)
     return;
   }
   known = {body.shape, body.halfWidth, body.halfHeight, body.x, body.y, body.angle};
-  COrientedBox& box = myBoxes[index];
+  SOrientedBox& box = myBoxes[index];
   if (body.shape != kCircle) {
-    box = COrientedBox(Position(body), Half(body), isTurned ? Direction(body.angle) : box.axis[0]);
+    box = SOrientedBox(Position(body), Half(body), isTurned ? Direction(body.angle) : box.axis[0]);
   }
-  const CVec2 reach = IsBounded(body) ? BoundingReach(body, box) : CVec2{kInfinity, kInfinity};
+  const SVec2 reach = IsBounded(body) ? BoundingReach(body, box) : SVec2{kInfinity, kInfinity};
   myX[index] = body.x;
   myY[index] = body.y;
   myReachX[index] = reach.x;
@@ -172,7 +172,7 @@ void CContactGenerator::TestPair(std::vector<CPhysicsBody>& bodies, std::size_t 
     return;
   }
   if (a.shape == kCircle && b.shape == kCircle) {
-    const std::optional<CTouch> touch =
+    const std::optional<STouch> touch =
         CircleCircle(Position(a), a.halfWidth, Position(b), b.halfWidth);
     if (touch) {
       Append(contacts, a, b, touch->points, touch->normal);
@@ -182,7 +182,7 @@ void CContactGenerator::TestPair(std::vector<CPhysicsBody>& bodies, std::size_t 
   } else if (b.shape == kCircle) {
     // The circle is always A, whatever the order of the bodies.
     AppendCircleBox(contacts, b, a, myBoxes[i]);
-  } else if (const std::optional<CBoxTouch> touch = BoxBox(myBoxes[i], myBoxes[j])) {
+  } else if (const std::optional<SBoxTouch> touch = BoxBox(myBoxes[i], myBoxes[j])) {
     for (int k = 0; k < touch->count; ++k) {
       Append(contacts, a, b, touch->points[static_cast<std::size_t>(k)], touch->normal);
     }

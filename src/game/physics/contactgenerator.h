@@ -30,7 +30,7 @@ class CContactGenerator {
                 CContactBuffer& contacts) const;
 
   // What the packed copies of a body were made from.
-  struct CShape {
+  struct SShape {
     std::int32_t shape = -1;  // none yet
     float halfWidth = 0.0F;
     float halfHeight = 0.0F;
@@ -40,8 +40,8 @@ class CContactGenerator {
   };
 
   std::size_t myCount = 0;
-  std::vector<CShape> myShapes;
-  std::vector<COrientedBox> myBoxes;  // of the bodies that are boxes
+  std::vector<SShape> myShapes;
+  std::vector<SOrientedBox> myBoxes;  // of the bodies that are boxes
   std::vector<float> myX;
   std::vector<float> myY;
   std::vector<float> myReachX;  // half extents of the upright bounding box with its margin

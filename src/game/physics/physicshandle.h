@@ -19,7 +19,7 @@ class CPhysicsHandle {
   void Step(unsigned milliseconds);
   // Answers the new body's index, 0 without a world.
   int SpawnKitten();
-  void PushKitten(int index, CVec2 velocity);
+  void PushKitten(int index, SVec2 velocity);
   void ResetWorld();
 
   // Null without a world.

@@ -41,7 +41,7 @@ class CPhysicsWorld {
   // Drops a kitten at rest from a random place at the top; answers its index.
   int SpawnKitten();
   // Nothing for an index that is no kitten's; its spin stays as it is.
-  void SetKittenVelocity(int index, CVec2 velocity);
+  void SetKittenVelocity(int index, SVec2 velocity);
   // Sets the monster's velocity so that it would reach the world point in `t` seconds, or slower
   // when that is far: the speed tends to a limit.
   void SetPlayerTarget(float x, float y, float t);

@@ -29,7 +29,7 @@ bool TestCollision(vask::tester::STest& test) {
   const auto contacts = std::make_unique<CContactBuffer>();
   generator.Generate(bodies, *contacts);
   VASK_TEST_ASSERT(test, contacts->GetCount() == 1, std::to_string(contacts->GetCount()));
-  const CVec2 normal = contacts->begin()->normal;
+  const SVec2 normal = contacts->begin()->normal;
   VASK_TEST_ASSERT(test, normal.x == -1.0F && normal.y == 0.0F, std::to_string(normal.x));
 
   ResolveContacts(*contacts);
