@@ -1,14 +1,13 @@
 #include "game/brumbleingameui.h"
 
 #include "game/gfxfactory.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
 #include "utils/log/log.h"
 
 namespace brumble {
 namespace {
-
-constexpr int kLeftButton = 1;
 
 // What lies over the screen takes its own clicks. It may hear of them before or after the screen
 // does, so the place is asked for, and not what has become of the click.
@@ -39,7 +38,7 @@ void CBrumbleTaskImpl::CBrumbleInGameUi::ShowGameOver() {
 }
 
 void CBrumbleTaskImpl::CBrumbleInGameUi::OnMouseButtonDown(int button) {
-  if (button != kLeftButton || IsPointerOverWidget()) {
+  if (button != vask::kLeftButton || IsPointerOverWidget()) {
     return;
   }
   if (myState == kTitle) {

@@ -4,8 +4,8 @@
 
 namespace vask {
 
-// An object on the screen that takes mouse events from CMouse. Buttons are the engine's bit values
-// (1 left, 2 middle, 4 right, 8 and 16 the wheel), positions window pixels.
+// An object on the screen that takes mouse events from CMouse. Buttons are those of buttons.h,
+// positions are window pixels.
 class IMouseable {
  public:
   // Leaves CMouse with all its entries.
