@@ -62,7 +62,7 @@ inline constexpr float kSpawnY = -50.0F;
 inline constexpr float kSpawnWidth = 100.0F;
 inline constexpr float kSpawnLeft = -50.0F;
 
-// A body that has been reset: a circle that waits beside the others.
+// A body that has been reset: a circle beside the others.
 inline constexpr float kResetRadius = 2.2F;
 inline constexpr float kResetMassBase = 3.1F;
 inline constexpr float kResetMassSpread = 0.10000014F;

@@ -6,7 +6,7 @@
 namespace brumble {
 namespace {
 
-// Clamps to [-half, half] and answers the square of what was cut off.
+// Clamps to [-half, half] and returns the square of what was cut off.
 float ClampToHalf(float& value, float half) {
   const float before = value;
   if (value < -half) {
@@ -20,16 +20,18 @@ float ClampToHalf(float& value, float half) {
   return cut * cut;
 }
 
-// The axis of least penetration, counted A0, A1, B0, B1; nothing when one of them separates the
-// boxes. Of equals the earlier one wins.
-std::optional<std::size_t> FindBestAxis(const SOrientedBox& a, const SOrientedBox& b, SVec2 d) {
+// The separating axis test: the axis of least penetration, counted A0, A1, B0, B1, or nothing when
+// one of them separates the boxes. Of equals the earlier one wins.
+std::optional<std::size_t> FindLeastPenetration(const SOrientedBox& a, const SOrientedBox& b,
+                                                SVec2 d) {
   std::size_t best = 0;
   float leastPenetration = 0.0F;
   for (std::size_t number = 0; number < 4; ++number) {
     const bool isOfA = number < 2;
     const std::size_t k = number % 2;
     const SVec2 u = isOfA ? a.axis[k] : b.axis[k];
-    const float reach = isOfA ? a.ownShadow[k] + b.ShadowOn(u) : a.ShadowOn(u) + b.ownShadow[k];
+    const float reach =
+        isOfA ? a.ownRadius[k] + b.ProjectedRadius(u) : a.ProjectedRadius(u) + b.ownRadius[k];
     const float distance = std::abs(Dot(d, u));
     if (reach < distance) {
       return std::nullopt;
@@ -43,16 +45,16 @@ std::optional<std::size_t> FindBestAxis(const SOrientedBox& a, const SOrientedBo
   return best;
 }
 
-// A face of the reference box: its outward normal and its ends.
+// The reference face: its outward normal and its ends.
 struct SFace {
   SVec2 normal;
   SVec2 first;
   SVec2 second;
 };
 
-// The face across the best axis that looks at the other box. With u across d, A's box shows its
-// negative face and B's box too, as neither side is nearer.
-SFace FindFace(const SOrientedBox& box, std::size_t axisOfBox, bool isBoxA, SVec2 d) {
+// The face on the axis that looks at the other box. When the axis is perpendicular to d, neither
+// side is nearer, and both A and B use their negative face.
+SFace FindReferenceFace(const SOrientedBox& box, std::size_t axisOfBox, bool isBoxA, SVec2 d) {
   static constexpr std::size_t kCornersOfFace[4][2] = {{1, 3}, {0, 2}, {2, 3}, {0, 1}};
   const SVec2 u = box.axis[axisOfBox];
   const float side = Dot(u, d);
@@ -67,8 +69,8 @@ struct SCorners {
   std::size_t count = 0;
 };
 
-// The corners of the box that lie behind the face; none as well when there are more than two.
-SCorners FindPenetrating(const SOrientedBox& box, const SFace& face) {
+// The corners of the box on the inner side of the face; none when there are more than two.
+SCorners FindIncidentCorners(const SOrientedBox& box, const SFace& face) {
   SCorners found;
   for (std::size_t number = 0; number < 4; ++number) {
     const SVec2 corner = box.Corner(number);
@@ -120,8 +122,8 @@ std::optional<STouch> CircleBox(SVec2 circle, float radius, const SOrientedBox& 
     return std::nullopt;
   }
   if (excessX == 0.0F && excessY == 0.0F) {
-    // Nothing was cut off: turning the centre back into the world would return it only nearly, and
-    // the rounding would pass for a direction.
+    // The centre is inside. Turned back into the world it would come out slightly moved, and the
+    // rounding error would be taken for a direction.
     return STouch{{circle, circle}, {}};
   }
   const SVec2 onBox = box.centre + SVec2{local.x * cs - local.y * sn, local.x * sn + local.y * cs};
@@ -138,14 +140,14 @@ std::optional<SBoxTouch> BoxBox(SVec2 posA, SVec2 halfA, float angleA, SVec2 pos
 
 std::optional<SBoxTouch> BoxBox(const SOrientedBox& a, const SOrientedBox& b) {
   const SVec2 d = b.centre - a.centre;
-  const std::optional<std::size_t> best = FindBestAxis(a, b, d);
+  const std::optional<std::size_t> best = FindLeastPenetration(a, b, d);
   if (!best) {
     return std::nullopt;
   }
   const bool isReferenceA = *best < 2;
   const SOrientedBox& reference = isReferenceA ? a : b;
-  const SFace face = FindFace(reference, *best % 2, isReferenceA, d);
-  SCorners inside = FindPenetrating(isReferenceA ? b : a, face);
+  const SFace face = FindReferenceFace(reference, *best % 2, isReferenceA, d);
+  SCorners inside = FindIncidentCorners(isReferenceA ? b : a, face);
   if (inside.count == 0) {
     return std::nullopt;
   }
@@ -154,9 +156,9 @@ std::optional<SBoxTouch> BoxBox(const SOrientedBox& a, const SOrientedBox& b) {
                                            reference.axis[0], reference.axis[1], reference.half);
     inside.corner = {edge.a, edge.b};
   }
-  // Filled in where it is answered: copying it costs as much as the rest.
-  std::optional<SBoxTouch> answer(std::in_place);
-  SBoxTouch& touch = *answer;
+  // Built in place: a copy costs as much as the rest.
+  std::optional<SBoxTouch> result(std::in_place);
+  SBoxTouch& touch = *result;
   touch.normal = isReferenceA ? -face.normal : face.normal;
   touch.count = static_cast<int>(inside.count);
   const SMeasuredSegment faceLine(face.first, face.second);
@@ -165,7 +167,7 @@ std::optional<SBoxTouch> BoxBox(const SOrientedBox& a, const SOrientedBox& b) {
     const SVec2 onFace = ClosestPointOnSegment(faceLine, corner);
     touch.points[k] = isReferenceA ? SPointPair{onFace, corner} : SPointPair{corner, onFace};
   }
-  return answer;
+  return result;
 }
 
 }  // namespace brumble

@@ -22,7 +22,7 @@ struct CContact {
 inline constexpr std::size_t kMaxContacts = 20000;
 
 // The contacts of one step, in the order in which they were found. The last pair that is examined
-// may bring two contacts, so there is room for one beyond the limit.
+// may add two contacts, so the capacity is one more than the limit.
 class CContactBuffer {
  public:
   void Clear() { myCount = 0; }

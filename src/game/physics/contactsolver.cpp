@@ -11,13 +11,13 @@ SVec2 VelocityAt(const CPhysicsBody& body, SVec2 arm) {
   return {body.vx - body.angularVelocity * arm.y, body.vy + body.angularVelocity * arm.x};
 }
 
-// How readily the body gives way to an impulse along `n` at the end of `arm`, besides its mass.
-float TurningShare(const CPhysicsBody& body, SVec2 arm, SVec2 n) {
+// The angular part of the inverse effective mass, for an impulse along `n` at the end of `arm`.
+float AngularInverseMass(const CPhysicsBody& body, SVec2 arm, SVec2 n) {
   const float lever = Cross(arm, n);
   return body.invInertia * (lever * lever);
 }
 
-// Scales the impulse in place and gives the body what is left of it.
+// Scales the impulse in place, then applies it.
 void ApplyImpulse(CPhysicsBody& body, const CPhysicsBody& other, SVec2 arm, SVec2& impulse) {
   impulse = impulse * kImpulseLoss;
   if (body.bridge != nullptr) {
@@ -28,7 +28,7 @@ void ApplyImpulse(CPhysicsBody& body, const CPhysicsBody& other, SVec2 arm, SVec
   body.angularVelocity += Cross(arm, impulse) * body.invInertia;
 }
 
-// Whether the bodies were approaching and an impulse was needed.
+// Returns whether the bodies were approaching, so that it applied an impulse.
 bool ResolveContact(const CContact& contact) {
   CPhysicsBody& a = *contact.bodyA;
   CPhysicsBody& b = *contact.bodyB;
@@ -39,8 +39,9 @@ bool ResolveContact(const CContact& contact) {
   if (!(approach < 0.0F)) {
     return false;
   }
-  const float yield = a.invMass + b.invMass + TurningShare(a, armA, n) + TurningShare(b, armB, n);
-  const float magnitude = -(1.0F + kRestitution) * approach / yield;
+  const float inverseMass =
+      a.invMass + b.invMass + AngularInverseMass(a, armA, n) + AngularInverseMass(b, armB, n);
+  const float magnitude = -(1.0F + kRestitution) * approach / inverseMass;
   SVec2 impulse = n * magnitude;
   ApplyImpulse(a, b, armA, impulse);
   impulse = -impulse;

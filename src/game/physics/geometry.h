@@ -30,7 +30,7 @@ struct SSegment {
 // The unit vector along `v` when its `length` is above 0, else `v` itself.
 constexpr SVec2 Normalised(SVec2 v, float length) { return length > 0.0F ? v / length : v; }
 
-// A segment with its direction and length, for asking more than once.
+// A segment with its direction and length, computed once for several calls.
 struct SMeasuredSegment {
   SMeasuredSegment(SVec2 from, SVec2 to)
       : a(from), b(to), length(Length(to - from)), unit(Normalised(to - from, length)) {}

@@ -181,8 +181,8 @@ void CPhysicsWorld::Integrate(float dt) {
   }
 }
 
-// Walks by position and looks each body up again after every call to the outside, since a callback
-// may add bodies and so move the array.
+// Walks by index and looks each body up again after every callback, which may add bodies and so
+// move the array.
 void CPhysicsWorld::ReportAndRemove() {
   for (std::size_t i = 0; i < myBodies.size();) {
     if (myBodies[i].bridge != nullptr) {
@@ -217,7 +217,7 @@ void CPhysicsWorld::DamageBySpin(std::size_t index) {
   }
 }
 
-// Tells the game of a kitten that has left and takes it out of the world.
+// Reports a kitten that has left to the game and removes it from the world.
 bool CPhysicsWorld::RemoveIfOutside(std::size_t index) {
   const CPhysicsBody& body = myBodies[index];
   if (index < kFirstKittenIndex || body.kind == kStatic) {

@@ -6,7 +6,7 @@
 
 namespace brumble {
 
-// What outlives each world: there is one game in a process, and a new world goes on where the last
+// The process-wide state: there is one game in a process, and a new world goes on where the last
 // one stopped.
 struct SWorldState {
   bool isDoorOpen = false;
