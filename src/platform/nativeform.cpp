@@ -1,6 +1,8 @@
 #include "platform/nativeform.h"
 
+#include "platform/buttoncontrol.h"
 #include "platform/editcontrol.h"
+#include "platform/staticcontrol.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 #include "tools/assertdialog.h"
 
 #include "gfx/sdl/screenrelease.h"
-#include "platform/debugger.h"
 #include "platform/nativewindow.h"
+#include "platform/process.h"
 #include "tools/assertmail.h"
 
 #include <algorithm>
