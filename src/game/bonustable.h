@@ -5,7 +5,7 @@
 
 namespace brumble {
 
-// The named bonuses. The numbers also appear in the log.
+// The named bonuses. Their numbers also appear in the log.
 enum EBonus : int {
   kGrilledKitten = 0,
   kLongShot = 1,

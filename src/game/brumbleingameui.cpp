@@ -9,8 +9,8 @@
 namespace brumble {
 namespace {
 
-// What lies over the screen takes its own clicks. It may hear of them before or after the screen
-// does, so the place is asked for, and not what has become of the click.
+// A widget over the screen takes its own clicks. It may get them before or after the screen does,
+// so the position decides, not whether the click has been handled.
 bool IsPointerOverWidget() {
   const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
   return vask::ui::CDesktopWidget::HasWidgetAt({mouse.GetPointerX(), mouse.GetPointerY()});

@@ -18,12 +18,12 @@
 namespace brumble {
 namespace {
 
-// How a gain floats up: "+500".
+// The floating number of a gain: "+500".
 std::string GainText(int points) { return std::string("+").append(std::to_string(points)); }
 
 vask::CLog& Log() { return *vask::CLog::GetSingletonPtr(); }
 
-// A body that has not been numbered yet is a kitten that was dropped a moment ago.
+// A body without an index is a kitten that has just been added.
 bool IsKitten(int index) { return index >= kFirstKittenIndex || index < 0; }
 
 void Place(CScoreBoard& board, SScreenPoint place, int value) {
@@ -111,7 +111,7 @@ void CGameLogic::PushIfStuck(int index, CKittenRecord& record) {
   }
 }
 
-// A body without a record never counted as one in play, so its end counts for nothing either.
+// A body without a record was never counted as in play, so its end is not counted either.
 void CGameLogic::RemoveKitten(int index) {
   const CKittenRecord* const record = FindRecord(index);
   if (record == nullptr) {
@@ -158,7 +158,7 @@ void CGameLogic::OnDoorOpened() { MoveDoor(kDoorOpenPlace); }
 
 void CGameLogic::OnDoorClosed() { MoveDoor(kDoorShutPlace); }
 
-// The older movement is dropped: two at once would pull the door to and fro.
+// The older movement is dropped: two at once would move the door back and forth.
 void CGameLogic::MoveDoor(SScreenPoint target) {
   vask::CSprite* const oven = myOven.Get();
   if (oven == nullptr) {

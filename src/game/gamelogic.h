@@ -13,25 +13,24 @@
 
 namespace brumble {
 
-// Who can drop a kitten into the world, and push one on.
+// Adds kittens to the world and pushes them; implemented by the game task.
 class IKittenSpawner {
  public:
   virtual ~IKittenSpawner() = default;
-  // Answers the new body's index.
+  // Returns the new body's index.
   virtual int SpawnKitten() = 0;
-  // `index` is the body's; the velocity, in world units per second, replaces its own.
+  // Replaces the velocity of the body `index`, in world units per second.
   virtual void PushKitten(int index, SVec2 velocity) = 0;
 };
 
-// The rule book. It drops the kittens, hears from the physics and the bridges what becomes of them,
-// and turns that into points: at stake while the kitten is in play, banked when it goes into the
+// The rules. They drop the kittens, are told by the physics and the bridges what happens to them,
+// and turn that into points: at stake while the kitten is in play, banked when it goes into the
 // oven, lost when it falls into the fire. A body without a record scores nothing.
 //
-//   CGameLogic logic;           // runs without pictures and sounds as well
-//   logic.SetOwner(&task);      // who drops the kittens
-//   logic.NewGame();
-//   logic.Tick();               // every 100 ms
-//   if (logic.IsGameOver()) ...
+//     CGameLogic logic;          // also works without pictures and sounds
+//     logic.SetOwner(&spawner);  // adds the kittens to the world
+//     logic.NewGame();
+//     logic.Tick();              // every 100 ms
 class CGameLogic : public IGameLogicReceiver {
  public:
   CGameLogic();
@@ -39,18 +38,18 @@ class CGameLogic : public IGameLogicReceiver {
   CGameLogic(const CGameLogic&) = delete;
   CGameLogic& operator=(const CGameLogic&) = delete;
 
-  // Not owned; null drops no kittens.
+  // Not owned; with null no kittens come.
   void SetOwner(IKittenSpawner* owner) { myOwner = owner; }
 
   void NewGame();
   void Tick();
-  // A pause must neither end a run of spins nor bring the next kitten nearer.
+  // Stops the rules' clock: a pause neither ends a run of spins nor brings the next kitten nearer.
   void PauseClock() { myClock.Pause(); }
   void ResumeClock() { myClock.Resume(); }
   bool IsGameOver() const;
   // Multiplies `points` in place when a kitten (any index but 0) earns them beside others in play.
   void AddScore(int kittenIndex, int& points);
-  // Answers the points awarded: the bonus's own, else `fallbackPoints`.
+  // Returns the points awarded: the bonus's own, else `fallbackPoints`.
   int AwardBonus(int number, SScreenPoint position, int fallbackPoints);
   static void ShowSign(const std::string& file) { brumble::ShowSign(file); }
   static void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target = {},

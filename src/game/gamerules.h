@@ -34,8 +34,8 @@ inline constexpr int kMonsterSpinPoints = 5;  // on top
 inline constexpr int kSpinsPerBonus = 5;
 inline constexpr int kGuruSpins = 10;  // a run of fewer makes a master only
 
-// A kitten that comes to rest above the monster's reach, such as on the shelf between the right
-// wall's top and the shaft, is pushed on, or the game would wait for it for ever. World units.
+// A kitten that comes to rest above the monster's reach, such as on the ledge between the right
+// wall and the shaft, is pushed, or the game would wait for it for ever. World units.
 inline constexpr float kReachTop = -55.2F;  // above it the monster's rim reaches no corner
 inline constexpr float kRestRadius = 1.0F;
 inline constexpr SVec2 kPushVelocity = {-20.0F, -20.0F};

@@ -4,7 +4,7 @@
 
 namespace brumble {
 
-// What the rules share: there is one game at a time in a process.
+// The process-wide state of the rules: there is one game at a time in a process.
 struct SGameState {
   int kittensLeft = kKittensPerGame;  // still to be dropped
   int kittensInPlay = 0;
@@ -13,7 +13,7 @@ struct SGameState {
   unsigned lastRemoval = 0;   // game clock
   unsigned lastHitSound = 0;  // game clock
 
-  // The sign that was shown last: the next one, when it follows quickly, goes below it.
+  // The sign that was shown last; if the next one comes soon, it goes below.
   bool hasSign = false;
   unsigned signTime = 0;  // application time
   int signTargetY = 0;

@@ -63,7 +63,7 @@ STouchStory ReadTouches(const std::vector<int>& touches) {
   story.monsterTouches =
       static_cast<int>(std::count(touches.begin(), touches.end(), kMonsterIndex));
   const auto lastMonster = std::find(touches.rbegin(), touches.rend(), kMonsterIndex).base();
-  // `lastMonster` points just behind the monster's last touch, at the front when there is none.
+  // `lastMonster` points just past the monster's last touch, to the front when there is none.
   story.isOneTouch =
       story.monsterTouches > 0 &&
       std::all_of(touches.begin(), lastMonster, [](int t) { return t == kMonsterIndex; });

@@ -8,7 +8,7 @@
 
 namespace brumble {
 
-// What the rules remember of one kitten in play.
+// The rules' record of one kitten in play.
 struct CKittenRecord {
   bool myTouchedThisTick = false;  // by the monster
   SVec2 myPosition;                // world units
@@ -26,12 +26,12 @@ struct CKittenRecord {
 
   bool IsMonsterLast() const { return myLastToucher == kMonsterIndex; }
 
-  // Where the kitten is now. A place within the monster's reach, or too far from where it began to
-  // rest, ends its rest.
+  // Takes the kitten's new position. A position within the monster's reach, or too far from where
+  // the rest began, ends the rest.
   void MoveTo(SVec2 position, unsigned now);
-  // Whether it has rested out of reach for so long that it will not come back by itself.
+  // Whether it has rested out of the monster's reach for so long that it needs a push.
   bool IsPushDue(unsigned now) const;
-  // It was pushed: the next push is due sooner, unless it moves.
+  // Notes a push: the next one is due sooner, unless the kitten moves.
   void NotePush(unsigned now);
 
   // The points for the thresholds that the health has fallen through since the last call.
@@ -40,11 +40,11 @@ struct CKittenRecord {
   bool IsSpinRunOver(unsigned now) const;
   // Whether a spin at that speed scores now.
   bool IsSpinScoring(float angularVelocity, unsigned now) const;
-  // Counts a spin and answers its points: each spin of a run is worth one share more.
+  // Counts a spin and returns its points: each spin of a run is worth one share more.
   int CountSpin(int thresholdPoints, unsigned now);
 };
 
-// What the list of touches tells about a kitten that went into the oven.
+// What the touches of a kitten in the oven earn.
 struct STouchStory {
   int monsterTouches = 0;
   bool isOneTouch = false;    // nothing but the monster touched it before the monster's last touch

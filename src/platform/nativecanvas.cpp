@@ -41,7 +41,7 @@ namespace {
 // Where the line that begins at `begin` ends, and where the next one begins.
 std::pair<std::size_t, std::size_t> EndOfLine(std::string_view text, std::size_t begin, int width,
                                               const INativeFont& font) {
-  std::size_t behindBlank = begin;
+  std::size_t afterBlank = begin;
   int used = 0;
   for (std::size_t i = begin; i < text.size(); ++i) {
     if (text[i] == '\n') {
@@ -50,11 +50,11 @@ std::pair<std::size_t, std::size_t> EndOfLine(std::string_view text, std::size_t
     used += font.CharWidth(text[i]);
     if (used > width && i > begin) {
       // A blank may hang over the edge, where it can't be seen.
-      const std::size_t end = text[i] == ' ' ? i + 1 : behindBlank > begin ? behindBlank : i;
+      const std::size_t end = text[i] == ' ' ? i + 1 : afterBlank > begin ? afterBlank : i;
       return {end, end};
     }
     if (text[i] == ' ') {
-      behindBlank = i + 1;
+      afterBlank = i + 1;
     }
   }
   return {text.size(), std::string_view::npos};

@@ -20,7 +20,7 @@ struct SBox {
   SBox Inside(int border) const;
 };
 
-// What texts are measured by. A character is a byte, and a text as wide as its characters are.
+// Measures texts. A character is a byte, and a text is as wide as its characters together.
 class INativeFont {
  public:
   virtual ~INativeFont() = default;
@@ -33,7 +33,7 @@ class INativeFont {
 
 enum class ENativeColor { kFace, kField, kText, kLight, kShadow, kDark, kSelection };
 
-// What controls are drawn on.
+// Controls are drawn on it.
 class INativeCanvas : public INativeFont {
  public:
   virtual void FillBox(const SBox& box, ENativeColor color) = 0;
@@ -46,13 +46,13 @@ class INativeCanvas : public INativeFont {
   void DottedEdge(const SBox& box);
 };
 
-// A line of a text: its characters from `begin` to before `end`. The line feed is none of them.
+// A line of a text: its characters from `begin` to before `end`. Without the line feed.
 struct STextLine {
   std::size_t begin = 0;
   std::size_t end = 0;
 };
 
-// Breaks the text at its line feeds and, where a line is wider than `width`, behind the last blank
+// Breaks the text at its line feeds and, where a line is wider than `width`, after the last blank
 // that leaves it narrow enough, or anywhere in a longer word. At least one line; each takes at
 // least one character.
 std::vector<STextLine> WrapText(std::string_view text, int width, const INativeFont& font);

@@ -43,7 +43,7 @@ class CNativeControl {
   const SBox& GetBox() const { return myBox; }
   int GetId() const { return myId; }
 
-  // Whether the control takes the keyboard, and whether a click on it counts.
+  // Whether the control takes the focus, and whether it can be clicked.
   virtual bool TakesFocus() const { return false; }
   virtual bool IsButton() const { return false; }
 
@@ -55,7 +55,7 @@ class CNativeControl {
   virtual void OnDrag(int x, int y, const INativeFont& font);
   // The wheel turned over the control: by so many lines, upwards when negative.
   virtual void OnWheel(int lines, const INativeFont& font);
-  // A key came while the control had the keyboard. True when it clicks the control.
+  // A key came while the control had the focus. True when it clicks the control.
   virtual bool OnKey(const SNativeKey& key, const INativeFont& font);
 
  protected:

@@ -174,7 +174,7 @@ void CNativeWindow::CImplementation::AllocateColors() {
 
 void CNativeWindow::CImplementation::SetAttributes() {
   XSetWindowAttributes attributes{};
-  // A window that keeps its content is not asked to draw it anew when its size changes.
+  // A window that keeps its content gets no expose event when its size changes.
   attributes.bit_gravity =
       (myClass.style & (kRedrawOnWidth | kRedrawOnHeight)) != 0 ? ForgetGravity : NorthWestGravity;
   attributes.event_mask = ExposureMask | KeyPressMask | ButtonPressMask | ButtonReleaseMask |

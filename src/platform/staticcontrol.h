@@ -7,8 +7,8 @@
 
 namespace vask::platform {
 
-// A text that is only shown (class "static"). It wraps when the box has room for two lines; what
-// has no room then is scrolled by the wheel, and dots in the last line tell that more comes.
+// A read-only text (class "static"). It wraps when the box is two lines high or more. The wheel
+// scrolls what does not fit, and dots in the last line show that there is more.
 class CStaticControl : public CNativeControl {
  public:
   using CNativeControl::CNativeControl;

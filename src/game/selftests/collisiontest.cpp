@@ -41,7 +41,7 @@ bool TestCollision(vask::tester::STest& test) {
   return false;
 }
 
-const vask::tester::CTestRegistrar ourRegistrar(&TestCollision, "Collision", __FILE__);
+const vask::tester::CTestRegistrar theRegistrar(&TestCollision, "Collision", __FILE__);
 
 }  // namespace
 }  // namespace brumble
