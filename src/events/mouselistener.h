@@ -2,8 +2,8 @@
 
 namespace vask {
 
-// Hears of mouse motion, in window pixels, and of buttons (1 left, 2 middle, 4 right, 8 wheel up,
-// 16 wheel down). A button comes without a position: the last motion tells it.
+// Hears of mouse motion, in window pixels, and of buttons (the numbers of input/buttons.h). A
+// button comes without a position: the last motion tells it.
 class IMouseListener {
  public:
   // Leaves the event bridge.

@@ -1,14 +1,13 @@
 #include "ui/desktopwidget.h"
 
 #include "events/eventbridge.h"
+#include "input/buttons.h"
 #include "ui/receivers.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
-
-constexpr std::int32_t kLeftButton = 1;
 
 // Moves the span of a child into that of the desktop.
 int FitInto(int position, int extent, int desktopPosition, int desktopExtent) {
