@@ -62,12 +62,12 @@ def frame_intervals(screen, game, count=300):
 
 
 def play_on(game, games):
-    """Idles through that many more games; answers the resident memory at the end of each."""
+    """Idles through that many more games; returns the resident memory at the end of each."""
     memory = []
     for number in range(games):
         game.point_at(5, 5)
         game.wait_for_log("Gameover", 120, game.log().count("Gameover") + 1)
-        time.sleep(0.5)  # the screen is loaded behind that line
+        time.sleep(0.5)  # the screen is loaded after that line
         memory.append(resident_kib(game.process.pid))
         print(f"  after game {number + 1}: {memory[-1]} KiB", flush=True)
         game.point_at(400, 450)
