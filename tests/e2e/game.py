@@ -103,13 +103,21 @@ class Game:
 
     def settle(self):
         """Waits until the game has taken notice of all that was done so far, and shows it."""
-        def rests():
-            status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
-            return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
         self.screen.settle()
         # Each frame ends with a rest; a few come from waiting for the display.
-        before = rests()
-        wait_for(lambda: rests() > before + 100, "some frames")
+        before = self.rests()
+        wait_for(lambda: self.rests() > before + 100, "some frames")
+
+    def rests(self):
+        """How often the program has given the processor away of its own will."""
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+        return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
+
+    def processor_seconds(self):
+        """What the program has used of a core so far."""
+        stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
+        user, system = stat.rsplit(")", 1)[1].split()[11:13]
+        return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
 
     # The window.
 

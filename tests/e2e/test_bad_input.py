@@ -7,7 +7,7 @@ import os
 import unittest
 
 from display import Display
-from game import Game, fire_burns
+from game import Game, Stepper, fire_burns
 
 
 class Machine(unittest.TestCase):
@@ -24,6 +24,13 @@ class Machine(unittest.TestCase):
             self.assertEqual(len(lines), 1, lines)
             self.assertIn("display", lines[0].lower())
             self.assertIn(lines[0], game.log())
+
+    def test_a_reader_that_goes_away_ends_nothing(self):
+        with Stepper(script=lambda _: "") as game:
+            game.process.stdout.close()
+            game.send("run nothing")
+            game.process.stdin.close()
+            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
 
     def test_without_a_log_the_game_plays(self):
         with Display() as screen, \

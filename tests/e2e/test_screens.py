@@ -1,5 +1,6 @@
 """The screens, the focus, and every way in which the program ends."""
 import itertools
+import time
 import unittest
 
 from display import Display, wait_for
@@ -64,6 +65,28 @@ class Focus(unittest.TestCase):
 
     def world(self, game):
         return game.picture()
+
+
+class Rest(unittest.TestCase):
+    """A program that never rests takes a whole core. Neither bound depends on how fast or busy the
+    machine is: a rest comes after the work of a frame at most, and lasts a millisecond."""
+
+    def test_at_the_title_in_play_and_without_the_focus(self):
+        with Display() as screen, Game(screen) as game:
+            game.wait_for_title()
+            self.assert_rests(game, "title")
+            game.start_playing()
+            game.point_at(300, 300)
+            self.assert_rests(game, "play")
+            screen.focus(screen.open_other())
+            self.assert_rests(game, "without the focus")
+
+    def assert_rests(self, game, where):
+        used, rested, began = game.processor_seconds(), game.rests(), time.monotonic()
+        game.let_pass(2)
+        rests = game.rests() - rested
+        self.assertLess((game.processor_seconds() - used) / rests, 0.001, f"{where}: work for a rest")
+        self.assertLess(rests / (time.monotonic() - began), 2000, f"{where}: rests a second")
 
 
 class Ends(unittest.TestCase):
