@@ -2,9 +2,9 @@
 
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
+#include "input/cursorimages.h"
 #include "input/keyplaces.h"
 #include "kernel/kernel.h"
-#include "tasks/cursorimages.h"
 
 #include <utility>
 
