@@ -4,11 +4,14 @@
 #include "gfx/text/fontalign.h"
 #include "gfx/text/lotsatextsprite.h"
 #include "ui/console/loglistenerforconsole.h"
+#include "ui/widgetfactory.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CConsoleWidget> theRegistrar("CConsoleWidget");
 
 constexpr CRect<int> kRect{0, 0, 400, 180};
 constexpr std::int32_t kWheelUp = 8;
