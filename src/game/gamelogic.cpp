@@ -20,8 +20,6 @@ namespace {
 // How a gain floats up: "+500".
 std::string GainText(int points) { return std::string("+").append(std::to_string(points)); }
 
-vask::CLog& Log() { return *vask::CLog::GetSingletonPtr(); }
-
 // A body that has not been numbered yet is a kitten that was dropped a moment ago.
 bool IsKitten(int index) { return index >= kFirstKitten || index < 0; }
 
@@ -31,7 +29,7 @@ void Place(CScoreBoard& board, CScreenPoint place, int value) {
 }
 
 void LogSpinCount(const CKittenRecord& record) {
-  Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
+  vask::Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
 }
 
 bool IsLongShot(const CKittenRecord& record) {
@@ -140,7 +138,7 @@ void CGameLogic::AddScore(int kittenIndex, int& points) {
 }
 
 int CGameLogic::AwardBonus(int number, CScreenPoint position, int fallbackPoints) {
-  Log() << "PlayEffect: " << number << "\n";
+  vask::Log() << "PlayEffect: " << number << "\n";
   const CBonus bonus = FindBonus(number);
   int points = bonus.points != 0 ? bonus.points : fallbackPoints;
   if (points > 0) {
@@ -178,7 +176,7 @@ void CGameLogic::OnKittenInOven(int index) {
 }
 
 void CGameLogic::BankKitten(CKittenRecord& record) {
-  Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
+  vask::Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
   int sum = 0;
   CScreenPoint place = kOvenTextPlace;
   const auto award = [&](EBonus bonus, int fallbackPoints = 0) {
@@ -193,7 +191,7 @@ void CGameLogic::BankKitten(CKittenRecord& record) {
     award(kLongShot);
   }
   const CTouchStory story = ReadTouches(record.myTouches);
-  Log() << "brum_touch_count: " << story.monsterTouches << "\n";
+  vask::Log() << "brum_touch_count: " << story.monsterTouches << "\n";
   if (story.isOneTouch) {
     award(kOneTouch);
   }
