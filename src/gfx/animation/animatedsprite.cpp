@@ -58,16 +58,15 @@ void CAnimatedSprite::Serialize(CXmlContext& xml) {
 
 // Takes the animations in their order, whatever stands between them.
 void CAnimatedSprite::ReadAnimations(const CXmlContext& xml) {
-  const CXmlElement* element = xml.GetCurrent();
-  for (int i = 0; element != nullptr && i < element->GetChildCount(); ++i) {
-    CXmlElement* child = element->GetChild(i);
-    if (child->GetName() == "Animation") {
-      auto animation = std::make_unique<CAnimation>();
-      CXmlContext context(child, CXmlContext::kReading, xml.GetFileName());
-      animation->Serialize(context);
-      AddAnimation(std::move(animation));
-    }
+  if (xml.GetCurrent() == nullptr) {
+    return;
   }
+  xml.GetCurrent()->ForEachChild("Animation", [&](CXmlElement& child) {
+    auto animation = std::make_unique<CAnimation>();
+    CXmlContext context(&child, CXmlContext::kReading, xml.GetFileName());
+    animation->Serialize(context);
+    AddAnimation(std::move(animation));
+  });
 }
 
 void CAnimatedSprite::WriteAnimations(CXmlContext& xml) {
