@@ -5,7 +5,7 @@ namespace vask {
 // Hears of keys. Key codes are SDL 1.2 key symbols.
 class IKeyboardListener {
  public:
-  // Leaves the event bridge.
+  // Leaves the event bridge (defined with it).
   virtual ~IKeyboardListener();
   virtual void OnKeyDown(int key) = 0;
   virtual void OnKeyUp(int key) = 0;

@@ -5,7 +5,7 @@ namespace vask {
 // Hears of changes of the window's size and of the input focus.
 class IWindowListener {
  public:
-  // Leaves the event bridge.
+  // Leaves the event bridge (defined with it).
   virtual ~IWindowListener();
   virtual void OnResize(int width, int height) = 0;
   // True when the window gained the focus, false when it lost it.

@@ -87,9 +87,9 @@ void CKernel::StartTask(CTask* task, CConsoleParams* params) {
     return;
   }
   task->myUpdatedFrame = 0;
-  myTasksInHook.Append(task);
-  const bool runs = params != nullptr ? task->Start(params) : task->Start();
-  if (!HasReturned(task)) {
+  bool runs = false;
+  const auto start = [&] { runs = params != nullptr ? task->Start(params) : task->Start(); };
+  if (!myTasksInHook.Run(task, start)) {
     return;
   }
   if (runs) {
@@ -97,10 +97,6 @@ void CKernel::StartTask(CTask* task, CConsoleParams* params) {
   } else {
     myPausedTasks.Append(task);
   }
-}
-
-bool CKernel::HasReturned(const CTask* task) {
-  return myTasksInHook.Remove(task) && !task->IsDead();
 }
 
 void CKernel::InsertSorted(CTask* task) { myTasks.Prepend(task); }
@@ -119,9 +115,7 @@ void CKernel::ParkTask(CTask* task) {
     myTimedTasks.PauseTask(task);
     return;
   }
-  myTasksInHook.Append(task);
-  task->Pause();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Pause(); })) {
     myPausedTasks.Append(task);
   }
 }
@@ -135,9 +129,7 @@ void CKernel::ResumeTask(CTask* task) {
     myTimedTasks.ResumeTask(task);
     return;
   }
-  myTasksInHook.Append(task);
-  task->Resume();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Resume(); })) {
     InsertSorted(task);
   }
 }
@@ -160,8 +152,7 @@ void CKernel::ForgetTask(CTask* task) {
   myTasks.Remove(task);
   myPausedTasks.Remove(task);
   myFocusPausedTasks.Remove(task);
-  while (myTasksInHook.Remove(task)) {
-  }
+  myTasksInHook.Forget(task);
   myTimedTasks.ForgetTask(task);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "designpatterns/singleton.h"
-#include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "events/windowlistener.h"
+#include "kernel/tasksinhook.h"
 #include "kernel/tasktimedtasks.h"
 
 #include <cstdint>
@@ -69,8 +69,6 @@ class CKernel : public CStaticSingleton<CKernel> {
 
   void InsertSorted(CTask* task);
   void ParkTask(CTask* task);
-  // Ends the time of a task in its hook; whether it is still alive and wants a place in a list.
-  bool HasReturned(const CTask* task);
   void KillAllTasks();
   // Takes the first of the running and parked tasks out of its list; null when there is none.
   CTask* TakeFirstTask();
@@ -90,9 +88,7 @@ class CKernel : public CStaticSingleton<CKernel> {
   bool myRunFakeThreads = true;
   CTaskTimedTasks myTimedTasks;
   int myFrameSleep = 0;
-  // The tasks that are in their Start, Pause or Resume and so in no other list: a hook that kills,
-  // deletes or moves its own task finds it here.
-  CWalkList<CTask> myTasksInHook;
+  CTasksInHook<CTask> myTasksInHook;
   bool myKillsAll = false;
   std::uint64_t myFrame = 0;
 };

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "kernel/task.h"
+#include "kernel/tasksinhook.h"
 
 #include <cstdint>
 
@@ -36,8 +36,6 @@ class CTaskTimedTasks : public CTask {
     bool operator()(const CTask* a, const CTask* b) const { return a->myDueTime < b->myDueTime; }
   };
 
-  // See CKernel.
-  bool HasReturned(const CTask* task);
   // Takes the first of all out of its list; null when there is none.
   CTask* TakeFirstTask();
   // The global clock in milliseconds, carried on over its wraps: times on a wrapping clock have no
@@ -48,7 +46,7 @@ class CTaskTimedTasks : public CTask {
   CWalkSet<CTask, SDueEarlier> myTimedTasks;
   CWalkSet<CTask> myPausedTasks;
   bool myRemovePending = false;
-  CWalkList<CTask> myTasksInHook;
+  CTasksInHook<CTask> myTasksInHook;
   std::int64_t myNow = 0;
 };
 

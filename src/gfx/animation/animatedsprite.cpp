@@ -61,16 +61,15 @@ void CAnimatedSprite::Serialize(CXmlContext& xml) {
 
 // Reads the animations in their order; other elements between them are skipped.
 void CAnimatedSprite::ReadAnimations(const CXmlContext& xml) {
-  const CXmlElement* element = xml.GetCurrent();
-  for (int i = 0; element != nullptr && i < element->GetChildCount(); ++i) {
-    CXmlElement* child = element->GetChild(i);
-    if (child->GetName() == "Animation") {
-      auto animation = std::make_unique<CAnimation>();
-      CXmlContext context(child, CXmlContext::kReading, xml.GetFileName());
-      animation->Serialize(context);
-      AddAnimation(std::move(animation));
-    }
+  if (xml.GetCurrent() == nullptr) {
+    return;
   }
+  xml.GetCurrent()->ForEachChild("Animation", [&](CXmlElement& child) {
+    auto animation = std::make_unique<CAnimation>();
+    CXmlContext context(&child, CXmlContext::kReading, xml.GetFileName());
+    animation->Serialize(context);
+    AddAnimation(std::move(animation));
+  });
 }
 
 void CAnimatedSprite::WriteAnimations(CXmlContext& xml) {

@@ -24,8 +24,6 @@ constexpr float kWidthUnit = 0.015625F;  // of the cell width
 constexpr float kTintUnit = 0.125F;
 constexpr char kNoTint[] = "888";
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 // Empty when the file cannot be read.
 std::string ReadFirstLine(const std::string& fileName) {
   std::ifstream file = OpenInputFile(fileName);

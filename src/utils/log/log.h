@@ -27,10 +27,9 @@ enum ELogLevel : int {
 // The program's one diagnostic channel. It cuts what is written into lines, gives each a level and
 // hands it to the listeners; one listener, built in, writes "log.txt" in the working directory.
 //
-//   CLog& log = *CLog::GetSingletonPtr();
-//   log << "Loaded " << count << " files\n";
-//   log.Error() << "Could not open " << name << "\n";
-//   log.Print("[ERROR] No task %s\n", name.c_str());
+//   Log() << "Loaded " << count << " files\n";
+//   Log().Error() << "Could not open " << name << "\n";
+//   Log().Print("[ERROR] No task %s\n", name.c_str());
 class CLog : public CStaticSingleton<CLog> {
  public:
   CLog();
@@ -80,6 +79,9 @@ class CLog : public CStaticSingleton<CLog> {
   std::unique_ptr<SListeners> myListeners;
   int myLevel = kLogNormal;
 };
+
+// The log, made by the first call.
+inline CLog& Log() { return CLog::GetSingleton(); }
 
 // Keeps a block of the log open for as long as it lives, so that every return closes it.
 class CLogBlock {

@@ -11,11 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace vask {
-
-class CXmlContext;
-
-namespace css {
+namespace vask::css {
 
 // Something that happens to an object, for others to hear of: they connect slots, the owner emits.
 //
@@ -60,11 +56,8 @@ class CSignal {
   void Emit(const CAnyContainer& a, const CAnyContainer& b);
 
   std::size_t GetConnectionCount() const;
-
-  // One element "Slot" for each connection, with the attributes "target" (the object's name) and
-  // "function" (the slot's). Writing leaves out what is not published under a name; reading adds to
-  // the connections that are there.
-  void Serialize(CXmlContext& xml);
+  // Those that have not been taken back, in the order of connecting; owned by the signal.
+  std::vector<const CSignalConnection*> GetConnections() const;
 
  private:
   friend class CSignalConnection;
@@ -82,11 +75,8 @@ class CSignal {
 
   template <typename CallSlot>
   void EmitWith(CallSlot call);
-  void Read(const CXmlContext& xml);
-  void Write(CXmlContext& xml) const;
 
   std::shared_ptr<SConnections> myConnections;
 };
 
-}  // namespace css
-}  // namespace vask
+}  // namespace vask::css

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vask {
@@ -36,6 +37,15 @@ class CXmlElement {
   int GetChildCount() const { return static_cast<int>(myChildren.size()); }
   // The child at an index from 0; null outside the range.
   CXmlElement* GetChild(int index) const;
+  // Calls `visit(child)` for each child of that name, in document order; none may come meanwhile.
+  template <typename Visit>
+  void ForEachChild(std::string_view name, Visit visit) const {
+    for (const auto& child : myChildren) {
+      if (child->GetName() == name) {
+        visit(*child);
+      }
+    }
+  }
 
   // Stores the value unless the name is present already: the first value wins.
   void SetAttribute(const std::string& name, CAnyContainer value);
