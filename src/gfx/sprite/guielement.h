@@ -21,7 +21,6 @@ class CGuiElement : public vask::CSprite, public vask::CMouseableImpl {
   void OnMouseButtonUp(int button) override;
 
   void SetDraggable(bool draggable) { myDraggable = draggable; }
-  bool IsDragging() const { return myDragging; }
 
  private:
   vask::CSprite* mySprite;
