@@ -9,6 +9,7 @@
 #include "gfx/text/textsprite.h"
 #include "input/recordmouse.h"
 #include "support/logcapture.h"
+#include "support/paths.h"
 #include "support/testpicture.h"
 #include "tasks/taskaudiosdlmixer.h"
 #include "tasks/taskwindowsdl.h"
@@ -68,7 +69,7 @@ const std::map<std::string, std::function<Bytes(const Bytes&)>> kBreakages = {
 class BrokenFiles : public ::testing::Test {
  protected:
   BrokenFiles() {
-    fs::copy(BRUMBLE_RUNTIME_FOLDER "/data", "data", fs::copy_options::recursive);
+    fs::copy(vask::test::SourcePath("runtime/data"), "data", fs::copy_options::recursive);
     myAudio.Start();
   }
   ~BrokenFiles() override {

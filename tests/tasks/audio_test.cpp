@@ -3,6 +3,7 @@
 #include "kernel/tasklibraries.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
+#include "support/paths.h"
 #include "support/tasks.h"
 #include "tasks/taskaudiosdlmixer.h"
 
@@ -165,7 +166,7 @@ TEST_F(AudioTest, VolumesFollowTheirVariablesAtOnceAndStayInRange) {
   EXPECT_EQ(Mix_Volume(-1, -1), 32);
   CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");  // changes nothing
   Run("PlayMusic( one.wav )");
-  const std::string file = BRUMBLE_RUNTIME_FOLDER "/data/keys/music.txt";
+  const std::string file = test::SourcePath("runtime/data/keys/music.txt");
   // clang-format off
   const std::pair<std::string, int> steps[] = {
       {"audio_music_volume = 0.5", 64}, {"audio_music_volume = 7", 128}, {"audio_music_volume = -1", 0},

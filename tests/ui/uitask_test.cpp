@@ -2,6 +2,7 @@
 
 #include "events/eventbridge.h"
 #include "input/keyboard.h"
+#include "support/paths.h"
 #include "ui/desktopwidget.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
@@ -43,7 +44,7 @@ struct CMouseLog : ui::CWidget {
 class UiTask : public testing::Test {
  protected:
   UiTask() {
-    std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+    std::filesystem::create_directory_symlink(test::SourcePath("runtime/data"), "data");
     Bridge().Resize(800, 600);
     task.Start();
   }

@@ -1,5 +1,6 @@
 #include "events/eventbridge.h"
 #include "support/fakeclock.h"
+#include "support/paths.h"
 #include "support/testpicture.h"
 #include "ui/buttonwidget.h"
 #include "ui/desktopwidget.h"
@@ -45,7 +46,7 @@ struct CCursor : IMouse {
 class WidgetKinds : public testing::Test {
  protected:
   WidgetKinds() {
-    std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+    std::filesystem::create_directory_symlink(test::SourcePath("runtime/data"), "data");
     CEventBridge::GetSingletonPtr()->Resize(800, 600);
   }
   ~WidgetKinds() override {
