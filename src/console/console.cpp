@@ -189,8 +189,8 @@ std::string CConsole::ExecuteSpecialLine(const std::string& line) {
   if (trimmed.empty() || trimmed.starts_with("//")) {
     return {};
   }
-  // The kind of the line is told by the whole of it, its comment included; only what stands before
-  // the comment is executed. A copy, since a command may free the line.
+  // The whole line, its comment included, decides of what kind it is; only the text before the
+  // comment is executed. A copy, since a command may free the line.
   const bool isList = line.find(';') != kNone;
   const bool isNamespaceCall = !isList && line.find("::") != kNone;
   const std::string statement = line.substr(0, line.find("//"));

@@ -5,7 +5,7 @@
 namespace vask {
 
 // What a list that may change while it is walked knows of its open walks. `List` holds one of
-// these, and its `Walk` derives from CLink; the list tells the walks of each change.
+// these, and its `Walk` derives from CLink; the list adjusts the walks at each change.
 template <typename List, typename Walk>
 class COpenWalks {
  public:
@@ -45,10 +45,10 @@ class COpenWalks {
 
   bool IsEmpty() const { return myLinks.empty(); }
 
-  template <typename Tell>
-  void ForEach(Tell tell) {
+  template <typename Adjust>
+  void ForEach(Adjust adjust) {
     for (CLink* link : myLinks) {
-      tell(static_cast<Walk&>(*link));
+      adjust(static_cast<Walk&>(*link));
     }
   }
 

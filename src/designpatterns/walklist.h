@@ -8,8 +8,8 @@
 
 namespace vask {
 
-// A list of pointers (not owned) that may change, or die, while it is being walked. Every list that
-// calls out to its members is one of these:
+// A list of pointers (not owned) that may change, or die, while it is being walked. Every list
+// whose elements are called while it is walked is one of these:
 //
 //   CWalkList<CTask>::CWalk walk(myTasks);
 //   while (CTask* task = walk.Next()) task->Update();
@@ -62,7 +62,7 @@ class CWalkList {
     myWalks.ForEach([=](CWalk& walk) { walk.myNext += position < walk.myNext ? 1 : 0; });
   }
 
-  // Removes the first entry equal to the item; answers whether there was one.
+  // Removes the first entry equal to the item; returns whether there was one.
   bool Remove(const T* item) {
     const auto found = std::find(myItems.begin(), myItems.end(), item);
     if (found == myItems.end()) {
@@ -84,7 +84,7 @@ class CWalkList {
   }
 
   // Calls `visit` for each element that was there when the walk began and is still there when its
-  // turn comes; newcomers wait for the next walk, also one that stands at the address of an element
+  // turn comes. What is added meanwhile waits for the next walk, even at the address of an element
   // that has died. Safe when the list dies meanwhile.
   template <typename Visit>
   void ForEachPresent(Visit visit) {
@@ -103,7 +103,7 @@ class CWalkList {
   }
 
  private:
-  // Takes an element that has left out of the walks that still have it before them.
+  // Takes a removed element out of the walks that have not come to it yet.
   void Strike(const T* item) {
     if (!Contains(item)) {
       for (std::vector<T*>* snapshot : mySnapshots) {

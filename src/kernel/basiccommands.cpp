@@ -13,7 +13,7 @@
 namespace vask {
 namespace {
 
-// A command that needs a string first; without one it tells its usage.
+// A command whose first parameter is a string; without one it returns its usage text.
 class CCommandWithString : public CConsoleCommand {
  public:
   using CConsoleCommand::Execute;

@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
-// The commands for whoever types into the console: the library "extra".
+// The commands for a person at the console: the library "extra".
 
 namespace vask {
 namespace {
 
-// What "help" tells. A command's own usage text would do for some of them only: called without
+// What "help" prints. A command's own usage text would do for some of them only: called without
 // parameters, "quit" quits.
 struct SUsage {
   std::string_view command;  // in lower case

@@ -13,7 +13,7 @@
 
 namespace vask::css {
 
-// Something that happens to an object, for others to hear of: they connect slots, the owner emits.
+// Something that happens to an object: others connect slots to it, and its owner emits it.
 //
 //   class CLamp : public css::CSignalTarget { public: void Toggle(); };
 //   css::CSignal clicked;                     // a member of the button
@@ -22,7 +22,8 @@ namespace vask::css {
 //
 // Deleting the signal or the target ends the connection. Slots may connect, delete any target and
 // delete the signal: an emission calls the slots that were connected when it began and still are
-// when their turn comes. After Emit the caller may be gone, unless it knows better.
+// when their turn comes. After
+// Emit the caller itself may have been deleted.
 class CSignal {
  public:
   CSignal();
@@ -30,10 +31,11 @@ class CSignal {
   CSignal(const CSignal&) = delete;
   CSignal& operator=(const CSignal&) = delete;
 
-  // Connects a member function with up to two parameters; nothing for a null target.
+  // Connects a member function with up to two parameters; does nothing for a null target.
   template <typename Object, typename T, typename... A>
   void Connect(Object* target, void (T::*function)(A...)) {
-    static_assert(std::is_base_of_v<CSignalTarget, Object>, "the signal must hear of its death");
+    static_assert(std::is_base_of_v<CSignalTarget, Object>,
+                  "the target must be able to disconnect");
     if (target != nullptr) {
       T* own = target;
       Connect(std::make_unique<CSignalConnection>(MakeSlot(own, function), target,
@@ -45,8 +47,8 @@ class CSignal {
     Connect(std::make_unique<CSignalConnection>(
         std::make_unique<CSGenericEvent2<R, A, B>>(function), nullptr, false));
   }
-  // Takes a connection over, as ICCSSObject::Connect makes it; null, or one whose target has died
-  // meanwhile, is nothing.
+  // Adds a connection made by ICCSSObject::Connect; does nothing for null, and for one whose target
+  // has died meanwhile.
   void Connect(std::unique_ptr<CSignalConnection> connection);
 
   // Calls the slots that take so many arguments. An argument of another type than the slot's is
@@ -56,7 +58,7 @@ class CSignal {
   void Emit(const CAnyContainer& a, const CAnyContainer& b);
 
   std::size_t GetConnectionCount() const;
-  // Those that have not been taken back, in the order of connecting; owned by the signal.
+  // Those that have not been dropped, in the order of connecting; owned by the signal.
   std::vector<const CSignalConnection*> GetConnections() const;
 
  private:
