@@ -1,60 +1,52 @@
 """The real program, started in a copy of runtime/ and watched from outside."""
-import contextlib
+import functools
 import os
 import pathlib
 import re
 import select
 import shutil
 import subprocess
-import tempfile
 import time
 
 import numpy
 from PIL import Image
 
-from display import LIMIT, wait_for
+from display import LIMIT, Scoped, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
+SUPPRESSIONS = ROOT / "tests/support/leaks.supp"
 
 
-class Game:
-    """One run. Use it in a `with`; what is still running at the end is killed."""
+class Game(Scoped):
+    """One run; what is still running at the end is killed."""
 
     PROGRAM = "brumble"
 
-    def __init__(self, screen=None, build="release", script=lambda text: text, environment=(),
+    def __init__(self, screen=None, build="release", lines="", environment=(),
                  prepare=lambda runtime: None):
-        """`script` maps the text of autoexec.txt to the text to use; `prepare` may change the copy
-        of runtime/ before the start."""
-        self.screen, self.script, self.prepare = screen, script, prepare
+        """`prepare` may change the copy of runtime/ before the start; then the lines are added to
+        its autoexec.txt."""
+        self.screen, self.lines, self.prepare = screen, lines, prepare
         self.title = "Brumble"
         self.executable = ROOT / "build" / build / self.PROGRAM
         self.environment = environment
 
-    def __enter__(self):
-        with contextlib.ExitStack() as undo:
-            self.folder = pathlib.Path(undo.enter_context(tempfile.TemporaryDirectory(
-                prefix="brumble-run-", ignore_cleanup_errors=True)))
-            self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
-            self.process = undo.enter_context(self._start())
-            undo.callback(self.process.kill)
-            self.undo = undo.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.undo.close()
+    def _open(self, undo):
+        self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
+        self.process = undo.enter_context(self._start())
+        undo.callback(self.process.kill)
 
     def _start(self):
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime,
                         ignore=shutil.ignore_patterns("log.txt", "user.txt"))
-        script = self.runtime / "autoexec.txt"
-        script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)
-        suppressions = ROOT / "tests" / "support" / "leaks.supp"
+        if self.lines:
+            with open(self.runtime / "autoexec.txt", "a") as script:
+                script.write(self.lines + "\n")
         environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
-                           LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
+                           LSAN_OPTIONS=f"suppressions={SUPPRESSIONS}:print_suppressions=0")
         for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
             environment.pop(display, None)
         if self.screen:
@@ -66,7 +58,7 @@ class Game:
         return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=self.errors, text=True, bufsize=1)
 
-    # What it tells.
+    # What it reports.
 
     def log(self):
         path = self.runtime / "log.txt"
@@ -83,14 +75,19 @@ class Game:
         self.wait_for(lambda: self.log().count(text) >= times, f"{text!r} in the log", seconds)
 
     def has_classic_sdl(self):
-        """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
+        """Whether it runs on SDL 1.2 itself, not on the library that takes its place."""
         self.wait_for_log("Using driver")
         return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
-    def wait_for_end(self):
-        """Answers the exit status."""
+    def wait_for_end(self, status=0):
+        """Fails when it ends with another status."""
         wait_for(lambda: self.process.poll() is not None, "the end of the program")
-        return self.process.returncode
+        assert self.process.returncode == status, (
+            f"it ended with {self.process.returncode}, not {status}: {self.standard_error()}")
+
+    def close_window(self):
+        self.screen.close_window(self.window)
+        self.wait_for_end()
 
     # Its time.
 
@@ -132,10 +129,12 @@ class Game:
     def picture(self):
         return self.screen.picture(self.rect)
 
+    def shows(self, name, share=0.6):
+        """Whether the window shows most of that full-screen picture of data/gfx/."""
+        return matches(self.picture(), load_picture(name), share)
+
     def wait_for_picture(self, name):
-        """Waits until the window shows that full-screen picture of data/gfx/."""
-        expected = load_picture(name)
-        self.wait_for(lambda: matches(self.picture(), expected), f"the picture {name}")
+        self.wait_for(lambda: self.shows(name), f"the picture {name}")
 
     def full_screen_picture(self):
         """What full screen shows, which the compatibility library scales up, in its own size."""
@@ -143,16 +142,16 @@ class Game:
             return self.screen.picture(self.screen.MIDDLE)
         return self.screen.scaled_picture(800, 600)
 
-    def wait_for_full_screen(self, name):
-        expected = load_picture(name)
-        self.wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), "full screen")
-
     def wait_for_sprite(self, name):
         """Waits until that sprite of data/gfx/ shows in the place that its file gives."""
         text = (ROOT / f"runtime/data/gfx/{name}.xml").read_text()
         x, y = map(int, re.search(r'<ImageRect x="(\d+)" y="(\d+)"', text).groups())
         expected = load_picture(name)
         self.wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, f"the sprite {name}")
+
+    def wait_for_cursor(self, is_shown):
+        self.wait_for(lambda: self.screen.cursor_is_visible() == is_shown,
+                      f"a cursor that is {'shown' if is_shown else 'hidden'}")
 
     def point_at(self, x, y):
         """Moves the real pointer to a place in the window."""
@@ -171,17 +170,11 @@ class Game:
         self.click()
         self.wait_for_picture("help_screen")
         self.click()
-        help_screen = load_picture("help_screen")
-        self.wait_for(lambda: not matches(self.picture(), help_screen), "play")
+        self.wait_for(lambda: not self.shows("help_screen"), "play")
 
     def wait_for_kitten(self, y=60):
         """Waits until a kitten is well inside the window, or has fallen that far."""
         self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
-
-    def end_in_order(self):
-        """Closes the window; answers the exit status."""
-        self.screen.close_window(self.window)
-        return self.wait_for_end()
 
 
 class Stepper(Game):
@@ -191,31 +184,30 @@ class Stepper(Game):
     PROGRAM = "brumble_stepper"
     FRAME = 17  # milliseconds of play: the next one is drawn then
 
-    def __init__(self, screen=None, build="release", script=lambda text: text, **how):
-        super().__init__(screen, build,
-                         lambda text: script(text) + "\nstarttask(stepper, stepper, 1)\n", **how)
+    def __init__(self, screen=None, build="release", lines="", **how):
+        super().__init__(screen, build, lines + "\nstarttask(stepper, stepper, 1)", **how)
         self.clock = 0
         self.printed = b""
 
     def order(self, line):
-        """Answers what the program prints up to its next "ok"."""
+        """Returns what the program prints up to its next "ok"."""
         self.send(line)
-        return self.answer()
+        return self.reply()
 
     def send(self, line):
         self.process.stdin.write(f"{line}\n")
 
-    def answer(self):
+    def reply(self):
         output = self.process.stdout.fileno()
         end = time.monotonic() + LIMIT
         while not (found := re.search(rb"^ok\n", self.printed, re.MULTILINE)):
             has_come = select.select([output], [], [], max(0, end - time.monotonic()))[0]
-            assert has_come, f"no answer came within {LIMIT} s"
+            assert has_come, f"no reply came within {LIMIT} s"
             printed = os.read(output, 65536)
-            assert printed, "the program ended before it answered: " + self.standard_error()
+            assert printed, "the program ended before it replied: " + self.standard_error()
             self.printed += printed
-        answer, self.printed = self.printed[:found.start()], self.printed[found.end():]
-        return answer.decode()
+        reply, self.printed = self.printed[:found.start()], self.printed[found.end():]
+        return reply.decode()
 
     def run(self, line):
         return self.order(f"run {line}")
@@ -251,13 +243,14 @@ def find_kitten(picture):
     return (columns.mean(), rows.mean()) if len(rows) > 25 else None
 
 
+@functools.cache
 def load_picture(name, file="gfx/{}.png"):
-    with Image.open(ROOT / "runtime" / "data" / file.format(name)) as image:
+    with Image.open(ROOT / "runtime/data" / file.format(name)) as image:
         return numpy.asarray(image.convert("RGBA"))
 
 
 def fit(shown, expected):
-    """Which share of the solid pixels stands in the upper left corner as it should; 0 beyond it."""
+    """Which share of the solid pixels is right in the upper left corner; 0 beyond the edge."""
     height, width = expected.shape[:2]
     corner = shown[:height, :width]
     if corner.shape[:2] != (height, width):
@@ -267,12 +260,11 @@ def fit(shown, expected):
 
 
 def matches(shown, expected, share=0.6):
-    """Whether most of a full-screen picture is to be seen as it is."""
     return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
 def fire_burns(picture, before):
-    """Whether a burst of fire stands at the bottom of the pit that was not there before."""
+    """Whether a burst of fire is at the bottom of the pit that was not there before."""
     now, then = picture[480:].astype(int), before[480:].astype(int)
     changed = numpy.abs(now - then).max(axis=2) > 60
     yellow = (now[:, :, 0] > 200) & (now[:, :, 2] < 120)  # no part of a falling kitten
@@ -287,7 +279,7 @@ class Digits:
     def __init__(self):
         line = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0]
         fields = line.split(";")
-        columns, _, width, height = (int(field) for field in fields[1:5])
+        columns, _, width, height = map(int, fields[1:5])
         sheet = load_picture("numbers")
         self.glyphs = {}
         for index, character in enumerate(fields[7]):

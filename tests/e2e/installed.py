@@ -5,7 +5,8 @@ from game import Game
 
 
 class Installed(Game):
-    """One run of that launcher."""
+    FILES = {".local", ".local/share", ".local/share/brumble", ".local/share/brumble/autoexec.txt",
+             ".local/share/brumble/data", ".local/share/brumble/log.txt"}  # all that it writes
 
     def __init__(self, screen, launcher):
         super().__init__(screen)

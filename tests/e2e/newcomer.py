@@ -16,8 +16,8 @@ def main():
         game.wait_for_kitten()
         Image.fromarray(game.picture()).save(sys.argv[1])
         screen.tap("Escape")
-        return game.wait_for_end()
+        game.wait_for_end()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

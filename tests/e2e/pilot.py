@@ -25,7 +25,7 @@ class Pilot:
         self.dropping_until = 0.0
 
     def step(self):
-        """One look and one motion of the pointer; answers the picture."""
+        """One look and one motion of the pointer; returns the picture."""
         began = self.game.now()
         picture = self.game.picture()
         self._look(find_kitten(picture), began)

@@ -1,19 +1,21 @@
 """What the program sends to the sound device: SDL's disk driver writes it to a file."""
-import unittest
+import re
 import wave
 
 import numpy
 
-from display import Display, wait_for
-from game import ROOT, WHOLE_GAME, Game, find_kitten, fire_burns
+from case import GameTest
+from display import wait_for
+from game import ROOT, WHOLE_GAME, find_kitten, fire_burns
 from pilot import Pilot
 
 CHANNELS = 2
 RATE = 22050
 
 
-def without_music(text):
-    return "\n".join(line for line in text.split("\n") if not line.startswith("Audio::PlayMusic"))
+def without_music(runtime):
+    script = runtime / "autoexec.txt"
+    script.write_text(re.sub(r"(?m)^Audio::PlayMusic.*$", "", script.read_text()))
 
 
 def effect(name):
@@ -51,33 +53,34 @@ class Recorder:
         return self.path.stat().st_size // (2 * self.step)
 
     def last_moment_before(self, is_seen, what):
-        """Waits until something is seen; answers a moment at which it was not yet."""
-        moment = next_moment = 0
+        """Waits until something is seen; returns a moment at which it was not yet."""
+        moments = [0, 0]
 
         def look():
-            nonlocal moment, next_moment
-            moment, next_moment = next_moment, self.moment()
+            moments.append(self.moment())
             return is_seen()
         wait_for(look, what)
-        return moment
+        return moments[-2]
 
     def heard(self, since=0):
         data = numpy.fromfile(self.path, numpy.int16, offset=2 * self.step * since)
         return data[:len(data) // self.step * self.step:self.step].astype(float)
 
+    def wait_for_sound(self, is_heard):
+        """Waits until the last second has some sound, or none."""
+        wait_for(lambda: self.heard()[-RATE:].any() == is_heard, f"sound {is_heard}")
 
-class Sound(unittest.TestCase):
+
+class Sound(GameTest):
     def test_kittens_and_fire_are_heard(self):
-        with Display() as screen, Game(screen, script=without_music,
-                                       environment=Recorder.ENVIRONMENT) as game:
-            game.start_playing()
-            recorder = Recorder(game)
-            pilot = Pilot(game)
-            empty = game.picture()
-            quiet = recorder.last_moment_before(lambda: find_kitten(pilot.step()), "a kitten")
-            self.assertFalse(recorder.heard()[:quiet].any(), "silence before any hit")
-            self.bat_until_heard(pilot, recorder, quiet)
-            self.burn_and_listen(game, recorder, empty)
+        _, game = self.start(prepare=without_music, environment=Recorder.ENVIRONMENT)
+        game.start_playing()
+        recorder, pilot = Recorder(game), Pilot(game)
+        empty = game.picture()
+        quiet = recorder.last_moment_before(lambda: find_kitten(pilot.step()), "a kitten")
+        self.assertFalse(recorder.heard()[:quiet].any(), "silence before any hit")
+        self.bat_until_heard(pilot, recorder, quiet)
+        self.burn_and_listen(recorder, empty)
 
     def bat_until_heard(self, pilot, recorder, since):
         cries = [effect(f"kitten_0{number}") for number in range(1, 6)]
@@ -91,21 +94,22 @@ class Sound(unittest.TestCase):
             return any(find_sound(heard, cry)[1] > 0.9 for cry in cries)
         wait_for(is_heard, "a kitten's cry", WHOLE_GAME)
 
-    def burn_and_listen(self, game, recorder, empty):
-        game.point_at(5, 5)
-        wait_for(lambda: not fire_burns(game.picture(), empty), "the end of an earlier fire")
-        dark = recorder.last_moment_before(lambda: fire_burns(game.picture(), empty), "the fire")
+    def burn_and_listen(self, recorder, empty):
+        def burns():
+            return fire_burns(self.game.picture(), empty)
+
+        self.game.point_at(5, 5)
+        wait_for(lambda: not burns(), "the end of an earlier fire")
+        dark = recorder.last_moment_before(burns, "the fire")
         seen = recorder.moment()
         wait_for(lambda: recorder.moment() > seen + 2 * RATE, "two seconds of sound")
         before = max(0, dark - 2 * RATE)  # its first flames are lost among those of the pit
         place, fit = find_sound(recorder.heard(before), effect("kitten_burn"))
         self.assertGreater(fit, 0.9, f"the fire is heard when it is seen (best at {place})")
 
-
-class NoSound(unittest.TestCase):
     def test_without_a_device_the_game_plays_on(self):
-        with Display() as screen, Game(screen, environment={"SDL_AUDIODRIVER": "none"}) as game:
-            game.start_playing()
-            game.wait_for_log("Error description: ")
-            game.point_at(5, 5)
-            game.wait_for_log("Gameover", seconds=WHOLE_GAME)
+        _, game = self.start(environment={"SDL_AUDIODRIVER": "none"})
+        game.start_playing()
+        game.wait_for_log("Error description: ")
+        game.point_at(5, 5)
+        game.wait_for_log("Gameover", seconds=WHOLE_GAME)
