@@ -15,8 +15,8 @@ class Console:
         self.title_top = load_picture("titlebar", "gui/{}.gif")[0, 0, :3]
         self.input_top = load_picture("text_input", "gui/{}.png")[0, 0, :3]
 
+    # Where the window is in the game's picture: (x, y, w, h); None when it is not open.
     def rect(self):
-        """Where the window is in the game's picture: (x, y, w, h); None when it is not open."""
         picture = self.game.picture()
         middles = (picture == self.close_picture[10, 10, :3]).all(axis=2).nonzero()
         corners = [(int(x) - 10, int(y) - 10) for y, x in zip(*middles)
@@ -68,16 +68,16 @@ class Console:
         self._leave()
         self._let_it_be_no_double_click()
 
+    # Moves the pointer out of the window, where it covers nothing.
     def _leave(self):
-        """Moves the pointer out of the window, where it covers nothing."""
         self.screen.move_pointer(5, 5)
 
     def _let_it_be_no_double_click(self):
         self.game.settle()
         self.game.let_pass(0.35)
 
+    # Waits until the text in the input line is that many pixels wide.
     def wait_for_input(self, width):
-        """Waits until the text in the input line is that many pixels wide."""
         self._leave()
 
         def is_wide():
@@ -87,23 +87,23 @@ class Console:
             return len(written) and written[-1] > width
         self.game.wait_for(is_wide, "the typed text")
 
+    # Over the view of the log.
     def turn_wheel(self, button):
-        """Over the view of the log."""
         x, y, w, _ = self.rect()
         self.game.point_at(x + w // 2, y + TITLE_HEIGHT + 10)
         self.screen.click(button)
         self._leave()
 
+    # The view of the log.
     def view(self):
-        """The view of the log."""
         x, y, w, h = self.rect()
         return self.game.picture()[y + TITLE_HEIGHT:y + h - INPUT_HEIGHT - 2, x + 2:x + w - 2]
 
     def view_is(self, shown):
         return numpy.array_equal(self.view(), shown)
 
+    # Waits until the view no longer shows that; returns what it shows then.
     def wait_for_change(self, shown):
-        """Waits until the view no longer shows that; returns what it shows then."""
         self.game.wait_for(lambda: not self.view_is(shown), "another view")
         self.game.settle()
         return self.view()

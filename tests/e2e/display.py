@@ -18,8 +18,8 @@ from Xlib.protocol import event
 LIMIT = 60  # seconds that a wait may take: many, so that nothing fails on a busy machine
 
 
+# Waits until the condition is true, and returns it; AssertionError when the time is up.
 def wait_for(condition, what, seconds=LIMIT, pause=lambda: time.sleep(0.01)):
-    """Waits until the condition is true, and returns it; AssertionError when the time is up."""
     end = time.monotonic() + seconds
     while True:
         is_last = time.monotonic() > end
@@ -29,15 +29,14 @@ def wait_for(condition, what, seconds=LIMIT, pause=lambda: time.sleep(0.01)):
         pause()
 
 
+# The next line of a pipe; AssertionError when none comes in time.
 def read_line(stream):
-    """The next line of a pipe; AssertionError when none comes in time."""
     assert select.select([stream], [], [], LIMIT)[0], f"no line came within {LIMIT} s"
     return stream.readline()
 
 
+# For use in a `with`. `_open` tells `undo` what to do at its end, and when opening fails.
 class Scoped:
-    """For use in a `with`. `_open` tells `undo` what to do at its end, and when opening fails."""
-
     def __enter__(self):
         with contextlib.ExitStack() as undo:
             self.folder = pathlib.Path(undo.enter_context(tempfile.TemporaryDirectory(
@@ -50,8 +49,8 @@ class Scoped:
         self.undo.close()
 
 
+# A process that is ended with the scope.
 def run_beside(undo, command, **how):
-    """A process that is ended with the scope."""
     process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **how)
     undo.callback(end_process, process)
     return process
@@ -66,9 +65,8 @@ def end_process(process):
         process.wait()
 
 
+# Xvfb with openbox.
 class Display(Scoped):
-    """Xvfb with openbox."""
-
     SIZE = (1280, 960)
     MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
@@ -103,7 +101,6 @@ class Display(Scoped):
         self.name = ":" + number
 
     def _disconnect(self):
-        self.pixels = None
         if self.server.poll() is None:
             self.connection.close()
 
@@ -118,26 +115,26 @@ class Display(Scoped):
         rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
         self.pixels = rows[:, :width * 4].reshape(height, width, 4)
 
+    # What the rectangle (x, y, w, h) shows, as rows of (red, green, blue).
     def picture(self, rect):
-        """What the rectangle (x, y, w, h) shows, as rows of (red, green, blue)."""
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
 
+    # The whole screen, shrunk to the size by the nearest pixels.
     def scaled_picture(self, width, height):
-        """The whole screen, shrunk to the size by the nearest pixels."""
         screen_width, screen_height = self.SIZE
         columns = (numpy.arange(width) + 0.5) * screen_width / width
         rows = (numpy.arange(height) + 0.5) * screen_height / height
         return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
+    # Waits until the server has done everything and has sent what came of it.
     def sync(self):
-        """Waits until the server has done everything and has sent what came of it."""
         # Replies go out to all clients together, in any order: the second one implies the first.
         self.connection.sync()
         self.connection.sync()
 
+    # Waits until the window manager, too, has done all that it had to do.
     def settle(self):
-        """Waits until the window manager, too, has done all that it had to do."""
         if self.manager.poll() is not None:
             return
         extents = "_NET_FRAME_EXTENTS"
@@ -176,45 +173,34 @@ class Display(Scoped):
         time.sleep(0.03)
         self.release(button)
 
-    def press_key(self, name):
-        """A key by its X name, such as Escape, F11 or Alt_L, or by its key code."""
-        self._fake(X.KeyPress, self._code(name))
-
-    def release_key(self, name):
-        self._fake(X.KeyRelease, self._code(name))
-
-    def _code(self, name):
-        if isinstance(name, int):
-            return name
-        return self.connection.keysym_to_keycode(XK.string_to_keysym(name))
+    # A key has an X name, such as Escape, F11 or Alt_L, or is its key code.
+    def _code(self, key):
+        if isinstance(key, int):
+            return key
+        return self.connection.keysym_to_keycode(XK.string_to_keysym(key))
 
     @contextlib.contextmanager
-    def held(self, *names):
-        for name in names:
-            self.press_key(name)
+    def held(self, *keys):
+        for key in keys:
+            self._fake(X.KeyPress, self._code(key))
         yield
-        for name in reversed(names):
-            self.release_key(name)
+        for key in reversed(keys):
+            self._fake(X.KeyRelease, self._code(key))
 
-    def tap(self, *names, pause=0.05):
-        """Presses the keys in turn. None is held for so long that anybody repeats it."""
-        for name in names:
-            code = self._code(name)
-            xtest.fake_input(self.connection, X.KeyPress, code)
-            self._fake(X.KeyRelease, code)
+    # Presses the keys in turn. None is held for so long that anybody repeats it.
+    def tap(self, *keys, pause=0.05):
+        for key in keys:
+            xtest.fake_input(self.connection, X.KeyPress, self._code(key))
+            self._fake(X.KeyRelease, self._code(key))
             time.sleep(pause)
 
+    # Types a text of the US keyboard's characters.
     def type(self, text):
-        """Types a text of the US keyboard's characters."""
         for character in text:
-            code, column = next((code, column) for code, column
-                                in self.connection.keysym_to_keycodes(ord(character))
-                                if column < 2)
-            keys = [self._code("Shift_L")] * column + [code]
-            for what, order in ((X.KeyPress, keys), (X.KeyRelease, reversed(keys))):
-                for key in order:
-                    xtest.fake_input(self.connection, what, key)
-            self.sync()
+            codes = self.connection.keysym_to_keycodes(ord(character))
+            code, column = next(found for found in codes if found[1] < 2)
+            with self.held(*["Shift_L"] * column):
+                self.tap(code, pause=0)
             # SDL takes a press that follows at once for a repetition, and its queue is short.
             time.sleep(0.025)
 
@@ -222,8 +208,8 @@ class Display(Scoped):
         image = self.connection.xfixes_get_cursor_image(self.root)
         return any(pixel >> 24 for pixel in image.cursor_image)
 
+    # The managed window of that title, or None.
     def find_window(self, title):
-        """The managed window of that title, or None."""
         clients = self._property(self.root, "_NET_CLIENT_LIST")
         for window_id in clients.value if clients else []:
             window = self.connection.create_resource_object("window", window_id)
@@ -232,15 +218,15 @@ class Display(Scoped):
                     return window
         return None
 
+    # The window's client area on the screen: (x, y, w, h); None when it has gone.
     def rect_of(self, window):
-        """The window's client area on the screen: (x, y, w, h); None when it has gone."""
         with contextlib.suppress(error.BadDrawable, error.BadWindow):
             geometry = window.get_geometry()
             corner = window.translate_coords(self.root, 0, 0)
             return -corner.x, -corner.y, geometry.width, geometry.height
 
+    # As the close button of the window's frame does.
     def close_window(self, window):
-        """As the close button of the window's frame does."""
         self._ask_manager(window, "_NET_CLOSE_WINDOW", X.CurrentTime, 2)
 
     def run(self, *command):
@@ -255,8 +241,8 @@ class Display(Scoped):
     def wait_for_focus(self, window):
         wait_for(lambda: self.connection.get_input_focus().focus == window, "the focus")
 
+    # A window of another client than the program, to take the focus.
     def open_other(self):
-        """A window of another client than the program, to take the focus."""
         window = self.root.create_window(900, 600, 200, 200, 0, X.CopyFromParent)
         window.set_wm_name("Other")
         window.map()
@@ -266,9 +252,8 @@ class Display(Scoped):
         return window
 
 
+# A Wayland compositor. Its one window on the screen shows its one client in full.
 class Compositor(Scoped):
-    """A Wayland compositor. Its one window on the screen shows its one client in full."""
-
     TITLE = None  # the window sets no title of the old kind
 
     def __init__(self, screen):

@@ -3,7 +3,6 @@ import functools
 import os
 import pathlib
 import re
-import select
 import shutil
 import subprocess
 import time
@@ -11,22 +10,21 @@ import time
 import numpy
 from PIL import Image
 
-from display import LIMIT, Scoped, wait_for
+from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
 SUPPRESSIONS = ROOT / "tests/support/leaks.supp"
 
 
+# One run; what is still running at the end is killed.
 class Game(Scoped):
-    """One run; what is still running at the end is killed."""
-
     PROGRAM = "brumble"
 
+    # `prepare` may change the copy of runtime/ before the start; then the lines are added to its
+    # autoexec.txt.
     def __init__(self, screen=None, build="release", lines="", environment=(),
                  prepare=lambda runtime: None):
-        """`prepare` may change the copy of runtime/ before the start; then the lines are added to
-        its autoexec.txt."""
         self.screen, self.lines, self.prepare = screen, lines, prepare
         self.title = "Brumble"
         self.executable = ROOT / "build" / build / self.PROGRAM
@@ -56,7 +54,7 @@ class Game(Scoped):
 
     def _run(self, command, folder, environment):
         return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, stderr=self.errors, text=True, bufsize=1)
+                                stdout=subprocess.PIPE, stderr=self.errors, bufsize=0)
 
     # What it reports.
 
@@ -67,20 +65,20 @@ class Game(Scoped):
     def standard_error(self):
         return (self.folder / "stderr").read_text(errors="replace")
 
+    # Waits for it while the game goes on.
     def wait_for(self, condition, what, seconds=LIMIT):
-        """Waits for it while the game goes on."""
         return wait_for(condition, what, seconds, lambda: self.let_pass(0.01))
 
     def wait_for_log(self, text, *, times=1, seconds=LIMIT):
         self.wait_for(lambda: self.log().count(text) >= times, f"{text!r} in the log", seconds)
 
+    # Whether it runs on SDL 1.2 itself, not on the library that takes its place.
     def has_classic_sdl(self):
-        """Whether it runs on SDL 1.2 itself, not on the library that takes its place."""
         self.wait_for_log("Using driver")
         return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
+    # Fails when it ends with another status.
     def wait_for_end(self, status=0):
-        """Fails when it ends with another status."""
         wait_for(lambda: self.process.poll() is not None, "the end of the program")
         assert self.process.returncode == status, (
             f"it ended with {self.process.returncode}, not {status}: {self.standard_error()}")
@@ -91,27 +89,27 @@ class Game(Scoped):
 
     # Its time.
 
+    # The time of play, in seconds.
     def now(self):
-        """The time of play, in seconds."""
         return time.monotonic()
 
     def let_pass(self, seconds):
         time.sleep(seconds)
 
+    # Waits until the game has taken notice of all that was done so far, and shows it.
     def settle(self):
-        """Waits until the game has taken notice of all that was done so far, and shows it."""
         self.screen.settle()
         # Each frame ends with a rest; a few come from waiting for the display.
         before = self.rests()
         wait_for(lambda: self.rests() > before + 100, "some frames")
 
+    # How often the program has given the processor away of its own will.
     def rests(self):
-        """How often the program has given the processor away of its own will."""
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
         return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
 
+    # What the program has used of a core so far.
     def processor_seconds(self):
-        """What the program has used of a core so far."""
         stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
         user, system = stat.rsplit(")", 1)[1].split()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
@@ -129,21 +127,21 @@ class Game(Scoped):
     def picture(self):
         return self.screen.picture(self.rect)
 
+    # Whether the window shows most of that full-screen picture of data/gfx/.
     def shows(self, name, share=0.6):
-        """Whether the window shows most of that full-screen picture of data/gfx/."""
         return matches(self.picture(), load_picture(name), share)
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")
 
+    # What full screen shows, which the compatibility library scales up, in its own size.
     def full_screen_picture(self):
-        """What full screen shows, which the compatibility library scales up, in its own size."""
         if self.has_classic_sdl():
             return self.screen.picture(self.screen.MIDDLE)
         return self.screen.scaled_picture(800, 600)
 
+    # Waits until that sprite of data/gfx/ shows in the place that its file gives.
     def wait_for_sprite(self, name):
-        """Waits until that sprite of data/gfx/ shows in the place that its file gives."""
         text = (ROOT / f"runtime/data/gfx/{name}.xml").read_text()
         x, y = map(int, re.search(r'<ImageRect x="(\d+)" y="(\d+)"', text).groups())
         expected = load_picture(name)
@@ -153,8 +151,8 @@ class Game(Scoped):
         self.wait_for(lambda: self.screen.cursor_is_visible() == is_shown,
                       f"a cursor that is {'shown' if is_shown else 'hidden'}")
 
+    # Moves the real pointer to a place in the window.
     def point_at(self, x, y):
-        """Moves the real pointer to a place in the window."""
         self.screen.move_pointer(self.rect[0] + x, self.rect[1] + y)
 
     def click(self, button=1):
@@ -172,42 +170,35 @@ class Game(Scoped):
         self.click()
         self.wait_for(lambda: not self.shows("help_screen"), "play")
 
+    # Waits until a kitten is well inside the window, or has fallen that far.
     def wait_for_kitten(self, y=60):
-        """Waits until a kitten is well inside the window, or has fallen that far."""
         self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
 
 
+# A run with a clock of its own that waits for an order before each frame; tests/e2e/stepper.cpp
+# lists the orders. Nothing in it depends on how fast the machine is.
 class Stepper(Game):
-    """A run with a clock of its own that waits for an order before each frame;
-    tests/e2e/stepper.cpp lists the orders. Nothing in it depends on how fast the machine is."""
-
     PROGRAM = "brumble_stepper"
     FRAME = 17  # milliseconds of play: the next one is drawn then
 
     def __init__(self, screen=None, build="release", lines="", **how):
         super().__init__(screen, build, lines + "\nstarttask(stepper, stepper, 1)", **how)
         self.clock = 0
-        self.printed = b""
 
     def order(self, line):
-        """Returns what the program prints up to its next "ok"."""
         self.send(line)
         return self.reply()
 
     def send(self, line):
-        self.process.stdin.write(f"{line}\n")
+        self.process.stdin.write(f"{line}\n".encode())
 
+    # What the program prints up to its next "ok".
     def reply(self):
-        output = self.process.stdout.fileno()
-        end = time.monotonic() + LIMIT
-        while not (found := re.search(rb"^ok\n", self.printed, re.MULTILINE)):
-            has_come = select.select([output], [], [], max(0, end - time.monotonic()))[0]
-            assert has_come, f"no reply came within {LIMIT} s"
-            printed = os.read(output, 65536)
-            assert printed, "the program ended before it replied: " + self.standard_error()
-            self.printed += printed
-        reply, self.printed = self.printed[:found.start()], self.printed[found.end():]
-        return reply.decode()
+        lines = []
+        while (line := read_line(self.process.stdout)) != b"ok\n":
+            assert line, "the program ended before it replied: " + self.standard_error()
+            lines.append(line)
+        return b"".join(lines).decode()
 
     def run(self, line):
         return self.order(f"run {line}")
@@ -236,8 +227,8 @@ class Stepper(Game):
 KITTEN = numpy.array((22, 200, 216))
 
 
+# The centre of the kitten's colour, or None.
 def find_kitten(picture):
-    """The centre of the kitten's colour, or None."""
     near = (numpy.abs(picture.astype(numpy.int16) - KITTEN) < 20).all(axis=2)
     rows, columns = near.nonzero()
     return (columns.mean(), rows.mean()) if len(rows) > 25 else None
@@ -249,8 +240,8 @@ def load_picture(name, file="gfx/{}.png"):
         return numpy.asarray(image.convert("RGBA"))
 
 
+# Which share of the solid pixels is right in the upper left corner; 0 beyond the edge.
 def fit(shown, expected):
-    """Which share of the solid pixels is right in the upper left corner; 0 beyond the edge."""
     height, width = expected.shape[:2]
     corner = shown[:height, :width]
     if corner.shape[:2] != (height, width):
@@ -263,17 +254,16 @@ def matches(shown, expected, share=0.6):
     return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
+# Whether a burst of fire is at the bottom of the pit that was not there before.
 def fire_burns(picture, before):
-    """Whether a burst of fire is at the bottom of the pit that was not there before."""
     now, then = picture[480:].astype(int), before[480:].astype(int)
     changed = numpy.abs(now - then).max(axis=2) > 60
     yellow = (now[:, :, 0] > 200) & (now[:, :, 2] < 120)  # no part of a falling kitten
     return (changed & yellow).sum() > 1000
 
 
+# Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf.
 class Digits:
-    """Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf."""
-
     STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
 
     def __init__(self):
@@ -288,8 +278,8 @@ class Digits:
             if character.isdigit():
                 self.glyphs[character] = sheet[y:y + height, x:x + glyph_width]
 
+    # The number at the board's corner; None when nothing there reads as one.
     def read(self, picture, place):
-        """The number at the board's corner; None when nothing there reads as one."""
         x, y = place
         text = ""
         while True:

@@ -20,7 +20,7 @@ class Installed(Game):
             "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": self.screen.name,
             "SDL_AUDIODRIVER": "dummy"})
 
+    # Everything in the home, but for what a graphics driver keeps.
     def written(self):
-        """Everything in the home, but for what a graphics driver keeps."""
         return {str(path.relative_to(self.home)) for path in self.home.rglob("*")
                 if not path.is_relative_to(self.home / ".cache")}

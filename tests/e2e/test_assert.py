@@ -10,7 +10,7 @@ import subprocess
 import numpy
 from Xlib import X, error
 
-from case import BUILDS, GameTest
+from case import BUILDS, GameTest, for_each
 from display import LIMIT, end_process, read_line, wait_for
 from game import ROOT, Stepper
 
@@ -26,28 +26,27 @@ BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165
 DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
 
 
+# One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2.
 class Asserter(Stepper):
-    """One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2."""
-
     PROGRAM = "brumble_asserter"
 
     def __init__(self, screen=None, build="release", lines=""):
         super().__init__(screen, build, lines + "\nstarttask(asserter, asserter, 2)",
                          prepare=lambda runtime: (runtime / "autoexec.txt").write_text(""))
 
+    # Returns what it prints.
     def do(self, command):
-        """Returns what it prints."""
         return self.run(f"asserter::{command}")
 
+    # The windows of the dialog's title, also where no window manager lists them.
     def dialogs(self, window):
-        """The windows of the dialog's title, also where no window manager lists them."""
         with contextlib.suppress(error.BadWindow):
             below = sum(map(self.dialogs, window.query_tree().children), [])
             return below + [window] * (window.get_wm_name() == "CAssert error")
         return []
 
+    # Fails an assertion; returns when its dialog is in its place.
     def fail(self, command):
-        """Fails an assertion; returns when its dialog is in its place."""
         self.send(f"run asserter::{command}")
         self.dialog = wait_for(lambda: self.dialogs(self.screen.root), "the dialog")[0]
         wait_for(lambda: self.dialog.get_attributes().map_state == X.IsViewable, "its picture")
@@ -59,8 +58,8 @@ class Asserter(Stepper):
         self.point_at(x, y)
         self.click()
 
+    # Keys that are typed now go there.
     def click_into(self, field):
-        """Keys that are typed now go there."""
         self.click_at(*field)
         self.screen.wait_for_focus(self.dialog)
 
@@ -72,9 +71,9 @@ class Asserter(Stepper):
         self.push(button)
         self.reply()
 
+    # Waits until the dialog shows each at its left edge. The pointer leaves it, so that it covers
+    # nothing.
     def wait_for_texts(self, *texts):
-        """Waits until the dialog shows each at its left edge. The pointer leaves it, so that it
-        covers nothing."""
         self.screen.move_pointer(5, 5)
         x, y, _, height = self.rect
         for text in texts:
@@ -87,8 +86,8 @@ class Asserter(Stepper):
                            for top in range(height - rows))
             wait_for(is_shown, f"the text {text!r}")
 
+    # How the display draws it, as rows of (red, green, blue).
     def draw(self, text):
-        """How the display draws it, as rows of (red, green, blue)."""
         root = self.screen.root
         font = self.screen.connection.open_font(FONT)
         width, height = font.query_text_extents(text.encode()).overall_width, 13
@@ -97,9 +96,9 @@ class Asserter(Stepper):
         data = pixmap.get_image(0, 0, width, height, X.ZPixmap, 0xFFFFFF).data
         return numpy.frombuffer(data, numpy.uint8).reshape(height, width, 4)[:, :, 2::-1]
 
+    # What is done meanwhile comes all at once, when the program is at work again.
     @contextlib.contextmanager
     def held_up(self):
-        """What is done meanwhile comes all at once, when the program is at work again."""
         self.process.send_signal(signal.SIGSTOP)
         yield
         self.screen.settle()
@@ -117,31 +116,30 @@ class Dialog(GameTest):
     def start(self, build="release", **how):
         return super().start(build, Asserter, **how)
 
-    def test_each_button(self):
-        for build in BUILDS:
-            with self.subTest(build=build):
-                screen, game = self.start(build)
-                self.assertEqual(game.fail("Fail"), (350, 290))
-                self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
-                self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
-                screen.close_window(game.dialog)
-                with game.held_up():  # what comes after a change is not lost
-                    game.change_variables()
-                    game.push("Continue")
-                game.reply()
-                self.assertIn("count 34,", game.do("Tell"))
-                for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
-                                        ("Fail", "Ignore")):
-                    game.fail(command)
-                    game.close(button)
-                game.do("Fail")
-                game.fail("FailElsewhere")
-                game.close("Ignore All")
-                for command in ("FailElsewhere", "Unban", "Fail"):
-                    game.do(command)
-                self.assertEqual(game.fail("FailElsewhere"), (350, 240))
-                game.push("Abort")
-                game.wait_for_end(-signal.SIGABRT)
+    @for_each(build=BUILDS)
+    def test_each_button(self, build):
+        screen, game = self.start(build)
+        self.assertEqual(game.fail("Fail"), (350, 290))
+        self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
+        self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
+        screen.close_window(game.dialog)
+        with game.held_up():  # what comes after a change is not lost
+            game.change_variables()
+            game.push("Continue")
+        game.reply()
+        self.assertIn("count 34,", game.do("Tell"))
+        for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
+                                ("Fail", "Ignore")):
+            game.fail(command)
+            game.close(button)
+        game.do("Fail")
+        game.fail("FailElsewhere")
+        game.close("Ignore All")
+        for command in ("FailElsewhere", "Unban", "Fail"):
+            game.do(command)
+        self.assertEqual(game.fail("FailElsewhere"), (350, 240))
+        game.push("Abort")
+        game.wait_for_end(-signal.SIGABRT)
 
     def test_keyboard(self):
         screen, game = self.start()
@@ -182,8 +180,8 @@ class Dialog(GameTest):
         game.wait_for_texts("Sent")
         game.close("Continue")
 
+    # Makes "it broke" and "x" in two lines of it, by each way of selecting.
     def edit_description(self):
-        """Makes "it broke" and "x" in two lines of it, by each way of selecting."""
         screen, game = self.screen, self.game
         game.click_into(DESCRIPTION)
         with screen.held("Control_L"):
@@ -253,9 +251,8 @@ class Dialog(GameTest):
         wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), "the pixels")
 
 
+# No display, no font, or the connection cut: reported once for each place, and on it goes.
 class Without(GameTest):
-    """No display, no font, or the connection cut: reported once for each place, and on it goes."""
-
     def fail_without(self, game, reason, fail=Asserter.do):
         for command in ("Fail", "Fail", "FailElsewhere"):
             fail(game, command)
@@ -275,16 +272,15 @@ class Without(GameTest):
         screen.sync()
         self.fail_without(game, "the display has no font")
 
-    def test_the_connection(self):
+    @for_each(build=BUILDS)
+    def test_the_connection(self, build):
         def fail(game, command):
             game.fail(command)
             game.dialog.kill_client()
             game.screen.sync()
             game.reply()
 
-        for build in BUILDS:
-            with self.subTest(build=build):
-                _, game = self.start(build, Asserter)
-                self.fail_without(game, "the display has gone", fail)
-                game.process.stdin.close()
-                game.wait_for_end()
+        _, game = self.start(build, Asserter)
+        self.fail_without(game, "the display has gone", fail)
+        game.process.stdin.close()
+        game.wait_for_end()

@@ -87,8 +87,8 @@ class DeveloperConsole(GameTest):
         console.wait_until_closed()
         game.close_window()
 
+    # A window that is dragged while the focus goes is not dragged on afterwards.
     def assert_no_button_sticks(self, rect):
-        """A window that is dragged while the focus goes is not dragged on afterwards."""
         screen, game = self.screen, self.game
         game.point_at(rect[0] + 100, rect[1] + 12)
         screen.press(1)
@@ -131,8 +131,8 @@ class DeveloperConsole(GameTest):
         wait_for(lambda: numpy.array_equal(self.label_at(moved), label), "the moved label")
         self.assertEqual(self.label_at(place).sum(), 0)
 
+    # The white pixels of "Fps:" there.
     def label_at(self, place):
-        """The white pixels of "Fps:" there."""
         x, y = place
         return (self.game.picture()[y:y + 14, x:x + 24] == 255).all(axis=2)
 

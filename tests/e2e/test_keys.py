@@ -3,7 +3,7 @@ import re
 import textwrap
 import time
 
-from case import GameTest
+from case import GameTest, for_each
 from console import Console
 from display import wait_for
 from game import ROOT, find_kitten, load_picture, matches
@@ -12,8 +12,8 @@ from test_sound import Recorder
 
 
 class Keys(GameTest):
+    # Holds the keys together for a while.
     def press(self, *keys):
-        """Holds the keys together for a while."""
         with self.screen.held(*keys):
             time.sleep(0.3)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
@@ -53,8 +53,8 @@ class Keys(GameTest):
         wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
         game.wait_for_cursor(False)
 
+    # What a player writes into user.txt adds to the script, as the console page shows.
     def test_own_lines(self):
-        """What a player writes into user.txt adds to the script, as the console page shows."""
         page = (ROOT / "docs/console.md").read_text()
         lines = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
         _, game = self.start(prepare=lambda runtime: (runtime / "user.txt").write_text(
@@ -67,19 +67,17 @@ class Keys(GameTest):
 class Layouts(GameTest):
     UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
 
-    def test_keys_with_other_names(self):
-        for library in libraries():
-            with self.subTest(library):
-                screen, game = self.start(lines="\nkeyboard::bind(p, stoptask(mark))",
-                                          environment=library)
-                game.wait_for_title()
-                console = Console(screen, game)
-                for times, layout in enumerate(("ru", "ua", "fr"), 1):
-                    screen.run("setxkbmap", layout)
-                    screen.tap(self.UKRAINIAN_YI, self.P)
-                    game.wait_for_log("a task mark that", times=times)
-                    self.assertIsNone(console.rect(), "yi opens nothing")
-                    screen.tap(self.UNDER_ESCAPE)
-                    wait_for(console.rect, f"the console with the layout {layout}")
-                    screen.tap(self.UNDER_ESCAPE)
-                    console.wait_until_closed()
+    @for_each(library=libraries)
+    def test_keys_with_other_names(self, library):
+        screen, game = self.start(lines="\nkeyboard::bind(p, stoptask(mark))", environment=library)
+        game.wait_for_title()
+        console = Console(screen, game)
+        for times, layout in enumerate(("ru", "ua", "fr"), 1):
+            screen.run("setxkbmap", layout)
+            screen.tap(self.UKRAINIAN_YI, self.P)
+            game.wait_for_log("a task mark that", times=times)
+            self.assertIsNone(console.rect(), "yi opens nothing")
+            screen.tap(self.UNDER_ESCAPE)
+            wait_for(console.rect, f"the console with the layout {layout}")
+            screen.tap(self.UNDER_ESCAPE)
+            console.wait_until_closed()

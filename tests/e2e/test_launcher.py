@@ -25,7 +25,7 @@ links = {name: os.path.realpath(name) for name in ("data", "autoexec.txt")}
 report = {"folder": os.getcwd(), "links": links, "arguments": sys.argv[1:],
           "class": os.environ.get("SDL_VIDEO_X11_WMCLASS")}
 print(json.dumps(report), flush=True)
-while "WAIT" in os.environ and not heard:
+while os.environ.get("WAIT", "0") != "0" and not heard:
     signal.pause()
 sys.exit(40 + sum(heard))
 """
@@ -40,8 +40,8 @@ class Launcher(unittest.TestCase):
         self.own = self.home / ".local/share/brumble"
         self.own.mkdir(parents=True)
 
+    # Returns its folder of data.
     def install(self, name):
-        """Returns its folder of data."""
         prefix = self.folder / name
         data = prefix / "share/games/brumble/data"
         data.mkdir(parents=True)
@@ -63,8 +63,8 @@ class Launcher(unittest.TestCase):
         self.addCleanup(process.kill)
         return process
 
+    # Returns what it prints: to the standard error when it fails.
     def run_it(self, *arguments, status=40, **how):
-        """Returns what it prints: to the standard error when it fails."""
         process = self.start(*arguments, **how)
         output, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, status, errors)
@@ -75,21 +75,19 @@ class Launcher(unittest.TestCase):
 
     def test_is_found_by_links_and_by_the_path(self):
         (self.folder / "link").symlink_to("prefix/games/brumble")
-        script = self.data.parent / "autoexec.txt"
-        for launcher, path in ((self.folder / "link", ""), ("./link", ""),
-                               ("brumble", "prefix/games:")):
+        links = {name: str(self.data.parent / name) for name in ("data", "autoexec.txt")}
+        for launcher in (self.folder / "link", "./link", "brumble"):
             with self.subTest(launcher):
                 self.assertEqual(
-                    self.report(launcher=launcher, PATH=path + os.environ["PATH"]),
-                    {"folder": str(self.own), "arguments": [], "class": "brumble",
-                     "links": {"data": str(self.data), "autoexec.txt": str(script)}})
+                    self.report(launcher=launcher, PATH="prefix/games:" + os.environ["PATH"]),
+                    {"folder": str(self.own), "arguments": [], "class": "brumble", "links": links})
 
     def test_the_players_folder(self):
-        elsewhere = self.folder / "else where"
-        for given, expected in ((str(elsewhere), elsewhere / "brumble"), ("relative", self.own),
-                                ("", self.own)):
+        elsewhere = str(self.folder / "else where")
+        for given, expected in ((elsewhere, elsewhere + "/brumble"), ("relative", str(self.own)),
+                                ("", str(self.own))):
             with self.subTest(given):
-                self.assertEqual(self.report(XDG_DATA_HOME=given)["folder"], str(expected))
+                self.assertEqual(self.report(XDG_DATA_HOME=given)["folder"], expected)
 
     def test_only_the_launchers_own_links_are_renewed(self):
         other, place, mine = self.install("other"), self.own / "data", self.folder / "my data"
@@ -116,7 +114,7 @@ class Launcher(unittest.TestCase):
         temporary.mkdir()
         for number in (0, signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
             with self.subTest(number):
-                process = self.start(TMPDIR=temporary, **({"WAIT": "1"} if number else {}))
+                process = self.start(TMPDIR=temporary, WAIT=str(int(number)))
                 report = json.loads(read_line(process.stdout))
                 process.send_signal(number)
                 process.communicate(timeout=LIMIT)

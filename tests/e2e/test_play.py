@@ -8,9 +8,8 @@ from pilot import Pilot, pointer_for
 GAME_SECONDS = 120  # of play
 
 
+# What a player notices in one game.
 class Watch:
-    """What a player notices in one game."""
-
     def __init__(self, empty):
         self.empty = empty
         self.digits = Digits()
@@ -80,8 +79,8 @@ class Play(GameTest):
         game.wait_for(lambda: watch.look(game.picture()) or watch.scores[-1] >= 500, "a score")
         return True
 
+    # It comes down over the middle, below one that came just before it.
     def sign_is_shown(self):
-        """It comes down over the middle, below one that came just before it."""
         sign, picture = load_picture("b_grilled_kitten"), self.game.picture()
         x = 400 - sign.shape[1] // 2
         self.watch.look(picture)

@@ -25,8 +25,8 @@ class Redraw(GameTest):
         is_drawn = f"myHeight = {height}\n( ) drawing all\n" in game.log()
         return is_drawn and beyond_is_black and matches(picture[:600, :800], title, 0.98)
 
+    # With a stopped clock between the lines, the window equals what a full redraw shows.
     def test_full_screen_and_resize(self):
-        """With a stopped clock between the lines, the window equals what a full redraw shows."""
         _, game = self.start(kind=Stepper)
         game.start_playing()
         game.let_pass(1.4)

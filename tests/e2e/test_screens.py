@@ -1,30 +1,28 @@
 """The screens, the focus, the use of the processor, and every way in which the program ends."""
-import itertools
 import time
 
-from case import BUILDS, GameTest
+from case import BUILDS, GameTest, for_each
 from display import wait_for
 from library import libraries
 
 
 class Screens(GameTest):
-    def test_title_help_play(self):
-        for library in libraries():
-            with self.subTest(**library):
-                screen, game = self.start(environment=library)
-                game.wait_for_title()
-                self.assertTrue(screen.cursor_is_visible(), "the title shows the cursor")
-                game.click(3)
-                game.settle()
-                self.assertTrue(game.shows("title_screen"), "a right click changes nothing")
-                game.click()
-                game.wait_for_picture("help_screen")
-                game.wait_for_sprite("help_bubbles")
-                self.assertTrue(screen.cursor_is_visible(), "help shows the cursor")
-                game.click()
-                game.wait_for_cursor(False)
-                game.wait_for_picture("background")
-                game.close_window()
+    @for_each(library=libraries)
+    def test_title_help_play(self, library):
+        screen, game = self.start(environment=library)
+        game.wait_for_title()
+        self.assertTrue(screen.cursor_is_visible(), "the title shows the cursor")
+        game.click(3)
+        game.settle()
+        self.assertTrue(game.shows("title_screen"), "a right click changes nothing")
+        game.click()
+        game.wait_for_picture("help_screen")
+        game.wait_for_sprite("help_bubbles")
+        self.assertTrue(screen.cursor_is_visible(), "help shows the cursor")
+        game.click()
+        game.wait_for_cursor(False)
+        game.wait_for_picture("background")
+        game.close_window()
 
 
 class Focus(GameTest):
@@ -57,10 +55,9 @@ class Focus(GameTest):
         wait_for(lambda: (frozen[above_sign] != game.picture()[above_sign]).any(), "a moving world")
 
 
+# A program that never rests takes a whole core. Neither bound depends on how fast or busy the
+# machine is: a rest comes after the work of a frame at most, and lasts a millisecond.
 class Rest(GameTest):
-    """A program that never rests takes a whole core. Neither bound depends on how fast or busy the
-    machine is: a rest comes after the work of a frame at most, and lasts a millisecond."""
-
     def test_at_the_title_in_play_and_without_the_focus(self):
         screen, game = self.start()
         game.wait_for_title()
@@ -81,24 +78,22 @@ class Rest(GameTest):
 
 
 class Ends(GameTest):
-    def test_closing_the_window(self):
-        for build, has_focus in itertools.product(BUILDS, (True, False)):
-            with self.subTest(build=build, has_focus=has_focus):
-                screen, game = self.start(build)
-                game.start_playing()
-                game.point_at(30, 30)
-                game.wait_for_kitten()
-                if not has_focus:
-                    screen.focus(screen.open_other())
-                    game.settle()
-                screen.close_window(game.window)
-                self.assert_ends_in_order()
+    @for_each(build=BUILDS, has_focus=(True, False))
+    def test_closing_the_window(self, build, has_focus):
+        screen, game = self.start(build)
+        game.start_playing()
+        game.point_at(30, 30)
+        game.wait_for_kitten()
+        if not has_focus:
+            screen.focus(screen.open_other())
+            game.settle()
+        screen.close_window(game.window)
+        self.assert_ends_in_order()
 
-    def test_quit_from_the_script(self):
-        for build in BUILDS:
-            with self.subTest(build=build):
-                self.start(build, lines="\nquit")
-                self.assert_ends_in_order()
+    @for_each(build=BUILDS)
+    def test_quit_from_the_script(self, build):
+        self.start(build, lines="\nquit")
+        self.assert_ends_in_order()
 
     def assert_ends_in_order(self):
         self.game.wait_for_end()
