@@ -1,5 +1,5 @@
 """The launcher of the installed game: with a program that reports how it was started, and for real."""
-import json
+import collections
 import os
 import pathlib
 import re
@@ -13,22 +13,15 @@ from display import LIMIT, Display, read_line
 from game import ROOT
 from installed import Installed
 
-# Reports where and how it was started; ends with 40, or with 40 and the number of the signal that it
-# is sent when WAIT is set.
-PROGRAM = """#!/usr/bin/python3
-import json, os, signal, sys
-heard = []
-for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
-    if signal.getsignal(number) != signal.SIG_IGN:
-        signal.signal(number, lambda number, frame: heard.append(number))
-links = {name: os.path.realpath(name) for name in ("data", "autoexec.txt")}
-report = {"folder": os.getcwd(), "links": links, "arguments": sys.argv[1:],
-          "class": os.environ.get("SDL_VIDEO_X11_WMCLASS")}
-print(json.dumps(report), flush=True)
-while os.environ.get("WAIT", "0") != "0" and not heard:
-    signal.pause()
-sys.exit(40 + sum(heard))
+# Reports how it was started; ends with 40, or with 40 and the number of the signal that it waits for.
+PROGRAM = r"""#!/bin/bash
+for number in 1 2 15; do trap "kill \$!; exit $((40 + number))" $number; done
+printf '%s\t' "$PWD" "$(realpath data)" "$(realpath autoexec.txt)" "${SDL_VIDEO_X11_WMCLASS-}" "$*"
+echo
+[ "${SIGNAL-0}" = 0 ] || { sleep 60 >/dev/null 2>&1 & wait; }
+exit 40
 """
+Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
 class Launcher(unittest.TestCase):
@@ -71,23 +64,23 @@ class Launcher(unittest.TestCase):
         return output if status in (0, 40) else errors
 
     def report(self, **how):
-        return json.loads(self.run_it(**how))
+        return Report(*self.run_it(**how).split("\t"))
 
     def test_is_found_by_links_and_by_the_path(self):
         (self.folder / "link").symlink_to("prefix/games/brumble")
-        links = {name: str(self.data.parent / name) for name in ("data", "autoexec.txt")}
+        script = self.data.parent / "autoexec.txt"
+        expected = Report(*map(str, (self.own, self.data, script, "brumble", "", "\n")))
         for launcher in (self.folder / "link", "./link", "brumble"):
             with self.subTest(launcher):
-                self.assertEqual(
-                    self.report(launcher=launcher, PATH="prefix/games:" + os.environ["PATH"]),
-                    {"folder": str(self.own), "arguments": [], "class": "brumble", "links": links})
+                path = "prefix/games:" + os.environ["PATH"]
+                self.assertEqual(self.report(launcher=launcher, PATH=path), expected)
 
     def test_the_players_folder(self):
         elsewhere = str(self.folder / "else where")
         for given, expected in ((elsewhere, elsewhere + "/brumble"), ("relative", str(self.own)),
                                 ("", str(self.own))):
             with self.subTest(given):
-                self.assertEqual(self.report(XDG_DATA_HOME=given)["folder"], expected)
+                self.assertEqual(self.report(XDG_DATA_HOME=given).folder, expected)
 
     def test_only_the_launchers_own_links_are_renewed(self):
         other, place, mine = self.install("other"), self.own / "data", self.folder / "my data"
@@ -99,13 +92,13 @@ class Launcher(unittest.TestCase):
                 ("one to another installation", lambda: place.symlink_to(other), self.data)):
             with self.subTest(what):
                 make()
-                self.assertEqual(self.report()["links"]["data"], str(expected))
+                self.assertEqual(self.report().data, str(expected))
                 self.assertEqual(list(other.iterdir()) + list(mine.iterdir()), [])
                 (place.unlink if place.is_symlink() else place.rmdir)()
         script = self.own / "autoexec.txt"
         script.unlink()
         script.touch()
-        self.assertEqual(self.report()["links"]["autoexec.txt"], str(script))
+        self.assertEqual(self.report().script, str(script))
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)
@@ -114,25 +107,26 @@ class Launcher(unittest.TestCase):
         temporary.mkdir()
         for number in (0, signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
             with self.subTest(number):
-                process = self.start(TMPDIR=temporary, WAIT=str(int(number)))
-                report = json.loads(read_line(process.stdout))
+                process = self.start(TMPDIR=temporary, SIGNAL=str(int(number)))
+                report = Report(*read_line(process.stdout).split("\t"))
                 process.send_signal(number)
                 process.communicate(timeout=LIMIT)
                 self.assertEqual(process.returncode, 40 + number)
-                self.assertEqual(pathlib.Path(report["folder"]).parent, temporary)
-                self.assertEqual(report["links"]["data"], str(self.data))
+                self.assertEqual(pathlib.Path(report.folder).parent, temporary)
+                self.assertEqual(report.data, str(self.data))
                 self.assertEqual(list(temporary.iterdir()), [])
 
-    def test_options_and_what_is_missing(self):
-        for arguments, environment, status, text in (
-                (["--help"], {}, 0, "Usage: brumble"), (["--version"], {}, 0, "brumble "),
-                (["--fullscreen"], {}, 2, "Usage: brumble"),
-                (["--help", "x"], {}, 2, "Usage: brumble"),
-                ([""], {}, 2, "Usage: brumble"), ([], {"DISPLAY": ""}, 1, "WAYLAND_DISPLAY")):
-            with self.subTest(arguments=arguments):
-                self.assertIn(text, self.run_it(*arguments, status=status, **environment))
-        self.assertEqual(self.report(DISPLAY="", WAYLAND_DISPLAY="wayland-0")["arguments"], [])
-        self.assertEqual(self.report(SDL_VIDEO_X11_WMCLASS="mine")["class"], "mine")
+    def test_options(self):
+        self.assertIn("Usage: brumble", self.run_it("--help", status=0))
+        self.assertIn("brumble ", self.run_it("--version", status=0))
+        for wrong in (["--fullscreen"], ["--help", "x"], [""]):
+            with self.subTest(wrong):
+                self.assertIn("Usage: brumble", self.run_it(*wrong, status=2))
+
+    def test_the_environment(self):
+        self.assertIn("WAYLAND_DISPLAY", self.run_it(DISPLAY="", status=1))
+        self.assertEqual(self.report(DISPLAY="", WAYLAND_DISPLAY="wayland-0").arguments, "")
+        self.assertEqual(self.report(SDL_VIDEO_X11_WMCLASS="mine").window_class, "mine")
 
 
 class InstalledGame(unittest.TestCase):
