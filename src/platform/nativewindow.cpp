@@ -355,7 +355,7 @@ void CNativeWindow::CImplementation::Click(std::optional<int> button) {
 
 void CNativeWindow::CImplementation::Refresh() {
   Paint();
-  XFlush(myDisplay);
+  XSync(myDisplay, False);
 }
 
 void CNativeWindow::CImplementation::DropInput() {

@@ -38,14 +38,11 @@ struct SNativeWindowClass {
 // A window of the desktop with standard controls, for messages outside the program's own screen.
 // Each has a connection of its own to the display; no error of that connection ends the program.
 //
-//     CNativeWindow window({"Greeting", kNoClose, ENativeCursor::kArrow,
-//                           [](CNativeWindow& self, int) { self.PostQuitMessage(); }});
-//     if (window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption) &&
-//         window.SetDefaultFont()) {
-//       window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
-//       window.Show();
-//       window.RunMessageLoop();
-//     }
+//     CNativeWindow window({"Greeting", style, ENativeCursor::kArrow, onClick});
+//     window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption);
+//     window.SetDefaultFont();
+//     window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
+//     window.Show();  // and then RunMessageLoop()
 class CNativeWindow {
  public:
   explicit CNativeWindow(SNativeWindowClass windowClass);
