@@ -107,17 +107,18 @@ def oven_burning(p, w, h):
 def oven_breath(t, w, h):
     """The fire that purrs out of the open door; `t` goes round from 0 to 1.  The hole is at the left edge, from
     y 12 down to the ledge at y 98."""
-    reach = 0.80 + 0.20 * math.sin(2 * math.pi * t)
-    out = '<clipPath id="out"><path d="M0 10H60L56 0H%d V98H0Z"/></clipPath><g clip-path="url(#out)">' % w
-    for i in range(5):
-        q = (t + i / 5.0) % 1.0
-        out += puff(48 + 46 * q, 56 + 7 * math.sin(i * 2.1) - 42 * q, 4 + 7 * q, 0.40 * math.sin(math.pi * q))
-    out += '<g transform="translate(10 10) rotate(80)">%s</g>' % flames(4, 84, 4, 86 * reach, 15, 5, t, ends=True)
+    import lettering  # the purr
+    reach = 0.84 + 0.16 * math.sin(4 * math.pi * t)
+    out = '<clipPath id="out"><path d="M0 12H56L55 0H%d V98H0Z"/></clipPath><g clip-path="url(#out)">' % w
+    out += '<g transform="translate(-4 8) rotate(86)">%s</g>' % flames(0, 92, 4, 102 * reach, 16, 5, t, ends=True)
     for i in range(6):  # sparks
         q = (t + i / 6.0) % 1.0
         out += '<circle cx="%.1f" cy="%.1f" r="%.1f" fill="%s"/>' % (
-            44 + 58 * q, 66 + 26 * math.sin(i * 2.4) - 22 * q * q, 2.2 * (1 - q), "#ffe06a" if i % 2 else "#ff9d1e")
-    return out + "</g>"
+            44 + 58 * q, 62 + 30 * math.sin(i * 2.4) - 22 * q * q, 2.2 * (1 - q), "#ffe06a" if i % 2 else "#ff9d1e")
+    purr = '<g transform="translate(%.1f %.1f) rotate(%.1f)" opacity="%.2f">%s</g>' % (
+        80 + 4 * math.sin(2 * math.pi * t), 30 - 18 * t, -12 + 6 * math.sin(4 * math.pi * t), min(1.0, 2.2 * math.sin(math.pi * t)),
+        lettering.svg("PRRR", 0, 0, 10.5, "sign", "middle"))
+    return out + purr + "</g>"
 
 
 def ghost_rising(t, w, h):

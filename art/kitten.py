@@ -91,7 +91,7 @@ def fur_thin(pose):
     out += ('<g fill="%s" stroke="%s" stroke-width="0.9" stroke-linejoin="miter">' % (KITTEN, KITTEN_DARK) +
             # crown, two cheeks and a bib, all ragged
             '<path d="M-10.5 -13.6L-5 -17.6L-3.4 -15L0 -19L1.6 -15.2L6 -17.8L10.5 -13.4L9.4 -9L6.4 -10.6L4.4 -7.4L1.4 -10.4L-1.4 -6.8L-4.2 -10L-7.4 -7.6L-9 -10.4Z"/>'
-            '<path d="M-14.8 -2.6L-18.4 0.4L-15.4 2.4L-17.8 6.4L-14.4 8L-9.6 9.2L-10.8 5L-7.8 3.8L-11.2 1Z"/>'
+            '<path d="M-14.8 -2.6L-18.4 0.4L-15.4 2.4L-17.8 6.4L-14.4 8.6L-8.8 10L-10 5.6L-7.2 4L-11.2 0.6Z"/>'
             '<path d="M14.8 1L18 3.8L15.2 6L17 9.6L13.2 11.4L9.4 12L10.8 8L8 6.2L11.2 4.2Z"/>'
             '<path d="M-8.2 9.8L-3 11.2L0 9.6L3.4 11.4L7.6 10L9 14.2L3 15.4L-6.4 15.1Z"/></g>')
     out += '<path d="M-12.5 -9.5L-16.5 -13M12.8 -5L17.6 -7M-12 12.5L-15.5 15.5" stroke="%s" stroke-width="1.3" fill="none"/>' % KITTEN

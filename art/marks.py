@@ -16,8 +16,8 @@ def head(hair):
     """A head of 11 pixels radius around (0, 0), looking up."""
     skin = PALE if hair == 1 else SKIN
     line = 'stroke="%s" stroke-width="1.8" stroke-linejoin="round"' % KITTEN_LINE
-    out = '<path d="M-10.4 -4L-11 -13.6L-3 -9.4ZM10.4 -4L11 -13.6L3 -9.4Z" fill="%s" %s/>' % (SKIN if hair == 3 else PALE, line)
-    outline = kitten.ring(10.2, 11, 3.2, 0.1, phase=0.14) if hair == 1 else kitten.blob(10.6)
+    out = '<path d="M-11 -3L-11.6 -14.6L-3.6 -9ZM11 -3L11.6 -14.6L3.6 -9Z" fill="%s" %s/>' % (SKIN if hair == 3 else PALE, line)
+    outline = kitten.ring(10.0, 11, 2.8, 0.1, phase=0.14) if hair == 1 else kitten.blob(10.6)
     out += '<path d="%s" fill="%s" %s/>' % (outline, skin, line)
     if hair == 1:
         out += '<path d="M-2.6 -10L-2 -6.6M2.6 -10L2 -6.6" stroke="%s" stroke-width="1.8" stroke-linecap="round"/>' % PALE_DARK
@@ -26,7 +26,7 @@ def head(hair):
         out += '<path d="%s" fill="%s" stroke="%s" stroke-width="1.2"/>' % (tufts, PALE, PALE_DARK)
     if hair == 3:
         out += '<path d="M-3.4 -7.6Q0 -9 3.4 -7.6" stroke="%s" stroke-width="1.1" fill="none"/>' % SKIN_DARK
-        out += '<path d="M0 -10.4C-2.4 -14.4 2.6 -16.6 4 -13.2" stroke="%s" stroke-width="1.6" fill="none" stroke-linecap="round"/>' % KITTEN_LINE
+        out += '<path d="M-1 -9.8C-2.6 -12.6 1 -14.8 3.4 -12.4" stroke="%s" stroke-width="1.6" fill="none" stroke-linecap="round"/>' % KITTEN_LINE
     for side in (-1, 1):
         out += '<ellipse cx="%.1f" cy="-1.4" rx="3.8" ry="4.2" fill="#fff" stroke="%s" stroke-width="1.2"/>' % (side * 4.4, KITTEN_LINE)
         out += '<ellipse cx="%.1f" cy="-3.2" rx="1.9" ry="2.2" fill="#14131c"/>' % (side * 4.2)
@@ -36,8 +36,8 @@ def head(hair):
 def above(hair, number):
     """An arrow up to the edge, and under it the head of the one that is up there."""
     return ('<g transform="translate(%.1f 0) scale(%.4f)">' % (ABOVE / 2.0, ABOVE_SIZES[number] / 34.0) +
-            '<path d="M0 1.2L8.4 8.6H3.2V11.4H-3.2V8.6H-8.4Z" fill="%s" stroke="%s" stroke-width="2" stroke-linejoin="round"/>' % (GOLD, INK) +
-            '<g transform="translate(0 21.4)">%s</g></g>' % head(hair))
+            '<path d="M0 1.2L8 8.6H3.2V12.4H-3.2V8.6H-8Z" fill="%s" stroke="%s" stroke-width="2" stroke-linejoin="round"/>' % (GOLD, INK) +
+            '<g transform="translate(0 23) scale(0.9)">%s</g></g>' % head(hair))
 
 
 LAMPS = (28, 108)
@@ -53,8 +53,8 @@ def lamps(lit):
             out += '<circle cx="14" cy="%d" r="6" fill="#171014" stroke="%s" stroke-width="2"/>' % (y, IRON_LIGHT)
             out += '<path d="M11 %.1fA4 4 0 0 1 14 %.1f" stroke="#8f7d7c" stroke-width="1.2" fill="none" stroke-linecap="round"/>' % (y - 1.6, y - 3.8)
             continue
-        rays = "".join("M%.1f %.1fL%.1f %.1f" % (14 + 8.6 * c, y + 8.6 * s, 14 + 12.2 * c, y + 12.2 * s)
-                       for c, s in ((math.cos(math.pi * k / 4), math.sin(math.pi * k / 4)) for k in range(8)))
+        rays = "".join("M%.1f %.1fL%.1f %.1f" % (14 + 8.8 * c, y + 8.8 * s, 14 + 11.8 * c, y + 11.8 * s)
+                       for c, s in ((math.cos(a), math.sin(a)) for a in (0, 0.7, -0.7, math.pi, math.pi - 0.7, math.pi + 0.7)))
         out += '<path d="%s" stroke="%s" stroke-width="4" stroke-linecap="round"/><path d="%s" stroke="%s" stroke-width="2" stroke-linecap="round"/>' % (
             rays, INK, rays, GOLD)
         out += '<circle cx="14" cy="%d" r="7" fill="#ff8a1f" stroke="%s" stroke-width="1.6"/><circle cx="14" cy="%d" r="4.2" fill="#fff6cf"/>' % (y, INK, y)
@@ -103,7 +103,7 @@ def hint_door(number):
     """From the lower right up to the door's hole."""
     d = 8 * nudge(number)
     stroke = arrow("M%.1f %.1fQ58 34 86 74" % (24 + d, 20 + 0.7 * d), (14 + d, 14 + 0.7 * d), 211, 8.0)
-    return stroke + word_plate("PUSH IT IN!", 14, 82, 114)
+    return stroke + word_plate("PUSH IT IN!", 32, 82, 114)
 
 
 def bubble(*lines):
@@ -135,7 +135,7 @@ def caption(word):
 
 def pip(number, reached):
     """One of eight steps of a career, beneath its name: a star, or a hollow dot."""
-    x, y = 79 + 14 * number, 31.0
+    x, y = 79 + 14 * number, 30.0
     if not reached:
         return '<circle cx="%d" cy="%.1f" r="2.2" fill="none" stroke="%s" stroke-width="1.3" opacity="0.7"/>' % (x, y, CREAM)
     points = ["%.1f %.1f" % (x + r * math.sin(math.pi * k / 5), y - r * math.cos(math.pi * k / 5)) for k in range(10) for r in (5.0 if k % 2 == 0 else 2.3,)]

@@ -9,6 +9,8 @@ import kitten
 import marks
 import monster
 
+SCREENS = 12  # the depth of title and help: what stands here or nearer is not seen in play
+
 
 class Still:
     """One picture: a file of gfx/, whose {NAMES} the variables fill."""
@@ -47,7 +49,7 @@ class Sheet:
         self.cells = 1 + max(cell for animation in animations for cell, _ in animation.frames)
 
 
-def round_and_round(draw, size, z, name, frames, length, at=(0, 0), columns=6):
+def round_and_round(draw, size, z, name, frames, length, at=(0, 0), columns=8):
     """What goes on for ever, drawn by a function of the part of a round from 0 to 1."""
     return Sheet(lambda i: draw(i / float(frames), *size), size, z, [Animation(name, 1, steady(*range(frames), length=length))], at, columns)
 
@@ -76,9 +78,9 @@ def sign(line1, line2, icon, face, grade):
     return sounding("sign.svg", (300, 88), 70 - grade, [("show", "bonus_%d" % grade)], LINE1=line1, LINE2=line2, ICON=icon, FACE=face, **text)
 
 
-def caption(word):
+def caption(word, at=(0, 0)):
     """A word on the game-over panel."""
-    return Drawn(marks.caption(word), 33)
+    return Drawn(marks.caption(word), 33, at)
 
 
 SPRITES = {
@@ -97,24 +99,24 @@ SPRITES = {
     "kitten_hit_big": effect(effects.hit_big, (104, 104), 51, columns=6, frames=12, length=70, sound="hit_big"),
     "kitten_lose_hair": effect(effects.lose_hair, (84, 84), 50, columns=6, frames=12, length=80, sound="lose_hair"),
     "hellfire": effect(effects.hellfire, (120, 108), 48, sound="hellfire"),
-    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 79, "breath", 12, 100, at=(0, 172)),
+    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 79, "breath", 16, 110, at=(0, 172)),
     "lamps": Sheet(marks.lamps, marks.LAMPS, 78, [Animation("lit_%d" % n, 0, [(n, 1000)]) for n in range(5)], at=(50, 281)),
     "ghost": round_and_round(effects.ghost_rising, (40, 48), 35, "rise", 8, 110),
     "hint_spin": Sheet(marks.hint_spin, (90, 90), 55, [Animation("turn", 1, steady(*range(marks.SPIN), length=80))], columns=6),
-    "hint_lamps": Sheet(marks.hint_lamps, (150, 32), 55, [Animation("nudge", 1, steady(*range(marks.NUDGES), length=110))], at=(78, 320), columns=4),
-    "hint_door": Sheet(marks.hint_door, (130, 110), 55, [Animation("nudge", 1, steady(*range(marks.NUDGES), length=110))], at=(62, 216), columns=4),
-    "fate_plate": Still("fate_plate.svg", 39),
-    "fate_ghost": Still("fate_ghost.svg", 39),
-    "fate_left": Still("fate_left.svg", 39),
-    "panel_score": caption("SCORE"),
-    "panel_place": caption("PLACE"),
-    "panel_short": caption("SHORT OF YOUR BEST"),
-    "panel_new_best": Still("panel_new_best.svg", 33, at=(280, 185)),
-    "panel_spins": caption("SPINS"),
-    "panel_walls": caption("WALLS"),
-    "panel_oven": caption("OVEN"),
-    "panel_bonuses": caption("BONUSES"),
-    "title_best": Still("title_best.svg", 11, at=(584, 498)),
+    "hint_lamps": Sheet(marks.hint_lamps, (150, 32), 55, [Animation("nudge", 1, steady(*range(marks.NUDGES), length=110))], at=(78, 345), columns=4),
+    "hint_door": Sheet(marks.hint_door, (150, 110), 55, [Animation("nudge", 1, steady(*range(marks.NUDGES), length=110))], at=(62, 216), columns=4),
+    "fate_plate": Still("fate_plate.svg", 39, at=(436, 527)),
+    "fate_ghost": Still("fate_ghost.svg", 39, at=(436, 527)),
+    "fate_left": Still("fate_left.svg", 39, at=(436, 527)),
+    "panel_score": caption("SCORE", (204, 159)),
+    "panel_place": caption("PLACE", (464, 159)),
+    "panel_short": caption("SHORT OF YOUR BEST", (290, 184)),
+    "panel_new_best": Still("panel_new_best.svg", 33, at=(280, 184)),
+    "panel_spins": caption("SPINS", (204, 256)),
+    "panel_walls": caption("WALLS", (414, 256)),
+    "panel_oven": caption("OVEN", (204, 283)),
+    "panel_bonuses": caption("BONUSES", (414, 283)),
+    "title_best": Still("title_best.svg", 11, at=(576, 492)),
     "score_sign": Still("score_sign.svg", 44, at=(168, 560)),
     "kittens_left": Still("kittens_left.svg", 44, at=(438, 555)),
     "kitten_signs": Still("kitten_signs.svg", 43, at=(168, 530)),
@@ -136,8 +138,8 @@ SPRITES = {
 
 # What kittens say when hair goes (01 to 06), and when the last of it has gone (07 to 12).
 SAYINGS = (
-    ("MY FUR!",), ("IT'S DRAUGHTY",), ("I JUST BRUSHED THAT!",), ("IS THAT", "ALL MINE?"), ("GIVE THAT BACK!",), ("I'M MOULTING,", "OKAY?"),
-    ("DON'T LOOK!",), ("WHO KNITTED THIS?",), ("I'LL WRITE", "A REVIEW"), ("SO THAT'S MY SKIN",), ("ONE HAIR LEFT.", "IT'S FINE."), ("I SMELL GRAVY",))
+    ("MY FUR!",), ("IT'S DRAUGHTY",), ("I JUST BRUSHED", "THAT!"), ("IS THAT", "ALL MINE?"), ("GIVE THAT BACK!",), ("I'M MOULTING,", "OKAY?"),
+    ("DON'T LOOK!",), ("WHO KNITTED", "THIS?"), ("I'LL WRITE", "A REVIEW"), ("SO THAT'S", "MY SKIN"), ("ONE HAIR LEFT.", "IT'S FINE."), ("I SMELL GRAVY",))
 
 for number, lines in enumerate(SAYINGS, 1):
     SPRITES["says_%02d" % number] = Drawn(marks.bubble(*lines), 24)
@@ -146,7 +148,7 @@ RANKS = (("DISHWASHER", "#5c5560"), ("FLOOR SWEEPER", "#6d5a4c"), ("POTATO PEELE
          ("WAITER", "#7d3c82"), ("GRILL COOK", "#b5341a"), ("SOUS-CHEF", "#a3245c"), ("CHEF", "#b8860b"))
 
 for number, (name, face) in enumerate(RANKS, 1):
-    SPRITES["rank_%d" % number] = Still("rank.svg", 33, at=(300, 216), FACE=face, NAME=name, ICON="rank_%d" % number,
+    SPRITES["rank_%d" % number] = Still("rank.svg", 33, at=(290, 213), FACE=face, NAME=name, ICON="rank_%d" % number,
                                         PIPS="".join(marks.pip(i, i < number) for i in range(len(RANKS))))
 
 
