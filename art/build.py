@@ -5,6 +5,7 @@ import subprocess
 import sys
 import tempfile
 
+import numpy
 from PIL import Image
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -13,6 +14,7 @@ sys.path.insert(1, os.path.join(HERE, "fonts"))
 
 import compose  # noqa: E402
 import digits  # noqa: E402
+import palette  # noqa: E402
 import sprites  # noqa: E402
 import widgets  # noqa: E402
 
@@ -42,6 +44,22 @@ def save_png(image, path, opaque=False):
     subprocess.run(["optipng", "-quiet", "-o2", "-nc", "-nb", "-np", "-strip", "all", target(path)], check=True)
 
 
+def check_colour(image, name, size):
+    """The kittens' colour fills a part of each of their cells, and is next to nowhere else in play."""
+    colour = [int(palette.KITTEN[i:i + 2], 16) for i in (1, 3, 5)]
+    pixels = numpy.array(image.convert("RGBA")).astype(int)
+    distance = abs(pixels[..., :3] - colour).max(axis=-1) + 255 * (pixels[..., 3] == 0)
+    if not name.startswith("kitten_0"):
+        if (distance <= 20).sum() >= 25:
+            sys.exit("%s: looks like a kitten" % name)
+        return
+    w, h = size
+    for y in range(0, image.height, h):
+        for x in range(0, image.width, w):
+            if (distance[y:y + h, x:x + w] == 0).sum() < 130:
+                sys.exit("%s: too little of the kittens' colour in the cell at %d, %d" % (name, x, y))
+
+
 def save_gif(image, path):
     """Every colour as it is; a GIF knows no half-clear edges."""
     colors = [color for _, color in image.getcolors()]
@@ -68,30 +86,41 @@ def sprite_file(kind, picture, rect, z, more=""):
 
 def still(name, sprite):
     picture = "%s/%s.png" % (GFX, name)
-    save_png(rasterise(compose.picture(sprite.source, sprite.variables)), picture, sprite.opaque)
+    image = rasterise(sprite.svg())
+    if sprite.z > sprites.SCREENS:
+        check_colour(image, name, image.size)
+    save_png(image, picture, sprite.opaque)
     x, y = sprite.at
     write_text("%s/%s.xml" % (GFX, name), sprite_file("sprite_base", picture, (("x", x), ("y", y)), sprite.z))
 
 
-def moving(name, sprite):
-    """Draws all frames as one sheet.  The rectangle on screen has the size of one frame."""
+def sheet(name, sprite):
+    """Draws all cells as one picture, row by row.  The rectangle on screen has the size of one cell."""
     w, h = sprite.size
-    rows = -(-sprite.frames // sprite.columns)
-    svg = ['<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d">' % (w * sprite.columns, h * rows)]
-    frames = ""
-    for i in range(sprite.frames):
-        x, y = i % sprite.columns * w, i // sprite.columns * h
-        drawing = sprite.draw((i + 1.0) / sprite.frames, w, h)
-        svg.append('<svg x="%d" y="%d" width="%d" height="%d">%s</svg>' % (x, y, w, h, drawing))
-        frames += ('    <Frame type="frame_rect">\n      <Rect x="%d" y="%d" w="%d" h="%d"></Rect>\n      <FrameLength>%d</FrameLength>\n    </Frame>\n'
-                   % (x, y, w, h, sprite.length))
+    columns = min(sprite.columns, sprite.cells)
+    rows = -(-sprite.cells // columns)
+    svg = ['<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d">' % (w * columns, h * rows)]
+    for i in range(sprite.cells):
+        svg.append('<svg x="%d" y="%d" width="%d" height="%d">%s</svg>' % (i % columns * w, i // columns * h, w, h, sprite.draw(i)))
     svg.append("</svg>")
     picture = "%s/%s.png" % (GFX, name)
-    save_png(rasterise("".join(svg)), picture)
-    more = (tag("CurrentAnimation", "effect") + tag("CurrentFrame", 0) + tag("MiniumUpdateTime", 30) + tag("Play", 1) +
-            tag("TimeMultiply", 1) + '  <Animation name="effect" loop="0">\n' + frames + "  </Animation>\n")
+    image = rasterise("".join(svg))
+    check_colour(image, name, sprite.size)
+    save_png(image, picture)
+    more = (tag("CurrentAnimation", sprite.current) + tag("CurrentFrame", 0) + tag("MiniumUpdateTime", 30) + tag("Play", 1) +
+            tag("TimeMultiply", 1) + "".join(animation_element(each, columns, w, h) for each in sprite.animations))
     x, y = sprite.at
     write_text("%s/%s.xml" % (GFX, name), sprite_file("sprite_animated", picture, (("x", x), ("y", y), ("w", w), ("h", h)), sprite.z, more))
+
+
+def animation_element(animation, columns, w, h):
+    out = '  <Animation name="%s" loop="%d">\n' % (animation.name, animation.loop)
+    if animation.sound:
+        out += '    <Frame type="frame_sound" sound_file="%s/%s.wav"></Frame>\n' % (SFX, animation.sound)
+    for cell, length in animation.frames:
+        out += ('    <Frame type="frame_rect">\n      <Rect x="%d" y="%d" w="%d" h="%d"></Rect>\n      <FrameLength>%d</FrameLength>\n    </Frame>\n'
+                % (cell % columns * w, cell // columns * h, w, h, length))
+    return out + "  </Animation>\n"
 
 
 def sprite_table():
@@ -166,7 +195,7 @@ def gfx():
 
 def one_sprite(name):
     sprite = sprites.SPRITES[name]
-    (moving if isinstance(sprite, sprites.Moving) else still)(name, sprite)
+    (sheet if isinstance(sprite, sprites.Sheet) else still)(name, sprite)
 
 
 def main(wanted):

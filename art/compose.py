@@ -15,6 +15,7 @@ import effects
 import kitten
 import lettering
 import masonry
+import monster
 import palette
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -24,6 +25,8 @@ ET.register_namespace("", SVG)
 
 GENERATORS = {  # "name" or "name:argument:argument"
     "kitten": lambda hair, spin: kitten.group(int(hair), int(spin)),
+    "monster": monster.portrait,
+    "pupil": monster.pupil,
     "back_wall": masonry.back_wall,
     "walls": masonry.walls,
     "fire": effects.hearth,

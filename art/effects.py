@@ -1,7 +1,7 @@
 """Fire, stars and flying fluff: still flames for the background, and the frames of
 the animated effects.  An effect's frame is a function of its progress from 0 to 1,
 drawn in a w x h box; the game shows an effect for 2.1 seconds, so each one ends
-with nothing left.
+with nothing left.  The oven's breath and the rising ghost go round instead.
 """
 import math
 import random
@@ -53,14 +53,14 @@ def puff(x, y, r, opacity, colour="#6b5d63"):
     return '<circle cx="%.1f" cy="%.1f" r="%.1f" fill="%s" opacity="%.2f"/>' % (x, y, r, colour, opacity)
 
 
-def ghost(x, y, size, opacity):
-    """What is left of a kitten: white, winged and rather cross."""
+def ghost(x, y, size, opacity, flap=0.0):
+    """What is left of a kitten: white, winged and rather cross.  `flap` (-1 to 1) lowers the wings' tips."""
     return ('<g transform="translate(%.1f %.1f) scale(%.2f)" opacity="%.2f" stroke="#4a3a40" stroke-width="1.4" stroke-linejoin="round">'
             '<ellipse cx="0" cy="-19" rx="8" ry="2.6" fill="none" stroke="#ffd24a" stroke-width="2"/>'
-            '<path d="M-9 2Q-22 -8 -20 4Q-17 9 -9 8ZM9 2Q22 -8 20 4Q17 9 9 8Z" fill="#fff"/>'
+            '<path d="M-9 2Q-22 %.1f -20 %.1fQ-17 9 -9 8ZM9 2Q22 %.1f 20 %.1fQ17 9 9 8Z" fill="#fff"/>'
             '<path d="M-11 -4L-11 -15L-5 -11H5L11 -15L11 -4Q12 6 9 15L5 11L0 16L-5 11L-9 15Q-12 6 -11 -4Z" fill="#fbf6ee"/>'
             '<path d="M-7 -5L-3 -3M7 -5L3 -3" fill="none"/><circle cx="-4.4" cy="-1" r="1.8" fill="#2a1a20"/><circle cx="4.4" cy="-1" r="1.8" fill="#2a1a20"/>'
-            '<path d="M-3 6Q0 3.4 3 6" fill="none"/></g>') % (x, y, size, opacity)
+            '<path d="M-3 6Q0 3.4 3 6" fill="none"/></g>') % (x, y, size, opacity, 6 * flap - 8, 6 * flap + 4, 6 * flap - 8, 6 * flap + 4)
 
 
 def swell(p, rise, fall):
@@ -102,6 +102,28 @@ def oven_burning(p, w, h):
         q = (p - 0.34) / 0.6
         out += ghost(58 + 6 * math.sin(q * 9), h - 40 - (h - 66) * min(q, 1), 0.9, min(1, max(0, 1.9 - 2 * q)))
     return out
+
+
+def oven_breath(t, w, h):
+    """The fire that purrs out of the open door; `t` goes round from 0 to 1.  The hole is at the left edge, from
+    y 12 down to the ledge at y 98."""
+    import lettering  # the purr
+    reach = 0.84 + 0.16 * math.sin(4 * math.pi * t)
+    out = '<clipPath id="out"><path d="M0 12H56L55 0H%d V98H0Z"/></clipPath><g clip-path="url(#out)">' % w
+    out += '<g transform="translate(-4 8) rotate(86)">%s</g>' % flames(0, 92, 4, 102 * reach, 16, 5, t, ends=True)
+    for i in range(6):  # sparks
+        q = (t + i / 6.0) % 1.0
+        out += '<circle cx="%.1f" cy="%.1f" r="%.1f" fill="%s"/>' % (
+            44 + 58 * q, 62 + 30 * math.sin(i * 2.4) - 22 * q * q, 2.2 * (1 - q), "#ffe06a" if i % 2 else "#ff9d1e")
+    purr = '<g transform="translate(%.1f %.1f) rotate(%.1f)" opacity="%.2f">%s</g>' % (
+        80 + 4 * math.sin(2 * math.pi * t), 30 - 18 * t, -12 + 6 * math.sin(4 * math.pi * t), min(1.0, 2.2 * math.sin(math.pi * t)),
+        lettering.svg("PRRR", 0, 0, 10.5, "sign", "middle"))
+    return out + purr + "</g>"
+
+
+def ghost_rising(t, w, h):
+    """A ghost that sways on its way up; the game moves it."""
+    return ghost(w / 2 + 1.5 * math.sin(2 * math.pi * t), h / 2 + 3, 0.9, 0.92, math.sin(4 * math.pi * t))
 
 
 def star(x, y, outer, inner, points, turn, fill, line):
