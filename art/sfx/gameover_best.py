@@ -12,8 +12,8 @@ parts = []
 for at, step, length in HEAD:
     f = D * 2 ** (step / 12.0)
     parts += [(at, 0.5 * whistle(f, length) + 0.12 * squeezebox(f / 2, length)), (at, 0.4 * bell(f, 0.9))]
-parts += [(0.56 + 0.07 * i, (0.25 + 0.05 * i) * kettle(73.42, 0.4)) for i in range(8)]
+parts += [(0.56 + 0.07 * i, (0.18 + 0.03 * i) * kettle(110.0, 0.4)) for i in range(8)]
 parts += [(1.12, 0.11 * squeezebox(f, 1.0)) for f in (293.66, 369.99, 440.0)]
-parts += [(1.12, 0.5 * tuba(73.42, 0.7)), (1.12, 0.3 * lid(0.9)), (1.12, 0.4 * kettle(73.42, 0.7))]
+parts += [(1.12, 0.4 * tuba(73.42, 0.7)), (1.12, 0.3 * lid(0.9)), (1.12, 0.25 * kettle(73.42, 0.7))]
 parts += [(1.2 + 0.07 * i, 0.25 * bell(D * 2 ** (step / 12.0), 0.9)) for i, step in enumerate((12, 16, 19, 24, 28, 31))]
-save(sys.argv[1], mix(*parts), -18.3)
+save(sys.argv[1], edges(mix(*parts), fall=0.8), -18.4)

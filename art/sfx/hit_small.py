@@ -8,5 +8,5 @@ from synth import *  # noqa: F401,F403
 length = 0.3
 t = seconds(length)
 pat = np.sin(phase(150 + 130 * np.exp(-t * 38))) * np.exp(-t * 4)
-cloth = level(band(noise(length, 27), 200, 900)) * np.exp(-t * 40)
-save(sys.argv[1], np.tanh(1.5 * (edges(pat, 0.002, 0.16) + 0.35 * cloth)), -19.8)
+cloth = level(band(noise(length, 27), 250, 1200)) * np.exp(-t * 25)
+save(sys.argv[1], np.tanh(1.5 * (edges(pat, 0.002, 0.16) + 0.6 * cloth)), -19.8)

@@ -6,6 +6,8 @@ import numpy as np
 
 from synth import RATE, band, noise, phase, seconds
 
+SPREAD = np.pi / 12  # of the harmonics' phases, without which they add up to sharp peaks
+
 
 def envelope(length, attack, release):
     t = seconds(length)
@@ -21,7 +23,7 @@ def ring(t, f, parts):
 def tuba(f, length):
     t = seconds(length)
     a = phase(f * (1 - 0.03 * np.exp(-t * 40)))
-    tone = sum(np.sin(a * n) / n ** 1.25 * np.exp(-t * (0.8 + 1.1 * n)) for n in range(1, 11))
+    tone = sum(np.sin(a * n + SPREAD * n * n) / n ** 1.25 * np.exp(-t * (0.8 + 1.1 * n)) for n in range(1, 11))
     return tone * envelope(length, 0.02, 0.06)
 
 
@@ -32,7 +34,7 @@ def bassoon(f, length):
     tone = np.zeros(len(t))
     for n in range(1, 18):
         nose = 0.25 + np.exp(-((f * n - 500) / 260.0) ** 2) + 0.45 * np.exp(-((f * n - 1200) / 380.0) ** 2)
-        tone += np.sin(a * n) * nose / n ** 0.5 * (f * n < 7000)
+        tone += np.sin(a * n + SPREAD * n * n) * nose / n ** 0.5 * (f * n < 7000)
     return tone * envelope(length, 0.025, 0.05) * (0.75 + 0.25 * np.exp(-t * 9))
 
 
@@ -49,7 +51,7 @@ def squeezebox(f, length):
     tone = np.zeros(len(t))
     for detune in (0.9975, 1.0035):
         a = 2 * np.pi * f * detune * t
-        tone += sum(np.sin(a * n) / n ** 1.15 for n in range(1, 14) if f * n < 9000)
+        tone += sum(np.sin(a * n + SPREAD * n * n) / n ** 1.15 for n in range(1, 14) if f * n < 9000)
     return tone * envelope(length, 0.015, 0.05)
 
 
@@ -85,7 +87,7 @@ def slide(f, length):
     """A muted trombone that starts a third too low and slips up to its note."""
     t = seconds(length)
     a = phase(f * 2 ** (-0.3 * np.exp(-t * 11)) * (1 + 0.006 * np.sin(2 * np.pi * 5.3 * t) * np.minimum(1, t / 0.3)))
-    tone = sum(np.sin(a * n) / n ** 0.8 * np.exp(-((f * n - 900) / 900.0) ** 2) for n in range(1, 12))
+    tone = sum(np.sin(a * n + SPREAD * n * n) / n ** 0.8 * np.exp(-((f * n - 900) / 900.0) ** 2) for n in range(1, 12))
     return tone * envelope(length, 0.03, 0.08)
 
 

@@ -13,6 +13,7 @@ REST = 0.4           # seconds of silence before and after the music: there a re
 LOUD = -24.0         # LUFS of the whole
 CEILING = loudness.factor(-11.5)
 NAMES = {"C": 0, "D": 2, "E": 4, "F": 5, "G": 7, "A": 9, "B": 11}
+EVEN = {"plucked": 2.2, "marimba": 1.8}  # what rings away is played harder, to be as loud as what is held
 QUALITIES = {"": (0, 4, 7), "m": (0, 3, 7), "7": (0, 4, 10), "dim": (0, 3, 6, 9)}
 
 
@@ -67,7 +68,7 @@ class Piece:
         key = player, half_tones, seconds
         if key not in self.made:
             self.made[key] = getattr(instruments, player)(hertz(half_tones), seconds)
-        self.put(stem, beats, self.made[key], strength, side)
+        self.put(stem, beats, self.made[key], strength * EVEN.get(player, 1.0), side)
 
     def line(self, stem, player, bar, bars, notes, up=0, side=0.0, strength=1.0, legato=0.92):
         """A melody that fills so many bars."""
@@ -97,7 +98,7 @@ class Piece:
                 self.note("bass", bass, at, harmony.bass if beat == 0 else harmony.fifth, 0.8)
             else:
                 for i, half_tones in enumerate(harmony.notes):
-                    self.note("chords", chord, at, half_tones, 0.42, side=0.25 + 0.12 * i)
+                    self.note("chords", chord, at, half_tones, 0.42, 1.3 if chord == "marimba" else 1.0, 0.25 + 0.12 * i)
 
     def drums(self, bar, bars, pattern, strength=1.0):
         """A pattern of a bar in eighths: k kettle-deep thump, s spoon, b brush, l lid; a blank rests."""
