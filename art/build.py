@@ -21,6 +21,10 @@ import widgets  # noqa: E402
 RUNTIME = os.path.join(os.path.dirname(HERE), "runtime")
 ICONS = os.path.join(os.path.dirname(HERE), "desktop", "icons")
 GFX, GUI, SFX, MUSIC = "data/gfx", "data/gui", "data/sfx", "data/music"
+SOUNDS = ("kitten_01", "kitten_02", "kitten_03", "kitten_04", "kitten_05", "kitten_burn", "bonus_1", "bonus_2", "bonus_3",
+          "oven_open", "oven_shut", "oven_breath", "oven_burning", "hellfire", "lose_hair", "hit_small", "hit_big",
+          "gameover", "gameover_best")
+TUNES = ("title", "play", "last")
 
 
 def target(path):
@@ -172,17 +176,26 @@ def run_script(script, *arguments):
     subprocess.run([sys.executable, os.path.join(HERE, "sfx", script)] + list(arguments), check=True)
 
 
+def sound(name):
+    run_script(name + ".py", target("%s/%s.wav" % (SFX, name)))
+
+
+def tune(name):
+    """A tune as Ogg Vorbis; -R keeps the encoder from using the clock."""
+    with tempfile.TemporaryDirectory() as folder:
+        wav = os.path.join(folder, name + ".wav")
+        run_script(name + ".py", wav)
+        subprocess.run(["sox", "-R", wav, "-C", "0.7", "--comment", "", target("%s/%s.ogg" % (MUSIC, name))], check=True)
+
+
 def sounds():
-    for name in ["kitten_0%d" % n for n in range(1, 6)] + ["kitten_burn"]:
-        run_script(name + ".py", target("%s/%s.wav" % (SFX, name)))
+    for name in SOUNDS:
+        sound(name)
 
 
 def music():
-    """The tune as Ogg Vorbis; -R keeps the encoder from using the clock."""
-    with tempfile.TemporaryDirectory() as folder:
-        wav = os.path.join(folder, "brumble.wav")
-        run_script("brumble.py", wav)
-        subprocess.run(["sox", "-R", wav, "-C", "3", "--comment", "", target("%s/brumble.ogg" % MUSIC)], check=True)
+    for name in TUNES:
+        tune(name)
 
 
 def gfx():
@@ -203,10 +216,14 @@ def main(wanted):
     for name in wanted or ("gfx", "gui", "icons", "sfx", "music"):
         if name in steps:
             steps[name]()
+        elif name.startswith("sfx/") and name[4:] in SOUNDS:
+            sound(name[4:])
+        elif name.startswith("music/") and name[6:] in TUNES:
+            tune(name[6:])
         elif name in sprites.SPRITES:
             one_sprite(name)
         else:
-            sys.exit("art/render: no picture or group is called " + name)
+            sys.exit("art/render: no picture, sound or group is called " + name)
 
 
 if __name__ == "__main__":

@@ -1,13 +1,16 @@
-"""A squeak, as of a rubber toy."""
+"""A squeak, as of a rubber toy that is stepped on: up, and a shorter one as the air comes back."""
 import sys
 
 import numpy as np
 
 from synth import *  # noqa: F401,F403
 
-length = 0.2
-pitch = curve(((0, 1500), (0.05, 2500), (0.11, 2100), (0.2, 2900)), length)
-pitch = pitch * (1 + 0.03 * np.sin(2 * np.pi * 55 * seconds(length)))
-angle = phase(pitch)
-squeak = np.sin(angle) + 0.35 * np.sin(2 * angle) + 0.12 * noise(length, 4)
-save(sys.argv[1], squeak * curve(((0, 0), (0.015, 1), (0.12, 0.8), (0.2, 0)), length))
+
+def squeak(length, pitch, seed):
+    tone = phase(curve(pitch, length) * (1 + 0.02 * np.sin(2 * np.pi * 62 * seconds(length))))
+    air = band(noise(length, seed), 3000, 10000)
+    return (np.sin(tone) + 0.3 * np.sin(2 * tone) + 0.12 * air) * curve(((0, 0), (0.008, 1), (length * 0.7, 0.9), (length, 0)), length)
+
+
+save(sys.argv[1], mix((0, squeak(0.11, ((0, 1700), (0.03, 2600), (0.11, 3150)), 4)),
+                      (0.125, 0.6 * squeak(0.06, ((0, 2900), (0.06, 1900)), 5))), -18.6)

@@ -1,13 +1,14 @@
-"""A bonk on a hollow head, and a small echo of indignation."""
+"""A bonk on a hollow head, and a small trill of indignation."""
 import sys
 
 import numpy as np
 
 from synth import *  # noqa: F401,F403
 
-length = 0.16
+length = 0.24
 t = seconds(length)
-angle = phase(curve(((0, 520), (0.04, 330), (0.16, 250)), length))
-bonk = (np.sin(angle) + 0.5 * np.sin(2.76 * angle)) * np.exp(-t * 26) + 0.5 * noise(length, 7) * np.exp(-t * 180)
-chirp = mew(0.2, pitch=((0, 900), (0.2, 1250)), mouth=((0, 1000), (0.2, 2200)), loudness=((0, 0), (0.04, 0.4), (0.2, 0)))
-save(sys.argv[1], mix((0, bonk * 1.6), (0.1, chirp)))
+angle = phase(curve(((0, 620), (0.02, 420), (0.24, 350)), length))
+bonk = np.sin(angle) * np.exp(-t * 9) + 0.4 * np.sin(2.76 * angle + 1) * np.exp(-t * 22) + 0.25 * band(noise(length, 7), 400, 3000) * np.exp(-t * 120)
+trill = mew(0.24, pitch=((0, 820), (0.24, 1480)), mouth=((0, 900), (0.24, 2000)), loud=((0, 0), (0.03, 1), (0.18, 0.9), (0.24, 0)))
+trill = level(trill) * (0.6 + 0.4 * np.sin(2 * np.pi * 33 * seconds(0.24)))
+save(sys.argv[1], mix((0, np.tanh(1.8 * level(edges(bonk, 0.001, 0.06)))), (0.15, 0.9 * trill)), -18.6)

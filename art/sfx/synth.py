@@ -7,12 +7,14 @@ import wave
 
 import numpy as np
 
-RATE = 22050
-PEAK = 10 ** (-3 / 20.0)  # -3 dB
+import loudness
+
+RATE = 44100
+CEILING = loudness.factor(-11.5)  # of an effect: what is heard at a time adds up
 
 
 def seconds(length):
-    return np.arange(int(length * RATE)) / float(RATE)
+    return np.arange(int(round(length * RATE))) / float(RATE)
 
 
 def curve(points, length):
@@ -26,45 +28,59 @@ def phase(frequency):
 
 
 def noise(length, seed):
-    return np.random.RandomState(seed).uniform(-1, 1, int(length * RATE))
+    return np.random.RandomState(seed).uniform(-1, 1, int(round(length * RATE)))
+
+
+def level(signal):
+    """The signal with a peak of 1."""
+    return signal / np.max(np.abs(signal))
+
+
+def smooth(signal, length):
+    """The mean over a length in seconds."""
+    samples = max(1, int(round(length * RATE)))
+    return np.convolve(signal, np.ones(samples) / samples, mode="same")
+
+
+def band(signal, low, high, steep=4):
+    """What lies between two frequencies in Hz; beyond them it falls off."""
+    size = 1 << int(2 * len(signal)).bit_length()
+    f = np.maximum(np.fft.rfftfreq(size, 1.0 / RATE), 1e-3)
+    gain = 1 / np.sqrt((1 + (low / f) ** steep) * (1 + (f / high) ** steep))
+    return np.fft.irfft(np.fft.rfft(signal, size) * gain, size)[:len(signal)]
 
 
 def resonate(signal, centre, width):
     """Two-pole band filter; centre and width in Hz, numbers or arrays."""
-    centre = np.broadcast_to(centre, signal.shape)
-    width = np.broadcast_to(width, signal.shape)
-    r = np.exp(-np.pi * width / RATE)
-    a1 = 2 * r * np.cos(2 * np.pi * centre / RATE)
-    a2 = -r * r
-    gain = (1 - r * r) * 0.5
-    out = np.zeros(len(signal))
+    r = np.exp(-np.pi * np.broadcast_to(width, signal.shape) / RATE)
+    a1 = (2 * r * np.cos(2 * np.pi * np.broadcast_to(centre, signal.shape) / RATE)).tolist()
+    a2 = (-r * r).tolist()
     y1 = y2 = 0.0
-    for i in range(len(signal)):
-        y = gain[i] * signal[i] + a1[i] * y1 + a2[i] * y2
-        y2, y1 = y1, y
-        out[i] = y
-    return out
+    out = []
+    for x, near, far in zip(((1 - r * r) * 0.5 * signal).tolist(), a1, a2):
+        y1, y2 = x + near * y1 + far * y2, y1
+        out.append(y1)
+    return np.array(out)
 
 
 def voice(pitch, brightness=1.2, rough=0.0, seed=1):
-    """A throat: harmonics that fall off with `brightness`, below half the sample rate."""
-    angle = phase(pitch * (1 + rough * smooth(noise(len(pitch) / float(RATE), seed)[:len(pitch)], 60)))
+    """A throat: harmonics that fall off with `brightness`, below half the sample rate.
+
+    Their phases are spread (as the square of the number), since in phase they would add up to sharp peaks."""
+    shake = smooth(noise(len(pitch) / float(RATE), seed), 0.0027)
+    angle = phase(pitch * (1 + rough * shake))
     out = np.zeros(len(pitch))
-    for n in range(1, 16):
-        out += np.sin(angle * n) / n ** brightness * np.clip((RATE * 0.45 - pitch * n) / 2500.0, 0, 1)
+    for n in range(1, 28):
+        out += np.sin(angle * n + np.pi * n * n / 27) / n ** brightness * np.clip((15000.0 - pitch * n) / 4000.0, 0, 1)
     return out
 
 
-def smooth(signal, samples):
-    return np.convolve(signal, np.ones(samples) / samples, mode="same")
-
-
-def mew(length, pitch, mouth, loudness, brightness=1.0, rough=0.02, seed=1):
-    """A cat's call: a voice through a mouth that opens and shuts; all arguments as (time, value) points."""
-    throat = voice(curve(pitch, length), brightness, rough, seed)
+def mew(length, pitch, mouth, loud, brightness=1.0, rough=0.02, breath=0.06, seed=1):
+    """A cat's call: a voice through a mouth that opens and shuts; pitch, mouth and loud as (time, value) points."""
+    throat = voice(curve(pitch, length), brightness, rough, seed) + breath * band(noise(length, seed + 50), 1500, 9000)
     opening = curve(mouth, length)
-    sound = resonate(throat, opening, 260) * 1.0 + resonate(throat, opening * 2.1, 420) * 0.6 + throat * 0.12
-    return sound * curve(loudness, length)
+    sound = resonate(throat, opening, 240) + 0.7 * resonate(throat, opening * 2.1, 420) + 0.3 * resonate(throat, 4300, 900)
+    return (sound + throat * 0.1) * curve(loud, length)
 
 
 def mix(*parts):
@@ -77,17 +93,25 @@ def mix(*parts):
     return out
 
 
-def save(path, signal, peak=PEAK):
-    """Writes 16-bit PCM: one channel for a plain array, two for a pair of columns."""
-    signal = np.asarray(signal, dtype=float)
-    fade = min(len(signal) // 4, 220)
+def edges(signal, rise=0.002, fall=0.02):
+    """Begins and ends at nothing, so that nothing clicks."""
     ramp = np.ones(len(signal))
-    ramp[:40] = np.linspace(0, 1, 40)
-    ramp[-fade:] = np.linspace(1, 0, fade)
-    signal = signal * (ramp if signal.ndim == 1 else ramp[:, None])
-    signal = signal * (peak / np.max(np.abs(signal)))
+    up, down = int(rise * RATE), int(fall * RATE)
+    ramp[:up] = 0.5 - 0.5 * np.cos(np.pi * np.arange(up) / up)
+    ramp[-down:] = 0.5 + 0.5 * np.cos(np.pi * (np.arange(down) + 1) / down)
+    return signal * (ramp if signal.ndim == 1 else ramp[:, None])
+
+
+def write(path, signal):
+    """Writes 16-bit PCM: one channel for a plain array, two for a pair of columns."""
     with wave.open(path, "wb") as f:
         f.setnchannels(1 if signal.ndim == 1 else 2)
         f.setsampwidth(2)
         f.setframerate(RATE)
         f.writeframes(np.round(signal * 32767).astype("<i2").tobytes())
+
+
+def save(path, signal, loud):
+    """Writes an effect whose loudest 400 ms have the loudness `loud`, in LUFS."""
+    signal = edges(band(np.asarray(signal, dtype=float), 30, 17000))
+    write(path, loudness.brought_to(signal, loud, loudness.loudest, CEILING, RATE))
