@@ -17,8 +17,6 @@ constexpr float kDegreesPerRadian = 57.29578F;
 constexpr float kFullTurn = 360.0F;
 constexpr float kSlowSpin = 5.0F;
 constexpr float kFastSpin = 10.0F;
-constexpr float kThinHealth = 1500.0F;
-constexpr float kBaldHealth = 0.0F;
 constexpr int kBald = 3;
 // A sprite out of view waits here instead, in the last corner of the screen.
 constexpr SScreenPoint kParkingPlace = {798, 598};
@@ -100,6 +98,10 @@ int CBrumbleGfx::SetIndex(int index) {
 }
 
 void CBrumbleGfx::OnImpact(float impulseSquared, IPhysicsGfxBridge* other) {
+  if (myIndex == kMonsterIndex && mySprite && other != nullptr &&
+      other->GetIndex() >= kFirstKittenIndex) {
+    mySprite->PlayAnimation("hit");
+  }
   if (myGameLogic != nullptr) {
     const int otherIndex = other != nullptr ? other->GetIndex() : 0;
     myGameLogic->OnKittenImpact(myIndex, impulseSquared, myPosition, otherIndex, myHealth);

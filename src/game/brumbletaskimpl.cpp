@@ -52,7 +52,11 @@ void CBrumbleTaskImpl::HoldPictures() {
       myPictures.Hold(bonus.signFile);
     }
   }
+  for (int number = 1; number <= 2 * kSayingsOfAHair; ++number) {
+    myPictures.Hold(SayingFile(number));
+  }
   for (int hair = 1; hair <= 3; ++hair) {
+    myPictures.Hold(AboveMarkerFile(hair));
     for (int spin = 0; spin <= 2; ++spin) {
       myPictures.Hold(CBrumbleGfx::KittenFile(hair, spin));
     }
@@ -75,6 +79,7 @@ void CBrumbleTaskImpl::Update() {
     return;
   }
   RunPhysics();
+  myCast.Update(GetWorld(), myGameLogic.GetStory());
   RunLogic();
 }
 
@@ -112,6 +117,7 @@ void CBrumbleTaskImpl::StartNewGame() {
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
   myPhysics.ResetWorld();
   ResetClocks();
+  myCast.Begin(myGameLogic.GetStory());
   myScreen.reset();
   if (myIsPaused) {
     Pause();  // the task was paused while the screen was shown
@@ -120,6 +126,7 @@ void CBrumbleTaskImpl::StartNewGame() {
 
 void CBrumbleTaskImpl::ShowGameOver() {
   PauseClocks();
+  myCast.EndPlay();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
   myScreen.reset();
   myScreen = std::make_unique<CBrumbleInGameUi>(this);
@@ -163,12 +170,14 @@ void CBrumbleTaskImpl::PauseClocks() {
   myPhysicsClock.Pause();
   myLogicClock.Pause();
   myGameLogic.PauseClock();
+  myCast.SetPlaying(GetWorld(), false);
 }
 
 void CBrumbleTaskImpl::ResumeClocks() {
   myPhysicsClock.Resume();
   myLogicClock.Resume();
   myGameLogic.ResumeClock();
+  myCast.SetPlaying(GetWorld(), true);
 }
 
 void CBrumbleTaskImpl::ResetClocks() {

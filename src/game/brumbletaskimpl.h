@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/brumblegfxfactory.h"
+#include "game/cast.h"
 #include "game/gamelogic.h"
 #include "game/physics/physicshandle.h"
 #include "game/picturecache.h"
@@ -66,6 +67,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   vask::CTimer myLogicClock;
   unsigned myLogicStep = 100;
   CGameLogic myGameLogic;
+  CCast myCast;
   CBrumbleGfxFactory myGfxFactory;
   vask::CSpritePtr myBackground;  // empty until the first game
   CMouseDeltaListener myMouseListener;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 namespace brumble {
 
@@ -29,12 +30,32 @@ inline constexpr const char* kLoseHairFile = "data/gfx/kitten_lose_hair.xml";
 inline constexpr const char* kHitSmallFile = "data/gfx/kitten_hit_small.xml";
 inline constexpr const char* kHitBigFile = "data/gfx/kitten_hit_big.xml";
 
+inline constexpr const char* kMonsterPupilFile = "data/gfx/monster_pupil.xml";
+inline constexpr const char* kLampsFile = "data/gfx/lamps.xml";
+inline constexpr const char* kOvenBreathFile = "data/gfx/oven_breath.xml";
+inline constexpr const char* kFatePlateFile = "data/gfx/fate_plate.xml";
+inline constexpr const char* kFateGhostFile = "data/gfx/fate_ghost.xml";
+inline constexpr const char* kFateLeftFile = "data/gfx/fate_left.xml";
+
 // All sprite files above; their pictures are decoded before the first game.
 inline constexpr std::array kSpriteFiles = {
-    kTitleScreenFile, kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
-    kBackgroundFile,  kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,
-    kOvenBurningFile, kHellfireFile,   kLoseHairFile,    kHitSmallFile,    kHitBigFile,
+    kTitleScreenFile,  kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
+    kBackgroundFile,   kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,
+    kOvenBurningFile,  kHellfireFile,   kLoseHairFile,    kHitSmallFile,    kHitBigFile,
+    kMonsterPupilFile, kLampsFile,      kOvenBreathFile,  kFatePlateFile,   kFateGhostFile,
+    kFateLeftFile,
 };
+
+// The mark of a kitten above the screen, by its hair: 1 full, 2 thinning, 3 bald.
+inline std::string AboveMarkerFile(int hair) {
+  return "data/gfx/above_0" + std::to_string(hair) + ".xml";
+}
+
+// What a kitten says: the first six when its hair is thinning, the others when it is bald.
+inline constexpr int kSayingsOfAHair = 6;
+inline std::string SayingFile(int number) {
+  return (number < 10 ? "data/gfx/says_0" : "data/gfx/says_") + std::to_string(number) + ".xml";
+}
 
 inline constexpr const char* kBurnSound = "data/sfx/kitten_burn.wav";
 // Followed by the number of the sound and the ending.

@@ -5,6 +5,7 @@
 #include "game/gamestate.h"
 #include "game/gfxfactory.h"
 #include "game/physics/arena.h"
+#include "game/physics/physicsworld.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/animation/externalanimator.h"
 #include "gfx/sprite/spritemasker.h"
@@ -60,6 +61,8 @@ void CGameLogic::NewGame() {
   myClock.Reset();
   state.stake = 0;
   myKittens.clear();
+  myStory = {};
+  myStory.isDoorOpen = CPhysicsWorld::IsDoorOpen();
   state.kittensInPlay = 0;
   state.lastRemoval = myClock.GetTime();
   state.lastHitSound = 0;
@@ -110,13 +113,14 @@ void CGameLogic::PushIfStuck(int index, CKittenRecord& record) {
 }
 
 // A body without a record was never counted as in play, so its end is not counted either.
-void CGameLogic::RemoveKitten(int index) {
+void CGameLogic::RemoveKitten(int index, EFate fate) {
   const CKittenRecord* const record = FindRecord(index);
   if (record == nullptr) {
     return;
   }
   SGameState& state = GameState();
   state.stake -= record->myScore;
+  myStory.fates.push_back(fate);
   myKittens[index].reset();
   state.lastRemoval = myClock.GetTime();
   --state.kittensInPlay;
@@ -152,12 +156,19 @@ int CGameLogic::AwardBonus(int number, SScreenPoint position, int fallbackPoints
   return points > 0 ? points : 0;
 }
 
-void CGameLogic::OnDoorOpened() { MoveDoor(kDoorOpenPlace); }
+void CGameLogic::OnDoorOpened() {
+  ++myStory.doorOpenings;
+  myStory.isDoorOpen = true;
+  MoveDoor(kDoorOpenPlace, "open");
+}
 
-void CGameLogic::OnDoorClosed() { MoveDoor(kDoorShutPlace); }
+void CGameLogic::OnDoorClosed() {
+  myStory.isDoorOpen = false;
+  MoveDoor(kDoorShutPlace, "shut");
+}
 
 // The older movement is dropped: two at once would move the door back and forth.
-void CGameLogic::MoveDoor(SScreenPoint target) {
+void CGameLogic::MoveDoor(SScreenPoint target, const char* animation) {
   vask::CSprite* const oven = myOven.Get();
   if (oven == nullptr) {
     return;
@@ -165,6 +176,7 @@ void CGameLogic::MoveDoor(SScreenPoint target) {
   vask::CAnimationUpdator::GetSingletonPtr()->DropAnimatorsOf(oven);
   new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(oven, target.x, target.y), kDoorTime,
                               "", false);
+  oven->PlayAnimation(animation);
 }
 
 void CGameLogic::OnKittenInOven(int index) {
@@ -173,7 +185,7 @@ void CGameLogic::OnKittenInOven(int index) {
   if (CKittenRecord* const record = FindRecord(index)) {
     BankKitten(*record);
   }
-  RemoveKitten(index);
+  RemoveKitten(index, EFate::kServed);
 }
 
 void CGameLogic::BankKitten(CKittenRecord& record) {
@@ -185,6 +197,7 @@ void CGameLogic::BankKitten(CKittenRecord& record) {
     place.y += kOvenTextLine;
   };
   award(kGrilledKitten, record.myDamageBonus + kGrillPoints);
+  record.myEarnings.oven += sum;
   if (record.myDamageBonus > kBashingDamage) {
     award(kBashing);
   }
@@ -199,7 +212,9 @@ void CGameLogic::BankKitten(CKittenRecord& record) {
   if (story.isWallBounce) {
     award(kWallBounce);
   }
+  record.myEarnings.bonuses += sum - record.myEarnings.oven;
   record.myScore += sum;
+  myStory.banked += record.myEarnings;
   myScoreBoard.Add(record.myScore);
 }
 
@@ -208,7 +223,7 @@ void CGameLogic::OnKittenInHell(int index) {
     ShowEffect(kHellfireFile, {ToScreenPixel(record->myPosition).x, kHellfireY});
     PlayEffect(kBurnSound);
   }
-  RemoveKitten(index);
+  RemoveKitten(index, EFate::kBurnt);
 }
 
 void CGameLogic::OnKittenImpact(int myIndex, float impulseSquared, SVec2 position, int otherIndex,
@@ -258,6 +273,7 @@ void CGameLogic::ScoreWallHit(CKittenRecord& record, int index, float impulseSqu
   AddScore(index, points);
   ShowPoints(points, position);
   record.myDamageBonus += points;
+  record.myEarnings.walls += points;
   ShowEffect(WallHitEffect(points, health), ToScreenPixel(record.myPosition));
 }
 
@@ -279,6 +295,7 @@ void CGameLogic::OnKittenSpin(int index, SVec2 position, float angularVelocity, 
     return;
   }
   AddScore(index, points);
+  record->myEarnings.spins += points;
   ShowPoints(points, position);
   if (health > 0.0F) {
     ShowEffect(kLoseHairFile, ToScreenPixel(record->myPosition));
@@ -299,7 +316,9 @@ void CGameLogic::AwardSpinner(CKittenRecord& record) {
   if (record.IsMonsterLast()) {
     bonus = record.mySpinCount < kGuruSpins ? kMasterSpinner : kGuruSpinner;
   }
-  record.myScore += AwardBonus(bonus, ToScreenPixel(record.myPosition), record.mySpinCount);
+  const int points = AwardBonus(bonus, ToScreenPixel(record.myPosition), record.mySpinCount);
+  record.myScore += points;
+  record.myEarnings.bonuses += points;
   if (bonus == kExpertSpinner) {
     record.mySpinCount = 0;
   }

@@ -76,15 +76,16 @@ class CGameLogic : public IGameLogicReceiver {
   const CScoreBoard& GetKittensLeftBoard() const { return myKittensLeftBoard; }
   const CScoreBoard& GetStakeBoard() const { return myStakeBoard; }
   vask::CSprite* GetOven() const { return myOven.Get(); }
+  const SGameStory& GetStory() const { return myStory; }
 
  private:
   void LoadSigns();
   void SpawnKitten();
   void PushIfStuck(int index, CKittenRecord& record);
-  void RemoveKitten(int index);
+  void RemoveKitten(int index, EFate fate);
   CKittenRecord* FindRecord(int index);
   void ShowPoints(int points, SVec2 position);
-  void MoveDoor(SScreenPoint target);
+  void MoveDoor(SScreenPoint target, const char* animation);
   void NoteTouch(CKittenRecord& record, int toucher, SVec2 position);
   void PlayHitSound(int toucher, float impulseSquared);
   void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, SVec2 position,
@@ -103,6 +104,7 @@ class CGameLogic : public IGameLogicReceiver {
   vask::CSpritePtr myOven;
   vask::CTimer myClock;  // application time, from the new game on
   std::map<int, std::unique_ptr<CKittenRecord>> myKittens;  // by body index; null: gone
+  SGameStory myStory;
 };
 
 }  // namespace brumble

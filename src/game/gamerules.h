@@ -24,6 +24,8 @@ inline constexpr int kBigHitPoints = 100;
 // Spinning.
 inline constexpr float kFullHealth = 3000.0F;
 inline constexpr std::array<float, 3> kHealthThresholds = {3000.0F, 1500.0F, 0.0F};
+inline constexpr float kThinHealth = 1500.0F;  // below it the hair is thinning
+inline constexpr float kBaldHealth = 0.0F;     // below it there is none
 inline constexpr int kThresholdPoints = 5;
 inline constexpr float kScoringSpin = 10.0F;  // radians per second, to be exceeded
 inline constexpr unsigned kMonsterSpinPause = 250;
@@ -57,5 +59,7 @@ inline constexpr int kHellfireY = 546;
 inline constexpr SScreenPoint kScorePlace = {270, 560};
 inline constexpr SScreenPoint kStakePlace = {270, 530};
 inline constexpr SScreenPoint kKittensLeftPlace = {562, 558};
+inline constexpr SScreenPoint kFatesPlace = {436, 527};
+inline constexpr int kFatesStep = 19;
 
 }  // namespace brumble

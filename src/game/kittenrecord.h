@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/gamerules.h"
+#include "game/gamestory.h"
 #include "game/physics/arena.h"
 #include "game/physics/geometry.h"
 
@@ -23,6 +24,7 @@ struct CKittenRecord {
   SVec2 myRestPlace;               // where its rest began
   unsigned myRestStart = 0;        // game clock; a push begins the rest anew
   unsigned myPushWait = kFirstPushWait;
+  SEarnings myEarnings;  // their sum is the score
 
   bool IsMonsterLast() const { return myLastToucher == kMonsterIndex; }
 

@@ -57,6 +57,13 @@ void CAnimatedSprite::Serialize(CXmlContext& xml) {
   if (!current.empty()) {
     PlayAnimation(current);
   }
+  if (myCurrentAnimation != nullptr) {
+    myCurrentAnimation->ShowFrom(myCurrentFrame, this);
+  }
+}
+
+std::string CAnimatedSprite::GetAnimationName() const {
+  return myCurrentAnimation != nullptr ? myCurrentAnimation->GetName() : std::string();
 }
 
 // Reads the animations in their order; other elements between them are skipped.

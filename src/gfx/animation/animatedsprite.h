@@ -10,7 +10,8 @@
 namespace vask {
 
 // A sprite with named animations. While it plays, the scheduler (CAnimationUpdator) wakes it
-// whenever its current frame is due; without a current animation, at a fixed interval.
+// whenever its current frame is due; without a current animation, at a fixed interval. A sprite
+// that was read from a file shows the picture of its current frame at once.
 //
 //     const CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("flame.xml"));
 //     flame->PlayAnimation("burn");
@@ -30,6 +31,8 @@ class CAnimatedSprite : public CSprite {
   void Play();
   void Stop();
   bool IsPlaying() const { return myPlay; }
+  // The name of the current animation; empty without one.
+  std::string GetAnimationName() const;
   // The frame of the current animation.
   unsigned GetCurrentFrame() const { return myCurrentFrame; }
   // The speed of the sprite's clock relative to the scheduler's: 2 is twice as fast, 0 stops it.

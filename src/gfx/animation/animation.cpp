@@ -4,6 +4,7 @@
 #include "utils/containers/varref.h"
 #include "utils/xml/xmlcontext.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vask {
@@ -29,6 +30,16 @@ IFrame& CAnimation::Select(unsigned frame, unsigned time) {
     myFrameStart = time;
   }
   return *myFrames[myCurrentFrame];
+}
+
+void CAnimation::ShowFrom(unsigned frame, CSprite* sprite) {
+  const auto first = frame < myFrames.size() ? myFrames.begin() + frame : myFrames.begin();
+  const auto shown = std::find_if(first, myFrames.end(), [](const auto& candidate) {
+    return candidate->GetType() == IFrame::frame_rect;
+  });
+  if (shown != myFrames.end()) {
+    (*shown)->Show(sprite);
+  }
 }
 
 CAnimation::EStep CAnimation::Step(CSprite* sprite, bool isOver, unsigned time) {

@@ -33,6 +33,8 @@ class CAnimation {
   // Makes the frame the current one (an index past the end is frame 0) and returns it. Only for an
   // animation with frames.
   IFrame& Select(unsigned frame, unsigned time);
+  // Shows the first picture from the frame on: what an animation shows before its first tick.
+  void ShowFrom(unsigned frame, CSprite* sprite);
   // To be called after the current frame was applied, with what it returned: stays on it, shows the
   // next one, or ends on the last one.
   EStep Step(CSprite* sprite, bool isOver, unsigned time);

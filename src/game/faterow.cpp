@@ -1,0 +1,33 @@
+#include "game/faterow.h"
+
+#include "game/gamefiles.h"
+#include "game/gamerules.h"
+#include "game/gfxfactory.h"
+
+namespace brumble {
+
+void CFateRow::Begin(SScreenPoint place, int step) {
+  myPlace = place;
+  myStep = step;
+  myShown = 0;
+  myPictures.assign(kKittensPerGame, {});
+  for (std::size_t number = 0; number < myPictures.size(); ++number) {
+    Show(number, kFateLeftFile);
+  }
+}
+
+void CFateRow::Update(const std::vector<EFate>& fates) {
+  for (; myShown < fates.size() && myShown < myPictures.size(); ++myShown) {
+    Show(myShown, fates[myShown] == EFate::kServed ? kFatePlateFile : kFateGhostFile);
+  }
+}
+
+void CFateRow::Show(std::size_t number, const char* file) {
+  const vask::CSpritePtr picture = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
+  if (picture) {
+    picture->SetPosition(myPlace.x + static_cast<int>(number) * myStep, myPlace.y);
+  }
+  myPictures[number] = picture;
+}
+
+}  // namespace brumble
