@@ -26,6 +26,7 @@ void CBrumbleTaskImpl::CBrumbleInGameUi::ShowTitle() {
 
 void CBrumbleTaskImpl::CBrumbleInGameUi::ShowHelp() {
   myScreen = CGfxFactory::GetSingletonPtr()->LoadSprite(kHelpScreenFile);
+  myOwner->myTitleBest.Hide();
   myState = kHelpOrGameOver;
   myBubbles = CGfxFactory::GetSingletonPtr()->LoadSprite(kHelpBubblesFile);
 }

@@ -8,6 +8,7 @@
 #include "game/gamefiles.h"
 #include "game/gfxfactory.h"
 #include "game/physics/screentransform.h"
+#include "game/scores.h"
 #include "input/mouse.h"
 
 namespace brumble {
@@ -30,6 +31,7 @@ CBrumbleTaskImpl::CBrumbleTaskImpl() {
   SetScreenTransform(kScreenOffset, kScreenScale);
   myScreen = std::make_unique<CBrumbleInGameUi>(this);
   myScreen->ShowTitle();
+  myTitleBest.Show();
   ResetClocks();
   PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
@@ -118,6 +120,8 @@ void CBrumbleTaskImpl::StartNewGame() {
   myPhysics.ResetWorld();
   ResetClocks();
   myCast.Begin(myGameLogic.GetStory());
+  myHasExtraKittens = GetWorld().GetBodyCount() > kFirstKittenIndex;
+  myPanel.reset();
   myScreen.reset();
   if (myIsPaused) {
     Pause();  // the task was paused while the screen was shown
@@ -131,6 +135,20 @@ void CBrumbleTaskImpl::ShowGameOver() {
   myScreen.reset();
   myScreen = std::make_unique<CBrumbleInGameUi>(this);
   myScreen->ShowGameOver();
+  myPanel = std::make_unique<CGameOverPanel>();
+  myPanel->Show(EnterResult());
+}
+
+SGameResult CBrumbleTaskImpl::EnterResult() const {
+  SGameResult result;
+  result.story = myGameLogic.GetStory();
+  const std::vector<SScore> scores = ReadScores();
+  result.bestBefore = scores.empty() ? 0 : scores.front().score;
+  if (!myHasExtraKittens) {
+    result.place =
+        EnterScore({.score = result.Score(), .date = Today(), .recording = "-", .more = ""});
+  }
+  return result;
 }
 
 void CBrumbleTaskImpl::Pause() {
@@ -164,7 +182,10 @@ int CBrumbleTaskImpl::SpawnKitten() {
   return index;
 }
 
-void CBrumbleTaskImpl::DropExtraKitten() { myPhysics.SpawnKitten(); }
+void CBrumbleTaskImpl::DropExtraKitten() {
+  myPhysics.SpawnKitten();
+  myHasExtraKittens = true;
+}
 
 void CBrumbleTaskImpl::PauseClocks() {
   myPhysicsClock.Pause();

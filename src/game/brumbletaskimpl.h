@@ -3,8 +3,10 @@
 #include "game/brumblegfxfactory.h"
 #include "game/cast.h"
 #include "game/gamelogic.h"
+#include "game/gameoverpanel.h"
 #include "game/physics/physicshandle.h"
 #include "game/picturecache.h"
+#include "game/titlebest.h"
 #include "gfx/sprite/sprite.h"
 #include "input/mouseable.h"
 #include "utils/timer/timer.h"
@@ -53,6 +55,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
 
  private:
   void HoldPictures();
+  SGameResult EnterResult() const;
   void Connect();
   void RunPhysics();
   void RunLogic();
@@ -72,6 +75,9 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   vask::CSpritePtr myBackground;  // empty until the first game
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
+  CTitleBest myTitleBest;
+  std::unique_ptr<CGameOverPanel> myPanel;  // null but at the end of a game
+  bool myHasExtraKittens = false;           // in this game, whose score then doesn't count
   CPictureCache myPictures;
   bool myIsPaused = false;        // the task
   vask::CSpritePtr myPausedSign;  // over everything while the task is paused, else empty

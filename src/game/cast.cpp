@@ -25,7 +25,7 @@ void CCast::Begin(const SGameStory& story) {
   myFace.Begin(story);
   mySpeech.Begin();
   myOvenLights.Begin();
-  myFates.Begin(kFatesPlace, kFatesStep);
+  myFates.Begin(kFatesPlace, kFatesStep, kFatesDepth);
 }
 
 void CCast::Update(const CPhysicsWorld& world, const SGameStory& story) {

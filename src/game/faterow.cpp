@@ -6,9 +6,10 @@
 
 namespace brumble {
 
-void CFateRow::Begin(SScreenPoint place, int step) {
+void CFateRow::Begin(SScreenPoint place, int step, int depth) {
   myPlace = place;
   myStep = step;
+  myDepth = depth;
   myShown = 0;
   myPictures.assign(kKittensPerGame, {});
   for (std::size_t number = 0; number < myPictures.size(); ++number) {
@@ -26,6 +27,7 @@ void CFateRow::Show(std::size_t number, const char* file) {
   const vask::CSpritePtr picture = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
   if (picture) {
     picture->SetPosition(myPlace.x + static_cast<int>(number) * myStep, myPlace.y);
+    picture->SetZ(myDepth);
   }
   myPictures[number] = picture;
 }

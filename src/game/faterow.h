@@ -14,7 +14,7 @@ namespace brumble {
 class CFateRow {
  public:
   // Shows a game in which nothing has happened yet; the first picture is at `place`.
-  void Begin(SScreenPoint place, int step);
+  void Begin(SScreenPoint place, int step, int depth);
   // Shows the fates that are new.
   void Update(const std::vector<EFate>& fates);
 
@@ -23,6 +23,7 @@ class CFateRow {
 
   SScreenPoint myPlace;
   int myStep = 0;  // pixels from one picture to the next
+  int myDepth = 0;
   std::vector<vask::CSpritePtr> myPictures;
   std::size_t myShown = 0;  // fates
 };

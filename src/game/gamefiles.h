@@ -37,6 +37,17 @@ inline constexpr const char* kFatePlateFile = "data/gfx/fate_plate.xml";
 inline constexpr const char* kFateGhostFile = "data/gfx/fate_ghost.xml";
 inline constexpr const char* kFateLeftFile = "data/gfx/fate_left.xml";
 
+inline constexpr const char* kPanelScoreFile = "data/gfx/panel_score.xml";
+inline constexpr const char* kPanelPlaceFile = "data/gfx/panel_place.xml";
+inline constexpr const char* kPanelNewBestFile = "data/gfx/panel_new_best.xml";
+inline constexpr const char* kPanelShortFile = "data/gfx/panel_short.xml";
+inline constexpr const char* kPanelSpinsFile = "data/gfx/panel_spins.xml";
+inline constexpr const char* kPanelWallsFile = "data/gfx/panel_walls.xml";
+inline constexpr const char* kPanelOvenFile = "data/gfx/panel_oven.xml";
+inline constexpr const char* kPanelBonusesFile = "data/gfx/panel_bonuses.xml";
+inline constexpr const char* kGhostFile = "data/gfx/ghost.xml";
+inline constexpr const char* kTitleBestFile = "data/gfx/title_best.xml";
+
 // All sprite files above; their pictures are decoded before the first game.
 inline constexpr std::array kSpriteFiles = {
     kTitleScreenFile,  kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
@@ -51,12 +62,17 @@ inline std::string AboveMarkerFile(int hair) {
   return "data/gfx/above_0" + std::to_string(hair) + ".xml";
 }
 
+// The verdicts on a game, 1 to 8.
+inline std::string RankFile(int rank) { return "data/gfx/rank_" + std::to_string(rank) + ".xml"; }
+
 // What a kitten says: the first six when its hair is thinning, the others when it is bald.
 inline constexpr int kSayingsOfAHair = 6;
 inline std::string SayingFile(int number) {
   return (number < 10 ? "data/gfx/says_0" : "data/gfx/says_") + std::to_string(number) + ".xml";
 }
 
+inline constexpr const char* kGameOverSound = "data/sfx/gameover.wav";
+inline constexpr const char* kGameOverBestSound = "data/sfx/gameover_best.wav";
 inline constexpr const char* kBurnSound = "data/sfx/kitten_burn.wav";
 // Followed by the number of the sound and the ending.
 inline constexpr const char* kHitSoundStart = "data/sfx/kitten_0";

@@ -61,5 +61,6 @@ inline constexpr SScreenPoint kStakePlace = {270, 530};
 inline constexpr SScreenPoint kKittensLeftPlace = {562, 558};
 inline constexpr SScreenPoint kFatesPlace = {436, 527};
 inline constexpr int kFatesStep = 19;
+inline constexpr int kFatesDepth = 39;
 
 }  // namespace brumble
