@@ -6,6 +6,7 @@
 #include "game/brumbleingameui.h"
 #include "game/deathtoasprite.h"
 #include "game/gamefiles.h"
+#include "game/gamestate.h"
 #include "game/gfxfactory.h"
 #include "game/physics/screentransform.h"
 #include "game/scores.h"
@@ -76,7 +77,15 @@ void CBrumbleTaskImpl::Connect() {
   vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
 }
 
+ETune CBrumbleTaskImpl::WantedTune() const {
+  if (myScreen != nullptr) {
+    return ETune::kTitle;
+  }
+  return GameState().kittensLeft > 0 ? ETune::kPlay : ETune::kLastKitten;
+}
+
 void CBrumbleTaskImpl::Update() {
+  myTunes.Play(WantedTune());
   if (myScreen != nullptr) {
     return;
   }

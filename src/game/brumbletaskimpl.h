@@ -7,6 +7,7 @@
 #include "game/physics/physicshandle.h"
 #include "game/picturecache.h"
 #include "game/titlebest.h"
+#include "game/tunes.h"
 #include "gfx/sprite/sprite.h"
 #include "input/mouseable.h"
 #include "utils/timer/timer.h"
@@ -56,6 +57,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
  private:
   void HoldPictures();
   SGameResult EnterResult() const;
+  ETune WantedTune() const;
   void Connect();
   void RunPhysics();
   void RunLogic();
@@ -76,6 +78,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CTitleBest myTitleBest;
+  CTunes myTunes;
   std::unique_ptr<CGameOverPanel> myPanel;  // null but at the end of a game
   bool myHasExtraKittens = false;           // in this game, whose score then doesn't count
   CPictureCache myPictures;
