@@ -128,7 +128,7 @@ void CBrumbleTaskImpl::StartNewGame() {
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
   myPhysics.ResetWorld();
   ResetClocks();
-  myCast.Begin(myGameLogic.GetStory());
+  myCast.Begin(myGameLogic.GetStory(), BestScore() == 0);
   myHasExtraKittens = GetWorld().GetBodyCount() > kFirstKittenIndex;
   myPanel.reset();
   myScreen.reset();
@@ -151,8 +151,7 @@ void CBrumbleTaskImpl::ShowGameOver() {
 SGameResult CBrumbleTaskImpl::EnterResult() const {
   SGameResult result;
   result.story = myGameLogic.GetStory();
-  const std::vector<SScore> scores = ReadScores();
-  result.bestBefore = scores.empty() ? 0 : scores.front().score;
+  result.bestBefore = BestScore();
   if (!myHasExtraKittens) {
     result.place =
         EnterScore({.score = result.Score(), .date = Today(), .recording = "-", .more = ""});

@@ -20,12 +20,13 @@ vask::CSprite* SpriteOf(const CPhysicsBody& body) {
 
 CCast::CCast() : myClock(vask::CGlobalAppTimer::GetSingletonPtr()) {}
 
-void CCast::Begin(const SGameStory& story) {
+void CCast::Begin(const SGameStory& story, bool isNovice) {
   myIsOn = true;
   myFace.Begin(story);
   mySpeech.Begin();
   myOvenLights.Begin();
   myFates.Begin(kFatesPlace, kFatesStep, kFatesDepth);
+  myHints.Begin(isNovice);
 }
 
 void CCast::Update(const CPhysicsWorld& world, const SGameStory& story) {
@@ -38,6 +39,7 @@ void CCast::Update(const CPhysicsWorld& world, const SGameStory& story) {
   myOvenLights.Update(kittens, story);
   mySpeech.Update(kittens, myClock.GetTime());
   myFates.Update(story.fates);
+  myHints.Update(kittens, story);
 }
 
 void CCast::SetPlaying(const CPhysicsWorld& world, bool isPlaying) {
@@ -45,6 +47,7 @@ void CCast::SetPlaying(const CPhysicsWorld& world, bool isPlaying) {
     SetAnimationPlaying(SpriteOf(body), isPlaying);
   }
   myOvenLights.SetPlaying(isPlaying);
+  myHints.SetPlaying(isPlaying);
   if (isPlaying) {
     myClock.Resume();
   } else {
@@ -56,6 +59,7 @@ void CCast::EndPlay() {
   myIsOn = false;
   myMarkers.Update({});
   mySpeech.End();
+  myHints.End();
 }
 
 }  // namespace brumble

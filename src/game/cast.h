@@ -3,6 +3,7 @@
 #include "game/abovemarkers.h"
 #include "game/faterow.h"
 #include "game/gamestory.h"
+#include "game/hints.h"
 #include "game/monsterface.h"
 #include "game/ovenlights.h"
 #include "game/speech.h"
@@ -18,8 +19,8 @@ class CCast {
  public:
   CCast();
 
-  // A new game, after its world has been set up.
-  void Begin(const SGameStory& story);
+  // A new game, after its world has been set up. A novice gets hints.
+  void Begin(const SGameStory& story, bool isNovice);
   // After the steps of a frame.
   void Update(const CPhysicsWorld& world, const SGameStory& story);
   // Holds all animations of play, the bodies' too, or lets them go on.
@@ -35,6 +36,7 @@ class CCast {
   COvenLights myOvenLights;
   CSpeech mySpeech;
   CFateRow myFates;
+  CHints myHints;
 };
 
 }  // namespace brumble

@@ -37,6 +37,10 @@ inline constexpr const char* kFatePlateFile = "data/gfx/fate_plate.xml";
 inline constexpr const char* kFateGhostFile = "data/gfx/fate_ghost.xml";
 inline constexpr const char* kFateLeftFile = "data/gfx/fate_left.xml";
 
+inline constexpr const char* kHintSpinFile = "data/gfx/hint_spin.xml";
+inline constexpr const char* kHintLampsFile = "data/gfx/hint_lamps.xml";
+inline constexpr const char* kHintDoorFile = "data/gfx/hint_door.xml";
+
 inline constexpr const char* kPanelScoreFile = "data/gfx/panel_score.xml";
 inline constexpr const char* kPanelPlaceFile = "data/gfx/panel_place.xml";
 inline constexpr const char* kPanelNewBestFile = "data/gfx/panel_new_best.xml";
@@ -54,7 +58,7 @@ inline constexpr std::array kSpriteFiles = {
     kBackgroundFile,   kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,
     kOvenBurningFile,  kHellfireFile,   kLoseHairFile,    kHitSmallFile,    kHitBigFile,
     kMonsterPupilFile, kLampsFile,      kOvenBreathFile,  kFatePlateFile,   kFateGhostFile,
-    kFateLeftFile,
+    kFateLeftFile,     kHintSpinFile,   kHintLampsFile,   kHintDoorFile,    kGhostFile,
 };
 
 // The mark of a kitten above the screen, by its hair: 1 full, 2 thinning, 3 bald.

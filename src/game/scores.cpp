@@ -89,6 +89,11 @@ std::vector<SScore> ReadScores() {
   return scores;
 }
 
+int BestScore() {
+  const std::vector<SScore> scores = ReadScores();
+  return scores.empty() ? 0 : scores.front().score;
+}
+
 int EnterScore(const SScore& score) {
   const vask::platform::CFileLock lock(kLockFile, kLockPatience);
   std::vector<SScore> scores = ReadScores();

@@ -21,6 +21,9 @@ inline constexpr const char* kScoresFile = "scores.txt";
 // score is skipped; the first one that a run of the program meets is logged.
 std::vector<SScore> ReadScores();
 
+// The best score in the file; 0 without one.
+int BestScore();
+
 // Enters the score into the file, after those that are as good, and keeps the best. Several
 // programs may do that at once. Returns its place, 1 for the best, 0 when it is not among the best.
 // A file that can't be written is logged; the place is then that in the old file.

@@ -15,15 +15,15 @@ constexpr int kNumberDepth = 10;  // over the caption
 }  // namespace
 
 void CTitleBest::Show() {
-  const std::vector<SScore> scores = ReadScores();
-  if (scores.empty()) {
+  const int best = BestScore();
+  if (best <= 0) {
     return;
   }
   myCaption = CGfxFactory::GetSingletonPtr()->LoadSprite(kTitleBestFile);
   if (myCaption) {
     myCaption->SetPosition(kCaptionPlace.x, kCaptionPlace.y);
   }
-  myNumber = ShowNumber(scores.front().score, kNumberPlace, kNumberDepth);
+  myNumber = ShowNumber(best, kNumberPlace, kNumberDepth);
 }
 
 void CTitleBest::Hide() {
