@@ -1,0 +1,90 @@
+#include "game/scores.h"
+
+#include "platform/filelock.h"
+#include "platform/wallclock.h"
+#include "support/logcapture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace brumble {
+namespace {
+
+SScore Score(int points) { return {points, "2026-11-25", "-", ""}; }
+
+std::string FileText() {
+  std::ostringstream text;
+  text << std::ifstream(kScoresFile).rdbuf();
+  return text.str();
+}
+
+class Scores : public ::testing::Test {
+ protected:
+  ~Scores() override {
+    std::filesystem::remove_all(kScoresFile);
+    std::filesystem::remove_all("scores.new");
+  }
+
+  vask::test::CLogCapture log;
+};
+
+TEST_F(Scores, AreKeptBestFirstAndAfterEqualOnes) {
+  EXPECT_EQ(BestScore(), 0) << "no file";
+  EXPECT_EQ(EnterScore({500, "2026-01-01", "first", ""}), 1);
+  EXPECT_EQ(EnterScore({500, "2026-01-02", "second", ""}), 2);
+  EXPECT_EQ(EnterScore({700, "2026-01-03", "-", ""}), 1);
+  EXPECT_EQ(FileText(), "700 2026-01-03 -\n500 2026-01-01 first\n500 2026-01-02 second\n");
+  EXPECT_EQ(BestScore(), 700);
+}
+
+TEST_F(Scores, OnlyTheTenBestAreKept) {
+  for (int points = 1; points <= 10; ++points) {
+    EnterScore(Score(10 * points));
+  }
+  EXPECT_EQ(EnterScore(Score(10)), 0) << "as good as the last one, but later";
+  EXPECT_EQ(EnterScore(Score(11)), 10);
+  EXPECT_EQ(ReadScores().size(), kBestScores);
+  EXPECT_EQ(ReadScores().back().score, 11);
+}
+
+TEST_F(Scores, UnknownFieldsAreKeptAndBrokenLinesReportedOnce) {
+  std::ofstream(kScoresFile) << "200 2026-01-01 game.rec new field\nnonsense\n100 yesterday -\n"
+                                "99999999999 2026-01-01 -\n300 2026-1-01 -\n";
+  EXPECT_EQ(EnterScore(Score(100)), 2);
+  EXPECT_EQ(FileText(), "200 2026-01-01 game.rec new field\n100 2026-11-25 -\n");
+  ReadScores();
+  EXPECT_EQ(log.Lines().size(), 1U) << log.Text();
+  EXPECT_TRUE(log.Has("Scores: a line of scores.txt is no score: nonsense"));
+}
+
+TEST_F(Scores, FileThatCannotBeWrittenIsReportedAndLeftAsItIs) {
+  EnterScore(Score(100));
+  {
+    const vask::platform::CFileLock other("scores.lock", 0);
+    ASSERT_TRUE(other.IsHeld());
+    EXPECT_EQ(EnterScore(Score(200)), 1);
+  }
+  EXPECT_TRUE(log.Has("Scores: scores.txt can't be written"));
+  std::filesystem::create_directory("scores.new");
+  EXPECT_EQ(EnterScore(Score(300)), 1);
+  EXPECT_EQ(log.Lines().size(), 2U);
+  EXPECT_EQ(FileText(), "100 2026-11-25 -\n");
+}
+
+TEST_F(Scores, TodayIsALocalDate) {
+  setenv("TZ", "UTC+2", 1);
+  tzset();
+  vask::platform::SetWallClock([] { return std::int64_t{1767225600 + 3600}; });
+  EXPECT_EQ(Today(), "2025-12-31") << "an hour into the new year, two hours further east";
+  vask::platform::SetWallClock(nullptr);
+  unsetenv("TZ");
+  tzset();
+}
+
+}  // namespace
+}  // namespace brumble
