@@ -136,7 +136,7 @@ TEST_F(Cast, MonsterMindsWhatHappens) {
   story.fates.push_back(EFate::kBurnt);
   EXPECT_EQ(mood(Kitten(400, 300)), "wince");
   EXPECT_TRUE(test::Shown(kMonsterPupilFile).empty()) << "its eyes are shut";
-  for (int i = 0; i < 8; ++i) {
+  for (int i = 0; i < 30; ++i) {
     Pass(100);
   }
   EXPECT_EQ(mood(Kitten(400, 300)), "idle");
