@@ -25,12 +25,16 @@ std::string FileText() {
 
 class Scores : public ::testing::Test {
  protected:
-  ~Scores() override {
+  Scores() { RemoveFiles(); }
+  ~Scores() override { RemoveFiles(); }
+
+  vask::test::CLogCapture log;
+
+ private:
+  static void RemoveFiles() {
     std::filesystem::remove_all(kScoresFile);
     std::filesystem::remove_all("scores.new");
   }
-
-  vask::test::CLogCapture log;
 };
 
 TEST_F(Scores, AreKeptBestFirstAndAfterEqualOnes) {
