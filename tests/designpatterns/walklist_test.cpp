@@ -5,56 +5,74 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <random>
+#include <sstream>
 
 namespace vask {
 namespace {
 
 using List = CWalkList<const char>;
 
-const char* Item(int index) { return &"abcde"[index]; }
+const char* Item(char letter) { return &"abcde"[letter - 'a']; }
 
-// clang-format off
-const struct {
-  const char* what;
-  std::function<void(std::unique_ptr<List>&)> change;  // made when the walk stands on "b" of "abcd"
-  const char* walked;
-  const char* present;  // by ForEachPresent
-} kCases[] = {
-    {"nothing", [](auto&) {}, "abcd", "abcd"},
-    {"removes itself", [](auto& l) { l->Remove(Item(1)); }, "abcd", "abcd"},
-    {"removes the one before", [](auto& l) { l->Remove(Item(0)); }, "abcd", "abcd"},
-    {"removes the next", [](auto& l) { l->Remove(Item(2)); }, "abd", "abd"},
-    {"inserts before itself", [](auto& l) { l->Insert(1, Item(4)); }, "abcd", "abcd"},
-    {"inserts behind itself", [](auto& l) { l->Insert(2, Item(4)); }, "abecd", "abcd"},
-    {"goes to the end", [](auto& l) { l->Remove(Item(1)), l->Append(Item(1)); }, "abcdb", "abcd"},
-    {"the next goes and comes", [](auto& l) { l->Remove(Item(2)), l->Append(Item(2)); }, "abdc", "abd"},
-    {"clears and refills", [](auto& l) { l->Clear(), l->Append(Item(4)); }, "abe", "ab"},
-    {"deletes the list", [](auto& l) { l.reset(); }, "ab", "ab"},
-};
-// clang-format on
+// Each act is a verb and a letter, with "@" and a position for an insertion.
+void Change(std::unique_ptr<List>& list, const std::string& acts) {
+  std::istringstream words(acts);
+  for (std::string verb, item; words >> verb >> item;) {
+    if (verb == "remove") {
+      EXPECT_TRUE(list->Remove(Item(item[0])));
+    } else if (verb == "insert") {
+      list->Insert(static_cast<std::size_t>(item[2] - '0'), Item(item[0]));
+    } else if (verb == "append") {
+      list->Append(Item(item[0]));
+    } else if (verb == "clear") {
+      list->Clear();
+    } else {
+      list.reset();
+    }
+  }
+}
 
 TEST(WalkList, WalksSurviveEveryChange) {
-  for (const auto& c : kCases) {
-    for (const bool onlyPresent : {false, true}) {
-      auto list = std::make_unique<List>();
-      for (int i = 0; i < 4; ++i) {
-        list->Append(Item(i));
+  // Changes that are made when a walk over "abcd" is at "b", and what the two kinds of walk visit.
+  const struct {
+    std::string change, walked, present;
+  } cases[] = {
+      {.change = "", .walked = "abcd", .present = "abcd"},
+      {.change = "remove b", .walked = "abcd", .present = "abcd"},
+      {.change = "remove a", .walked = "abcd", .present = "abcd"},
+      {.change = "remove c", .walked = "abd", .present = "abd"},
+      {.change = "insert e@1", .walked = "abcd", .present = "abcd"},
+      {.change = "insert e@2", .walked = "abecd", .present = "abcd"},
+      {.change = "remove b append b", .walked = "abcdb", .present = "abcd"},
+      {.change = "remove c append c", .walked = "abdc", .present = "abd"},
+      {.change = "append d remove d", .walked = "abcd", .present = "abcd"},  // is in it still
+      {.change = "clear all append e", .walked = "abe", .present = "ab"},
+      {.change = "delete list", .walked = "ab", .present = "ab"},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.change);
+    std::string visited;
+    std::unique_ptr<List> list;
+    const auto visit = [&](const char* item) {
+      visited += *item;
+      if (visited == "ab") {
+        Change(list, row.change);
       }
-      std::string walked;
-      const auto visit = [&](const char* item) {
-        walked += *item;
-        walked == "ab" ? c.change(list) : void();
-      };
-      List::CWalk walk(*list);
-      onlyPresent ? list->ForEachPresent(visit) : void();
-      while (const char* item = onlyPresent ? nullptr : walk.Next()) {
-        visit(item);
-      }
-      EXPECT_EQ(walked, onlyPresent ? c.present : c.walked) << c.what;
+    };
+    list = std::make_unique<List>();
+    Change(list, "append a append b append c append d");
+    List::CWalk walk(*list);
+    while (const char* item = walk.Next()) {
+      visit(item);
     }
+    EXPECT_EQ(std::exchange(visited, {}), row.walked);
+
+    list = std::make_unique<List>();
+    Change(list, "append a append b append c append d");
+    list->ForEachPresent(visit);
+    EXPECT_EQ(visited, row.present);
   }
 }
 
@@ -73,18 +91,23 @@ TEST(WalkSet, BehavesLikeASortedWalkList) {
   auto setWalk = std::make_unique<Set::CWalk>(*set);
   for (int step = 0; step < 30'000; ++step) {
     const char* item = &ranks[random() % ranks.size()];
-    if (list.Contains(item)) {
-      list.Remove(item);
+    EXPECT_EQ(set->Contains(item), list.Contains(item));
+    if (list.Remove(item)) {
       EXPECT_TRUE(set->Remove(item));
     } else if (step < 10'000) {  // from then on they only go
       const auto [begin, end] = std::ranges::equal_range(list.Items(), item, SByRank());
       const bool isFirst = step % 2 == 0;
       list.Insert(static_cast<std::size_t>((isFirst ? begin : end) - list.Items().begin()), item);
-      isFirst ? set->Prepend(item) : set->Append(item);
+      if (isFirst) {
+        set->Prepend(item);
+      } else {
+        set->Append(item);
+      }
     }
     const char* next = listWalk->Next();
     ASSERT_EQ(setWalk->Next(), next) << "step " << step;
     ASSERT_EQ(set->Front(), list.IsEmpty() ? nullptr : list.Front()) << "step " << step;
+    ASSERT_EQ(set->Size(), list.Size());
     if (next == nullptr) {
       listWalk = std::make_unique<List::CWalk>(list);
       setWalk = std::make_unique<Set::CWalk>(*set);
