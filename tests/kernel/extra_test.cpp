@@ -6,30 +6,45 @@
 namespace vask::test {
 namespace {
 
-// clang-format off
-TEST(ExtraCommands, AnswerAndRunWhatTheySay) {
-  const std::string usage =
-      "Error: Toggle( variable, line, line ) requires a variable and two lines without a comma.";
-  const std::pair<std::string, std::string> lines[] = {
-      {"toggle(_On, Z = one, z = two)", "one"}, {"_on", "1"}, {"TOGGLE(_on, z = one, z = two)", "two"}, {"_on", "0"},
-      {"_on = no", "no"}, {"toggle(_on, one, two)", "one"}, {"_on = -0.5", "-0.5"}, {"toggle(_on, one, help(z))", "z is a variable: two"},
-      {"toggle", usage}, {"toggle()", usage}, {"toggle(_on, one)", usage}, {"toggle(_on, f(1, 2), g)", usage},
-      {"toggle(_on, , two)", usage}, {"toggle(\"\", one, two)", usage}, {"_on", "0"},
-      {"help(none)", "There is no command or variable none."}, {"help(5)", "There is no command or variable 5."},
-      {"help", "Commands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, toggle\n"
-               "Variables: _on, z\nhelp(name) tells more of one."},
-  };
-  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
-  for (const auto& [line, result] : lines) {
-    EXPECT_EQ(console.Execute(line, false), result) << line;
+class ExtraCommands : public testing::Test {
+ protected:
+  ~ExtraCommands() override { CApplicationFactory::DeleteSingleton(); }
+  static std::string Execute(const std::string& line) {
+    return CApplicationFactory::GetSingleton().GetConsole()->Execute(line, false);
   }
+};
+
+TEST_F(ExtraCommands, ToggleRunsItsLinesInTurnAndKeepsItsState) {
+  EXPECT_EQ(Execute("toggle(_On, Z = one, z = two)"), "one");
+  EXPECT_EQ(Execute("_on"), "1");
+  EXPECT_EQ(Execute("TOGGLE(_on, z = one, z = two)"), "two");
+  EXPECT_EQ(Execute("_on"), "0");
+  EXPECT_EQ(Execute("toggle(_on, _on = -0.5, two)"), "-0.5") << "the line may say otherwise";
+  EXPECT_EQ(Execute("toggle(_on, one, help(z))"), "z is a variable: two");
+}
+
+TEST_F(ExtraCommands, ToggleNeedsAVariableAndTwoLines) {
+  for (const char* line : {"toggle", "toggle()", "toggle(_on, one)", "toggle(_on, f(1, 2), g)",
+                           "toggle(_on, , two)", "toggle(_on, one, 2)", "toggle(\"\", one, two)"}) {
+    EXPECT_EQ(Execute(line),
+              "Error: Toggle( variable, line, line ) requires a variable and two "
+              "lines without a comma.")
+        << line;
+  }
+  EXPECT_EQ(Execute("_on"), "_on") << "still no variable";
+}
+
+TEST_F(ExtraCommands, HelpListsAndExplains) {
+  EXPECT_EQ(Execute("z = 1; help"),
+            "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
+            "toggle\nVariables: z\nhelp(name) tells more of one.\n");
+  EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
+  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
   for (const std::string& name : console.GetCommandNames()) {
-    EXPECT_TRUE(console.Execute("help(" + name + ")", false).starts_with(name)) << name;
+    EXPECT_TRUE(Execute("help(" + name + ")").starts_with(name)) << name;
   }
   EXPECT_FALSE(IsQuitting());
-  CApplicationFactory::DeleteSingleton();
 }
-// clang-format on
 
 }  // namespace
 }  // namespace vask::test
