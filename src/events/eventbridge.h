@@ -86,7 +86,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void KeyUp(int key, unsigned char character);
   // Window pixels, and the motion since the last event.
   void MouseMove(int x, int y, int dx, int dy);
-  // 1 left, 2 middle, 4 right, 8 wheel up, 16 wheel down, 0 any other.
+  // The numbers of input/buttons.h.
   void MouseButtonDown(int button);
   void MouseButtonUp(int button);
 

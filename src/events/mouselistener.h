@@ -2,8 +2,8 @@
 
 namespace vask {
 
-// Receives mouse motion, in window pixels, and buttons (1 left, 2 middle, 4 right, 8 wheel up,
-// 16 wheel down). A button comes without a position: it is where the last motion ended.
+// Receives mouse motion, in window pixels, and buttons (the numbers of input/buttons.h). A button
+// comes without a position: it is where the last motion ended.
 class IMouseListener {
  public:
   // Removes the listener from the event bridge; defined in eventbridge.cpp.

@@ -3,7 +3,7 @@
 #include "events/eventbridge.h"
 #include "kernel/fakethread.h"
 #include "kernel/task.h"
-#include "platform/processor.h"
+#include "platform/process.h"
 
 #include <algorithm>
 

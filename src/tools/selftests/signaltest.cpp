@@ -68,7 +68,7 @@ bool TestSignalWiring(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestSignalWiring, "Signal wiring", __FILE__);
+const CTestRegistrar theRegistrar(&TestSignalWiring, "Signal wiring", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester
