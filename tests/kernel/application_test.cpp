@@ -6,6 +6,7 @@
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 
 #include <gtest/gtest.h>
 
@@ -54,26 +55,23 @@ class Application : public testing::Test {
 
 TEST_F(Application, BasicCommandsReachTheTasks) {
   const CTaskTypeRegistrar<CTaskSample> registrar("sample");
-  const struct {
-    std::string line, result, record;
-  } cases[] = {
-      {.line = "starttask(\"sample\")", .result = "sample started", .record = "sample@100 "},
-      {.line = "STARTTASK(sample, a, -5.9, 1, x)", .result = "a started", .record = "a@-5,1,x "},
-      {.line = "starttask(sample, 5)", .result = "sample started", .record = "sample@5 "},
-      {.line = "starttask(sample, big, 99999999999, 7)",
-       .result = "big started",
-       .record = "big@2147483647,7 "},
-      {.line = "a::do(1, 2)", .result = "", .record = "a<do(1, 2)> "},
-      {.line = "a::unknown", .result = "No namespace named space\n", .record = "a<unknown> "},
-      {.line = "stoptask(a)", .result = "", .record = "a.exit "},
-      {.line = "stoptask(a)", .result = "", .record = ""},
-      {.line = "taskload(none)", .result = "", .record = ""},
-      {.line = "quit", .result = "bye bye", .record = ""},
+  // The result of a line, and what the tasks wrote down.
+  const auto outcome = [](const std::string& line) {
+    const std::string result = Execute(line);
+    return result + " | " + std::exchange(ourRecord, {});
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(Execute(row.line), row.result) << row.line;
-    EXPECT_EQ(std::exchange(ourRecord, {}), row.record) << row.line;
-  }
+  EXPECT_EQ(outcome("starttask(\"sample\")"), "sample started | sample@100 ");
+  EXPECT_EQ(outcome("STARTTASK(sample, a, -5.9, 1, x)"), "a started | a@-5,1,x ");
+  EXPECT_EQ(outcome("starttask(sample, 5)"), "sample started | sample@5 ");
+  EXPECT_EQ(outcome("starttask(sample, b, 99999999999, 7)"), "b started | b@2147483647,7 ");
+  EXPECT_EQ(outcome("a::do(1, 2)"), " | a<do(1, 2)> ");
+  EXPECT_EQ(outcome("a::unknown"), "No namespace named space\n | a<unknown> ");
+  EXPECT_EQ(outcome("stoptask(a)"), " | a.exit ");
+  EXPECT_EQ(outcome("stoptask(a)"), " | ") << "ended already";
+  EXPECT_EQ(outcome("stoptask(1, b)"),
+            "Error: StopTask( taskname ) requires atleast one parameter. | ");
+  EXPECT_EQ(outcome("taskload(none)"), " | ");
+  EXPECT_EQ(outcome("quit"), "bye bye | ");
 }
 
 TEST_F(Application, UnknownNamesAreLogged) {
@@ -91,11 +89,36 @@ TEST_F(Application, UnknownNamesAreLogged) {
   EXPECT_EQ(Execute("starttask(none, n)"), "failed to start n");
 }
 
-TEST_F(Application, BasicCommandsWithoutAStringReturnTheirUsage) {
-  for (const char* parameters : {"", "()", "(1, x)"}) {
-    EXPECT_EQ(Execute(std::string("stoptask") + parameters),
-              "Error: StopTask( taskname ) requires atleast one parameter.");
+TEST_F(Application, ToggleRunsItsLinesInTurnAndKeepsItsState) {
+  EXPECT_EQ(Execute("toggle(_On, Z = one, z = two)"), "one");
+  EXPECT_EQ(Execute("_on"), "1");
+  EXPECT_EQ(Execute("TOGGLE(_on, z = one, z = two)"), "two");
+  EXPECT_EQ(Execute("_on"), "0");
+  EXPECT_EQ(Execute("toggle(_on, _on = -0.5, two)"), "-0.5") << "the line may say otherwise";
+  EXPECT_EQ(Execute("toggle(_on, one, help(z))"), "z is a variable: two");
+}
+
+TEST_F(Application, ToggleNeedsAVariableAndTwoLines) {
+  for (const char* line : {"toggle", "toggle()", "toggle(_on, one)", "toggle(_on, f(1, 2), g)",
+                           "toggle(_on, , two)", "toggle(_on, one, 2)", "toggle(\"\", one, two)"}) {
+    EXPECT_EQ(Execute(line),
+              "Error: Toggle( variable, line, line ) requires a variable and two "
+              "lines without a comma.")
+        << line;
   }
+  EXPECT_EQ(Execute("_on"), "_on") << "still no variable";
+}
+
+TEST_F(Application, HelpListsAndExplains) {
+  EXPECT_EQ(Execute("z = 1; help"),
+            "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
+            "toggle\nVariables: z\nhelp(name) tells more of one.\n");
+  EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
+  for (const std::string& name :
+       CApplicationFactory::GetSingleton().GetConsole()->GetCommandNames()) {
+    EXPECT_TRUE(Execute("help(" + name + ")").starts_with(name)) << name;
+  }
+  EXPECT_FALSE(IsQuitting());
 }
 
 TEST_F(Application, TheEchoGoesToTheLog) {

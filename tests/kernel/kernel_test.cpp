@@ -234,6 +234,7 @@ TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
   Do("focus lost");
   RunFrames({});
   EXPECT_EQ(ourRecord, "first gfx first.exit game.exit gfx.exit timed.exit window.exit ");
+  EXPECT_TRUE(myTasks["late"]->IsDead());
 }
 
 TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
