@@ -31,15 +31,12 @@ TEST(Assert, EvaluatesOnceAndReportsOnlyFailures) {
     VASK_ASSERT(false);
   VASK_ASSERT_WATCHING(++calls == 2, calls);
   EXPECT_EQ(writer.myTold, "");
-  VASK_ASSERT(++calls == 0);
-  EXPECT_EQ(std::exchange(writer.myTold, {}), "++calls == 0|++calls == 0");
   VASK_ASSERT(++calls == 0, "call " + std::to_string(calls));
-  EXPECT_EQ(std::exchange(writer.myTold, {}), "call 4|++calls == 0");
   BanAsserts(true);
   VASK_ASSERT(++calls == 0);
   BanAsserts(false);
-  EXPECT_EQ(writer.myTold, "");
-  EXPECT_EQ(calls, 5);
+  EXPECT_EQ(writer.myTold, "call 3|++calls == 0");
+  EXPECT_EQ(calls, 4);
 }
 
 TEST(Assert, TheHandlerMayChangeWhatIsWatched) {

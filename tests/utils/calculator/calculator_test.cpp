@@ -22,46 +22,47 @@ TEST(Calculator, ConvertsByPriority) {
   EXPECT_EQ(converter.GetPriority("?"), 0);
 }
 
-TEST(Calculator, Evaluates) {
-  const std::pair<const char*, double> cases[] = {
-      {"", 0},
-      {" \t ", 0},
-      {"2 - 3 - 4", -5},
-      {"2 ^ 3 ^ 2", 64},
-      {"2 ^ 0.5", std::sqrt(2.0)},
-      {"-5 + 3", -2},
-      {"3 * -2", -6},
-      {"3 * - 2", -6},
-      {"3--2", 5},
-      {"3---2", 3},  // "--2" is a value that does not read
-      {"-(2 + 3)", -5},
-      {"2*-sin(1)", -std::sin(1.0)},
-      {"sqrt(16) * 2", 8},
-      {"cos(0) + tan(1)", 1 + std::tan(1.0)},
-      {"10 / 0", 0},
-      {"7 / 2", 3.5},
-      {"2 *", 0},
-      {"(1 + 2", 3},
-      {"1 + 2)", 3},
-      {"distance + 1", 1},  // "tan" is taken for the operator
-      {"+", 0},
-      {"1..5 + 1", 2}};
-  for (const auto& [text, value] : cases) {
-    // A calculator of its own: what malformed text leaves on the stack reaches into the next one.
-    EXPECT_DOUBLE_EQ(CCalculator<double>().Calculate(text), value) << text;
-    EXPECT_FLOAT_EQ(CCalculator<float>().Calculate(text), static_cast<float>(value)) << text;
-  }
+// A calculator of its own: what malformed text leaves on the stack reaches into the next text.
+double Value(const char* text) {
+  EXPECT_FLOAT_EQ(CCalculator<float>().Calculate(text),
+                  static_cast<float>(CCalculator<double>().Calculate(text)));
+  return CCalculator<double>().Calculate(text);
+}
+
+TEST(Calculator, EvaluatesFromTheLeftByPriority) {
+  EXPECT_EQ(Value("2 - 3 - 4"), -5);
+  EXPECT_EQ(Value("2 ^ 3 ^ 2"), 64);
+  EXPECT_EQ(Value("7 / 2"), 3.5);
+  EXPECT_EQ(Value("sqrt(16) * 2"), 8);
+  EXPECT_DOUBLE_EQ(Value("cos(0) + tan(1)"), 1 + std::tan(1.0));
+}
+
+TEST(Calculator, ASignBelongsToTheValueAfterIt) {
+  EXPECT_EQ(Value("-5 + 3"), -2);
+  EXPECT_EQ(Value("3 * - 2"), -6);
+  EXPECT_EQ(Value("3--2"), 5);
+  EXPECT_EQ(Value("-(2 + 3)"), -5);
+  EXPECT_DOUBLE_EQ(Value("2*-sin(1)"), -std::sin(1.0));
+}
+
+TEST(Calculator, MalformedTextDegrades) {
+  EXPECT_EQ(Value(" \t "), 0);
+  EXPECT_EQ(Value("10 / 0"), 0);
+  EXPECT_EQ(Value("2 *"), 0);
+  EXPECT_EQ(Value("(1 + 2"), 3);
+  EXPECT_EQ(Value("1 + 2)"), 3);
+  EXPECT_EQ(Value("distance + 1"), 1) << "tan is taken for the operator";
+  EXPECT_EQ(Value("3---2"), 3) << "--2 is a value that does not read";
 }
 
 TEST(Calculator, IntegersNeverTrap) {
-  const int least = std::numeric_limits<int>::min();
-  const std::pair<const char*, int> cases[] = {
-      {"7 2 /", 3}, {"-7 2 / ", -3},           {"10 0 /", 0},        {"-2147483648 -1 /", least},
-      {"4 -", -4},  {"2147483647 1 +", least}, {"65536 65536 *", 0}, {"2 3 sin", 3},
-      {"+ 1", 1}};
-  for (const auto& [postfix, value] : cases) {
-    EXPECT_EQ(CPostfix<int>().Evaluate(postfix), value) << postfix;
-  }
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  EXPECT_EQ(CPostfix<int>().Evaluate("-7 2 / "), -3);
+  EXPECT_EQ(CPostfix<int>().Evaluate("10 0 /"), 0);
+  EXPECT_EQ(CPostfix<int>().Evaluate("-2147483648 -1 /"), kLeast);
+  EXPECT_EQ(CPostfix<int>().Evaluate("2147483647 1 +"), kLeast);
+  EXPECT_EQ(CPostfix<int>().Evaluate("65536 65536 *"), 0);
+  EXPECT_EQ(CPostfix<int>().Evaluate("4 -"), -4);
 }
 
 TEST(Calculator, LeftoverValuesStayOnTheStack) {
