@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <random>
-#include <sstream>
 
 namespace vask {
 namespace {
@@ -16,64 +16,60 @@ using List = CWalkList<const char>;
 
 const char* Item(char letter) { return &"abcde"[letter - 'a']; }
 
-// Each act is a verb and a letter, with "@" and a position for an insertion.
-void Change(std::unique_ptr<List>& list, const std::string& acts) {
-  std::istringstream words(acts);
-  for (std::string verb, item; words >> verb >> item;) {
-    if (verb == "remove") {
-      EXPECT_TRUE(list->Remove(Item(item[0])));
-    } else if (verb == "insert") {
-      list->Insert(static_cast<std::size_t>(item[2] - '0'), Item(item[0]));
-    } else if (verb == "append") {
-      list->Append(Item(item[0]));
-    } else if (verb == "clear") {
-      list->Clear();
-    } else {
-      list.reset();
-    }
+std::unique_ptr<List> NewList(const std::string& letters) {
+  auto list = std::make_unique<List>();
+  for (const char letter : letters) {
+    list->Append(Item(letter));
   }
+  return list;
 }
 
 TEST(WalkList, WalksSurviveEveryChange) {
   // Changes that are made when a walk over "abcd" is at "b", and what the two kinds of walk visit.
+  const char *a = Item('a'), *b = Item('b'), *c = Item('c'), *e = Item('e');
   const struct {
-    std::string change, walked, present;
+    std::function<void(std::unique_ptr<List>&)> change;
+    std::string walked, present;
   } cases[] = {
-      {.change = "", .walked = "abcd", .present = "abcd"},
-      {.change = "remove b", .walked = "abcd", .present = "abcd"},
-      {.change = "remove a", .walked = "abcd", .present = "abcd"},
-      {.change = "remove c", .walked = "abd", .present = "abd"},
-      {.change = "insert e@1", .walked = "abcd", .present = "abcd"},
-      {.change = "insert e@2", .walked = "abecd", .present = "abcd"},
-      {.change = "remove b append b", .walked = "abcdb", .present = "abcd"},
-      {.change = "remove c append c", .walked = "abdc", .present = "abd"},
-      {.change = "append d remove d", .walked = "abcd", .present = "abcd"},  // is in it still
-      {.change = "clear all append e", .walked = "abe", .present = "ab"},
-      {.change = "delete list", .walked = "ab", .present = "ab"},
-  };
+      {.change = [](auto&) {}, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Remove(b); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Remove(a); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Remove(c); }, .walked = "abd", .present = "abd"},
+      {.change = [=](auto& list) { list->Insert(1, e); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Insert(2, e); }, .walked = "abecd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Clear(); }, .walked = "ab", .present = "ab"},
+      {.change = [=](auto& list) { list.reset(); }, .walked = "ab", .present = "ab"}};
   for (const auto& row : cases) {
-    SCOPED_TRACE(row.change);
+    SCOPED_TRACE("row " + std::to_string(&row - cases));
+    std::unique_ptr<List> list = NewList("abcd");
     std::string visited;
-    std::unique_ptr<List> list;
     const auto visit = [&](const char* item) {
       visited += *item;
       if (visited == "ab") {
-        Change(list, row.change);
+        row.change(list);
       }
     };
-    list = std::make_unique<List>();
-    Change(list, "append a append b append c append d");
     List::CWalk walk(*list);
     while (const char* item = walk.Next()) {
       visit(item);
     }
     EXPECT_EQ(std::exchange(visited, {}), row.walked);
-
-    list = std::make_unique<List>();
-    Change(list, "append a append b append c append d");
+    list = NewList("abcd");
     list->ForEachPresent(visit);
     EXPECT_EQ(visited, row.present);
   }
+}
+
+TEST(WalkList, WhatComesBackWaitsForTheNextWalk) {
+  const std::unique_ptr<List> list = NewList("abcd");
+  std::string visited;
+  list->ForEachPresent([&](const char* item) {
+    visited += *item;
+    list->Remove(Item('c'));
+    list->AppendOnce(Item('c'));
+  });
+  EXPECT_EQ(visited, "abd");
+  EXPECT_EQ(list->Size(), 4U);
 }
 
 // The plain list tells what the one for very many has to do.

@@ -36,21 +36,6 @@ TEST(EventBridge, ListenersComeAndGoDuringEveryDispatch) {
   EXPECT_EQ(Bridge().GetHeight(), 5);
 }
 
-TEST(EventBridge, TheHardwareShowsTheCursorDuringAHoldElseAsWanted) {
-  Bridge().HideCursor();  // there is no hardware
-  const CNotingHardware hardware;
-  Bridge().HoldCursor();
-  EXPECT_EQ(hardware.last, "show");
-  Bridge().HideCursor();
-  EXPECT_EQ(hardware.last, "show");
-  Bridge().ReleaseCursor();
-  EXPECT_EQ(hardware.last, "hide");
-  Bridge().ShowCursor();
-  EXPECT_EQ(hardware.last, "show");
-  Bridge().ChangeCursor(3);
-  EXPECT_EQ(hardware.last, "type 3");
-}
-
 TEST(EventBridge, AListenerMayDieBetweenTheTwoPartsOfAMotion) {
   std::string record;
   auto first = std::make_unique<CEventRecorder>("a ", record);

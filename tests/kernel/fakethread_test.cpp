@@ -44,9 +44,9 @@ class CFakeThreadTest : public testing::Test {
       delete CFakeThread::GetList().Front();
     }
   }
-  std::string RunAfter(unsigned milliseconds, unsigned timeSlice = 0) {
+  std::string RunAfter(unsigned milliseconds) {
     myClock.Advance(milliseconds);
-    CFakeThread::RunThreads(timeSlice);
+    CFakeThread::RunThreads(0);
     return std::exchange(ourRecord, {});
   }
 
@@ -89,19 +89,6 @@ TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
   EXPECT_EQ(RunAfter(20), "~cd");
   a->myReaction = &DeleteAll;
   EXPECT_EQ(RunAfter(20), "d~d");
-}
-
-// With a slice the next pass begins after each thread that has run.
-TEST_F(CFakeThreadTest, ASliceRunsPassesUntilItIsOver) {
-  DeleteAll();
-  auto* c = new CThread('c', 0);
-  new CThread('d', 10);
-  const std::function<void()> work = [&] {
-    myClock.Advance(15);
-    c->myReaction = work;
-  };
-  c->myReaction = work;
-  EXPECT_EQ(RunAfter(0, 30), "~a~bccd");
 }
 
 TEST_F(CFakeThreadTest, ComparesByDeathThenPauseThenTimeLeft) {

@@ -45,16 +45,6 @@ class CRecorder : public CTask {
   }
 };
 
-// Does something at the start of each frame.
-class CDriver : public CTask {
- public:
-  explicit CDriver(std::function<void()> act) : myAct(std::move(act)) { SetPriority(-1000); }
-  void Update() override { myAct(); }
-
- private:
-  std::function<void()> myAct;
-};
-
 // A fresh kernel, a clock that only the test moves, and tasks that record.
 class CKernelTest : public testing::Test {
  protected:
@@ -112,7 +102,13 @@ class CKernelTest : public testing::Test {
   // frames recorded, each after a "| "; ourRecord then holds the frame in which the kernel quits.
   std::string RunFrames(const std::vector<std::string>& acts) {
     std::string ran;
-    CDriver driver([&, frame = acts.begin()]() mutable {
+    class CDriver : public CTask {
+     public:
+      void Update() override { myAct(); }
+      std::function<void()> myAct;
+    } driver;
+    driver.SetPriority(-1000);
+    driver.myAct = [&, frame = acts.begin()]() mutable {
       if (frame != acts.end()) {
         ourRecord += "| ";
         Do(*frame++);
@@ -120,7 +116,7 @@ class CKernelTest : public testing::Test {
         ran = std::exchange(ourRecord, {});
         Kernel().Quit();
       }
-    });
+    };
     ourRecord.clear();
     Kernel().StartTask(&driver, nullptr);
     EXPECT_EQ(Kernel().Run(), 0);
@@ -142,19 +138,14 @@ class CKernelTest : public testing::Test {
       {"interval", [this](auto& name, int time) { myTasks[name]->SetTimedInterval(time); }}};
 };
 
-TEST_F(CKernelTest, RunsUntilNoTaskIsLeft) {
+TEST_F(CKernelTest, RunsUntilOnlyParkedTasksAreLeft) {
+  Start("timed", 10, 10, false);
+  Do("park parked@10");
   CRecorder& task = Make("a", 10);
   React("a", "update", "kill a");
   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
-  EXPECT_EQ(ourRecord, "a.start a a.exit ");
-}
-
-TEST_F(CKernelTest, ParkedTasksDoNotKeepTheProgramAlive) {
-  Start("timed", 10, 10, false);
-  Start("parked", 10, 0, false);
-  EXPECT_EQ(Kernel().Run(), 0);
-  EXPECT_EQ(ourRecord, "timed.start parked.start parked.exit timed.exit ");
+  EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit parked.exit timed.exit ");
 }
 
 TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
@@ -235,6 +226,7 @@ TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
   RunFrames({});
   EXPECT_EQ(ourRecord, "first gfx first.exit game.exit gfx.exit timed.exit window.exit ");
   EXPECT_TRUE(myTasks["late"]->IsDead());
+  EXPECT_FALSE(Start("next", 1).IsDead()) << "the kernel has ended, and may begin anew";
 }
 
 TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {

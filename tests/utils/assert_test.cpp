@@ -60,10 +60,8 @@ TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
   Log().RemoveListener(&failing);
   ASSERT_EQ(log.Lines().size(), 1U);
   EXPECT_TRUE(log.Has("Assertion failed: 1 > 2 (" __FILE__ ":"));
-  VASK_ASSERT(1 > 2, "a message");
-  EXPECT_TRUE(log.Lines().back().text.ends_with("): a message"));
   LogErrors("a\rb");
-  EXPECT_EQ(log.Lines().size(), 4U);
+  EXPECT_EQ(log.Lines().size(), 3U);
   EXPECT_EQ(log.Lines().back().level, kLogError) << "in each line";
 }
 
