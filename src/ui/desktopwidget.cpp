@@ -1,6 +1,7 @@
 #include "ui/desktopwidget.h"
 
 #include "events/eventbridge.h"
+#include "input/buttons.h"
 #include "ui/receivers.h"
 #include "ui/widgetfactory.h"
 
@@ -16,8 +17,6 @@ class CDesktopFactoryMaker : public IGenericMaker {
 };
 
 const CWidgetRegistrar<CDesktopWidget, CDesktopFactoryMaker> theRegistrar("CDesktopWidget");
-
-constexpr std::int32_t kLeftButton = 1;
 
 // Moves the span of a child into that of the desktop.
 int FitInto(int position, int extent, int desktopPosition, int desktopExtent) {

@@ -1,10 +1,10 @@
 #include "audio/audiovolume.h"
 #include "audio/sdlmixereffectplayer.h"
 #include "audio/sdlmixermusicplayer.h"
-#include "support/waves.h"
 #include "console/console.h"
 #include "kernel/applicationfactory.h"
 #include "support/logcapture.h"
+#include "support/waves.h"
 
 #include <SDL.h>
 #include <SDL_mixer.h>

@@ -9,6 +9,7 @@
 #include "kernel/tasklibraries.h"
 #include "support/docexample.h"
 #include "support/logcapture.h"
+#include "support/paths.h"
 #include "support/testpicture.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
@@ -38,7 +39,7 @@ std::string Written(const std::string& file) {
 TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
   const vask::test::CTestScreen screen(80, 60);
   const vask::test::CLogCapture log;
-  fs::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+  fs::create_directory_symlink(vask::test::SourcePath("runtime/data"), "data");
   for (const char* kind : {"Sprites", "Animated sprites", "Text sprites", "The sprite table"}) {
     std::ofstream("example.xml") << vask::test::DocExample(kind);
     if (std::string(kind) == "The sprite table") {
@@ -79,16 +80,16 @@ TEST(Documents, EveryCommandVariableAndKeyIsInTheConsolePage) {
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
   // The tasks' own commands, and the variables that are only read, stand in the code alone.
   const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
-  for (const char* room : {"tasks", "tools"}) {
+  for (const char* module : {"tasks", "tools"}) {
     for (const auto& entry :
-         fs::directory_iterator(BRUMBLE_RUNTIME_FOLDER "/../src/" + std::string(room))) {
+         fs::directory_iterator(vask::test::SourcePath("src/" + std::string(module)))) {
       const std::string code = ReadAll(entry.path());
       for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
         names.push_back(it->format("$1$2$3"));
       }
     }
   }
-  const std::string page = ReadAll(BRUMBLE_RUNTIME_FOLDER "/../docs/console.md");
+  const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
   }

@@ -7,6 +7,7 @@
 #include "gfx/sprite/screenlayer.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
+#include "support/paths.h"
 #include "utils/timer/globalapptimer.h"
 
 #include <gtest/gtest.h>
@@ -65,7 +66,7 @@ inline std::vector<vask::CSprite*> Floating() {
 class GameTest : public ::testing::Test {
  protected:
   GameTest() {
-    std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+    std::filesystem::create_directory_symlink(vask::test::SourcePath("runtime/data"), "data");
     vask::Gfx::SetFactory(&pictures);
     vask::CGlobalAppTimer::GetSingletonPtr()->Reset();
     GameState() = {};

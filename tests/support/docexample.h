@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/paths.h"
+
 #include <fstream>
 #include <string>
 
@@ -7,7 +9,7 @@ namespace vask::test {
 
 // The example in a section of a page of docs/: its indented lines.
 inline std::string DocExample(const std::string& section, const std::string& name = "files.md") {
-  std::ifstream page(BRUMBLE_RUNTIME_FOLDER "/../docs/" + name);
+  std::ifstream page(SourcePath("docs/" + name));
   std::string example, line;
   while (std::getline(page, line) && line != "## " + section) {
   }

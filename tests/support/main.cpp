@@ -1,11 +1,15 @@
 // The entry point of the test programs: without a display or a sound device, and in a folder of its
 // own for each run, so that tests run side by side and leave nothing behind.
 
+#include "support/paths.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+
+std::string vask::test::SourcePath(const std::string& name) { return SOURCE_FOLDER "/" + name; }
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);

@@ -5,6 +5,7 @@
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/task.h"
+#include "support/paths.h"
 
 #include <filesystem>
 #include <sstream>
@@ -15,9 +16,7 @@ namespace vask::test {
 // The game's data files in the test's folder, under the name by which the program opens them.
 class CDataFolder {
  public:
-  CDataFolder() {
-    std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
-  }
+  CDataFolder() { std::filesystem::create_directory_symlink(SourcePath("runtime/data"), "data"); }
   ~CDataFolder() { std::filesystem::remove("data"); }
   CDataFolder& operator=(CDataFolder&&) = delete;  // neither moved nor copied
 };

@@ -8,8 +8,6 @@
 #include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 namespace vask::test {
 namespace {
 
@@ -133,7 +131,7 @@ TEST_F(AudioTask, UpdatesPausesAndEndsBothPlayers) {
 }
 
 TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
-  std::filesystem::create_directory_symlink(BRUMBLE_RUNTIME_FOLDER "/data", "data");
+  const CDataFolder data;
   RunScript(R"(
       taskload( sdl_mixer )
       starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
@@ -145,7 +143,6 @@ TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
   RunScript("load( data/keys/music.txt )");
   EXPECT_EQ(AudioVolumes().music, 1.0F);
   RunScript("stoptask( Audio )");
-  std::filesystem::remove("data");
 }
 
 }  // namespace

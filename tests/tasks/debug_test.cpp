@@ -1,6 +1,7 @@
 #include "events/eventrecorder.h"
 #include "gfx/text/textsprite.h"
 #include "input/keyboard.h"
+#include "input/keynames.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
@@ -20,9 +21,6 @@
 
 namespace vask::test {
 namespace {
-
-constexpr int kEscape = 27;
-constexpr int kF1 = 282;
 
 // A run with the UI task and two debug tasks. As the name of a stopped task is taken for good, all
 // names hold the number of the run, for which "%" stands.
@@ -91,16 +89,16 @@ TEST_P(DebugKeys, CloseTheFrontConsoleAndFireNoBinding) {
   Press(GetParam());
   EXPECT_EQ(CountFired(), 1) << "no console is open";
 }
-INSTANTIATE_TEST_SUITE_P(EscapeAndF1, DebugKeys, testing::Values(kEscape, kF1));
+INSTANTIATE_TEST_SUITE_P(EscapeAndF1, DebugKeys, testing::Values(kEscapeKey, kF1Key));
 
 TEST_F(DebugKeys, EscapeIsTakenUntilAClosedConsoleHasGone) {
-  CKeyboard::GetSingletonPtr()->BindKey(kEscape, myEvent, -1000);
+  CKeyboard::GetSingletonPtr()->BindKey(kEscapeKey, myEvent, -1000);
   Run("debug%::ToggleConsole");
-  Press(kF1);
-  Press(kEscape);
+  Press(kF1Key);
+  Press(kEscapeKey);
   EXPECT_EQ(CountFired(), 0);
-  CKeyboard::GetSingletonPtr()->BindKey(kF1, myEvent, -1000);
-  Press(kF1);
+  CKeyboard::GetSingletonPtr()->BindKey(kF1Key, myEvent, -1000);
+  Press(kF1Key);
   EXPECT_EQ(CountFired(), 1) << "the way to tell a task that pauses";
   Run("debug%::ToggleConsole");
   EXPECT_EQ(CountWindows(), 0U);

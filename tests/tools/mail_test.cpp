@@ -2,6 +2,7 @@
 
 #include "kernel/applicationfactory.h"
 #include "support/logcapture.h"
+#include "support/paths.h"
 #include "tools/assertmail.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ using namespace std::chrono_literals;
 // Runs the mail server's script, which describes the arguments, and the client; answers what the
 // server got.
 std::string Serve(const std::vector<std::string>& answers, const std::function<void(int)>& client) {
-  std::string text = BRUMBLE_RUNTIME_FOLDER "/../tests/support/mailserver.py";
+  std::string text = test::SourcePath("tests/support/mailserver.py");
   for (const std::string& answer : answers) {
     text += " '" + answer + "'";
   }

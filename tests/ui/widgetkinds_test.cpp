@@ -1,4 +1,6 @@
 #include "events/eventbridge.h"
+#include "input/buttons.h"
+#include "input/keynames.h"
 #include "support/fakeclock.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
@@ -58,19 +60,16 @@ class CCursor : public IMouse {
 
 class WidgetKinds : public testing::Test {
  protected:
-  static constexpr int kLeft = 1;
-  static constexpr int kRight = 4;
-
   WidgetKinds() { CEventBridge::GetSingletonPtr()->Resize(800, 600); }
   ~WidgetKinds() override { CDesktopWidget::DeleteSingleton(); }
 
-  void Mouse(int type, SPoint at, int buttons = kLeft) {
+  void Mouse(int type, SPoint at, int buttons = kLeftButton) {
     CMouseEvent event(type, at, buttons, &myCursor);
     Desktop()->HandleEvent(event);
   }
   void Move(SPoint to) { Mouse(Event::kMouseMove, to, 0); }
-  void Press(SPoint at, int button = kLeft) { Mouse(Event::kMouseButtonDown, at, button); }
-  void Release(SPoint at, int button = kLeft) { Mouse(Event::kMouseButtonUp, at, button); }
+  void Press(SPoint at, int button = kLeftButton) { Mouse(Event::kMouseButtonDown, at, button); }
+  void Release(SPoint at, int button = kLeftButton) { Mouse(Event::kMouseButtonUp, at, button); }
   void Click(SPoint at) {
     Press(at);
     Release(at);
@@ -146,7 +145,7 @@ TEST_F(WidgetKinds, AKeyMayEndTheDesktopBeforeTheTurnOfTheNextOne) {
   SetFocus(&input);
   Key(Event::kKeyDown, 'a', 'a');
   SetFocus(nullptr);
-  Key(Event::kKeyDown, 13);
+  Key(Event::kKeyDown, kReturnKey);
   SetFocus(&input);
   myClock.Advance(651);
   Desktop()->UpdateKeyRepeat();
@@ -206,8 +205,8 @@ TEST_F(WidgetKindsButton, TwoPressesWithin300MillisecondsAreADoubleClick) {
 
 TEST_F(WidgetKindsButton, AClickIsAPressAndAReleaseOnIt) {
   button->SetDoubleClickEnabled(false);
-  Press({15, 15}, kRight);
-  Release({15, 15}, kRight);
+  Press({15, 15}, kRightButton);
+  Release({15, 15}, kRightButton);
   Release({15, 15});
   EXPECT_EQ(ear.Notes(), "") << "another button; no press";
   button->SetDraggable(false);
@@ -226,8 +225,8 @@ TEST_F(WidgetKindsButton, ADragTellsTheWayToThePointer) {
   Press({15, 15});
   Move({90, 12});
   EXPECT_EQ(ear.Notes(), "75,-3 ") << "also outside of it; it does not move itself";
-  Press({90, 12}, kRight);
-  Release({90, 12}, kRight);
+  Press({90, 12}, kRightButton);
+  Release({90, 12}, kRightButton);
   Move({91, 12});
   EXPECT_EQ(ear.Notes(), "76,-3 ");
   button->SetDraggable(false);
@@ -263,8 +262,6 @@ class WidgetKindsInput : public WidgetKinds {
     CScreenLayer::GetSingletonPtr()->DrawFrame();
     return myScreen.At(x, y) == 0xFFF3D6 && myScreen.At(x - 1, y) != 0xFFF3D6;
   }
-  static constexpr int kBackspace = 8, kTab = 9, kReturn = 13, kDelete = 127, kRight = 275,
-                       kLeft = 276, kHome = 278, kEnd = 279;
   CForm form{Desktop()};
   CTextInputWidget* input = form.line;
 };
@@ -272,23 +269,23 @@ class WidgetKindsInput : public WidgetKinds {
 TEST_F(WidgetKindsInput, KeysEditAtTheCursor) {
   Click({10, 10});
   ASSERT_EQ(GetFocus(), input);
-  for (const int key : {kBackspace, kDelete, kLeft, kRight, kReturn, kTab}) {
+  for (const int key : {kBackspaceKey, kDeleteKey, kLeftKey, kRightKey, kReturnKey, kTabKey}) {
     EXPECT_EQ(After(key, 'x'), "|") << key;
   }
   EXPECT_EQ(form.sent, 1);
   EXPECT_EQ(After('a', 'a'), "a|");
   EXPECT_EQ(After('c', 'c'), "ac|");
-  EXPECT_EQ(After(kLeft), "a|c");
+  EXPECT_EQ(After(kLeftKey), "a|c");
   EXPECT_EQ(After('b', 'b'), "ab|c");
-  EXPECT_EQ(After(kRight), "abc|");
-  EXPECT_EQ(After(kRight), "abc|");
-  EXPECT_EQ(After(kBackspace), "ab|");
-  EXPECT_EQ(After(kHome), "|ab");
-  EXPECT_EQ(After(kBackspace), "|ab");
-  EXPECT_EQ(After(kDelete), "|b");
+  EXPECT_EQ(After(kRightKey), "abc|");
+  EXPECT_EQ(After(kRightKey), "abc|");
+  EXPECT_EQ(After(kBackspaceKey), "ab|");
+  EXPECT_EQ(After(kHomeKey), "|ab");
+  EXPECT_EQ(After(kBackspaceKey), "|ab");
+  EXPECT_EQ(After(kDeleteKey), "|b");
   EXPECT_EQ(After(304), "|b") << "a key without a character";
-  EXPECT_EQ(After(kEnd), "b|");
-  EXPECT_EQ(After(kDelete), "b|");
+  EXPECT_EQ(After(kEndKey), "b|");
+  EXPECT_EQ(After(kDeleteKey), "b|");
 }
 
 TEST_F(WidgetKindsInput, TheCursorGoesToThePointAndStaysInTheText) {
@@ -378,11 +375,11 @@ TEST_F(WidgetKindsWindow, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
 }
 
 TEST_F(WidgetKindsWindow, OnlyTheLeftButtonResizes) {
-  Press({299, 170}, kRight);
+  Press({299, 170}, kRightButton);
   Move({309, 170});
   EXPECT_EQ(window.GetRect().w, 200);
   Press({299, 170});
-  Release({299, 170}, kRight);
+  Release({299, 170}, kRightButton);
   Move({309, 170});
   EXPECT_EQ(window.GetRect().w, 210);
   Release({309, 170});

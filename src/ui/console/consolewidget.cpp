@@ -3,6 +3,7 @@
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/text/fontalign.h"
 #include "gfx/text/lotsatextsprite.h"
+#include "input/buttons.h"
 #include "ui/console/loglistenerforconsole.h"
 #include "ui/widgetfactory.h"
 
@@ -14,8 +15,6 @@ namespace {
 const CWidgetRegistrar<CConsoleWidget> theRegistrar("CConsoleWidget");
 
 constexpr CRect<int> kRect{0, 0, 400, 180};
-constexpr std::int32_t kWheelUp = 8;
-constexpr std::int32_t kWheelDown = 16;
 constexpr std::int32_t kLinesPerNotch = 3;
 
 }  // namespace

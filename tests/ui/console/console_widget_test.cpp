@@ -1,5 +1,6 @@
 #include "gfx/text/fontalign.h"
 #include "gfx/text/systemfontloader.h"
+#include "input/buttons.h"
 #include "support/fakeclock.h"
 #include "support/testpicture.h"
 #include "ui/console/consolewidget.h"
@@ -17,7 +18,7 @@ class CTalkingFont : public CFont {
     CSystemFontLoader().Load(*this, "");
     SetAlign(IFontAlign::kLeft);
   }
-  CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect) override {
+  SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect) override {
     if (log != nullptr && target != nullptr) {
       std::exchange(log, nullptr)->OnLog("late\n", kLogNormal);
     }
@@ -158,11 +159,11 @@ TEST_F(ConsoleWidget, TheWheelScrollsThreeLinesAndAPageAllButOne) {
     Log(std::to_string(line));
   }
   RunFor(100);
-  Press(8);
+  Press(kWheelUp);
   EXPECT_TRUE(Shows(Picture(), "5", "6"));
-  Press(1);
+  Press(kLeftButton);
   EXPECT_TRUE(Shows(Picture(), "5", "6")) << "another button";
-  Press(16);
+  Press(kWheelDown);
   EXPECT_TRUE(Shows(Picture(), "8", "9"));
   myWidget->ScrollPages(-2);
   EXPECT_TRUE(Shows(Picture(), "6", "7"));

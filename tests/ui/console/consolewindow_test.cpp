@@ -1,6 +1,7 @@
 #include "ui/console/consolewindow.h"
 
 #include "gfx/text/textsprite.h"
+#include "input/keynames.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "ui/console/consolecompletion.h"
@@ -15,7 +16,7 @@ namespace {
 // Types the characters; "^", "_" and "<" are the keys up, down and left.
 void TypeInto(ui::CTextInputWidget& line, const std::string& keys) {
   for (const char key : keys) {
-    const int code = key == '^' ? 273 : key == '_' ? 274 : key == '<' ? 276 : key;
+    const int code = key == '^' ? kUpKey : key == '_' ? kDownKey : key == '<' ? kLeftKey : key;
     for (const int type : {ui::IEvent::kKeyDown, ui::IEvent::kKeyUp}) {
       ui::CKeyboardEvent event(type, code, static_cast<std::uint8_t>(key));
       line.OnKeyboardEvent(event);
@@ -119,15 +120,15 @@ TEST_F(ConsoleInput, ControlKeysTypeNothing) {
   CListener listener;
   myInput.GetKeySignal(CConsoleInput::kReturn).Connect(&listener, &CListener::Hear);
   myInput.GetPageSignal().Connect(&listener, &CListener::HearPages);
-  Press(27, 27);
+  Press(kEscapeKey, 27);
   Press('_', 31);
   Press(0, 127);
   Press('~', '~');
   Press(32, ' ');
   EXPECT_EQ(myInput.GetText(), "~ ");
-  Press(271, 13);  // Enter of the number pad
-  Press(280);      // page up and down
-  Press(281);
+  Press(kKeypadEnterKey, 13);
+  Press(kPageUpKey);
+  Press(kPageDownKey);
   EXPECT_EQ(listener.pages, (std::vector{0, -1, 1}));
 }
 
