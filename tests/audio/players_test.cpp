@@ -1,3 +1,4 @@
+#include "audio/audiodevice.h"
 #include "audio/audiovolume.h"
 #include "audio/sdlmixereffectplayer.h"
 #include "audio/sdlmixermusicplayer.h"
@@ -18,24 +19,21 @@ namespace {
 class Players : public testing::Test {
  protected:
   Players() {
-    EXPECT_EQ(Mix_OpenAudio(22050, AUDIO_S16LSB, 2, kChunk), 0);
-    Mix_AllocateChannels(3);
     WriteLongWave("one.wav");
     WriteLongWave("two.wav");
   }
-  ~Players() override {
-    AudioVolumes() = {};
-    Mix_CloseAudio();
-    SDL_Quit();
-  }
-  void ExpectLoadsAndFrees(std::size_t loads, std::size_t frees) {
-    EXPECT_EQ(myLog.Count("new CSDLMixer"), loads);
-    EXPECT_EQ(myLog.Count("freed CSDLMixer"), frees);
+  ~Players() override { AudioVolumes() = {}; }
+  std::size_t CountLoads() const { return myLog.Count("new CSDLMixer"); }
+  std::size_t CountFrees() const { return myLog.Count("freed CSDLMixer"); }
+  // What is to be heard of the music.
+  static std::string Music() {
+    const std::string fading[] = {"plays", "fades out", "fades in"};
+    return Mix_PlayingMusic() == 0 ? "silence" : fading[Mix_FadingMusic()];
   }
 
-  static constexpr int kChunk = 8192;                 // samples: 371 milliseconds
-  static constexpr int kAskedChunkMilliseconds = 24;  // the device took a longer one
   CLogCapture myLog;
+  const std::unique_ptr<CAudioDevice> device =
+      CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 1024, 3}, "Audio");
 };
 
 TEST_F(Players, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {
@@ -45,25 +43,20 @@ TEST_F(Players, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {
     player.Play("one.wav");
   }
   EXPECT_EQ(myLog.Count("Could not play the effect: one.wav"), 1U) << "of four on three channels";
-  EXPECT_TRUE(myLog.Has("SDL_Mixer says: No free channels available"));
   Mix_HaltChannel(0);
   player.Update();
-  ExpectLoadsAndFrees(2, 0);
+  EXPECT_EQ(CountFrees(), 0U);
   Mix_HaltChannel(-1);
   player.Update();
-  ExpectLoadsAndFrees(2, 1);
+  EXPECT_EQ(CountFrees(), 1U);
   player.Play("two.wav");
-  ExpectLoadsAndFrees(2, 1);
-}
-
-TEST_F(Players, AMissingEffectIsReportedOnceUntilItIsForgotten) {
-  CSDLMixerEffectPlayer player;
   player.Play("missing.wav");
   player.Play("missing.wav");
-  EXPECT_EQ(myLog.Count("Could not load effect-file  missing.wav"), 1U);
-  EXPECT_EQ(myLog.Count("SDL_Mixer says: The file could not be opened"), 1U);
+  EXPECT_EQ(CountLoads(), 3U) << "the second was preloaded";
+  EXPECT_TRUE(myLog.Has("Could not load effect-file  missing.wav"));
+  EXPECT_TRUE(myLog.Has("SDL_Mixer says: The file could not be opened"));
   player.Preload("missing.wav");
-  ExpectLoadsAndFrees(1, 1);
+  EXPECT_EQ(CountFrees(), 2U) << "a missing one is not kept";
 }
 
 TEST_F(Players, EffectsOfTwoPlayersAreTheirOwn) {
@@ -80,61 +73,52 @@ TEST_F(Players, EffectsOfTwoPlayersAreTheirOwn) {
     EXPECT_EQ(Mix_Playing(-1), 3);
   }
   EXPECT_EQ(Mix_Playing(-1), 1);
-  ExpectLoadsAndFrees(2, 1);
+  EXPECT_EQ(CountFrees(), 1U);
 }
 
-TEST_F(Players, FollowTheVolumes) {
-  AudioVolumes() = {.music = 0.5F, .effects = 0.25F};
-  CSDLMixerEffectPlayer effects;
-  CSDLMixerMusicPlayer music(kAskedChunkMilliseconds);
-  EXPECT_EQ(Mix_Volume(-1, -1), 32);
-  EXPECT_EQ(Mix_VolumeMusic(-1), 64);
-  AudioVolumes() = {.music = 0.996F, .effects = 1.0F};
-  effects.Update();
-  music.Update();
-  EXPECT_EQ(Mix_Volume(-1, -1), 128);
-  EXPECT_EQ(Mix_VolumeMusic(-1), 127) << "rounded";
-}
-
-TEST_F(Players, VolumesAreVariablesThatStayInRange) {
+TEST_F(Players, FollowTheVolumesThatAreVariablesBetweenZeroAndOne) {
   CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
   console.Execute("audio_effect_volume = 0.25", false);  // a script that is early
   RegisterAudioVolumes();
-  EXPECT_EQ(AudioVolumes().effects, 0.25F);
-  const std::pair<const char*, float> values[] = {
-      {"0.5", 0.5F}, {"7", 1.0F}, {"-1", 0.0F}, {"loud", 0.0F}, {"0.25", 0.25F}};
-  for (const auto& [text, volume] : values) {
-    console.Execute(std::string("audio_music_volume = ") + text, false);
-    EXPECT_EQ(AudioVolumes().music, volume) << text;
-  }
-  RegisterAudioVolumes();
-  EXPECT_EQ(AudioVolumes().music, 0.25F) << "the second time changes nothing";
+  CSDLMixerEffectPlayer effects;
+  CSDLMixerMusicPlayer music(0);
+  EXPECT_EQ(Mix_Volume(-1, -1), 32);
+  const auto musicAt = [&](const std::string& value) {
+    console.Execute("audio_music_volume = " + value, false);
+    RegisterAudioVolumes();  // the second time it changes nothing
+    music.Update();
+    effects.Update();
+    return Mix_VolumeMusic(-1);
+  };
+  EXPECT_EQ(musicAt("0.996"), 127) << "rounded";
+  EXPECT_EQ(musicAt("7"), 128);
+  EXPECT_EQ(musicAt("-1"), 0);
+  EXPECT_EQ(Mix_Volume(-1, -1), 32) << "that of the effects";
+  AudioVolumes().effects = 1.0F;
+  effects.Update();
+  EXPECT_EQ(Mix_Volume(-1, -1), 128);
 }
 
 TEST_F(Players, FadesFollowTheLastRequest) {
   const auto before = std::chrono::steady_clock::now();
   {
-    CSDLMixerMusicPlayer player(100);
-    const auto expect = [](const char* what, Mix_Fading fading, bool isPlaying) {
-      EXPECT_EQ(Mix_FadingMusic(), fading) << what;
-      EXPECT_EQ(Mix_PlayingMusic() != 0, isPlaying) << what;
-    };
-    player.Play("one.wav");
-    expect("the first track fades in", MIX_FADING_IN, true);
+    CSDLMixerMusicPlayer player(device->ChunkMilliseconds());
+    player.PlayFadeIn("one.wav", 2000);
+    EXPECT_EQ(Music(), "fades in");
     player.Play("two.wav");
-    expect("a second does not", MIX_NO_FADING, true);
+    EXPECT_EQ(Music(), "plays");
     player.StopFadeOut(20000);
-    expect("a long fade-out", MIX_FADING_OUT, true);
+    EXPECT_EQ(Music(), "fades out");
     player.Play("one.wav");
-    expect("the track after it fades in", MIX_FADING_IN, true);
+    EXPECT_EQ(Music(), "fades in") << "after a fade-out";
     for (const int tooShort : {99, 0, -7}) {
       player.PlayFadeIn("one.wav", tooShort);
-      expect("too short a fade-in", MIX_NO_FADING, true);
+      EXPECT_EQ(Music(), "plays") << tooShort;
       player.StopFadeOut(tooShort);
-      expect("too short a fade-out", MIX_NO_FADING, false);
+      EXPECT_EQ(Music(), "silence") << tooShort;
     }
     player.PlayFadeIn("one.wav", 100);
-    expect("the shortest fade-in", MIX_FADING_IN, true);
+    EXPECT_EQ(Music(), "fades in");
     player.Play("one.wav");
     player.StopFadeOut(20000);
   }
@@ -142,68 +126,64 @@ TEST_F(Players, FadesFollowTheLastRequest) {
       << "waited for a fade";
 }
 
-// Shorter fades have no step there, by which the mixer would divide.
-TEST_F(Players, AStopDuringAShortFadeInHalts) {
-  CSDLMixerMusicPlayer player(kAskedChunkMilliseconds);
-  CSDLMixerMusicPlayer withLongChunks(500);
-  SDL_LockAudio();  // no fade gets on
-  const auto playsOn = [](CSDLMixerMusicPlayer& by, int fadeIn) {
-    by.PlayFadeIn("one.wav", fadeIn);
-    by.StopFadeOut(5000);
-    return Mix_PlayingMusic() != 0;
+TEST_F(Players, AFadeOutThatHasNoStepToGoOnFromIsAHalt) {
+  const auto afterFades = [](int chunk, int fadeIn) {
+    CSDLMixerMusicPlayer player(chunk);
+    player.PlayFadeIn("one.wav", fadeIn);
+    player.StopFadeOut(5000);
+    return Music();
   };
-  EXPECT_FALSE(playsOn(player, 999));
-  EXPECT_TRUE(playsOn(player, 1000));
-  EXPECT_FALSE(playsOn(withLongChunks, 1000));
-  EXPECT_TRUE(playsOn(withLongChunks, 1001));
+  SDL_LockAudio();  // no fade gets on
+  EXPECT_EQ(afterFades(24, 999), "silence");
+  EXPECT_EQ(afterFades(24, 1000), "fades out");
+  EXPECT_EQ(afterFades(500, 1000), "silence");
+  EXPECT_EQ(afterFades(500, 1001), "fades out");
   SDL_UnlockAudio();
 }
 
 TEST_F(Players, ATrackThatEndsStartsAgainUnlessItIsStoppedOrPaused) {
-  CSDLMixerMusicPlayer player(kAskedChunkMilliseconds);
-  player.Play("one.wav");
-  const auto playsAfterItsEnd = [&player] {
+  CSDLMixerMusicPlayer player(0);
+  const auto afterItsEnd = [&player] {
     Mix_HaltMusic();
     player.Update();
-    return Mix_PlayingMusic() != 0;
+    return Music();
   };
-  EXPECT_TRUE(playsAfterItsEnd());
-  ExpectLoadsAndFrees(1, 0);
+  player.Play("one.wav");
+  EXPECT_EQ(Music(), "fades in") << "the first one";
+  EXPECT_EQ(afterItsEnd(), "plays");
   player.Pause();
   EXPECT_EQ(Mix_PausedMusic(), 1);
-  EXPECT_FALSE(playsAfterItsEnd());
-  player.Resume();
-  EXPECT_EQ(Mix_PausedMusic(), 0);
-  EXPECT_TRUE(playsAfterItsEnd());
+  EXPECT_EQ(afterItsEnd(), "silence");
   player.Play("two.wav");
-  ExpectLoadsAndFrees(2, 1);
+  EXPECT_EQ(Mix_PausedMusic(), 0);
+  EXPECT_EQ(CountFrees(), 1U) << "the first track";
   player.Play("missing.wav");
-  EXPECT_NE(Mix_PlayingMusic(), 0) << "a file that is no music changes nothing";
+  EXPECT_EQ(afterItsEnd(), "plays") << "a file that is no music changes nothing";
   player.Stop();
-  EXPECT_FALSE(playsAfterItsEnd());
   player.Resume();
-  EXPECT_FALSE(playsAfterItsEnd());
+  EXPECT_EQ(afterItsEnd(), "silence");
 }
 
 TEST_F(Players, ATrackWaitsForTheOneThatWasStartedLast) {
-  CSDLMixerMusicPlayer player(kAskedChunkMilliseconds);
+  CSDLMixerMusicPlayer player(0);
   player.Play("one.wav");
   {
-    CSDLMixerMusicPlayer other(kAskedChunkMilliseconds);
+    CSDLMixerMusicPlayer other(0);
     other.Play("two.wav");
     player.Pause();
     EXPECT_EQ(Mix_PausedMusic(), 0) << "the other's track";
     player.Resume();
-    player.Stop();
-    EXPECT_NE(Mix_PlayingMusic(), 0) << "the other's track";
-    player.Play("one.wav");
-    other.Play("two.wav");
     Mix_HaltMusic();
     player.Update();
-    EXPECT_EQ(Mix_PlayingMusic(), 0);
+    EXPECT_EQ(Music(), "silence");
+    other.Update();
+    player.Stop();
+    EXPECT_EQ(Music(), "plays") << "the other's track";
+    player.Play("one.wav");
+    other.Play("two.wav");
   }
   player.Update();
-  EXPECT_NE(Mix_PlayingMusic(), 0) << "the other has gone";
+  EXPECT_EQ(Music(), "plays") << "the other has gone";
 }
 
 }  // namespace

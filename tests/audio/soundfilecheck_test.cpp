@@ -11,10 +11,15 @@
 namespace vask::test {
 namespace {
 
+// What is wrong with a file as an effect and as music.
+using Faults = std::pair<std::string, std::string>;
+
+constexpr char kFine[] = "";
 constexpr char kUnconvertible[] = "SDL cannot convert what the wave file describes";
 constexpr char kTooLarge[] = "The wave file is too large";
 constexpr char kNoData[] = "The wave file has no data";
-constexpr char kFine[] = "";
+
+Faults Both(const std::string& fault) { return {fault, fault}; }
 
 class SoundFileCheck : public testing::Test {
  protected:
@@ -23,121 +28,83 @@ class SoundFileCheck : public testing::Test {
     Mix_CloseAudio();
     SDL_Quit();
   }
-  static std::string Fault(bool (*check)(const std::string&), const std::string& file) {
-    return check(file) ? kFine : SDL_GetError();
+  static Faults FaultsOfFile(const std::string& name) {
+    const std::string effect = CheckEffectFile(name) ? kFine : SDL_GetError();
+    return {effect, CheckMusicFile(name) ? kFine : SDL_GetError()};
   }
-  static void Expect(const std::string& effect, const std::string& music,
-                     const std::string& file = "file.wav") {
-    EXPECT_EQ(Fault(&CheckEffectFile, file), effect) << "as an effect";
-    EXPECT_EQ(Fault(&CheckMusicFile, file), music) << "as music";
+  static Faults FaultsOf(const std::string& content) {
+    WriteFile("file.wav", content);
+    return FaultsOfFile("file.wav");
+  }
+  static Faults FaultsOfSound(const SFormat& format) {
+    return FaultsOf(Riff(Format(format) + Data()));
+  }
+  static Faults FaultsAtSize(unsigned encoding, std::uintmax_t size) {
+    FaultsOfSound({.encoding = encoding, .frequency = 22050});
+    std::filesystem::resize_file("file.wav", size);  // a hole, which takes no place
+    return FaultsOfFile("file.wav");
   }
 
-  // The library over SDL 2 converts what the classic one writes behind its tables for.
-  bool myIsClassic = SDL_Linked_Version()->patch < 50;
-  std::string myOverrun = myIsClassic ? kUnconvertible : kFine;
+  // The library over SDL 2 converts what the classic one writes beyond its tables for.
+  const bool myIsClassic = SDL_Linked_Version()->patch < 50;
+  const Faults myOverrun = Both(myIsClassic ? kUnconvertible : kFine);
 };
 
 TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
   const std::string broken = Format({.encoding = 17, .blockSize = 0}) + Data();
-  const struct {
-    const char* name;
-    std::string content;
-    const char* fault;
-  } cases[] = {
-      {.name = "first", .content = Riff(broken), .fault = kUnconvertible},
-      {.name = "after a list and a fact",
-       .content = Riff(Chunk("LIST", "12345678") + Chunk("fact", "1234") + broken),
-       .fault = kUnconvertible},
-      {.name = "without a size", .content = "RIFFWAVE" + broken, .fault = kUnconvertible},
-      {.name = "a WAVE of a WAVE", .content = "WAVE....WAVE" + broken, .fault = kUnconvertible},
-      {.name = "another mark", .content = "RIFX....WAVE" + broken, .fault = kFine},
-      {.name = "no mark", .content = "RIFF....WAVY" + broken, .fault = kFine},
-      {.name = "cut in its header", .content = Riff(broken).substr(0, 19), .fault = kFine},
-      {.name = "cut at its end", .content = Riff(broken).substr(0, 35), .fault = kFine},
-      {.name = "empty", .content = "", .fault = kFine},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    WriteFile("file.wav", c.content);
-    Expect(c.fault, c.fault);
-  }
-  WriteFile("file.wav", Riff(Chunk("JUNK", "12345678") + broken));
-  Expect(kFine, "The wave file does not begin with its description");
-  WriteFile("file.wav", Riff(Chunk("fmt ", broken.substr(8, 15)) + Data()));
-  constexpr char kShort[] = "The description in the wave file is too short";
-  Expect(kShort, kShort);
+  const std::string list = Chunk("LIST", "12345678"), fact = Chunk("fact", "1234");
+  EXPECT_EQ(FaultsOf(Riff(broken)), Both(kUnconvertible));
+  EXPECT_EQ(FaultsOf(Riff(list + fact + broken)), Both(kUnconvertible));
+  EXPECT_EQ(FaultsOf("RIFFWAVE" + broken), Both(kUnconvertible)) << "without a size";
+  EXPECT_EQ(FaultsOf("WAVE....WAVE" + broken), Both(kUnconvertible));
+  EXPECT_EQ(FaultsOf("RIFX....WAVE" + broken), Both(kFine)) << "SDL sees by itself";
+  EXPECT_EQ(FaultsOf("RIFF....WAVY" + broken), Both(kFine));
+  EXPECT_EQ(FaultsOf(Riff(broken).substr(0, 35)), Both(kFine)) << "cut";
+  EXPECT_EQ(FaultsOf(Riff(Chunk("JUNK", "12345678") + broken)),
+            (Faults{kFine, "The wave file does not begin with its description"}));
+  EXPECT_EQ(FaultsOf(Riff(Chunk("fmt ", broken.substr(8, 15)) + Data())),
+            Both("The description in the wave file is too short"));
 }
 
 TEST_F(SoundFileCheck, RefusesWhatSdlCannotConvert) {
-  const struct {
-    SFormat format;
-    std::string fault;
-  } cases[] = {
-      {.format = {.frequency = 173}, .fault = kFine},
-      {.format = {.frequency = 172}, .fault = myOverrun},
-      {.format = {.frequency = 2822399}, .fault = kFine},
-      {.format = {.frequency = 2822400}, .fault = myOverrun},
-      {.format = {.frequency = 0x80000000}, .fault = myOverrun},
-      {.format = {.frequency = 0}, .fault = myOverrun},
-      {.format = {.channels = 256}, .fault = myOverrun},
-      {.format = {.encoding = 2, .blockSize = 0}, .fault = kUnconvertible},
-      {.format = {.encoding = 17, .blockSize = 256}, .fault = kFine},
-      {.format = {.encoding = 1, .blockSize = 0}, .fault = kFine},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.format.frequency << " Hz, encoding " << c.format.encoding);
-    WriteFile("file.wav", Riff(Format(c.format) + Data()));
-    Expect(c.fault, c.fault);
-  }
+  EXPECT_EQ(FaultsOfSound({.frequency = 173}), Both(kFine));
+  EXPECT_EQ(FaultsOfSound({.frequency = 172}), myOverrun);
+  EXPECT_EQ(FaultsOfSound({.frequency = 2822399}), Both(kFine));
+  EXPECT_EQ(FaultsOfSound({.frequency = 2822400}), myOverrun);
+  EXPECT_EQ(FaultsOfSound({.frequency = 0x80000000}), myOverrun);
+  EXPECT_EQ(FaultsOfSound({.frequency = 0}), myOverrun);
+  EXPECT_EQ(FaultsOfSound({.channels = 256}), myOverrun) << "SDL counts in a byte";
+  EXPECT_EQ(FaultsOfSound({.encoding = 2, .blockSize = 0}), Both(kUnconvertible));
+  EXPECT_EQ(FaultsOfSound({.encoding = 17, .blockSize = 256}), Both(kFine));
+  EXPECT_EQ(FaultsOfSound({.encoding = 1, .blockSize = 0}), Both(kFine));
 }
 
 TEST_F(SoundFileCheck, MusicNeedsItsDataWhereTheMixerLooksForThem) {
-  const struct {
-    const char* name;
-    std::string chunks;
-    const char* fault;
-  } cases[] = {
-      {.name = "at the end", .chunks = Chunk("JUNK", "12") + Data(), .fault = kFine},
-      {.name = "none", .chunks = Chunk("JUNK", "12"), .fault = kNoData},
-      {.name = "after padding", .chunks = Chunk("JUNK", "1") + '\0' + Data(), .fault = kNoData},
-      {.name = "largest size", .chunks = "data" + Bytes(0x7FFFFFFF, 4), .fault = kFine},
-      {.name = "negative size", .chunks = "data" + Bytes(0x80000000, 4), .fault = kNoData},
-      {.name = "after a negative size",
-       .chunks = "JUNK" + Bytes(0x80000000, 4) + Data(),
-       .fault = kNoData},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    WriteFile("file.wav", Riff(Format() + c.chunks));
-    Expect(kFine, c.fault);
-  }
+  const auto fault = [](const std::string& chunks) { return FaultsOf(Riff(Format() + chunks)); };
+  EXPECT_EQ(fault(Chunk("JUNK", "12") + Data()), Both(kFine));
+  EXPECT_EQ(fault(Chunk("JUNK", "12")), (Faults{kFine, kNoData}));
+  EXPECT_EQ(fault(Chunk("JUNK", "1") + '\0' + Data()), (Faults{kFine, kNoData})) << "padding";
+  EXPECT_EQ(fault("data" + Bytes(0x7FFFFFFF, 4)), Both(kFine)) << "the largest size";
+  EXPECT_EQ(fault("data" + Bytes(0x80000000, 4)), (Faults{kFine, kNoData}));
+  EXPECT_EQ(fault("JUNK" + Bytes(0x80000000, 4) + Data()), (Faults{kFine, kNoData}));
 }
 
 TEST_F(SoundFileCheck, RefusesWhatWouldBeLargerThanSdlCanCount) {
   constexpr std::uintmax_t kMost = 0x7FFFFFFF;
-  const auto write = [](const SFormat& format, std::uintmax_t size) {
-    WriteFile("file.wav", Riff(Format(format) + Data()));
-    std::filesystem::resize_file("file.wav", size);  // a hole, which takes no place
-  };
-  write({.frequency = 22050}, kMost + 1);
-  Expect(kTooLarge, kTooLarge);
+  EXPECT_EQ(FaultsAtSize(1, kMost + 1), Both(kTooLarge));
   if (myIsClassic) {
     // Eight bits become sixteen, one channel two; ADPCM becomes four times as much before.
-    write({.frequency = 22050}, kMost / 4);
-    Expect(kFine, kFine);
-    write({.frequency = 22050}, kMost / 4 + 1);
-    Expect(kTooLarge, kFine);
-    write({.encoding = 2, .frequency = 22050}, kMost / 16);
-    Expect(kFine, kFine);
-    write({.encoding = 2, .frequency = 22050}, kMost / 16 + 1);
-    Expect(kTooLarge, kFine);
+    EXPECT_EQ(FaultsAtSize(1, kMost / 4), Both(kFine));
+    EXPECT_EQ(FaultsAtSize(1, kMost / 4 + 1), (Faults{kTooLarge, kFine}));
+    EXPECT_EQ(FaultsAtSize(2, kMost / 16), Both(kFine));
+    EXPECT_EQ(FaultsAtSize(2, kMost / 16 + 1), (Faults{kTooLarge, kFine}));
   }
 }
 
 TEST_F(SoundFileCheck, RefusesWhatIsNoFile) {
-  Expect("The file could not be opened", "The file could not be opened", "missing.wav");
-  Expect("This is no file", "This is no file", ".");
-  Expect("This is no file", "This is no file", "/dev/zero");
+  EXPECT_EQ(FaultsOfFile("missing.wav"), Both("The file could not be opened"));
+  EXPECT_EQ(FaultsOfFile("."), Both("This is no file"));
+  EXPECT_EQ(FaultsOfFile("/dev/zero"), Both("This is no file"));
 }
 
 }  // namespace

@@ -118,39 +118,44 @@ TEST_F(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
   Run("stoptask(mouse%)");
 }
 
-struct SEnding {
-  const char* typed;
-  int windows;        // after the next frame; -1: there is no such frame
-  const char* again;  // whose console is opened then
-};
-class DebugEnding : public Debug, public testing::WithParamInterface<SEnding> {};
-
-TEST_P(DebugEnding, ATypedLineMayEndWhatExecutesIt) {
-  const SEnding& ending = GetParam();
-  Run("debug%::ToggleConsole");
-  Type(std::string(ending.typed) + "\r");
-  if (ending.windows >= 0) {
+class DebugEnding : public Debug {
+ protected:
+  // How many consoles there are in the frame after that line was typed into one.
+  static std::size_t CountAfter(const std::string& line) {
+    Run("debug%::ToggleConsole");
+    Type(line + "\r");
     Task().Update();
-    EXPECT_EQ(CountWindows(), static_cast<std::size_t>(ending.windows));
+    return CountWindows();
   }
-  Run(std::string(ending.again) + "::ToggleConsole");
-  EXPECT_EQ(Type("x"), "x");
+  static void ExpectToOpen(const std::string& task) {
+    Run(task + "::ToggleConsole");
+    EXPECT_EQ(Type("x"), "x");
+  }
+};
+
+TEST_F(DebugEnding, ALineMayCloseAndOpenConsoles) {
+  EXPECT_EQ(CountAfter("debug%::ToggleConsole"), 0U);
+  EXPECT_EQ(CountAfter("debug%::ToggleConsole;debug%::ToggleConsole"), 1U);
+  EXPECT_EQ(Type("other%::ToggleConsole\r"), "");
+  EXPECT_EQ(CountWindows(), 2U);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Lines, DebugEnding,
-    testing::Values(
-        SEnding{.typed = "debug%::ToggleConsole", .windows = 0, .again = "debug%"},
-        SEnding{.typed = "debug%::ToggleConsole;debug%::ToggleConsole", .windows = 1, .again = ""},
-        SEnding{.typed = "other%::ToggleConsole", .windows = 2, .again = ""},
-        SEnding{.typed = "stoptask(debug%)", .windows = 0, .again = "other%"},
-        SEnding{.typed = "stoptask(ui%)", .windows = 0, .again = "debug%"},
-        SEnding{.typed = "stoptask(ui%)", .windows = -1, .again = "debug%"},
-        SEnding{.typed = "stoptask(ui%);stoptask(debug%)", .windows = 0, .again = "other%"},
-        SEnding{.typed = "stoptask(ui%);debug%::ToggleConsole", .windows = 0, .again = "debug%"},
-        SEnding{.typed = "stoptask(ui%);starttask(ui, new%, 70)", .windows = 0, .again = "debug%"},
-        SEnding{.typed = "stoptask(debug%);starttask(debug, new%, 60);new%::ToggleConsole",
-                .windows = 1,
-                .again = ""}));
+
+TEST_F(DebugEnding, ALineMayStopItsOwnTaskAndStartAnother) {
+  EXPECT_EQ(CountAfter("stoptask(debug%);starttask(debug, new%, 60);new%::ToggleConsole"), 1U);
+  Run("new%::ToggleConsole");
+  ExpectToOpen("other%");
+}
+
+TEST_F(DebugEnding, ALineMayStopTheTaskOfTheWidgets) {
+  EXPECT_EQ(CountAfter("stoptask(ui%);starttask(ui, new%, 70)"), 0U);
+  ExpectToOpen("debug%");
+}
+
+TEST_F(DebugEnding, ATaskOpensANewConsoleWhenTheWidgetsOfTheOldOneAreGone) {
+  Run("debug%::ToggleConsole");
+  Type("stoptask(ui%)\r");
+  ExpectToOpen("debug%");
+}
 
 TEST_F(Debug, CountsFramesOverAtLeastASecond) {
   const auto expect = [](const char* shown, float average, unsigned lowest, unsigned highest) {

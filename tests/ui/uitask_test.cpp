@@ -22,20 +22,12 @@ struct SBinding : IKeyEvent {
   int fired = 0;
 };
 
-// Keeps what the last mouse event carried.
 class CMouseSpy : public ui::CWidget {
  public:
   CMouseSpy()
       : CWidget(CDesktopWidget::GetSingletonPtr(), {0, 0, 800, 600}, false, "", CSpritePtr()) {}
-  void OnMouseEvent(ui::CMouseEvent& event) override {
-    buttons = event.GetButtons();
-    held = event.GetMouse()->GetButtons();
-    position = event.GetPosition();
-    movement = event.GetMouse()->GetMovement();
-  }
-  int buttons = 0;
-  int held = 0;
-  ui::SPoint position, movement;
+  void OnMouseEvent(ui::CMouseEvent& event) override { last = event; }
+  ui::CMouseEvent last{0, {}, 0, nullptr};
 };
 
 class UiTask : public testing::Test {
@@ -66,8 +58,8 @@ class UiTask : public testing::Test {
 TEST_F(UiTask, MouseEventsCarryTheButtonsThatAreHeld) {
   auto* spy = new CMouseSpy;
   const auto expect = [spy](int buttons, int held) {
-    EXPECT_EQ(spy->buttons, buttons);
-    EXPECT_EQ(spy->held, held);
+    EXPECT_EQ(spy->last.GetButtons(), buttons);
+    EXPECT_EQ(spy->last.GetMouse()->GetButtons(), held);
   };
   Bridge().MouseMove(100, 50, 0, 0);
   Bridge().MouseButtonDown(1);
@@ -76,8 +68,8 @@ TEST_F(UiTask, MouseEventsCarryTheButtonsThatAreHeld) {
   expect(4, 5);
   Bridge().MouseMove(130, 52, 30, 2);
   expect(5, 5);
-  EXPECT_EQ(spy->position, (ui::SPoint{130, 52}));
-  EXPECT_EQ(spy->movement, (ui::SPoint{-30, -2})) << "the way back";
+  EXPECT_EQ(spy->last.GetPosition(), (ui::SPoint{130, 52}));
+  EXPECT_EQ(spy->last.GetMouse()->GetMovement(), (ui::SPoint{-30, -2})) << "the way back";
   Bridge().MouseButtonUp(1);
   expect(1, 4);
 }
@@ -88,19 +80,17 @@ TEST_F(UiTask, KeysTypeWithTheFocusAndFireTheirBindingsWithout) {
   const int& fired = static_cast<SBinding&>(*event).fired;
   auto* input = NewInput();
   Type('p');
-  EXPECT_EQ(input->GetText(), "");
   EXPECT_EQ(fired, 1);
   Click(20, 20);
   Type('p');
-  EXPECT_EQ(input->GetText(), "p");
   EXPECT_EQ(fired, 1);
   Click(500, 500);
   Type('p');
-  EXPECT_EQ(input->GetText(), "p");
   EXPECT_EQ(fired, 2);
+  EXPECT_EQ(input->GetText(), "p");
 }
 
-TEST_F(UiTask, AfterTheExitNothingReachesWidgets) {
+TEST_F(UiTask, NothingReachesWidgetsFromTheExitToTheNextStart) {
   NewInput();
   Click(20, 20);
   ASSERT_TRUE(myTask.StopsKey());
