@@ -96,7 +96,6 @@ TEST_F(UiTask, NothingReachesWidgetsFromTheExitToTheNextStart) {
   ASSERT_TRUE(myTask.StopsKey());
   myTask.Exit();
   Click(20, 20);
-  Type('q');
   myTask.Update();
   Bridge().Resize(640, 480);
   EXPECT_FALSE(myTask.StopsKey());

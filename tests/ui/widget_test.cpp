@@ -15,14 +15,17 @@ namespace {
 using Rect = CRect<int>;
 using Event = IEvent;
 
-std::string ourNotes;  // "receiver.event " of each, "~receiver " of a death
-std::function<void(const std::string&)> ourHandler;  // called with each of the first kind
+std::string ourNotes;                                // "name.event " and "~name "
+std::function<void(const std::string&)> ourHandler;  // called with each event's
 
-// Notes what it hears, and keeps its children within a limit.
+// Notes what it hears and its death, and keeps its children within a limit.
 class CSpy : public CWidget {
  public:
-  CSpy(CWidget* parent, const Rect& rect, const std::string& name, bool relative = false)
-      : CWidget(parent, rect, relative, name, CSpritePtr()) {}
+  CSpy(CWidget* parent, const Rect& rect, const std::string& name, bool takesFocus = false)
+      : CWidget(parent, rect, false, name, CSpritePtr()) {
+    SetIgnoreEvent(Event::kFocusGained, !takesFocus);
+    SetIgnoreEvent(Event::kFocusLost, !takesFocus);
+  }
   ~CSpy() override { ourNotes += "~" + GetName() + " "; }
   void OnMouseEvent(CMouseEvent& event) override { Note(event); }
   void OnKeyboardEvent(CKeyboardEvent& event) override { Note(event); }
@@ -30,20 +33,15 @@ class CSpy : public CWidget {
   Rect FitChildRect(const Rect& rect) const override {
     return {std::min(rect.x, limit), rect.y, std::min(rect.w, limit), rect.h};
   }
-  void TakeFocusEvents() {
-    SetIgnoreEvent(Event::kFocusGained, false);
-    SetIgnoreEvent(Event::kFocusLost, false);
-  }
   int limit = INT_MAX;
 
  private:
   void Note(const IEvent& event) const {
-    static constexpr const char* kTypes[] = {"",   "move", "out", "over", "down",
-                                             "up", "key",  "",    "gain", "lose"};
-    const std::string note = GetName() + "." + kTypes[event.GetType()];
-    ourNotes += note + " ";
+    const std::string types[] = {"",   "move", "out", "over", "down",
+                                 "up", "key",  "",    "gain", "lose"};
+    ourNotes += GetName() + "." + types[event.GetType()] + " ";
     if (ourHandler) {
-      ourHandler(note);
+      ourHandler(GetName() + "." + types[event.GetType()]);
     }
   }
 };
@@ -54,31 +52,24 @@ class Widget : public testing::Test {
     ourHandler = nullptr;
     myRoot.reset();
     EXPECT_EQ(GetFocus(), nullptr);
-    EXPECT_EQ(GetKeyboardReceiver(), nullptr);
     EXPECT_EQ(GetMouseOver(), nullptr);
   }
-  // What is noted of the event.
+  // What is noted of the event, with "!" when it was handled.
   std::string Send(IEvent&& event) {
     ourNotes.clear();
     myRoot->HandleEvent(event);
-    return ourNotes;
+    return ourNotes + (event.IsHandled() ? "!" : "");
   }
   std::string Mouse(int type, int x) { return Send(CMouseEvent(type, SPoint{x, 5}, 1, nullptr)); }
-  // With a "!" when the request was handled.
-  std::string Request(int x) {
-    CFocusEvent event(Event::kFocusGained, SPoint{x, 5});
-    const std::string notes = Send(std::move(event));
-    return notes + (event.IsHandled() ? "!" : "");
-  }
+  std::string Request(int x) { return Send(CFocusEvent(Event::kFocusGained, SPoint{x, 5})); }
 
   test::CTestScreen myScreen{80, 60};
   std::unique_ptr<CSpy> myRoot = std::make_unique<CSpy>(nullptr, Rect{0, 0, 100, 10}, "root");
 };
 
 TEST(Layout, IsPlainWhenAllFourAreNumbers) {
-  const SLayout plain{" 10", "-20.9\t", "+30", ".5"};
-  EXPECT_TRUE(plain.IsPlain());
-  EXPECT_EQ(plain.ToRect(), (Rect{10, -20, 30, 0}));
+  EXPECT_TRUE((SLayout{" 10", "-20.9\t", "+30", ".5"}.IsPlain()));
+  EXPECT_EQ((SLayout{" 10", "-20.9\t", "+30", ".5"}.ToRect()), (Rect{10, -20, 30, 0}));
   const SLayout huge{"99999999999", "-99999999999", "+0", "."};
   EXPECT_EQ(huge.ToRect(), (Rect{INT_MAX, INT_MIN, 0, 0}));
   EXPECT_FALSE((SLayout{"", "1", "1", "1"}.IsPlain()));
@@ -98,7 +89,7 @@ TEST(Layout, EvaluatesExpressionsOverBothRectangles) {
 }
 
 TEST_F(Widget, FollowsItsLayoutUntilNumbersReplaceIt) {
-  CWidget* window = myRoot.get();
+  CSpy* window = myRoot.get();
   window->SetRect({100, 50, 200, 100});
   auto* view = new CWidget(window, {0, 0, 10, 10}, true, "view", CSpritePtr());
   view->SetLayout("parent.x + 2", "parent.y + 22", "parent.w - 4", "parent.h - 24");
@@ -111,22 +102,19 @@ TEST_F(Widget, FollowsItsLayoutUntilNumbersReplaceIt) {
   EXPECT_EQ(view->GetRect(), (Rect{120, 70, 60, 80})) << "scaled";
 }
 
-// A child of 8 by 9 at (17, 27) after its parent has got another size.
-Rect Resized(int mode, const Rect& parentRect, SSize size, int limit = INT_MAX) {
-  CSpy parent(nullptr, parentRect, "parent");
-  CWidget child(&parent, {17, 27, 8, 9}, false, "child", CSpritePtr());
-  child.SetResizeMode(mode);
-  parent.limit = limit;
-  parent.Resize(size);
-  return child.GetRect();
-}
-
 TEST_F(Widget, FollowsTheSizeOfItsParentByItsMode) {
-  EXPECT_EQ(Resized(CWidget::kScale, {10, 20, 100, 100}, {150, 50}), (Rect{20, 23, 12, 4}));
-  EXPECT_EQ(Resized(CWidget::kScale, {0, 0, 0, 10}, {50, 20}), (Rect{17, 54, 8, 18}));
-  EXPECT_EQ(Resized(CWidget::kKeepCentre, {10, 0, 100, 100}, {150, 50}), (Rect{27, 12, 8, 9}));
-  EXPECT_EQ(Resized(CWidget::kKeep, {0, 0, 90, 90}, {6, 50}, 6), (Rect{6, 27, 6, 9}));
-  EXPECT_EQ(Resized(3, {0, 0, 90, 90}, {6, 50}, 6), (Rect{17, 27, 8, 9})) << "no mode";
+  const auto resized = [](int mode, const Rect& parentRect, SSize size, int limit = INT_MAX) {
+    CSpy parent(nullptr, parentRect, "parent");
+    CWidget child(&parent, {17, 27, 8, 9}, false, "child", CSpritePtr());
+    child.SetResizeMode(mode);
+    parent.limit = limit;
+    parent.Resize(size);
+    return child.GetRect();
+  };
+  EXPECT_EQ(resized(CWidget::kScale, {10, 20, 100, 100}, {150, 50}), (Rect{20, 23, 12, 4}));
+  EXPECT_EQ(resized(CWidget::kScale, {0, 0, 0, 10}, {50, 20}), (Rect{17, 54, 8, 18}));
+  EXPECT_EQ(resized(CWidget::kKeepCentre, {10, 0, 100, 100}, {150, 50}), (Rect{27, 12, 8, 9}));
+  EXPECT_EQ(resized(CWidget::kKeep, {0, 0, 90, 90}, {6, 50}, 6), (Rect{6, 27, 6, 9}));
 }
 
 TEST_F(Widget, MovesChildrenAndSpriteAsFarAsItsParentAllows) {
@@ -134,17 +122,13 @@ TEST_F(Widget, MovesChildrenAndSpriteAsFarAsItsParentAllows) {
   sprite->SetImage(test::NewPicture(4, 4, CColor(255, 0, 0)));
   myRoot->SetRect({10, 10, 100, 100});
   myRoot->limit = 20;
-  auto* child = new CSpy(myRoot.get(), {5, 5, 30, 9}, "child", true);
+  auto* child = new CSpy(myRoot.get(), {15, 15, 30, 9}, "child");
   auto* inner = new CWidget(child, {1, 2, 3, 5}, true, "inner", {});
   inner->SetSprite(sprite);
   EXPECT_EQ(child->GetRect(), (Rect{15, 15, 20, 9})) << "fitted at birth";
   child->MoveTo(100, 20);
   EXPECT_EQ(child->GetRelativeRect(), (Rect{10, 10, 20, 9}));
-  child->MoveBy(5, 0);  // no further
-  child->Resize(21, 9);
-  EXPECT_EQ(child->GetRect(), (Rect{20, 20, 20, 9}));
   myRoot->MoveBy(-5, 5);
-  EXPECT_EQ(myRoot->GetRelativeRect(), (Rect{5, 15, 100, 100}));
   EXPECT_EQ(sprite->GetRect(), (Rect{16, 27, 3, 5}));
   EXPECT_EQ(sprite->GetZ(), -2);
   inner->SetRect({-7, 8, -9, 9000});
@@ -159,53 +143,42 @@ TEST_F(Widget, RoutesToTheFrontmostThatDoesNotIgnoreTheEvent) {
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over a.move ");
   EXPECT_EQ(Mouse(Event::kMouseMove, 39), "a.out b.over b.move ");
   EXPECT_EQ(Mouse(Event::kMouseButtonDown, 39), "b.out in.over in.down ");
-  EXPECT_EQ(Mouse(Event::kMouseButtonUp, 39), "in.out b.over b.up ");
-  EXPECT_EQ(Mouse(Event::kMouseButtonDown, 60), "b.out root.over root.down ");
+  EXPECT_EQ(Mouse(Event::kMouseButtonDown, 60), "in.out root.over root.down ");
   EXPECT_EQ(Mouse(Event::kMouseMove, 75), "root.move ") << "not to what is outside its parent";
   EXPECT_EQ(Mouse(Event::kMouseMove, 100), "");
-  EXPECT_EQ(Mouse(Event::kMouseMove, -1), "");
   EXPECT_EQ(Mouse(Event::kMouseOut, 5), "") << "not routed";
   b->SetIgnoreEvent(Event::kMouseOver, true);
-  EXPECT_EQ(Mouse(Event::kMouseMove, 50), "root.out b.move ");
   b->SetIgnoreEvent(Event::kMouseOut, true);
+  EXPECT_EQ(Mouse(Event::kMouseMove, 50), "root.out b.move ");
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over a.move ");
 }
 
 TEST_F(Widget, TheOrderOfChildrenIsTheOrderOfDepths) {
-  CWidget* root = myRoot.get();
-  CWidget a(root, {}, false, "a", {}), inA(&a, {}, false, "in a", {});
-  CWidget b(root, {}, false, "b", {}), inB(&b, {}, false, "in b", {});
-  CWidget inInB(&inB, {}, false, "in in b", {});
+  CWidget a(myRoot.get(), {}, false, "a", {}), inA(&a, {}, false, "in a", {});
+  CWidget b(myRoot.get(), {}, false, "b", {}), inB(&b, {}, false, "in b", {});
   const auto depths = [&] {
-    return std::vector{a.GetDepth(), inA.GetDepth(), b.GetDepth(), inB.GetDepth(),
-                       inInB.GetDepth()};
+    return std::vector{a.GetDepth(), inA.GetDepth(), b.GetDepth(), inB.GetDepth()};
   };
-  EXPECT_EQ(depths(), (std::vector{-1, -2, -3, -4, -5}));
+  EXPECT_EQ(depths(), (std::vector{-1, -2, -3, -4}));
   CWidget::RaiseToTop(&a);
-  EXPECT_EQ(depths(), (std::vector{-4, -5, -1, -2, -3}));
-  root->AddChild(root);  // neither in itself
-  a.AddChild(root);      // nor in what is in it
-  a.AddChild(&inB);      // from its old parent
-  EXPECT_EQ(depths(), (std::vector{-2, -3, -1, -4, -5}));
+  EXPECT_EQ(depths(), (std::vector{-3, -4, -1, -2}));
+  a.AddChild(myRoot.get());  // not into what is in it
+  a.AddChild(&inB);          // from its old parent
+  EXPECT_EQ(depths(), (std::vector{-2, -3, -1, -4}));
   a.RemoveChild(&inB);
-  EXPECT_EQ(inB.GetParent(), nullptr);
   CWidget::RaiseToTop(&b);
-  EXPECT_EQ(depths()[0], -1) << "its span is that of one child again";
-  EXPECT_EQ(depths()[2], -3);
+  EXPECT_EQ(depths(), (std::vector{-1, -2, -3, -4})) << "it keeps its depth";
+  EXPECT_EQ(inB.GetParent(), nullptr);
 }
 
 TEST_F(Widget, TheFocusGoesToTheFrontmostThatTakesIt) {
   auto* plain = new CSpy(myRoot.get(), {0, 0, 50, 10}, "plain");
-  auto* a = new CSpy(plain, {0, 0, 20, 10}, "a");
-  auto* b = new CSpy(plain, {20, 0, 20, 10}, "b");
-  a->TakeFocusEvents();
-  b->TakeFocusEvents();
+  new CSpy(plain, {0, 0, 20, 10}, "a", true);
+  auto* b = new CSpy(plain, {20, 0, 20, 10}, "b", true);
   EXPECT_EQ(Request(5), "a.gain !");
   EXPECT_EQ(Request(5), "!") << "it has it";
   EXPECT_EQ(Request(25), "a.lose b.gain !");
-  EXPECT_EQ(GetFocus(), b);
   EXPECT_EQ(Request(45), "") << "nothing there takes it";
-  EXPECT_EQ(Request(200), "");
   CKeyboardEvent key(Event::kKeyDown, 65, 'a');
   SendToKeyboardReceiver(key);
   EXPECT_EQ(ourNotes, "b.key ");
@@ -214,10 +187,8 @@ TEST_F(Widget, TheFocusGoesToTheFrontmostThatTakesIt) {
 }
 
 TEST_F(Widget, TheFocusSurvivesWhatItsLoserDoes) {
-  CSpy loser(nullptr, {}, "loser");
-  auto* taker = new CSpy(myRoot.get(), {0, 0, 20, 10}, "taker");
-  loser.TakeFocusEvents();
-  taker->TakeFocusEvents();
+  CSpy loser(nullptr, {}, "loser", true);
+  auto* taker = new CSpy(myRoot.get(), {0, 0, 20, 10}, "taker", true);
   SetFocus(&loser);
   ourHandler = [](const std::string&) { ClearReceivers(); };
   EXPECT_EQ(Request(5), "loser.lose !");
@@ -237,28 +208,24 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
     if (note == "a.move") {
       delete a;
       RemoveMouseCapture(&b);
-      AddMouseCapture(myRoot.get());
     }
   };
   ourNotes.clear();
   CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
   EXPECT_EQ(ourNotes, "a.move ~a c.move ");
-  SendToMouseCapture(event);
-  EXPECT_EQ(ourNotes, "a.move ~a c.move c.move root.move ");
 }
 
 TEST_F(Widget, DyingLeavesNothingBehind) {
   auto* a = new CSpy(myRoot.get(), {0, 0, 20, 10}, "a");
-  new CSpy(a, {}, "in a");
+  new CSpy(a, {}, "in");
   css::CSignal signal;
   signal.Connect(a, static_cast<void (CSpy::*)(int, int)>(&CWidget::MoveBy));
   ourHandler = [&](const std::string&) { delete a; };
-  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over ~a ~in a ") << "in its own handler";
+  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over ~a ~in ") << "in its own handler";
   EXPECT_EQ(signal.GetConnectionCount(), 0U);
-  ourHandler = nullptr;
   auto* b = new CSpy(myRoot.get(), {0, 0, 20, 10}, "b");
-  Mouse(Event::kMouseMove, 75);
+  SetMouseOver(myRoot.get());
   ourHandler = [&](const std::string&) { delete b; };
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
 }
