@@ -2,117 +2,112 @@
 
 #include "events/eventbridge.h"
 #include "input/keyboard.h"
-#include "support/paths.h"
+#include "support/tasks.h"
 #include "ui/desktopwidget.h"
-#include "ui/gfxhandler.h"
 #include "ui/mouse.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 namespace vask {
 namespace {
 
 using ui::CDesktopWidget;
 
-constexpr int kBoundKey = 'p';
-constexpr int kFreeKey = 'q';
-
 CEventBridge& Bridge() { return *CEventBridge::GetSingletonPtr(); }
 
-struct CBinding : IKeyEvent {
+struct SBinding : IKeyEvent {
   bool Trigger(int) override { return ++fired > 0; }
   int fired = 0;
 };
 
-// Writes down what the mouse events carry.
-struct CMouseLog : ui::CWidget {
-  CMouseLog()
+class CMouseSpy : public ui::CWidget {
+ public:
+  CMouseSpy()
       : CWidget(CDesktopWidget::GetSingletonPtr(), {0, 0, 800, 600}, false, "", CSpritePtr()) {}
-  void OnMouseEvent(ui::CMouseEvent& event) override {
-    const auto number = [](int value) { return std::to_string(value) + " "; };
-    const ui::SPoint back = event.GetMouse()->GetMovement();
-    heard += number(event.GetType()) + number(event.GetPosition().x) + number(event.GetButtons()) +
-             number(back.x) + number(event.GetMouse()->GetButtons()) + "| ";
-  }
-  std::string heard;
+  void OnMouseEvent(ui::CMouseEvent& event) override { last = event; }
+  ui::CMouseEvent last{0, {}, 0, nullptr};
 };
 
 class UiTask : public testing::Test {
  protected:
   UiTask() {
-    std::filesystem::create_directory_symlink(test::SourcePath("runtime/data"), "data");
     Bridge().Resize(800, 600);
-    task.Start();
+    myTask.Start();
   }
-  ~UiTask() override {
-    task.Exit();
-    std::filesystem::remove("data");
-  }
+  ~UiTask() override { myTask.Exit(); }
   static void Click(int x, int y) {
     Bridge().MouseMove(x, y, 0, 0);
-    Bridge().MouseButtonDown(1), Bridge().MouseButtonUp(1);
+    Bridge().MouseButtonDown(1);
+    Bridge().MouseButtonUp(1);
   }
-  static void Type(int key) {
+  static void Type(char key) {
     Bridge().KeyDown(key, static_cast<unsigned char>(key));
     Bridge().KeyUp(key, 0);
     CKeyboard::GetSingletonPtr()->Update();
   }
   static ui::CTextInputWidget* NewInput() {
     return new ui::CTextInputWidget(CDesktopWidget::GetSingletonPtr(), {10, 10, 400, 20}, false, "",
-                                    ui::GetGfxHandler().Load("data/gui/text_input.xml"),
-                                    "data/gui/text_cursor.gif");
+                                    CSpritePtr(), "");
   }
 
-  CUiTask task;
+  CUiTask myTask;
 };
 
 TEST_F(UiTask, MouseEventsCarryTheButtonsThatAreHeld) {
-  auto* log = new CMouseLog;
+  auto* spy = new CMouseSpy;
+  const auto expect = [spy](int buttons, int held) {
+    EXPECT_EQ(spy->last.GetButtons(), buttons);
+    EXPECT_EQ(spy->last.GetMouse()->GetButtons(), held);
+  };
   Bridge().MouseMove(100, 50, 0, 0);
-  log->heard.clear();
-  Bridge().MouseButtonDown(1), Bridge().MouseButtonDown(4);
-  Bridge().MouseMove(130, 50, 30, 0);
+  Bridge().MouseButtonDown(1);
+  expect(1, 1);
+  Bridge().MouseButtonDown(4);
+  expect(4, 5);
+  Bridge().MouseMove(130, 52, 30, 2);
+  expect(5, 5);
+  EXPECT_EQ(spy->last.GetPosition(), (ui::SPoint{130, 52}));
+  EXPECT_EQ(spy->last.GetMouse()->GetMovement(), (ui::SPoint{-30, -2})) << "the way back";
   Bridge().MouseButtonUp(1);
-  Bridge().MouseMove(131, 50, 1, 0);
-  EXPECT_EQ(log->heard,
-            "4 100 1 -100 1 | 4 100 4 -100 5 | 1 130 5 -30 5 | 5 130 1 -30 4 | 1 131 4 -1 4 | ");
+  expect(1, 4);
 }
 
-TEST_F(UiTask, KeysTypeOrFireAsTheFocusIs) {
-  const CSmartPtr<IKeyEvent> event(new CBinding);
-  CKeyboard::GetSingletonPtr()->BindKey(kBoundKey, event, 10);
-  const auto* binding = static_cast<CBinding*>(event.Get());
+TEST_F(UiTask, KeysTypeWithTheFocusAndFireTheirBindingsWithout) {
+  const CSmartPtr<IKeyEvent> event(new SBinding);
+  CKeyboard::GetSingletonPtr()->BindKey('p', event, 10);
+  const int& fired = static_cast<SBinding&>(*event).fired;
   auto* input = NewInput();
-
-  Type(kBoundKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "1");
+  Type('p');
+  EXPECT_EQ(fired, 1);
   Click(20, 20);
-  Type(kBoundKey), Type(kFreeKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "pq1");
+  Type('p');
+  EXPECT_EQ(fired, 1);
   Click(500, 500);
-  Type(kBoundKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "pq2");
+  Type('p');
+  EXPECT_EQ(fired, 2);
+  EXPECT_EQ(input->GetText(), "p");
 }
 
-TEST_F(UiTask, AfterTheExitNothingReachesWidgets) {
+TEST_F(UiTask, NothingReachesWidgetsFromTheExitToTheNextStart) {
   NewInput();
   Click(20, 20);
-  ASSERT_TRUE(task.StopsKey());
-  task.Exit();
-  Click(20, 20), Type(kFreeKey), task.Update();
+  ASSERT_TRUE(myTask.StopsKey());
+  myTask.Exit();
+  Click(20, 20);
+  myTask.Update();
   Bridge().Resize(640, 480);
-  EXPECT_FALSE(task.StopsKey());
+  EXPECT_FALSE(myTask.StopsKey());
   EXPECT_EQ(CDesktopWidget::PeekSingletonPtr(), nullptr);
 
-  task.Start();
+  test::RunScript("starttask( ui, ui, 70 )");
   EXPECT_EQ(CDesktopWidget::GetSingletonPtr()->GetRect(), (CRect<int>{0, 0, 640, 480}));
   auto* input = NewInput();
-  Click(20, 20), Type(kFreeKey);
+  Click(20, 20);
+  Type('q');
   EXPECT_EQ(input->GetText(), "q");
+  test::RunScript("stoptask( ui )");
 }
 
 }  // namespace

@@ -1,0 +1,73 @@
+#include "audio/audiodevice.h"
+
+#include "audio/audioformat.h"
+#include "support/logcapture.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace vask::test {
+namespace {
+
+TEST(AudioFormat, NamesAndNumbersGoBothWays) {
+  for (const std::string name : {"U8", "S8", "U16LSB", "S16LSB", "U16MSB", "S16MSB"}) {
+    EXPECT_EQ(AudioFormatName(AudioFormatFromName(name)), name);
+  }
+  EXPECT_EQ(AudioFormatFromName("s16lsb"), 0x8010);
+  EXPECT_EQ(AudioFormatFromName("S16"), 0);
+  EXPECT_EQ(AudioFormatName(0x8020), "");
+}
+
+constexpr SAudioSettings kUsual{22050, AUDIO_S16LSB, 2, 1024, 8};
+
+TEST(AudioDevice, TheFirstHoldOpensItAndTheLastOneClosesIt) {
+  const CLogCapture log;
+  const SAudioSettings settings{44100, AUDIO_S8, 1, 512, 3};
+  std::unique_ptr<CAudioDevice> other;
+  {
+    const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, "Audio");
+    EXPECT_TRUE(log.Has("with parameters frequency: 44100Hz, format: S8, channels: 1"));
+    EXPECT_TRUE(log.Has("Using audiodriver: dummy"));
+    EXPECT_EQ(Mix_AllocateChannels(-1), 3);
+    other = CAudioDevice::Open(settings, "Other");
+    EXPECT_FALSE(log.Has(" shares ")) << "it has what it wanted";
+  }
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 1);
+  EXPECT_NE(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+  other.reset();
+  EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+}
+
+TEST(AudioDevice, ALaterHoldTakesItAsItIsAndCutsNoChannelsOff) {
+  const CLogCapture log;
+  const auto first = CAudioDevice::Open(kUsual, "Audio");
+  EXPECT_EQ(first->ChunkMilliseconds(), 47) << "1024 samples, rounded up";
+  const auto other = CAudioDevice::Open({44100, AUDIO_U8, 1, 512, 3}, "Other");
+  EXPECT_EQ(Mix_AllocateChannels(-1), 8);
+  EXPECT_EQ(other->ChunkMilliseconds(), 47);
+  const auto third = CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 512, 12}, "Third");
+  EXPECT_EQ(Mix_AllocateChannels(-1), 12);
+  for (const std::string name : {"Other", "Third"}) {
+    EXPECT_TRUE(log.Has(name + " shares the audio device as it is, with frequency: 22050Hz, "
+                               "format: S16LSB, channels: 2, chunksize: 1024"));
+  }
+}
+
+TEST(AudioDevice, IsNullWhereThereIsNone) {
+  const CLogCapture log;
+  setenv("SDL_AUDIODRIVER", "none of these", 1);
+  EXPECT_EQ(CAudioDevice::Open(kUsual, "Audio"), nullptr);
+  setenv("SDL_AUDIODRIVER", "dummy", 1);
+  EXPECT_TRUE(log.Has("[failed]"));
+  EXPECT_TRUE(log.Has("Error description: "));
+  EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U) << "is left open";
+  const auto first = CAudioDevice::Open(kUsual, "Audio");
+  SDL_Quit();
+  EXPECT_EQ(CAudioDevice::Open(kUsual, "Other"), nullptr) << "it went with the window";
+}
+
+}  // namespace
+}  // namespace vask::test
