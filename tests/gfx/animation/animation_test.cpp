@@ -330,8 +330,8 @@ TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
   self = add(nullptr, 'c', [&] { delete self; });
   add(nullptr, 'd', [] {});
 
-  CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
   for (const unsigned time : {1U, 2U}) {
+    CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
     updator.Update(time);  // once a frame
   }
   EXPECT_EQ(log, "abcad") << "who deletes itself ends the walk";

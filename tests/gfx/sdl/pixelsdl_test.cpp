@@ -154,9 +154,10 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
     sheet->SaveToFile("part.tga");
     EXPECT_EQ(Quarters(*ImagePtr(Gfx::LoadImage("part.tga", Gfx::kMagenta))), "rgb.");
     sheet->SetRect({20, 16, 40, 28});  // ends beyond the sheet
+    EXPECT_EQ(ImagePtr(sheet->Scale(80, 56))->GetPixel(1, 1).r, 0);
     sheet->PutPixel(0, 0, {255, 255, 255});
     const ImagePtr beyond(sheet->Scale(80, 56));
-    EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy that was saved";
+    EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy from before";
     EXPECT_EQ(beyond->GetPixel(39, 0).r, 255);
     EXPECT_EQ(beyond->GetPixel(40, 0).r, 0);
   }

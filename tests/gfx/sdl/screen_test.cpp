@@ -92,6 +92,7 @@ TEST(Video, CallsWithoutAScreenReturnNothing) {
   EXPECT_EQ(holder.taken, 5);
   const unsigned quits = sdl::GetQuitCount();
   sdl::Quit();
+  EXPECT_FALSE(sdl::HasVideo());
   EXPECT_EQ(sdl::GetQuitCount(), quits + 1);
   EXPECT_EQ(holder.taken, 6);
 }
@@ -127,6 +128,7 @@ TEST_F(Screen, PicturesAreSavedAsTgaOfEveryDepthElseAsBmp) {
     }
     EXPECT_TRUE(picture.SaveToFile(name));
     EXPECT_EQ(std::filesystem::file_size(name), c.size);
+    EXPECT_EQ(std::ifstream(name).ignore(1).get(), c.format.bits == 8 ? 1 : 0) << "a palette";
     const Gfx::ImagePtr read(Gfx::LoadImage(name, 0));
     const Gfx::ImagePtr clone(read->Clone());
     EXPECT_EQ(clone->GetPixel(0, 0).Pack(), 0xFFFF0000U);

@@ -156,8 +156,10 @@ TEST_F(Sprite, ShownPictureFollowsPartTurnAndSize) {
   sprite->SetImageRect({30, 20, 90, 90});
   EXPECT_EQ(sprite->GetImageRect(), (Rect{30, 20, 10, 10})) << "cut to the sheet";
   EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 10, 10}));
-  sprite->SetSize(-1, 7);
-  EXPECT_EQ(sprite->GetRect(), Rect{}) << "a size of nothing";
+  for (const auto& [width, height] : {std::pair{-1, 7}, {7, -1}}) {
+    sprite->SetSize(width, height);
+    EXPECT_EQ(sprite->GetRect(), Rect{}) << "a size of nothing";
+  }
   EXPECT_FALSE(sprite->IsEmpty());
   sprite->SetImage(loaded);
   EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 10, 10}));
@@ -176,6 +178,7 @@ TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
     return names;
   };
   EXPECT_EQ(order(), "5320416");
+  sprites[0]->SetZ(50);  // as before, which changes nothing
   sprites[1]->SetZ(50);
   EXPECT_EQ(order(), "5312046");
   for (const bool visible : {false, false, true, true}) {
@@ -217,23 +220,6 @@ TEST_F(Sprite, WithoutABackBufferLeavesATrail) {
   sprite->SetX(40);
   myLayer->DrawFrame();
   EXPECT_EQ(myScreen.At(22, 2), 0U);
-}
-
-TEST_F(Sprite, ScreenIsDrawnWhollyAfterARefresh) {
-  const test::CLogCapture log;
-  const CSpritePtr sprite = Red();
-  myLayer->DrawFrame();
-  EXPECT_TRUE(myScreen.Picture().IsUpdateAll());
-  myLayer->DrawFrame();
-  EXPECT_EQ(log.Count("drawing all"), 1U);
-  myLayer->RefreshAll();
-  sdl::WritePixel(*test::SurfaceOf(myScreen.Picture()), 70, 50, 0xFFFFFF);
-  myLayer->DrawFrame();
-  EXPECT_EQ(log.Count("drawing all"), 2U);
-  EXPECT_EQ(myScreen.At(70, 50), 0U);
-  myScreen.Resize(70, 60);
-  myLayer->DrawFrame();
-  EXPECT_EQ(log.Count("drawing all"), 3U);
 }
 
 TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {

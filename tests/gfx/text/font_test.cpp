@@ -1,5 +1,6 @@
 #include "gfx/text/font.h"
 
+#include "gfx/sdl/sdltextures.h"
 #include "gfx/text/ogffontloader.h"
 #include "gfx/text/textsprite.h"
 #include "support/logcapture.h"
@@ -65,7 +66,9 @@ class Font : public ::testing::Test {
 TEST_F(Font, GlyphsAreCutFromTheirCells) {
   for (const char* lineEnd : {"", "\n", "\r\n", "\nOGF;more"}) {
     const auto loaded = FontOf(myFont + lineEnd);
+    loaded->SetAlign(2);
     const std::unique_ptr<CFont> font(loaded->Clone());
+    EXPECT_EQ(font->Write(nullptr, "a", {0, 0, 50, 9}).x, 50) << "aligned as the original";
     EXPECT_EQ(font->GetTextWidth("a"), 16) << lineEnd;
     EXPECT_EQ(font->GetTextWidth(";"), 0);
     EXPECT_EQ(font->GetTextWidth("b dx"), 36);
@@ -76,10 +79,19 @@ TEST_F(Font, GlyphsAreCutFromTheirCells) {
     EXPECT_EQ(Reds(*font, "bxcd", {0, 7, 8, 17, 18, 33, 34}),
               (std::vector<int>{70, 70, 150, 150, 230, 230, 0}));
   }
+  EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("sheet.bmp")) << "fonts free their sheet";
   const auto scaled = FontOf("OGF;3;2;8;4;6;888;ab;c d;646464646464;sheet.bmp");
   EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (std::vector<int>{30, 150}));
-  const auto tinted = FontOf("OGF;3;2;16;8;1;940;a;64;sheet.bmp");
-  EXPECT_EQ(tinted->GetSheet()->GetPixel(47, 15).Pack() & 0xFFFFFF, 0xFF3200U);
+  std::ofstream("numbers.ogf") << "OGF;3;2;16;8;1;940;+;64;sheet.bmp";
+  const Gfx::ImagePtr target(Gfx::NewBuffer(100, 20));
+  const test::CLogCapture log;
+
+  const std::unique_ptr<CFont> font = LoadFont("numbers.ogf");
+  font->WriteLine(target.get(), "+500", 0, 0);
+
+  EXPECT_EQ(target->GetPixel(0, 0).Pack(), 0xFF213200U) << "tinted";
+  EXPECT_EQ(font->GetSheet()->GetPixel(47, 15).Pack(), 0xFFFF3200U);
+  EXPECT_TRUE(log.Has("Red: 1.125Green: 0.5Blue: 0"));
   EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100) << "only a copy is tinted";
 }
 

@@ -21,7 +21,7 @@ TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
   CPaper drawer;
   CLotsATextSprite(9, 9).ScrollBy(5);  // does nothing without a text
 
-  auto* view = new CLotsATextSprite(20, 20);
+  auto* view = new CLotsATextSprite(30, 20);
   view->SetDrawer(&drawer);  // called every 100 ms
   const CSpritePtr sprite(view);
   sprite->SetParent(CScreenLayer::GetSingletonPtr());
@@ -32,26 +32,26 @@ TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
     const char* asked;  // y, width
   };
   const SStep steps[] = {
-      {.height = 4, .scroll = 0, .asked = "-16,20"},
-      {.height = 4, .scroll = -3, .asked = "-16,20"},
-      {.height = 25, .scroll = -2, .asked = "3,20"},
-      {.height = 45, .scroll = 0, .asked = "3,20"},
-      {.height = 45, .scroll = -9, .asked = "0,20"},
-      {.height = 50, .scroll = 0, .asked = "0,20"},
-      {.height = 50, .scroll = 30, .asked = "30,20"},
-      {.height = 55, .scroll = 0, .asked = "35,20"},
-      {.height = 1200000, .scroll = -1000, .asked = "1198980,20"},
-      {.height = 1200012, .scroll = 0, .asked = "1198980,20"},
-      {.height = 9, .scroll = 0, .asked = "-11,20"},
-      {.height = 30, .scroll = 0, .asked = "10,20"},
+      {.height = 4, .scroll = 0, .asked = "-16,30"},
+      {.height = 4, .scroll = -3, .asked = "-16,30"},
+      {.height = 25, .scroll = -2, .asked = "3,30"},
+      {.height = 45, .scroll = 0, .asked = "3,30"},
+      {.height = 45, .scroll = -9, .asked = "0,30"},
+      {.height = 50, .scroll = 0, .asked = "0,30"},
+      {.height = 50, .scroll = 30, .asked = "30,30"},
+      {.height = 55, .scroll = 0, .asked = "35,30"},
+      {.height = 1200000, .scroll = -1000, .asked = "1198980,30"},
+      {.height = 1200012, .scroll = 0, .asked = "1198980,30"},
+      {.height = 9, .scroll = 0, .asked = "-11,30"},
+      {.height = 30, .scroll = 0, .asked = "10,30"},
   };
   for (const SStep& step : steps) {
     drawer.height = step.height;
     view->ScrollBy(step.scroll);
     EXPECT_EQ(drawer.asked, step.asked) << step.height;
   }
-  view->SetSize(30, 10);
-  EXPECT_EQ(drawer.asked, "20,30!");
+  view->SetSize(25, 10);
+  EXPECT_EQ(drawer.asked, "20,25!");
   view->ScrollBy(-5);
   drawer.height = 60;
   view->SetSize(20, 10);
