@@ -55,6 +55,17 @@ class CTestScreen {
   CPixelScreenSDL myScreen;
 };
 
+// The picture with each pixel of its 32-bit surface made from its position.
+template <typename PixelAt>
+Gfx::ImagePtr Filled(IPixel* picture, PixelAt pixelAt) {
+  for (int i = 0; i < picture->GetWidth() * picture->GetHeight(); ++i) {
+    const int x = i % picture->GetWidth();
+    const int y = i / picture->GetWidth();
+    sdl::WritePixel(*SurfaceOf(*picture), x, y, pixelAt(x, y));
+  }
+  return Gfx::ImagePtr(picture);
+}
+
 // A picture with an alpha channel, in one colour.
 inline IPixel* NewPicture(int width, int height, const CColor& color) {
   IPixel* picture = Gfx::NewBuffer(width, height);

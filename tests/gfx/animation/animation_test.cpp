@@ -1,6 +1,9 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/animation/externalanimator.h"
+#include "gfx/animation/framerect.h"
+#include "gfx/animation/framesound.h"
+#include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritemasker.h"
 #include "kernel/taskfactory.h"
 #include "support/logcapture.h"
@@ -9,38 +12,47 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <functional>
+#include <utility>
 
 namespace vask {
 namespace {
 
 using Times = std::vector<unsigned>;
+using Sounds = std::vector<std::string>;
 
-// Stands in for the audio task and hears what it is sent.
+// Takes the place of the audio task: notes what it is sent, and may do something then.
 struct CAudioProbe : CTask {
   static inline std::vector<std::string> sounds;
+  static inline std::function<void()> onSound;
   void Update() override {}
   bool ExecuteCommand(const std::string& line) override {
     sounds.push_back(line);
+    if (onSound) {
+      onSound();
+    }
     return true;
   }
 };
-const CTaskTypeRegistrar<CAudioProbe> kRegistrar("audioprobe");
+const CTaskTypeRegistrar<CAudioProbe> theRegistrar("audioprobe");
 
 std::string Sound(const std::string& file, const std::string& element = "Frame") {
   return "<" + element + " type=\"frame_sound\" sound_file=\"" + file + "\" ></" + element + ">";
 }
+// Shows the part of the sheet at x.
 std::string Rect(int x, int length, const std::string& wrapped = "") {
   return "<Frame type=\"frame_rect\" ><Rect x=\"" + std::to_string(x) +
          "\" w=\"9\" h=\"99\" ></Rect><FrameLength>" + std::to_string(length) + "</FrameLength>" +
          wrapped + "</Frame>";
 }
-std::string Wrapped(int depth, const std::string& inner = "") {
-  const std::string text = "<Wrapped type=\"frame_rect\" >" + inner + "</Wrapped>";
-  return depth > 1 ? Wrapped(depth - 1, text) : text;
+std::string Wrapped(int depth) {
+  std::string text;
+  for (; depth > 0; --depth) {
+    text = "<Wrapped type=\"frame_rect\" >" + text + "</Wrapped>";
+  }
+  return text;
 }
 std::string Named(const std::string& name, const std::string& frames, bool loop = false) {
   return "<Animation name=\"" + name + "\" loop=\"" + (loop ? "1" : "0") + "\" >" + frames +
@@ -52,7 +64,11 @@ class Animation : public testing::Test {
   using SpritePtr = std::unique_ptr<CAnimatedSprite>;
 
   Animation() { CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr); }
-  ~Animation() override { CAnimationUpdator::DeleteSingleton(); }
+  ~Animation() override {
+    CAnimationUpdator::DeleteSingleton();
+    CAudioProbe::sounds.clear();
+    CAudioProbe::onSound = nullptr;
+  }
 
   static SpritePtr Load() {
     auto sprite = std::make_unique<CAnimatedSprite>();
@@ -66,10 +82,9 @@ class Animation : public testing::Test {
   }
   static void Update(unsigned time) { CAnimationUpdator::GetSingletonPtr()->Update(time); }
   // Updates at each time and lists what is shown then.
-  static std::string Play(CAnimatedSprite& sprite, unsigned start, const Times& times) {
+  static std::string Play(const CAnimatedSprite& sprite, unsigned start, const Times& times) {
     std::string shown;
     for (const unsigned time : times) {
-      sprite.IsPlaying() ? sprite.PlayAnimation("a") : void();  // changes nothing
       Update(start + time);
       shown += std::to_string(sprite.GetImageRect().x);
     }
@@ -80,38 +95,72 @@ class Animation : public testing::Test {
 };
 
 TEST_F(Animation, FramesFollowTheirTimes) {
+  struct SCase {
+    std::string frames;
+    bool loop = true;
+    float speed = 1;
+    Times times;
+    const char* shown;  // x at each time
+  };
   const std::string pair = Rect(1, 100) + Rect(2, 100);
-  // Frames, loop, speed, times, what is shown at each.
-  const std::tuple<std::string, bool, float, Times, const char*> cases[] = {
-      // clang-format off
-      {pair + Rect(3, 100), true, 1, {0, 50, 99, 100, 150, 200, 299, 300, 400}, "111223312"},
-      {pair, false, 1, {0, 100, 199, 200, 900}, "12222"},
-      // Frames without a length hand over with the next update.
-      {Rect(1, 0) + Sound("") + Rect(2, 50, Sound("", "Wrapped")) + Rect(3, 30), true, 1,
-       {0, 1, 2, 3, 32, 33, 34}, "1233112"}, {"", true, 1, {0, 250, 500}, "000"},
-      {pair, true, 2, {0, 49, 50, 100, 200}, "11212"}, {pair, true, 0.5F, {0, 49, 50, 100, 200}, "11112"},
-      {pair, true, 0, {0, 49, 50, 100, 200}, "11111"}, {pair, true, NAN, {0, 49, 50, 100, 200}, "11121"}};
-  // clang-format on
+  const std::string noLength = Rect(1, 0) + Sound("") + Rect(2, 50, Sound("", "Wrapped"));
+  const Times fiveTimes = {0, 49, 50, 100, 200};
+  const SCase cases[] = {
+      {.frames = pair, .times = {0, 50, 99, 100, 150, 199, 200, 300}, .shown = "11122212"},
+      {.frames = pair, .loop = false, .times = {0, 100, 199, 200, 900}, .shown = "12222"},
+      // Frames without a length end with the next update.
+      {.frames = noLength + Rect(3, 30), .times = {0, 1, 2, 3, 32, 33, 34}, .shown = "1233112"},
+      {.frames = "", .times = {0, 250, 500}, .shown = "000"},
+      {.frames = pair, .speed = 2, .times = fiveTimes, .shown = "11212"},
+      {.frames = pair, .speed = 0, .times = fiveTimes, .shown = "11111"},
+      {.frames = pair, .speed = 0.3F, .times = {0, 1, 333, 334, 335}, .shown = "11122"},
+      {.frames = pair, .speed = NAN, .times = fiveTimes, .shown = "11121"},
+  };
   for (const unsigned start : {0U, 5000U, 4294967200U}) {
-    for (const auto& [frames, loop, speed, times, shown] : cases) {
-      const SpritePtr sprite = Read(Named("b", Rect(9, 1)) + Named("a", frames, loop));
+    for (const SCase& c : cases) {
+      SCOPED_TRACE(testing::Message() << c.frames << start << " at " << c.speed);
+      const SpritePtr sprite = Read(Named("b", Rect(9, 1)) + Named("a", c.frames, c.loop));
       sprite->PlayAnimation("a");
-      sprite->SetTimeMultiply(speed);
-      EXPECT_EQ(Play(*sprite, start, times), shown) << frames << start;
+      sprite->SetTimeMultiply(c.speed);
+      EXPECT_EQ(Play(*sprite, start, c.times), c.shown);
+      EXPECT_EQ(sprite->IsPlaying(), c.loop);
       sprite->PlayAnimation("none");
-      EXPECT_EQ(Play(*sprite, start + 1000, {0})[0], shown[0]) << "the current one again";
+      EXPECT_EQ(Play(*sprite, start + 1000, {0})[0], c.shown[0]) << "the current one again";
     }
   }
 }
 
+// Two sprites that change places in the order of due times, and the sounds of both.
+TEST_F(Animation, SpritesAreWokenInTheOrderOfTheirTimes) {
+  CAnimatedSprite idle;
+  idle.Play();
+  const SpritePtr slow = Read(Named("a", Rect(1, 50) + Sound("slow") + Rect(2, 90)));
+  slow->PlayAnimation("a");
+  const SpritePtr quick = Read(Named("a", Rect(1, 20) + Rect(2, 20) + Sound("quick") + Rect(3, 9)));
+  quick->PlayAnimation("a");
+  EXPECT_EQ(Play(*quick, 0, {0, 20}), "12");
+  quick->PlayAnimation("a");  // goes on
+  EXPECT_EQ(quick->GetCurrentFrame(), 1U);
+  EXPECT_EQ(Play(*quick, 0, {40}), "2");
+  EXPECT_EQ(Play(*slow, 0, {41, 49, 50, 51}), "1112");
+  EXPECT_EQ(idle.GetWait(100), 150) << "every 250 ms without an animation";
+  EXPECT_EQ(CAudioProbe::sounds, (Sounds{"PlayEffect( \"quick\" )", "PlayEffect( \"slow\" )"}));
+}
+
 TEST_F(Animation, BadFramesAreSkippedWithOneLine) {
-  // clang-format off
-  const std::pair<std::string, std::size_t> cases[] = {  // frames, lines in the log
-      {"<Frame></Frame>", 1}, {"<Frame type=\"frame_circle\" ></Frame>", 1}, {"<Other></Other>", 0},
-      {Rect(1, 0, "<Wrapped type=\"no\" ></Wrapped>"), 1}, {Rect(1, 0, Wrapped(16)), 0},
-      {Rect(1, 0, Wrapped(17)), 1}, {Rect(1, 0, Wrapped(3000)), 1}, {Sound(""), 0},
-      {Sound("a,b"), 1}, {Sound("a;b"), 1}, {Sound("a::b"), 1}, {Sound("a//b"), 1}};
-  // clang-format on
+  const std::pair<std::string, std::size_t> cases[] = {
+      // frames, lines in the log
+      {"<Frame></Frame>", 1},
+      {"<Other></Other>", 0},
+      {"<Frame type=\"frame_circle\" ></Frame>", 1},
+      {Sound(""), 0},
+      {Sound("a,b"), 1},
+      {Sound("a;b"), 1},
+      {Sound("a::b"), 1},
+      {Sound("a//b"), 1},
+      {Rect(1, 0, Wrapped(16)), 0},
+      {Rect(1, 0, Wrapped(17)), 1},
+      {Rect(1, 0, "<Wrapped type=\"no\" ></Wrapped>"), 1}};
   const std::string start = "<CurrentAnimation>a</CurrentAnimation><CurrentFrame>99</CurrentFrame>";
   for (const auto& [frames, lines] : cases) {
     const test::CLogCapture log;
@@ -132,8 +181,29 @@ TEST_F(Animation, WrittenSpriteReadsBackAndPlaysItsSoundsOnce) {
   const SpritePtr sprite = Load();
   EXPECT_EQ(log.Text(), "") << "the order of reading is the order of writing";
   EXPECT_EQ(Play(*sprite, 0, {0, 1, 25, 50, 51, 52, 60, 200}), "22234444");
-  const std::vector<std::string> sounds = {"PlayEffect( \"a b.wav\" )", "PlayEffect( \"c.wav\" )"};
-  EXPECT_EQ(std::exchange(CAudioProbe::sounds, {}), sounds);
+  EXPECT_EQ(CAudioProbe::sounds, (Sounds{"PlayEffect( \"a b.wav\" )", "PlayEffect( \"c.wav\" )"}));
+  const CFrameSound wrapping("", std::make_unique<CFrameRect>(CRect<int>{}, 70));
+  EXPECT_EQ(wrapping.GetDelay() + wrapping.GetLength(), 140U);
+}
+
+TEST_F(Animation, SoundMayRestartAndDeleteItsSprite) {
+  std::ofstream("flame.xml") << "<S type=\"sprite_animated\" >" << Named("burn", Sound("f"))
+                             << "</S>";
+
+  const CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("flame.xml"));
+  flame->PlayAnimation("burn");
+
+  Update(0);
+  EXPECT_EQ(CAudioProbe::sounds, (Sounds{"PlayEffect( \"f\" )"}));
+  SpritePtr sprite =
+      Read(Named("a", Sound("a") + Rect(2, 9)) + Named("b", Rect(1, 90) + Rect(3, 9)));
+  sprite->PlayAnimation("a");
+  CAudioProbe::onSound = [&] { sprite->PlayAnimation("b"); };
+  EXPECT_EQ(Play(*sprite, 1, {0, 1, 90, 91}), "0113");
+  sprite->PlayAnimation("a");
+  CAudioProbe::onSound = [&] { sprite.reset(); };
+  Update(1000);
+  EXPECT_EQ(sprite, nullptr);
 }
 
 class Animator : public Animation {
@@ -152,50 +222,84 @@ class Animator : public Animation {
 };
 
 TEST_F(Animator, ExpressionGivesTheValue) {
-  // clang-format off
-  const std::tuple<const char*, bool, unsigned, float> cases[] = {  // clamped, time of 1000000, value
-      {"t*t", false, 500000, 0.25F}, {"sin(t*3.14)*2", false, 500000, 2}, {"sin(t*3.14)*2", true, 500000, 1},
-      {"t-2", true, 500000, 0}, {"t*1000000", false, 12, 12}};  // not 1.2e-05, which no calculator reads
-  // clang-format on
-  for (const auto& [expression, clamp, time, value] : cases) {
+  struct SCase {
+    const char* expression;
+    bool clamp = false;
+    unsigned time = 500000;  // of 1000000
+    float value;
+  };
+  const SCase cases[] = {
+      {.expression = "t*t", .value = 0.25F},
+      {.expression = "sin(t*3.14)*2", .value = 2},
+      {.expression = "sin(t*3.14)*2", .clamp = true, .value = 1},
+      {.expression = "t-2", .clamp = true, .value = 0},
+      {.expression = "t*1000000", .time = 12, .value = 12},  // no 1.2e-05: nothing reads that
+  };
+  for (const SCase& c : cases) {
     float got = NAN;
-    Start([&got](float applied) { got = applied; }, nullptr, 1000000, expression, clamp);
-    Update(time);
-    EXPECT_NEAR(got, value, 1e-3F) << expression << clamp;
+    Start([&got](float value) { got = value; }, nullptr, 1000000, c.expression, c.clamp);
+    Update(c.time);
+    EXPECT_NEAR(got, c.value, 1e-3F) << c.expression << c.clamp;
     CAnimationUpdator::DeleteSingleton();  // and the animator with it
   }
 }
 
 // What is done at 500 of 1000 ms keeps the value of that moment and moves the end.
 TEST_F(Animator, SpeedMovesTheEnd) {
-  // clang-format off
-  const std::pair<std::vector<float>, unsigned> cases[] = {  // factors, end
-      {{2}, 750}, {{0.5F}, 1500}, {{4, 0.5F}, 1500}, {{2, 1}, 1000}, {{2, 1, 1}, 1000}, {{0}, 1000},
-      {{-2}, 1000}, {{NAN}, 1000}, {{INFINITY}, 1000}, {{1e30F}, 501}, {{1e-40F}, 1000}};
-  // clang-format on
+  const std::pair<std::vector<float>, unsigned> cases[] = {
+      // factors, end
+      {{2}, 750},         {{0.5F}, 1500}, {{4, 0.5F}, 1500}, {{2, 1}, 1000},
+      {{2, 1, 1}, 1000},  {{0}, 1000},    {{-2}, 1000},      {{NAN}, 1000},
+      {{INFINITY}, 1000}, {{1e30F}, 501}, {{1e-40F}, 1000}};
   for (const unsigned start : {0U, 4294967000U}) {
     for (const auto& [factors, end] : cases) {
       Update(start);
       std::vector<float> values;
-      const auto note = [&](float value) { values.push_back(value); };
-      CExternalAnimator* animator = Start(note, nullptr, 1000);
+      CExternalAnimator* animator =
+          Start([&](float value) { values.push_back(value); }, nullptr, 1000);
       Update(start + 500);
-      std::ranges::for_each(factors, [=](float factor) { animator->SetTimeMultiplier(factor); });
-      Update(start + end - 1), Update(start + end), Update(start + end + 1);
+      for (const float factor : factors) {
+        animator->SetTimeMultiplier(factor);
+      }
+      for (const unsigned time : {end - 1, end, end + 1}) {
+        Update(start + time);
+      }
       ASSERT_EQ(values.size(), 3U) << "it is gone at its end, " << end;
-      EXPECT_TRUE(values[0] == 0.5F && values[1] < 1.0F && values[2] == 1.0F) << end;
+      EXPECT_EQ(values[0], 0.5F);
+      EXPECT_LT(values[1], 1.0F) << end;
+      EXPECT_EQ(values[2], 1.0F) << end;
     }
   }
+}
+
+TEST_F(Animator, PauseDelaysTheEndAndNoDurationIsNone) {
+  std::vector<float> values;
+  const auto note = [&](float value) { values.push_back(value); };
+  Start(note, nullptr, 0);
+  CExternalAnimator* animator = Start(note, nullptr, 1000);
+  Update(400);
+  animator->Pause();
+  Update(700);
+  animator->Resume();
+  Update(1200);
+  EXPECT_EQ(values, (std::vector<float>{0.4F, 0.9F}));
 }
 
 TEST_F(Animator, MaskersMoveAndFade) {
   CSprite sprite;
   sprite.SetRect({10, -20, 7, 8});
+
+  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)", true);
+
   CSpriteMoveToUpdator move(&sprite, 21, -31);
-  move.Apply(0.5F);
-  EXPECT_EQ(sprite.GetRect(), (CRect<int>{15, -25, 7, 8}));
-  move.Apply(2.0F);
-  EXPECT_EQ(sprite.GetRect(), (CRect<int>{32, -42, 7, 8}));
+  const std::pair<float, CRect<int>> places[] = {{0.5F, {15, -25, 7, 8}},
+                                                 {2.0F, {32, -42, 7, 8}},
+                                                 {NAN, {10, -20, 7, 8}},
+                                                 {1e9F, {1000010, -1000020, 7, 8}}};
+  for (const auto& [value, rect] : places) {
+    move.Apply(value);
+    EXPECT_EQ(sprite.GetRect(), rect) << value;
+  }
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);
   std::vector<int> alphas;
@@ -204,13 +308,20 @@ TEST_F(Animator, MaskersMoveAndFade) {
     alphas.push_back(sprite.GetAlpha());
   }
   EXPECT_EQ(alphas, (std::vector<int>{200, 150, 150, 50, 50, 0}));
+  CSpriteMoveToUpdator(nullptr, 1, 1).Apply(1);
+  CSpriteSetAlphaUpdator(nullptr, 1, 1).Apply(1);
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
-  auto first = std::make_unique<CSprite>(), second = std::make_unique<CSprite>();
+  auto first = std::make_unique<CSprite>();
+  auto second = std::make_unique<CSprite>();
   std::string log;
   const auto add = [&](CSprite* sprite, char name, const std::function<void()>& action) {
-    return Start([&log, name, action](float) { log += name, action(); }, sprite, 9);
+    const auto note = [&log, name, action](float) {
+      log += name;
+      action();
+    };
+    return Start(note, sprite, 9);
   };
   CExternalAnimator* self = nullptr;
   add(nullptr, 'a', [&] { second.reset(); });
@@ -218,10 +329,12 @@ TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
   add(first.get(), 'b', [&] { first.reset(); });  // and with it its own place in the list
   self = add(nullptr, 'c', [&] { delete self; });
   add(nullptr, 'd', [] {});
-  Update(1);
-  EXPECT_EQ(log, "abc") << "who deletes itself ends the walk";
-  Update(2);
-  EXPECT_EQ(log, "abcad");
+
+  for (const unsigned time : {1U, 2U}) {
+    CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
+    updator.Update(time);  // once a frame
+  }
+  EXPECT_EQ(log, "abcad") << "who deletes itself ends the walk";
 }
 
 }  // namespace

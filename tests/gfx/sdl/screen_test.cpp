@@ -1,0 +1,146 @@
+// The screen's picture and its dirty rectangles, the video calls, and saving pictures.
+
+#include "kernel/applicationfactory.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace vask::test {
+namespace {
+
+using Rect = CRect<int>;
+
+class Screen : public testing::Test {
+ protected:
+  ~Screen() override { CPixelScreenSDL::FullFlip() = true; }
+
+  CTestScreen myScreen{64, 48};
+  CPixelScreenSDL& myPicture = myScreen.Picture();
+};
+
+TEST_F(Screen, CountsAsChangedWhenTheListIsFull) {
+  for (int i = 1; i <= 76; ++i) {
+    EXPECT_FALSE(myPicture.IsUpdateAll()) << i;
+    myPicture.AddDirtyRect({i % 64, 0, 1, 1});
+  }
+  EXPECT_TRUE(myPicture.IsUpdateAll());
+  myPicture.Flip();
+  EXPECT_FALSE(myPicture.IsUpdateAll());
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
+  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
+  console.Execute("gfx_flip_rects_size = 0", false);
+  for (int i = 0; i < 100; ++i) {
+    myPicture.AddDirtyRect({0, 0, 1, 1});
+  }
+  console.Execute("gfx_flip_rects_size = 75", false);
+  EXPECT_EQ(myPicture.GetDirtyCount(), 100U) << "0 is no limit";
+}
+
+TEST_F(Screen, CutsDirtyRectanglesToItself) {
+  CPixelScreenSDL::FullFlip() = false;
+  myPicture.AddDirtyRect({-9, -9, 5, 5});
+  myPicture.AddDirtyRect({64, 0, 5, 5});
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
+  // SDL would write outside its memory for a rectangle that was not cut.
+  myPicture.AddDirtyRect({-9, -9, 9999, 9999});
+  EXPECT_EQ(myPicture.GetDirtyCount(), 1U);
+  myPicture.Flip();
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
+  myPicture.AddDirtyRect({0, 0, 64, 48});
+  EXPECT_TRUE(myPicture.IsUpdateAll()) << "the screen itself";
+  myPicture.AddDirtyRect({0, 0, 1, 1});
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U) << "is among everything";
+}
+
+TEST_F(Screen, FollowsTheSurfaceAndForgetsWhatWasDirty) {
+  CLogCapture log;
+  myPicture.AddDirtyRect({0, 0, 1, 1});
+  myScreen.Resize(32, 24);
+  EXPECT_EQ(log.Text(), "myWidth = 32\nmyHeight = 24\n");
+  EXPECT_EQ(Gfx::ScreenRect(), (Rect{0, 0, 32, 24}));
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
+  myPicture.AddDirtyRect({0, 0, 32, 24});
+  myPicture.GiveUpScreen();
+  EXPECT_FALSE(myPicture.IsUpdateAll());
+  EXPECT_TRUE(myPicture.IsEmpty());
+  myPicture.AddDirtyRect({0, 0, 1, 1});
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
+  EXPECT_TRUE(myPicture.IsStatic());
+}
+
+TEST(Video, CallsWithoutAScreenReturnNothing) {
+  struct CHolder : sdl::CScreenHolder {
+    void GiveUpScreen() override { ++taken; }
+    int taken = 0;
+  } holder;
+  EXPECT_EQ(sdl::OpenVideoMode(64, 48, 32, 0), nullptr);
+  EXPECT_EQ(sdl::GetModeDepth(64, 48, 32, 0), 0);
+  EXPECT_EQ(sdl::GetDriverName(), "");
+  const CTestScreen screen(64, 48);
+  EXPECT_EQ(sdl::GetModeDepth(64, 48, 32, 0), 32);
+  EXPECT_NE(sdl::GetDriverName(), "");
+  EXPECT_NE(sdl::OpenVideoMode(16383, 1, 32, 0), nullptr);
+  for (const auto& [width, height] : {std::pair{16384, 1}, {1, 16384}}) {
+    EXPECT_EQ(sdl::OpenVideoMode(width, height, 32, 0), nullptr);
+    EXPECT_EQ(sdl::GetVideoSurface(), nullptr) << "not the old one";
+  }
+  EXPECT_EQ(holder.taken, 5);
+  const unsigned quits = sdl::GetQuitCount();
+  sdl::Quit();
+  EXPECT_FALSE(sdl::HasVideo());
+  EXPECT_EQ(sdl::GetQuitCount(), quits + 1);
+  EXPECT_EQ(holder.taken, 6);
+}
+
+// A red pixel above a magenta one, which is faint, the key colour, or neither; read by SDL_image.
+TEST_F(Screen, PicturesAreSavedAsTgaOfEveryDepthElseAsBmp) {
+  struct SCase {
+    sdl::SPixelFormat format;
+    bool isKeyed = false;
+    std::uint32_t pixels[2];
+    std::uint8_t alpha = 255;  // of the magenta one
+    std::uintmax_t size;       // of the file
+  };
+  const SCase cases[] = {
+      {.format = {24, 0xFF0000, 0xFF00, 0xFF}, .pixels = {0xFF0000, 0xFF00FF}, .size = 18 + 6},
+      {.format = {32, 0xFF0000, 0xFF00, 0xFF, 0xFF000000},
+       .pixels = {0xFFFF0000, 0x20FF00FF},
+       .alpha = 0x20,
+       .size = 18 + 8},
+      {.format = {.bits = 8}, .pixels = {1, 2}, .size = 18 + 3 * 256 + 2},
+      {.format = {.bits = 8}, .isKeyed = true, .pixels = {1, 2}, .alpha = 0, .size = 18 + 1024 + 2},
+  };
+  for (const SCase& c : cases) {
+    const std::string name = std::to_string(c.size) + ".tga";
+    SCOPED_TRACE(name);
+    const CPixelSDL picture(sdl::NewSurface(1, 2, c.format).release());
+    SDL_Color colors[] = {{255, 0, 0, 0}, {255, 0, 255, 0}};
+    SDL_SetColors(picture.GetSurface(), colors, 1, 2);
+    sdl::WritePixel(*picture.GetSurface(), 0, 0, c.pixels[0]);
+    sdl::WritePixel(*picture.GetSurface(), 0, 1, c.pixels[1]);
+    if (c.isKeyed) {
+      sdl::SetColorKey(picture.GetSurface(), {255, 0, 255});
+    }
+    EXPECT_TRUE(picture.SaveToFile(name));
+    EXPECT_EQ(std::filesystem::file_size(name), c.size);
+    EXPECT_EQ(std::ifstream(name).ignore(1).get(), c.format.bits == 8 ? 1 : 0) << "a palette";
+    const Gfx::ImagePtr read(Gfx::LoadImage(name, 0));
+    const Gfx::ImagePtr clone(read->Clone());
+    EXPECT_EQ(clone->GetPixel(0, 0).Pack(), 0xFFFF0000U);
+    EXPECT_EQ(clone->GetPixel(0, 1).a, c.alpha);
+    EXPECT_EQ(std::ifstream(name).ignore(17).get(), c.alpha < 255 ? 0x28 : 0x20) << "from the top";
+    EXPECT_FALSE(picture.SaveToFile("no/such/folder/a.tga"));
+  }
+  EXPECT_TRUE(myPicture.SaveToFile("tga.bmp"));
+  EXPECT_EQ(std::ifstream("tga.bmp").get(), 'B');
+  EXPECT_FALSE(CPixelSDL(SDL_CreateRGBSurface(0, 3, 2, 4, 0, 0, 0, 0)).SaveToFile("four.tga"));
+  EXPECT_STREQ(SDL_GetError(), "cannot save <8bpp images as TGA");
+}
+
+}  // namespace
+}  // namespace vask::test
