@@ -55,7 +55,12 @@ inline std::vector<vask::CSprite*> Shown(const std::string& name) {
   std::erase_if(found, [&](const vask::CSprite* sprite) { return sprite->GetName() != name; });
   return found;
 }
-// The newest first.
+// Where the first of them is.
+inline SScreenPoint PlaceOf(const std::string& name) {
+  const vask::CSprite& sprite = *Shown(name).at(0);
+  return {sprite.GetX(), sprite.GetY()};
+}
+// The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");
   std::erase_if(found, [](const vask::CSprite* sprite) { return sprite->GetZ() != 20; });
