@@ -173,7 +173,9 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   EXPECT_EQ(clicks, (std::vector{5, 5, 5, 9}));
   EXPECT_EQ(window.GetText(edit), "Acd");
   EXPECT_EQ(darkness, (std::vector{15, 5, 15, 15})) << "three dots, or the full stop";
-  EXPECT_EQ(Count({0, 0, 200, 99}, 0xdcdad5), 17400) << "the face beside fields and edges";
+  EXPECT_EQ(Count({0, 0, 60, 40}, 0xdcdad5), 60 * 10 + 10 * 10 + 46 * 8)
+      << "the face beside fields and edges";
+  EXPECT_EQ(Count({0, 0, 100, 1}, 0x9a9791), 89) << "the edge of the field";
 }
 
 TEST_F(NativeWindowTest, EndsWithTheWindowOrTheConnection) {
