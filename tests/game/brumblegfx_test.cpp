@@ -4,6 +4,9 @@
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
 
+#include <fstream>
+#include <map>
+
 namespace brumble {
 namespace {
 
@@ -95,6 +98,21 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   bridge.myHealth = -20.0F;
   bridge.OnDamaged();
   EXPECT_EQ(record.myLastHealth, -20.0F);
+}
+
+// Of two with the same handle the first counts.
+TEST_F(BridgeTest, TheSpriteTableSkipsWhatItCannotUse) {
+  std::ofstream("table.xml") << R"(<GfxFactory>
+      <Sprite handle="0" sprite_file="zero.xml"></Sprite><Other handle="1" sprite_file="a.xml"></Other>
+      <Sprite sprite_file="b.xml"></Sprite><Sprite handle="2"></Sprite>
+      <Sprite handle="three" sprite_file="c.xml"></Sprite><Sprite handle="0" sprite_file="d.xml"></Sprite>
+    </GfxFactory>)";
+  CGfxFactory table;
+  table.Load("table.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFiles(), (std::map<int, std::string>{{0, "zero.xml"}}));
+  table.Load("missing.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFile(0), "zero.xml");
+  EXPECT_EQ(table.GetFile(1), "");
 }
 
 }  // namespace

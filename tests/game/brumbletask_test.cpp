@@ -3,6 +3,7 @@
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
+#include "game/gamefiles.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
@@ -100,6 +101,8 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
     isCursorShown = c.screen != 0;
   }
+  EXPECT_EQ(GameState().kittensLeft, 10);
+  EXPECT_FALSE(GameState().isGameOver) << "a new game";
 }
 
 // 6 - 5 leaves 1, 12 - 10 leaves 2, and after a fourth step in one frame the rest is dropped.
@@ -109,6 +112,7 @@ TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
     int steps;
   } const frames[] = {{5, 0}, {1, 1}, {11, 3}, {3, 3}, {1, 4}, {30, 8}, {5, 8}, {20, 12}, {6, 13}};
   StartGame();
+  vask::CEventBridge::GetSingletonPtr()->MouseMove(800, 300, 0, 0);
   task.ExecuteCommand("");
   for (const auto& [frame, steps] : frames) {
     Frame(frame);
@@ -117,6 +121,7 @@ TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
     Frame(1000);
     task.Resume();
   }
+  EXPECT_GT(Bodies()[kMonsterIndex].vx, 0.0F) << "after the pointer";
 }
 
 // The first kitten is due 600 ms after the start of the game.
@@ -153,7 +158,9 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   const auto sprites = vask::CScreenLayer::GetSingletonPtr()->GetChildren();
   for (const bool isOver : {false, true}) {
     StartGame();
-    EXPECT_GT(pictures.alive, 0);
+    constexpr int kSigns = 8, kLooks = 9, kBodies = 9;
+    EXPECT_GE(pictures.alive, static_cast<int>(kSpriteFiles.size()) + kSigns + kLooks + kBodies)
+        << "all are decoded before play";
     CGameLogic::ShowSign("data/gfx/b_bashing.xml");
     CScoreBoard::ShowFloatingText({50, 150}, "+5");
     if (isOver) {

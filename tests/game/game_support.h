@@ -27,7 +27,11 @@ class CFakePictures : public vask::CGfxFactory {
   IPixel* NewBuffer(IPixel*) override { return NewBuffer(40, 40); }
   IPixel* LoadImage(const std::string&, const vask::CColor&) override { return NewBuffer(40, 40); }
   IPixel* Reserved() override { return nullptr; }
-  void FreeImage(IPixel* image) override { delete (image->IsStatic() ? nullptr : image); }
+  void FreeImage(IPixel* image) override {
+    if (!image->IsStatic()) {
+      delete image;
+    }
+  }
 
   int alive = 0;
 
