@@ -148,14 +148,26 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   CKeyboard::DeleteSingleton();
 }
 
-TEST(KeyboardTest, RunsItsExample) {
+// A null event is none. The interceptor leaves the keyboard when it dies.
+TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
   struct CMyEvent : CEvent {
-    CMyEvent() : CEvent('e') {}
+    CMyEvent() : CEvent('E') {}
+  };
+  struct CTaker : IKeyInterceptor {
+    bool TakesPress(int key) override { return key == kEscapeKey; }
   };
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
   keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
   keyboard.Update();
-  EXPECT_EQ(Hear(std::string{'+', kEscapeKey}), "e");
+  keyboard.BindKey(kEscapeKey, {}, 10);
+  keyboard.BindKeys({kEscapeKey}, {}, 10);
+  keyboard.AddKeyEvent(nullptr, 10);
+  {
+    CTaker taker;
+    keyboard.AddInterceptor(&taker);
+    EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "E");
+  }
+  EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "EE");
   CKeyboard::DeleteSingleton();
 }
 

@@ -16,7 +16,7 @@ struct CTarget : CMouseableImpl {
       : name(sign), record(sink), rect(place), blocking(blocks) {}
   void OnMouseMove(int, int) override { Note('m'); }
   void OnMouseMoveRelative(int dx, int dy) override { Note('r', dx * 10 + dy); }
-  void OnMouseOut(int, int) override { Note('o'); }
+  void OnMouseOut(int x, int y) override { Note('o', x * 10 + y); }
   void OnMouseButtonDown(int button) override { Note('d', button); }
   void OnMouseButtonUp(int button) override { Note('u', button); }
   bool IsBlocking() override { return blocking; }
@@ -87,9 +87,9 @@ TEST_F(MouseTest, ObjectsUnderThePointerHearWhatConcernsThem) {
   } const scenes[] = {
       {{{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1", "am ad1 "},
       {{{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60 m10,20 m39,59", "am am "},
-      {{{kLeft, false}, {kLeft, true}}, "m1,1 m500,1", "am bm bo "},
-      {{{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1", "am bm ao bm "},
-      {{{kLeft, true}}, "m1,1 d4 m500,1 u4 u4", "am ad4 ao au4 "},
+      {{{kLeft, false}, {kLeft, true}}, "m1,1 m500,1", "am bm bo5001 "},
+      {{{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1", "am bm ao2011 bm "},
+      {{{kLeft, true}}, "m1,1 d4 m500,1 u4 u4", "am ad4 ao5001 au4 "},
       {{{kLeft, true}}, "m1,1 d1 u1", "am ad1 au1 "},
       {{{kLeft, false}}, "m1,1 d1 m500,1 u1", "am ad1 "},
   };

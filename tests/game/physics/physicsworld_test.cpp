@@ -192,22 +192,18 @@ TEST_F(CWorldTest, AStepMovesWhatIsNotStatic) {
 }
 
 TEST_F(CWorldTest, TheMonsterGoesWhereTheMousePointsUpToItsSpeedLimit) {
-  struct {
-    SVec2 from, target, velocity;
-  } const cases[] = {
-      {.from = {0, 0}, .target = {0.05F, 0.05F}, .velocity = {1, 1}},
-      {.from = {0, 0}, .target = {-0.05F, 0}, .velocity = {-2.940792F, 0}},  // 75 (1 - e^-0.04)
-      {.from = {0, 0}, .target = {0, -0.05F}, .velocity = {0, -2.940792F}},
-      {.from = {0, 0}, .target = {0, 0.06F}, .velocity = {0, 3.514909F}},
-      {.from = {-2, -1}, .target = {1, 3}, .velocity = {44.17579F, 58.90105F}},
-  };
-  for (const auto& c : cases) {
+  const auto expect = [this](SVec2 from, SVec2 target, SVec2 velocity) {
     CPhysicsBody& monster = Bodies()[kMonsterIndex];
-    std::tie(monster.x, monster.y) = std::tie(c.from.x, c.from.y);
-    myWorld->SetPlayerTarget(c.target.x, c.target.y, 0.05F);
-    EXPECT_NEAR(monster.vx, c.velocity.x, 1.0e-3F) << c.target.x;
-    EXPECT_NEAR(monster.vy, c.velocity.y, 1.0e-3F) << c.target.y;
-  }
+    std::tie(monster.x, monster.y) = std::tie(from.x, from.y);
+    myWorld->SetPlayerTarget(target.x, target.y, 0.05F);
+    EXPECT_NEAR(monster.vx, velocity.x, 1.0e-3F) << target.x;
+    EXPECT_NEAR(monster.vy, velocity.y, 1.0e-3F) << target.y;
+  };
+  expect({0, 0}, {0.05F, 0.05F}, {1, 1});
+  expect({0, 0}, {-0.05F, 0}, {-2.940792F, 0});  // 75 (1 - e^-0.04)
+  expect({0, 0}, {0, -0.05F}, {0, -2.940792F});
+  expect({0, 0}, {0, 0.06F}, {0, 3.514909F});
+  expect({-2, -1}, {1, 3}, {44.17579F, 58.90105F});
 }
 
 // A kitten becomes a disc that lies beside the arena; the door keeps its flag.
