@@ -425,7 +425,7 @@ void BM_OverBlit(benchmark::State& state) {
   ground->SetRect({50, 60, size.w, size.h});
   const Gfx::ImagePtr target(Gfx::NewBuffer(size.w, size.h));
   std::vector<std::uint32_t> from = Premultiplied(*SurfaceOf(sprite.get()));
-  Gfx::CopyExact(ground.get(), size, target.get(), 0, 0);
+  Gfx::CopyPixels(ground.get(), size, target.get(), 0, 0);
   const std::vector<std::uint32_t> fresh = Premultiplied(*SurfaceOf(target.get()));
   std::vector<std::uint32_t> onto = fresh;
   const auto newImage = [&](std::vector<std::uint32_t>& pixels) {
@@ -436,7 +436,7 @@ void BM_OverBlit(benchmark::State& state) {
   std::vector<double> ours;
   std::vector<double> pixmans;
   for ([[maybe_unused]] auto _ : state) {
-    Gfx::CopyExact(ground.get(), size, target.get(), 0, 0);
+    Gfx::CopyPixels(ground.get(), size, target.get(), 0, 0);
     Clock::time_point start = Clock::now();
     sprite->Blit(target.get(), size, size);
     ours.push_back(SecondsSince(start));

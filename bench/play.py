@@ -6,7 +6,6 @@ Usage: bench/play.py [--games N]     (N games to compare the memory over, 10 by 
 Needs build/release/brumble and the packages that ./check installs.
 """
 import argparse
-import os
 import pathlib
 import statistics
 import sys
@@ -18,13 +17,6 @@ from Xlib.ext import damage  # noqa: E402
 
 from display import Display  # noqa: E402
 from game import Game, load_picture, matches  # noqa: E402
-
-TICKS = os.sysconf("SC_CLK_TCK")
-
-
-def processor_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / TICKS
 
 
 def resident_kib(pid):
@@ -48,9 +40,9 @@ def start_milliseconds(screen):
 
 
 def share_of_a_core(game, seconds=10):
-    before, began = processor_seconds(game.process.pid), time.monotonic()
+    before, began = game.processor_seconds(), time.monotonic()
     time.sleep(seconds)
-    used = processor_seconds(game.process.pid) - before
+    used = game.processor_seconds() - before
     return 100 * used / (time.monotonic() - began)
 
 
@@ -70,12 +62,12 @@ def frame_intervals(screen, game, count=300):
 
 
 def play_on(game, games):
-    """Idles through that many more games; answers the resident memory at the end of each."""
+    """Idles through that many more games; returns the resident memory at the end of each."""
     memory = []
     for number in range(games):
         game.point_at(5, 5)
         game.wait_for_log("Gameover", 120, game.log().count("Gameover") + 1)
-        time.sleep(0.5)  # the screen is loaded behind that line
+        time.sleep(0.5)  # the screen is loaded after that line
         memory.append(resident_kib(game.process.pid))
         print(f"  after game {number + 1}: {memory[-1]} KiB", flush=True)
         game.point_at(400, 450)

@@ -21,8 +21,6 @@ namespace {
 // The floating number of a gain: "+500".
 std::string GainText(int points) { return std::string("+").append(std::to_string(points)); }
 
-vask::CLog& Log() { return *vask::CLog::GetSingletonPtr(); }
-
 // A body without an index is a kitten that has just been added.
 bool IsKitten(int index) { return index >= kFirstKittenIndex || index < 0; }
 
@@ -32,7 +30,7 @@ void Place(CScoreBoard& board, SScreenPoint place, int value) {
 }
 
 void LogSpinCount(const CKittenRecord& record) {
-  Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
+  vask::Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
 }
 
 bool IsLongShot(const CKittenRecord& record) {
@@ -141,7 +139,7 @@ void CGameLogic::AddScore(int kittenIndex, int& points) {
 }
 
 int CGameLogic::AwardBonus(int number, SScreenPoint position, int fallbackPoints) {
-  Log() << "PlayEffect: " << number << "\n";
+  vask::Log() << "PlayEffect: " << number << "\n";
   const SBonus bonus = FindBonus(number);
   int points = bonus.points != 0 ? bonus.points : fallbackPoints;
   if (points > 0) {
@@ -179,7 +177,7 @@ void CGameLogic::OnKittenInOven(int index) {
 }
 
 void CGameLogic::BankKitten(CKittenRecord& record) {
-  Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
+  vask::Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
   int sum = 0;
   SScreenPoint place = kOvenTextPlace;
   const auto award = [&](EBonus bonus, int fallbackPoints = 0) {
@@ -194,7 +192,7 @@ void CGameLogic::BankKitten(CKittenRecord& record) {
     award(kLongShot);
   }
   const STouchStory story = ReadTouches(record.myTouches);
-  Log() << "brum_touch_count: " << story.monsterTouches << "\n";
+  vask::Log() << "brum_touch_count: " << story.monsterTouches << "\n";
   if (story.isOneTouch) {
     award(kOneTouch);
   }

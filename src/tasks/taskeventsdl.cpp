@@ -3,9 +3,9 @@
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
 #include "input/buttons.h"
+#include "input/cursorimages.h"
 #include "input/keyplaces.h"
 #include "kernel/kernel.h"
-#include "tasks/cursorimages.h"
 
 #include <utility>
 

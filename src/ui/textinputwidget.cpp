@@ -4,12 +4,15 @@
 #include "input/keynames.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
+#include "ui/widgetfactory.h"
 #include "utils/log/log.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CTextInputWidget> theRegistrar("CTextInputWidget");
 
 // The key symbols of the signals, in their order.
 constexpr std::array<std::int32_t, CTextInputWidget::kKeySignalCount> kSignalKeys = {

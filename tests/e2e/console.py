@@ -15,8 +15,8 @@ class Console:
         self.title_top = load_picture("titlebar", "gui/{}.gif")[0, 0, :3]
         self.input_top = load_picture("text_input", "gui/{}.png")[0, 0, :3]
 
+    # Where the window is in the game's picture: (x, y, w, h); None when it is not open.
     def rect(self):
-        """Where the window is in the game's picture: (x, y, w, h); None when it is not open."""
         picture = self.game.picture()
         middles = (picture == self.close_picture[10, 10, :3]).all(axis=2).nonzero()
         corners = [(int(x) - 10, int(y) - 10) for y, x in zip(*middles)
@@ -26,7 +26,7 @@ class Console:
         left, y = corners[0]
         right, top = left + 25, y - 2
         buttons = left - 50
-        # The title bar reaches from 2 pixels behind the left border to the buttons.
+        # The title bar reaches from 2 pixels beside the left border to the buttons.
         while left > 0 and (picture[y, left - 1] == self.title_top).all() or left > buttons:
             left -= 1
         lines = (picture[top:, left + 2] == self.input_top).all(axis=1).nonzero()[0]
@@ -40,16 +40,17 @@ class Console:
     def wait_for_rect(self, rect):
         self.game.wait_for(lambda: self.rect() == rect, f"a console at {rect}")
 
-    def type(self, text):
-        self.screen.type(text)
+    def open(self):
+        self.screen.tap("F1")
+        self.wait_for_rect((10, 10, 400, 200))
 
     def enter(self, *lines):
         for line in lines:
-            self.type(line)
+            self.screen.type(line)
             self.screen.tap("Return")
 
     def click(self, x, y):
-        self.game.point_at(x + 5, y)  # a pointer that stays in its place tells nobody where that is
+        self.game.point_at(x + 5, y)  # a pointer that does not move reports no place
         self.game.point_at(x, y)
         self.screen.click()
         self._let_it_be_no_double_click()
@@ -59,45 +60,50 @@ class Console:
         self.click(x + 100, y + h - INPUT_HEIGHT // 2)
 
     def drag(self, start, end):
-        """The pointer is outside the window afterwards, where it covers nothing."""
         self.game.point_at(*start)
         self.screen.press(1)
         for step in range(1, 9):
             self.game.point_at(*(a + (b - a) * step // 8 for a, b in zip(start, end)))
         self.screen.release(1)
-        self.screen.move_pointer(5, 5)
+        self._leave()
         self._let_it_be_no_double_click()
+
+    # Moves the pointer out of the window, where it covers nothing.
+    def _leave(self):
+        self.screen.move_pointer(5, 5)
 
     def _let_it_be_no_double_click(self):
         self.game.settle()
         self.game.let_pass(0.35)
 
-    def wait_for_change(self, shown):
-        """Waits until the log view no longer shows that; answers what it shows then."""
-        self.game.wait_for(lambda: not numpy.array_equal(self.log_picture(), shown),
-                           "another log view")
-        self.game.settle()
-        return self.log_picture()
-
+    # Waits until the text in the input line is that many pixels wide.
     def wait_for_input(self, width):
-        """Waits until what stands in the input line is that many pixels wide. The pointer leaves
-        the window, so that it covers nothing."""
-        self.screen.move_pointer(5, 5)
+        self._leave()
 
         def is_wide():
             x, y, w, h = self.rect()
             line = self.game.picture()[y + h - INPUT_HEIGHT + 2:y + h - 4, x + 4:x + w - 4]
             written = (line != line[:, -1:]).any(axis=(0, 2)).nonzero()[0]
             return len(written) and written[-1] > width
-        self.game.wait_for(is_wide, "what is typed")
+        self.game.wait_for(is_wide, "the typed text")
 
+    # Over the view of the log.
     def turn_wheel(self, button):
-        """Over the view; the pointer is outside the window afterwards."""
         x, y, w, _ = self.rect()
         self.game.point_at(x + w // 2, y + TITLE_HEIGHT + 10)
         self.screen.click(button)
-        self.screen.move_pointer(5, 5)
+        self._leave()
 
-    def log_picture(self):
+    # The view of the log.
+    def view(self):
         x, y, w, h = self.rect()
         return self.game.picture()[y + TITLE_HEIGHT:y + h - INPUT_HEIGHT - 2, x + 2:x + w - 2]
+
+    def view_is(self, shown):
+        return numpy.array_equal(self.view(), shown)
+
+    # Waits until the view no longer shows that; returns what it shows then.
+    def wait_for_change(self, shown):
+        self.game.wait_for(lambda: not self.view_is(shown), "another view")
+        self.game.settle()
+        return self.view()

@@ -2,6 +2,7 @@
 import contextlib
 import mmap
 import os
+import pathlib
 import select
 import struct
 import subprocess
@@ -17,29 +18,45 @@ from Xlib.protocol import event
 LIMIT = 60  # seconds that a wait may take: many, so that nothing fails on a busy machine
 
 
+# Waits until the condition is true, and returns it; AssertionError when the time is up.
 def wait_for(condition, what, seconds=LIMIT, pause=lambda: time.sleep(0.01)):
-    """Asks, with a pause in between, until the answer is true; AssertionError when the time is
-    up."""
     end = time.monotonic() + seconds
     while True:
         is_last = time.monotonic() > end
-        answer = condition()
-        if answer:
-            return answer
-        if is_last:
-            raise AssertionError(f"{what} did not come within {seconds} s")
+        if result := condition():
+            return result
+        assert not is_last, f"{what} did not come within {seconds} s"
         pause()
 
 
+# The next line of a pipe; AssertionError when none comes in time.
 def read_line(stream):
-    """The next line of a pipe; AssertionError when none comes in time."""
-    has_come = select.select([stream], [], [], LIMIT)[0]
-    assert has_come, f"no line came within {LIMIT} s"
+    assert select.select([stream], [], [], LIMIT)[0], f"no line came within {LIMIT} s"
     return stream.readline()
 
 
+# For use in a `with`. `_open` tells `undo` what to do at its end, and when opening fails.
+class Scoped:
+    def __enter__(self):
+        with contextlib.ExitStack() as undo:
+            self.folder = pathlib.Path(undo.enter_context(tempfile.TemporaryDirectory(
+                prefix="brumble-run-", ignore_cleanup_errors=True)))
+            self._open(undo)
+            self.undo = undo.pop_all()
+        return self
+
+    def __exit__(self, *_):
+        self.undo.close()
+
+
+# A process that is ended with the scope.
+def run_beside(undo, command, **how):
+    process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **how)
+    undo.callback(end_process, process)
+    return process
+
+
 def end_process(process):
-    """Asks it to end, and ends it when it does not."""
     process.terminate()
     try:
         process.wait(LIMIT)
@@ -48,65 +65,49 @@ def end_process(process):
         process.wait()
 
 
-class Display:
-    """Xvfb with openbox. Use it in a `with`."""
-
+# Xvfb with openbox.
+class Display(Scoped):
     SIZE = (1280, 960)
     MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
-    def __enter__(self):
-        with contextlib.ExitStack() as undo:
-            self.folder = undo.enter_context(tempfile.TemporaryDirectory(
-                prefix="brumble-display-", ignore_cleanup_errors=True))
-            self._start_server(undo)
-            self.environment = dict(os.environ, DISPLAY=self.name)
-            self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
-                                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            undo.callback(end_process, self.manager)
-            self.connection = display.Display(self.name)
-            undo.callback(self._disconnect)
-            self.connection.xfixes_query_version()
-            self.root = self.connection.screen().root
-            # SDL knows a key that the server repeats by the times of the events, which are too far
-            # apart when the server is held up.
-            self.connection.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOff)
-            wait_for(self._manager_is_ready, "the window manager")
-            self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-            self._map_pixels()
-            self.undo = undo.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.undo.close()
+    def _open(self, undo):
+        self._start_server(undo)
+        self.environment = dict(os.environ, DISPLAY=self.name)
+        self.manager = run_beside(undo, ["openbox", "--sm-disable"], env=self.environment,
+                                  stdout=subprocess.DEVNULL)
+        self.connection = display.Display(self.name)
+        undo.callback(self._disconnect)
+        self.connection.xfixes_query_version()
+        self.root = self.connection.screen().root
+        # SDL recognises a key that the server repeats by the times of the events, which are too far
+        # apart when the server is held up.
+        self.connection.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOff)
+        # The manager announces itself before it has read its theme and fonts, which takes long the
+        # first time on a machine; this list comes when it begins to manage windows.
+        wait_for(lambda: self._property(self.root, "_NET_CLIENT_LIST"), "the window manager")
+        self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        self._map_pixels()
 
     def _start_server(self, undo):
         read, write = os.pipe()
         with open(read) as pipe:
-            self.server = subprocess.Popen(
-                ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
-                 "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
-                pass_fds=[write], stderr=subprocess.DEVNULL)
-            undo.callback(end_process, self.server)
+            self.server = run_beside(
+                undo, ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
+                       "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
+                pass_fds=[write])
             os.close(write)
             number = read_line(pipe).strip()
         assert number, "Xvfb did not start"
         self.name = ":" + number
 
     def _disconnect(self):
-        self.pixels = None
         if self.server.poll() is None:
             self.connection.close()
-
-    def _manager_is_ready(self):
-        # It announces itself before it has read its theme and fonts, which takes long the first
-        # time on a machine; this list comes when it begins to manage windows.
-        atom = self.connection.intern_atom("_NET_CLIENT_LIST")
-        return self.root.get_full_property(atom, X.AnyPropertyType)
 
     def _map_pixels(self):
         # The server keeps its screen in a file in the XWD format: a header of big-endian words, a
         # colour table, then the pixels.
-        with open(os.path.join(self.folder, "Xvfb_screen0"), "rb") as file:
+        with open(self.folder / "Xvfb_screen0", "rb") as file:
             memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
         words = struct.unpack(">25I", memory[:100])
         start = words[0] + words[19] * 12
@@ -114,34 +115,36 @@ class Display:
         rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
         self.pixels = rows[:, :width * 4].reshape(height, width, 4)
 
+    # What the rectangle (x, y, w, h) shows, as rows of (red, green, blue).
     def picture(self, rect):
-        """What the rectangle (x, y, w, h) shows, as rows of (red, green, blue)."""
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
 
+    # The whole screen, shrunk to the size by the nearest pixels.
     def scaled_picture(self, width, height):
-        """The whole screen, shrunk to the size by the nearest pixels."""
         screen_width, screen_height = self.SIZE
         columns = (numpy.arange(width) + 0.5) * screen_width / width
         rows = (numpy.arange(height) + 0.5) * screen_height / height
         return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
+    # Waits until the server has done everything and has sent what came of it.
     def sync(self):
-        """Waits until the server has done everything and has handed on what came of it."""
-        # Answers go out to all clients together, in any order: the second one tells of the first.
+        # Replies go out to all clients together, in any order: the second one implies the first.
         self.connection.sync()
         self.connection.sync()
 
+    # Waits until the window manager, too, has done all that it had to do.
     def settle(self):
-        """Waits until the window manager, too, has done all that it had to do."""
         if self.manager.poll() is not None:
             return
-        extents = self.connection.intern_atom("_NET_FRAME_EXTENTS")
-        self.asker.delete_property(extents)
+        extents = "_NET_FRAME_EXTENTS"
+        self.asker.delete_property(self.connection.intern_atom(extents))
         self._ask_manager(self.asker, "_NET_REQUEST_FRAME_EXTENTS")
-        wait_for(lambda: self.asker.get_full_property(extents, X.AnyPropertyType),
-                 "the window manager's answer")
+        wait_for(lambda: self._property(self.asker, extents), "the window manager's reply")
         self.sync()
+
+    def _property(self, window, name):
+        return window.get_full_property(self.connection.intern_atom(name), X.AnyPropertyType)
 
     def _ask_manager(self, window, message, *data):
         data = (*data, 0, 0, 0, 0, 0)[:5]
@@ -160,7 +163,7 @@ class Display:
 
     def press(self, button):
         self._fake(X.ButtonPress, button)
-        self.settle()  # the window manager holds a press back, but no keys that come behind it
+        self.settle()  # the window manager holds a press back, but no keys that come after it
 
     def release(self, button):
         self._fake(X.ButtonRelease, button)
@@ -170,39 +173,34 @@ class Display:
         time.sleep(0.03)
         self.release(button)
 
-    def press_key(self, name):
-        """A key by its X name, such as Escape, F11 or Alt_L, or by its key code."""
-        self._fake(X.KeyPress, self._code(name))
+    # A key has an X name, such as Escape, F11 or Alt_L, or is its key code.
+    def _code(self, key):
+        if isinstance(key, int):
+            return key
+        return self.connection.keysym_to_keycode(XK.string_to_keysym(key))
 
-    def release_key(self, name):
-        self._fake(X.KeyRelease, self._code(name))
+    @contextlib.contextmanager
+    def held(self, *keys):
+        for key in keys:
+            self._fake(X.KeyPress, self._code(key))
+        yield
+        for key in reversed(keys):
+            self._fake(X.KeyRelease, self._code(key))
 
-    def _code(self, name):
-        if isinstance(name, int):
-            return name
-        return self.connection.keysym_to_keycode(XK.string_to_keysym(name))
-
-    def tap(self, *names, pause=0.05):
-        """Presses the keys in turn. None is held for so long that anybody repeats it."""
-        for name in names:
-            code = self._code(name)
-            xtest.fake_input(self.connection, X.KeyPress, code)
-            self._fake(X.KeyRelease, code)
+    # Presses the keys in turn. None is held for so long that anybody repeats it.
+    def tap(self, *keys, pause=0.05):
+        for key in keys:
+            xtest.fake_input(self.connection, X.KeyPress, self._code(key))
+            self._fake(X.KeyRelease, self._code(key))
             time.sleep(pause)
 
+    # Types a text of the US keyboard's characters.
     def type(self, text):
-        """Types a text of the US keyboard's characters."""
         for character in text:
-            code, column = next((code, column) for code, column
-                                in self.connection.keysym_to_keycodes(ord(character))
-                                if column < 2)
-            with_shift = [self._code("Shift_L")] if column else []
-            for key in with_shift:
-                xtest.fake_input(self.connection, X.KeyPress, key)
-            xtest.fake_input(self.connection, X.KeyPress, code)
-            for key in [code] + with_shift:
-                xtest.fake_input(self.connection, X.KeyRelease, key)
-            self.sync()
+            codes = self.connection.keysym_to_keycodes(ord(character))
+            code, column = next(found for found in codes if found[1] < 2)
+            with self.held(*["Shift_L"] * column):
+                self.tap(code, pause=0)
             # SDL takes a press that follows at once for a repetition, and its queue is short.
             time.sleep(0.025)
 
@@ -210,35 +208,29 @@ class Display:
         image = self.connection.xfixes_get_cursor_image(self.root)
         return any(pixel >> 24 for pixel in image.cursor_image)
 
+    # The managed window of that title, or None.
     def find_window(self, title):
-        """The managed window of that title, or None."""
-        clients = self.root.get_full_property(
-            self.connection.intern_atom("_NET_CLIENT_LIST"), X.AnyPropertyType)
+        clients = self._property(self.root, "_NET_CLIENT_LIST")
         for window_id in clients.value if clients else []:
             window = self.connection.create_resource_object("window", window_id)
-            try:
+            with contextlib.suppress(error.BadWindow):  # it has gone meanwhile
                 if window.get_wm_name() == title:
                     return window
-            except error.BadWindow:
-                continue  # it has gone meanwhile
         return None
 
+    # The window's client area on the screen: (x, y, w, h); None when it has gone.
     def rect_of(self, window):
-        """The window's client area on the screen: (x, y, w, h); None when it has gone."""
-        try:
+        with contextlib.suppress(error.BadDrawable, error.BadWindow):
             geometry = window.get_geometry()
             corner = window.translate_coords(self.root, 0, 0)
-        except (error.BadDrawable, error.BadWindow):
-            return None
-        return -corner.x, -corner.y, geometry.width, geometry.height
+            return -corner.x, -corner.y, geometry.width, geometry.height
 
+    # As the close button of the window's frame does.
     def close_window(self, window):
-        """As the close button of the window's frame does."""
         self._ask_manager(window, "_NET_CLOSE_WINDOW", X.CurrentTime, 2)
 
     def run(self, *command):
-        return subprocess.run(command, env=self.environment, check=True, capture_output=True,
-                              text=True, timeout=LIMIT).stdout
+        subprocess.run(command, env=self.environment, check=True, timeout=LIMIT)
 
     def focus(self, window):
         self.settle()  # the window manager may be about to give it to a new window
@@ -249,8 +241,8 @@ class Display:
     def wait_for_focus(self, window):
         wait_for(lambda: self.connection.get_input_focus().focus == window, "the focus")
 
+    # A window of another client than the program, to take the focus.
     def open_other(self):
-        """A window of another client than the program, to take the focus."""
         window = self.root.create_window(900, 600, 200, 200, 0, X.CopyFromParent)
         window.set_wm_name("Other")
         window.map()
@@ -260,29 +252,18 @@ class Display:
         return window
 
 
-class Compositor:
-    """A Wayland compositor. Its one window on the screen shows its one client in full. Use it in a
-    `with`."""
-
+# A Wayland compositor. Its one window on the screen shows its one client in full.
+class Compositor(Scoped):
     TITLE = None  # the window sets no title of the old kind
 
     def __init__(self, screen):
         self.screen = screen
 
-    def __enter__(self):
-        with contextlib.ExitStack() as undo:
-            folder = undo.enter_context(tempfile.TemporaryDirectory(
-                prefix="brumble-wayland-", ignore_cleanup_errors=True))
-            self.environment = {"XDG_RUNTIME_DIR": folder, "WAYLAND_DISPLAY": "wayland-test"}
-            self.process = subprocess.Popen(
-                ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
-                 "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
-                env=dict(self.screen.environment, XDG_RUNTIME_DIR=folder),
-                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            undo.callback(end_process, self.process)
-            wait_for(lambda: os.path.exists(os.path.join(folder, "wayland-test")), "Wayland")
-            self.undo = undo.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.undo.close()
+    def _open(self, undo):
+        runtime = {"XDG_RUNTIME_DIR": str(self.folder)}
+        self.environment = {**runtime, "WAYLAND_DISPLAY": "wayland-test"}
+        self.process = run_beside(
+            undo, ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
+                   "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
+            env={**self.screen.environment, **runtime}, stdout=subprocess.DEVNULL)
+        wait_for((self.folder / "wayland-test").exists, "Wayland")

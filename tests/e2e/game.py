@@ -1,60 +1,50 @@
 """The real program, started in a copy of runtime/ and watched from outside."""
-import contextlib
+import functools
 import os
 import pathlib
 import re
-import select
 import shutil
 import subprocess
-import tempfile
 import time
 
 import numpy
 from PIL import Image
 
-from display import LIMIT, wait_for
+from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
+SUPPRESSIONS = ROOT / "tests/support/leaks.supp"
 
 
-class Game:
-    """One run. Use it in a `with`; what is still running at the end is killed."""
-
+# One run; what is still running at the end is killed.
+class Game(Scoped):
     PROGRAM = "brumble"
 
-    def __init__(self, screen=None, build="release", script=lambda text: text, environment=(),
+    # `prepare` may change the copy of runtime/ before the start; then the lines are added to its
+    # autoexec.txt.
+    def __init__(self, screen=None, build="release", lines="", environment=(),
                  prepare=lambda runtime: None):
-        """`script` maps the text of autoexec.txt to the text to use; `prepare` may change the copy
-        of runtime/ before the start."""
-        self.screen, self.script, self.prepare = screen, script, prepare
+        self.screen, self.lines, self.prepare = screen, lines, prepare
         self.title = "Brumble"
         self.executable = ROOT / "build" / build / self.PROGRAM
         self.environment = environment
 
-    def __enter__(self):
-        with contextlib.ExitStack() as undo:
-            self.folder = pathlib.Path(undo.enter_context(tempfile.TemporaryDirectory(
-                prefix="brumble-run-", ignore_cleanup_errors=True)))
-            self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
-            self.process = undo.enter_context(self._start())
-            undo.callback(self.process.kill)
-            self.undo = undo.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.undo.close()
+    def _open(self, undo):
+        self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
+        self.process = undo.enter_context(self._start())
+        undo.callback(self.process.kill)
 
     def _start(self):
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime,
                         ignore=shutil.ignore_patterns("log.txt", "user.txt"))
-        script = self.runtime / "autoexec.txt"
-        script.write_text(self.script(script.read_text()))
         self.prepare(self.runtime)
-        suppressions = ROOT / "tests" / "support" / "leaks.supp"
+        if self.lines:
+            with open(self.runtime / "autoexec.txt", "a") as script:
+                script.write(self.lines + "\n")
         environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
-                           LSAN_OPTIONS=f"suppressions={suppressions}:print_suppressions=0")
+                           LSAN_OPTIONS=f"suppressions={SUPPRESSIONS}:print_suppressions=0")
         for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
             environment.pop(display, None)
         if self.screen:
@@ -64,9 +54,9 @@ class Game:
 
     def _run(self, command, folder, environment):
         return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, stderr=self.errors, text=True, bufsize=1)
+                                stdout=subprocess.PIPE, stderr=self.errors, bufsize=0)
 
-    # What it tells.
+    # What it reports.
 
     def log(self):
         path = self.runtime / "log.txt"
@@ -75,41 +65,54 @@ class Game:
     def standard_error(self):
         return (self.folder / "stderr").read_text(errors="replace")
 
+    # Waits for it while the game goes on.
     def wait_for(self, condition, what, seconds=LIMIT):
-        """Waits for it while the game goes on."""
         return wait_for(condition, what, seconds, lambda: self.let_pass(0.01))
 
     def wait_for_log(self, text, *, times=1, seconds=LIMIT):
         self.wait_for(lambda: self.log().count(text) >= times, f"{text!r} in the log", seconds)
 
+    # Whether it runs on SDL 1.2 itself, not on the library that takes its place.
     def has_classic_sdl(self):
-        """Whether it runs on SDL 1.2 itself, not on the library that stands in for it."""
         self.wait_for_log("Using driver")
         return int(re.search(r"Running with SDL version: 1\.2\.(\d+)", self.log())[1]) < 50
 
-    def wait_for_end(self):
-        """Answers the exit status."""
+    # Fails when it ends with another status.
+    def wait_for_end(self, status=0):
         wait_for(lambda: self.process.poll() is not None, "the end of the program")
-        return self.process.returncode
+        assert self.process.returncode == status, (
+            f"it ended with {self.process.returncode}, not {status}: {self.standard_error()}")
+
+    def close_window(self):
+        self.screen.close_window(self.window)
+        self.wait_for_end()
 
     # Its time.
 
+    # The time of play, in seconds.
     def now(self):
-        """The time of play, in seconds."""
         return time.monotonic()
 
     def let_pass(self, seconds):
         time.sleep(seconds)
 
+    # Waits until the game has taken notice of all that was done so far, and shows it.
     def settle(self):
-        """Waits until the game has taken notice of all that was done so far, and shows it."""
-        def rests():
-            status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
-            return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
         self.screen.settle()
         # Each frame ends with a rest; a few come from waiting for the display.
-        before = rests()
-        wait_for(lambda: rests() > before + 100, "some frames")
+        before = self.rests()
+        wait_for(lambda: self.rests() > before + 100, "some frames")
+
+    # How often the program has given the processor away of its own will.
+    def rests(self):
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+        return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
+
+    # What the program has used of a core so far.
+    def processor_seconds(self):
+        stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
+        user, system = stat.rsplit(")", 1)[1].split()[11:13]
+        return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
 
     # The window.
 
@@ -124,30 +127,32 @@ class Game:
     def picture(self):
         return self.screen.picture(self.rect)
 
-    def wait_for_picture(self, name):
-        """Waits until the window shows that full-screen picture of data/gfx/."""
-        expected = load_picture(name)
-        self.wait_for(lambda: matches(self.picture(), expected), f"the picture {name}")
+    # Whether the window shows most of that full-screen picture of data/gfx/.
+    def shows(self, name, share=0.6):
+        return matches(self.picture(), load_picture(name), share)
 
+    def wait_for_picture(self, name):
+        self.wait_for(lambda: self.shows(name), f"the picture {name}")
+
+    # What full screen shows, which the compatibility library scales up, in its own size.
     def full_screen_picture(self):
-        """What full screen shows, which the compatibility library scales up, in its own size."""
         if self.has_classic_sdl():
             return self.screen.picture(self.screen.MIDDLE)
         return self.screen.scaled_picture(800, 600)
 
-    def wait_for_full_screen(self, name):
-        expected = load_picture(name)
-        self.wait_for(lambda: matches(self.full_screen_picture(), expected, 0.8), "full screen")
-
+    # Waits until that sprite of data/gfx/ shows in the place that its file gives.
     def wait_for_sprite(self, name):
-        """Waits until that sprite of data/gfx/ shows in the place that its file gives."""
         text = (ROOT / f"runtime/data/gfx/{name}.xml").read_text()
         x, y = map(int, re.search(r'<ImageRect x="(\d+)" y="(\d+)"', text).groups())
         expected = load_picture(name)
         self.wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, f"the sprite {name}")
 
+    def wait_for_cursor(self, is_shown):
+        self.wait_for(lambda: self.screen.cursor_is_visible() == is_shown,
+                      f"a cursor that is {'shown' if is_shown else 'hidden'}")
+
+    # Moves the real pointer to a place in the window.
     def point_at(self, x, y):
-        """Moves the real pointer to a place in the window."""
         self.screen.move_pointer(self.rect[0] + x, self.rect[1] + y)
 
     def click(self, button=1):
@@ -163,51 +168,37 @@ class Game:
         self.click()
         self.wait_for_picture("help_screen")
         self.click()
-        help_screen = load_picture("help_screen")
-        self.wait_for(lambda: not matches(self.picture(), help_screen), "play")
+        self.wait_for(lambda: not self.shows("help_screen"), "play")
 
+    # Waits until a kitten is well inside the window, or has fallen that far.
     def wait_for_kitten(self, y=60):
-        """Waits until a kitten is well inside the window, or has fallen that far."""
         self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
 
-    def end_in_order(self):
-        """Closes the window; answers the exit status."""
-        self.screen.close_window(self.window)
-        return self.wait_for_end()
 
-
+# A run with a clock of its own that waits for an order before each frame; tests/e2e/stepper.cpp
+# lists the orders. Nothing in it depends on how fast the machine is.
 class Stepper(Game):
-    """A run with a clock of its own that waits for an order before each frame;
-    tests/e2e/stepper.cpp lists the orders. Nothing in it depends on how fast the machine is."""
-
     PROGRAM = "brumble_stepper"
     FRAME = 17  # milliseconds of play: the next one is drawn then
 
-    def __init__(self, screen=None, build="release", script=lambda text: text, **how):
-        super().__init__(screen, build,
-                         lambda text: script(text) + "\nstarttask(stepper, stepper, 1)\n", **how)
+    def __init__(self, screen=None, build="release", lines="", **how):
+        super().__init__(screen, build, lines + "\nstarttask(stepper, stepper, 1)", **how)
         self.clock = 0
-        self.printed = b""
 
     def order(self, line):
-        """Answers what the program prints up to its next "ok"."""
         self.send(line)
-        return self.answer()
+        return self.reply()
 
     def send(self, line):
-        self.process.stdin.write(f"{line}\n")
+        self.process.stdin.write(f"{line}\n".encode())
 
-    def answer(self):
-        output = self.process.stdout.fileno()
-        end = time.monotonic() + LIMIT
-        while not (found := re.search(rb"^ok\n", self.printed, re.MULTILINE)):
-            has_come = select.select([output], [], [], max(0, end - time.monotonic()))[0]
-            assert has_come, f"no answer came within {LIMIT} s"
-            printed = os.read(output, 65536)
-            assert printed, "the program ended before it answered: " + self.standard_error()
-            self.printed += printed
-        answer, self.printed = self.printed[:found.start()], self.printed[found.end():]
-        return answer.decode()
+    # What the program prints up to its next "ok".
+    def reply(self):
+        lines = []
+        while (line := read_line(self.process.stdout)) != b"ok\n":
+            assert line, "the program ended before it replied: " + self.standard_error()
+            lines.append(line)
+        return b"".join(lines).decode()
 
     def run(self, line):
         return self.order(f"run {line}")
@@ -236,20 +227,21 @@ class Stepper(Game):
 KITTEN = numpy.array((22, 200, 216))
 
 
+# The centre of the kitten's colour, or None.
 def find_kitten(picture):
-    """The centre of the kitten's colour, or None."""
     near = (numpy.abs(picture.astype(numpy.int16) - KITTEN) < 20).all(axis=2)
     rows, columns = near.nonzero()
     return (columns.mean(), rows.mean()) if len(rows) > 25 else None
 
 
+@functools.cache
 def load_picture(name, file="gfx/{}.png"):
-    with Image.open(ROOT / "runtime" / "data" / file.format(name)) as image:
+    with Image.open(ROOT / "runtime/data" / file.format(name)) as image:
         return numpy.asarray(image.convert("RGBA"))
 
 
+# Which share of the solid pixels is right in the upper left corner; 0 beyond the edge.
 def fit(shown, expected):
-    """Which share of the solid pixels stands in the upper left corner as it should; 0 beyond it."""
     height, width = expected.shape[:2]
     corner = shown[:height, :width]
     if corner.shape[:2] != (height, width):
@@ -259,27 +251,25 @@ def fit(shown, expected):
 
 
 def matches(shown, expected, share=0.6):
-    """Whether most of a full-screen picture is to be seen as it is."""
     return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
+# Whether a burst of fire is at the bottom of the pit that was not there before.
 def fire_burns(picture, before):
-    """Whether a burst of fire stands at the bottom of the pit that was not there before."""
     now, then = picture[480:].astype(int), before[480:].astype(int)
     changed = numpy.abs(now - then).max(axis=2) > 60
     yellow = (now[:, :, 0] > 200) & (now[:, :, 2] < 120)  # no part of a falling kitten
     return (changed & yellow).sum() > 1000
 
 
+# Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf.
 class Digits:
-    """Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf."""
-
     STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
 
     def __init__(self):
         line = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0]
         fields = line.split(";")
-        columns, _, width, height = (int(field) for field in fields[1:5])
+        columns, _, width, height = map(int, fields[1:5])
         sheet = load_picture("numbers")
         self.glyphs = {}
         for index, character in enumerate(fields[7]):
@@ -288,8 +278,8 @@ class Digits:
             if character.isdigit():
                 self.glyphs[character] = sheet[y:y + height, x:x + glyph_width]
 
+    # The number at the board's corner; None when nothing there reads as one.
     def read(self, picture, place):
-        """The number at the board's corner; None when nothing there reads as one."""
         x, y = place
         text = ""
         while True:

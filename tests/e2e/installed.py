@@ -5,7 +5,8 @@ from game import Game
 
 
 class Installed(Game):
-    """One run of that launcher."""
+    FILES = {".local", ".local/share", ".local/share/brumble", ".local/share/brumble/autoexec.txt",
+             ".local/share/brumble/data", ".local/share/brumble/log.txt"}  # all that it writes
 
     def __init__(self, screen, launcher):
         super().__init__(screen)
@@ -19,7 +20,7 @@ class Installed(Game):
             "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": self.screen.name,
             "SDL_AUDIODRIVER": "dummy"})
 
+    # Everything in the home, but for what a graphics driver keeps.
     def written(self):
-        """Everything in the home, but for what a graphics driver keeps."""
         return {str(path.relative_to(self.home)) for path in self.home.rglob("*")
                 if not path.is_relative_to(self.home / ".cache")}

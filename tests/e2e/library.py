@@ -6,21 +6,18 @@ from display import LIMIT
 from game import ROOT, Game
 
 
+# The environments that run the program on each library that there is.
 @functools.cache
-def is_classic_installed():
+def libraries():
     with Game() as game:
         game.wait_for_end()
-        return game.has_classic_sdl()
+        is_classic = game.has_classic_sdl()
+    return [{}, {"LD_LIBRARY_PATH": compatibility_library()}] if is_classic else [{}]
 
 
-def libraries():
-    """The environments that run the program on each library that is at hand."""
-    return [{}, {"LD_LIBRARY_PATH": compatibility_library()}] if is_classic_installed() else [{}]
-
-
+# The folder of Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed.
 def compatibility_library():
-    """The folder of Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed."""
-    folder = ROOT / "build" / "sdl12-compat"
+    folder = ROOT / "build/sdl12-compat"
     if not list(folder.rglob("libSDL-1.2.so.0")):
         folder.mkdir(parents=True, exist_ok=True)
         subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], cwd=folder, check=True,

@@ -7,15 +7,14 @@ STEP = 0.030  # seconds between two looks
 REACTION = 0.035  # seconds between a pointer motion and its effect
 
 
+# Where the pointer has to be for the monster to be wanted at a place, both in pixels.
 def pointer_for(place):
-    """Where the pointer has to be for the monster to be wanted at a place, both in pixels."""
     x, y = (place[0] - 113) / 0.71375, (place[1] - 20) / 0.93333334
     return min(max(x, 0), 799), min(max(y, 0), 599)
 
 
+# Presses the kitten steadily from the lower right, up the left wall and into the oven.
 class Pilot:
-    """Presses the kitten steadily from the lower right, up the left wall and into the oven."""
-
     def __init__(self, game):
         self.game = game
         self.place = None
@@ -24,8 +23,8 @@ class Pilot:
         self.appeared = None
         self.dropping_until = 0.0
 
+    # One look and one motion of the pointer; returns the picture.
     def step(self):
-        """One look and one motion of the pointer; answers the picture."""
         began = self.game.now()
         picture = self.game.picture()
         self._look(find_kitten(picture), began)

@@ -6,54 +6,60 @@ import os
 import signal
 import socket
 import subprocess
-import unittest
 
 import numpy
 from Xlib import X, error
 
-from display import LIMIT, Display, end_process, read_line, wait_for
+from case import BUILDS, GameTest, for_each
+from display import LIMIT, end_process, read_line, wait_for
 from game import ROOT, Stepper
 
-BUILDS = ("release", "asan")
-WINDOW = ('taskload(sdl)\nstarttask(window, window, 1000, 800, 600, 32, 0, 1, "Brumble")\n'
-          'starttask(event, event, 10)\nstarttask(mouse, mouse, 20)\n')
+WINDOW = """
+taskload(sdl)
+starttask(window, window, 1000, 800, 600, 32, 0, 1, "Brumble")
+starttask(event, event, 10)
+starttask(mouse, mouse, 20)"""
 FONT = "-misc-fixed-medium-r-semicondensed--13-*-*-*-*-*-iso8859-1"
-# Places in the dialog. The buttons stand 25 lower for each variable.
+# Places in the dialog. The buttons are 25 lower for each variable.
 BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165),
            "Continue": (47, 190), "Debug": (127, 190), "Abort": (207, 190)}
 DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
 
 
+# One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2.
 class Asserter(Stepper):
-    """One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2."""
-
     PROGRAM = "brumble_asserter"
 
-    def __init__(self, screen=None, build=BUILDS[0], script=""):
-        super().__init__(screen, build, lambda _: script + "starttask(asserter, asserter, 2)")
+    def __init__(self, screen=None, build="release", lines=""):
+        super().__init__(screen, build, lines + "\nstarttask(asserter, asserter, 2)",
+                         prepare=lambda runtime: (runtime / "autoexec.txt").write_text(""))
 
+    # Returns what it prints.
+    def do(self, command):
+        return self.run(f"asserter::{command}")
+
+    # The windows of the dialog's title, also where no window manager lists them.
     def dialogs(self, window):
-        """The windows of the dialog's title, also where no window manager lists them."""
-        try:
+        with contextlib.suppress(error.BadWindow):
             below = sum(map(self.dialogs, window.query_tree().children), [])
             return below + [window] * (window.get_wm_name() == "CAssert error")
-        except error.BadWindow:
-            return []
+        return []
 
+    # Fails an assertion; returns when its dialog is in its place.
     def fail(self, command):
-        """Fails an assertion; comes back when its dialog stands in its place."""
         self.send(f"run asserter::{command}")
         self.dialog = wait_for(lambda: self.dialogs(self.screen.root), "the dialog")[0]
         wait_for(lambda: self.dialog.get_attributes().map_state == X.IsViewable, "its picture")
         self.screen.settle()
         self.rect = self.screen.rect_of(self.dialog)
+        return self.rect[2:]
 
     def click_at(self, x, y):
         self.point_at(x, y)
         self.click()
 
+    # Keys that are typed now go there.
     def click_into(self, field):
-        """Keys that are typed now go there."""
         self.click_at(*field)
         self.screen.wait_for_focus(self.dialog)
 
@@ -63,36 +69,36 @@ class Asserter(Stepper):
 
     def close(self, button):
         self.push(button)
-        self.answer()
+        self.reply()
 
-    def wait_for_text(self, text):
-        """Waits until the dialog shows that line at its left edge. The pointer leaves it, so that it
-        covers nothing."""
+    # Waits until the dialog shows each at its left edge. The pointer leaves it, so that it covers
+    # nothing.
+    def wait_for_texts(self, *texts):
         self.screen.move_pointer(5, 5)
         x, y, _, height = self.rect
-        expected = self.draw(text)
-        rows, columns = expected.shape[:2]
+        for text in texts:
+            expected = self.draw(text)
+            rows, columns = expected.shape[:2]
 
-        def is_shown():
-            picture = self.screen.picture((x + 10, y, columns, height))
-            return any(numpy.array_equal(picture[top:top + rows], expected)
-                       for top in range(height - rows))
-        wait_for(is_shown, f"the text {text!r}")
+            def is_shown():
+                picture = self.screen.picture((x + 10, y, columns, height))
+                return any(numpy.array_equal(picture[top:top + rows], expected)
+                           for top in range(height - rows))
+            wait_for(is_shown, f"the text {text!r}")
 
+    # How the display draws it, as rows of (red, green, blue).
     def draw(self, text):
-        """What the display makes of it, as rows of (red, green, blue)."""
         root = self.screen.root
         font = self.screen.connection.open_font(FONT)
         width, height = font.query_text_extents(text.encode()).overall_width, 13
-        context = root.create_gc(font=font, background=0xDCDAD5, foreground=0)
         pixmap = root.create_pixmap(width, height, 24)
-        pixmap.image_text(context, 0, 11, text)
+        pixmap.image_text(root.create_gc(font=font, background=0xDCDAD5, foreground=0), 0, 11, text)
         data = pixmap.get_image(0, 0, width, height, X.ZPixmap, 0xFFFFFF).data
         return numpy.frombuffer(data, numpy.uint8).reshape(height, width, 4)[:, :, 2::-1]
 
+    # What is done meanwhile comes all at once, when the program is at work again.
     @contextlib.contextmanager
     def held_up(self):
-        """What is done meanwhile comes all at once, when the program is at work again."""
         self.process.send_signal(signal.SIGSTOP)
         yield
         self.screen.settle()
@@ -106,89 +112,83 @@ class Asserter(Stepper):
             self.click_at(*change)
 
 
-class Dialog(unittest.TestCase):
-    def test_buttons(self):
-        for build in BUILDS:
-            with self.subTest(build=build), Display() as screen, Asserter(screen, build) as game:
-                game.fail("Fail")
-                self.assertEqual(game.rect[2:], (350, 290))
-                self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
-                self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
-                screen.close_window(game.dialog)
-                with game.held_up():  # what comes behind a change is not lost
-                    game.change_variables()
-                    game.push("Continue")
-                game.answer()
-                self.assertIn("count 34,", game.run("asserter::Tell"))
-                for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
-                                        ("Fail", "Ignore")):
-                    game.fail(command)
-                    game.close(button)
-                game.run("asserter::Fail")
-                game.fail("FailElsewhere")
-                game.close("Ignore All")
-                for line in ("FailElsewhere", "Unban", "Fail"):
-                    game.run(f"asserter::{line}")
-                game.fail("FailElsewhere")
-                self.assertEqual(game.rect[2:], (350, 240))
-                game.push("Abort")
-                self.assertEqual(game.wait_for_end(), -signal.SIGABRT)
+class Dialog(GameTest):
+    def start(self, build="release", **how):
+        return super().start(build, Asserter, **how)
+
+    @for_each(build=BUILDS)
+    def test_each_button(self, build):
+        screen, game = self.start(build)
+        self.assertEqual(game.fail("Fail"), (350, 290))
+        self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
+        self.assertIn("<!> Assertion failed: touchy.value < 0 (", game.log())
+        screen.close_window(game.dialog)
+        with game.held_up():  # what comes after a change is not lost
+            game.change_variables()
+            game.push("Continue")
+        game.reply()
+        self.assertIn("count 34,", game.do("Tell"))
+        for command, button in (("Fail", "Debug"), ("FailElsewhere", "Continue"),
+                                ("Fail", "Ignore")):
+            game.fail(command)
+            game.close(button)
+        game.do("Fail")
+        game.fail("FailElsewhere")
+        game.close("Ignore All")
+        for command in ("FailElsewhere", "Unban", "Fail"):
+            game.do(command)
+        self.assertEqual(game.fail("FailElsewhere"), (350, 240))
+        game.push("Abort")
+        game.wait_for_end(-signal.SIGABRT)
 
     def test_keyboard(self):
-        with Display() as screen, Asserter(screen) as game:
-            game.fail("FailElsewhere")
-            screen.focus(game.dialog)
-            # A key that is still held presses nothing.
-            screen.tap("Return", "space")
-            screen.press_key("Shift_L")
+        screen, game = self.start()
+        game.fail("FailElsewhere")
+        screen.focus(game.dialog)
+        screen.tap("Return", "space")  # nothing has the focus yet, so this presses nothing
+        with screen.held("Shift_L"):
             screen.tap(*["Tab"] * 6)
-            screen.release_key("Shift_L")
-            # From "Ignore", the sixth from the end, to "Ignore All".
-            screen.tap("Tab", "Return")
-            game.answer()
-            game.run("asserter::Fail")
+        # From "Ignore", the sixth from the end, to "Ignore All".
+        screen.tap("Tab", "Return")
+        game.reply()
+        game.do("Fail")
 
-    def test_long_texts(self):
-        with Display() as screen, Asserter(screen) as game:
-            game.fail("FailWith 10")
-            self.assertEqual(game.rect[2:], (350, 240 + 7 * 13 + 6))
-            for text in ("number 1", "number 10", "numbers < 0"):
-                game.wait_for_text(text)
-            game.close("Continue")
-            game.fail("FailWith 100")
-            self.assertEqual(game.rect[2:], (350, 600))
-            game.wait_for_text("...")
-            game.point_at(50, 50)
-            for _ in range(100):
-                screen.click(5)
-            for text in ("number 100", "numbers < 0"):
-                game.wait_for_text(text)
-            game.close("Continue")
+    def test_long_texts_scroll(self):
+        screen, game = self.start()
+        self.assertEqual(game.fail("FailWith 10"), (350, 240 + 7 * 13 + 6))
+        game.wait_for_texts("number 1", "number 10", "numbers < 0")
+        game.close("Continue")
+        self.assertEqual(game.fail("FailWith 100"), (350, 600))
+        game.wait_for_texts("...")
+        game.point_at(50, 50)
+        for _ in range(100):
+            screen.click(5)
+        game.wait_for_texts("number 100", "numbers < 0")
+        game.close("Continue")
 
     def test_mail_with_the_description(self):
         server = subprocess.Popen([ROOT / "tests/support/mailserver.py"], stdout=subprocess.PIPE,
                                   text=True)
+        _, game = self.start()
         self.addCleanup(server.kill)
         port = read_line(server.stdout).strip()
-        with Display() as screen, Asserter(screen) as game:
-            game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
-            game.fail("Fail")
-            self.edit_description(screen, game)
-            game.push("Send mail")
-            self.assertIn(" limit = 2\n\nit broke\nx\n", server.communicate(timeout=LIMIT)[0])
-            game.wait_for_text("Sent")
-            game.close("Continue")
+        game.run(f"mail_port = {port}; mail_recipient = dev@localhost")
+        game.fail("Fail")
+        self.edit_description()
+        game.push("Send mail")
+        self.assertIn(" limit = 2\n\nit broke\nx\n", server.communicate(timeout=LIMIT)[0])
+        game.wait_for_texts("Sent")
+        game.close("Continue")
 
-    def edit_description(self, screen, game):
-        """Makes "it broke" and "x" in two lines of it, by each way of selecting."""
+    # Makes "it broke" and "x" in two lines of it, by each way of selecting.
+    def edit_description(self):
+        screen, game = self.screen, self.game
         game.click_into(DESCRIPTION)
-        screen.press_key("Control_L")
-        screen.type("a")
-        screen.release_key("Control_L")
+        with screen.held("Control_L"):
+            screen.type("a")
         screen.type("ut brokes")
-        screen.press_key("Shift_L")
-        screen.tap("Left")
-        screen.release_key("Shift_L")
+        with screen.held("Shift_L"):
+            screen.tap("Left")
         screen.tap("Return", "x")
         game.point_at(13, 105)
         screen.press(1)
@@ -197,91 +197,90 @@ class Dialog(unittest.TestCase):
         screen.type("i")
 
     def test_a_mail_that_fails_and_what_was_done_meanwhile(self):
-        with Display() as screen, Asserter(screen) as game:
-            with socket.create_server(("127.0.0.1", 0)) as silent:
-                game.run(f"mail_port = {silent.getsockname()[1]}; mail_recipient = dev@localhost")
-                game.fail("FailElsewhere")
-                game.push("Send mail")
-                game.wait_for_text("Sending...")
-                with game.held_up():
-                    game.push("Continue")  # by somebody who does not know yet that it fails
-            game.wait_for_text("Error on sending line: HELO localhost")
-            game.close("Continue")
+        _, game = self.start()
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            game.run(f"mail_port = {silent.getsockname()[1]}; mail_recipient = dev@localhost")
+            game.fail("FailElsewhere")
+            game.push("Send mail")
+            game.wait_for_texts("Sending...")
+            with game.held_up():
+                game.push("Continue")  # by somebody who does not know yet that it fails
+        game.wait_for_texts("Error on sending line: HELO localhost")
+        game.close("Continue")
 
     def test_debugger(self):
         ptrace = ctypes.CDLL(None).ptrace
         ptrace.argtypes = [ctypes.c_long] * 4
         seize, detach = 0x4206, 17
-        with Display() as screen, Asserter(screen) as game:
-            game.fail("Fail")
-            self.assertEqual(ptrace(seize, game.process.pid, 0, 0), 0)
-            game.push("Debug")
-            status = wait_for(lambda: os.waitpid(game.process.pid, os.WNOHANG)[1], "the break")
-            self.assertEqual(os.WSTOPSIG(status), signal.SIGTRAP)
-            ptrace(detach, game.process.pid, 0, 0)
-            game.answer()
+        _, game = self.start()
+        game.fail("Fail")
+        self.assertEqual(ptrace(seize, game.process.pid, 0, 0), 0)
+        game.push("Debug")
+        status = wait_for(lambda: os.waitpid(game.process.pid, os.WNOHANG)[1], "the break")
+        self.assertEqual(os.WSTOPSIG(status), signal.SIGTRAP)
+        ptrace(detach, game.process.pid, 0, 0)
+        game.reply()
 
     def test_without_a_window_manager(self):
-        with Display() as screen, Asserter(screen) as game:
-            other = screen.open_other()
-            end_process(screen.manager)
-            other.set_input_focus(X.RevertToParent, X.CurrentTime)
-            game.fail("Fail")
-            game.change_variables()
-            game.close("Continue")
-            self.assertIn("count 34,", game.run("asserter::Tell"))
+        screen, game = self.start()
+        other = screen.open_other()
+        end_process(screen.manager)
+        other.set_input_focus(X.RevertToParent, X.CurrentTime)
+        game.fail("Fail")
+        game.change_variables()
+        game.close("Continue")
+        self.assertIn("count 34,", game.do("Tell"))
 
     def test_full_screen_and_grab_are_left_and_come_back(self):
-        with Display() as screen, Asserter(screen, script=WINDOW) as game:
-            game.run("window::Fullscreen")
-            game.run("mouse::CaptureInput(1)")
-            before = game.run("asserter::Tell")
-            self.assertIn(", full, grabbed", before)
-            game.fail("FailHoldingPixels")
-            # Who is refused has somebody else's grab before him.
-            wait_for(lambda: screen.root.grab_pointer(
-                False, 0, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE,
-                X.CurrentTime) == X.GrabSuccess, "the pointer to grab")
-            screen.connection.ungrab_pointer(X.CurrentTime)
-            game.close("Continue")
-            # The window's events of coming and going must resize nothing afterwards, either.
-            for _ in range(5):
-                game.order("frame")
-            self.assertEqual(game.run("asserter::Tell"), before)
-            wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), "the pixels")
+        screen, game = self.start(lines=WINDOW)
+        game.run("window::Fullscreen")
+        game.run("mouse::CaptureInput(1)")
+        before = game.do("Tell")
+        self.assertIn(", full, grabbed", before)
+        game.fail("FailHoldingPixels")
+        # It succeeds where nobody else has the grab.
+        wait_for(lambda: screen.root.grab_pointer(
+            False, 0, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE,
+            X.CurrentTime) == X.GrabSuccess, "the pointer to grab")
+        screen.connection.ungrab_pointer(X.CurrentTime)
+        game.close("Continue")
+        # The window's events of coming and going must resize nothing afterwards, either.
+        for _ in range(5):
+            game.order("frame")
+        self.assertEqual(game.do("Tell"), before)
+        wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), "the pixels")
 
 
-class Without(unittest.TestCase):
-    """No display, no font, or the connection cut: told once for each place, and on it goes."""
-
-    def fail_without(self, game, reason, fail=Asserter.run):
+# No display, no font, or the connection cut: reported once for each place, and on it goes.
+class Without(GameTest):
+    def fail_without(self, game, reason, fail=Asserter.do):
         for command in ("Fail", "Fail", "FailElsewhere"):
-            fail(game, f"asserter::{command}")
-        for told in (game.standard_error(), game.log()):
+            fail(game, command)
+        for report in (game.standard_error(), game.log()):
             for text in ("count < limit.value", "const limit = 2", "There is too much of it."):
-                self.assertEqual(told.count(text), 1, told)
-            self.assertEqual(told.count(reason), 2, told)
+                self.assertEqual(report.count(text), 1, report)
+            self.assertEqual(report.count(reason), 2, report)
 
     def test_display(self):
         with Asserter() as game:
             self.fail_without(game, "there is no display")
 
     def test_font(self):
-        with Display() as screen, Asserter(screen) as game:
-            (game.folder / "fonts.dir").write_text("0\n")
-            screen.connection.set_font_path([str(game.folder)])
-            screen.sync()
-            self.fail_without(game, "the display has no font")
+        screen, game = self.start(kind=Asserter)
+        (game.folder / "fonts.dir").write_text("0\n")
+        screen.connection.set_font_path([str(game.folder)])
+        screen.sync()
+        self.fail_without(game, "the display has no font")
 
-    def test_the_connection(self):
-        def fail(game, line):
-            game.fail(line.removeprefix("asserter::"))
+    @for_each(build=BUILDS)
+    def test_the_connection(self, build):
+        def fail(game, command):
+            game.fail(command)
             game.dialog.kill_client()
             game.screen.sync()
-            game.answer()
+            game.reply()
 
-        for build in BUILDS:
-            with self.subTest(build=build), Display() as screen, Asserter(screen, build) as game:
-                self.fail_without(game, "the display has gone", fail)
-                game.process.stdin.close()
-                self.assertEqual(game.wait_for_end(), 0, game.standard_error())
+        _, game = self.start(build, Asserter)
+        self.fail_without(game, "the display has gone", fail)
+        game.process.stdin.close()
+        game.wait_for_end()

@@ -2,93 +2,82 @@
 import re
 import textwrap
 import time
-import unittest
 
+from case import GameTest, for_each
 from console import Console
-from display import Display, wait_for
-from game import ROOT, Game, find_kitten
+from display import wait_for
+from game import ROOT, find_kitten, load_picture, matches
 from library import libraries
-from test_sound import RATE, Recorder
+from test_sound import Recorder
 
 
-class Keys(unittest.TestCase):
-    def test_full_screen_and_the_end(self):
-        with Display() as screen, Game(screen) as game:
-            game.wait_for_title()
-            for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
-                self.type(screen, keys)
-                game.wait_for_full_screen("title_screen")
-                self.type(screen, keys)
-                game.wait_for_picture("title_screen")
-            self.type(screen, ["Escape"])
-            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
-
-    def test_music_and_pause(self):
-        with Display() as screen, Game(screen, environment=Recorder.ENVIRONMENT) as game:
-            game.wait_for_title()
-            recorder = Recorder(game)
-            for is_heard in (True, False, True):
-                self.wait_for_music(recorder, is_heard)
-                self.type(screen, ["m"])
-            self.wait_for_music(recorder, False)
-            game.start_playing()
-            game.point_at(5, 5)
-            game.wait_for_kitten()
-            self.type(screen, ["p"])
-            wait_for(screen.cursor_is_visible, "the pointer of a pause")
-            game.settle()
-            place = find_kitten(game.picture())
-            game.settle()
-            self.assertEqual(find_kitten(game.picture()), place)
-            game.wait_for_sprite("paused")
-            wait_for(lambda: not recorder.heard()[-RATE:].any(), "the last M")
-            self.type(screen, ["Pause"])
-            wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
-            wait_for(lambda: not screen.cursor_is_visible(), "its hidden pointer")
-
-    def test_own_lines(self):
-        """What a player writes into user.txt adds to the script, as the page on the console shows."""
-        page = (ROOT / "docs/console.md").read_text()
-        lines = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
-
-        def prepare(runtime):
-            (runtime / "user.txt").write_text(textwrap.dedent(lines))
-
-        with Display() as screen, Game(screen, prepare=prepare) as game:
-            game.wait_for_title()
-            self.type(screen, ["q"])
-            self.assertEqual(game.wait_for_end(), 0, game.standard_error())
-
-    def wait_for_music(self, recorder, is_heard):
-        """Before play nothing else is to be heard."""
-        wait_for(lambda: recorder.heard()[-RATE:].any() == is_heard, f"music {is_heard}")
-
-    def type(self, screen, keys):
-        """Holds the keys together for a while."""
-        for key in keys:
-            screen.press_key(key)
-        time.sleep(0.3)
-        for key in reversed(keys):
-            screen.release_key(key)
+class Keys(GameTest):
+    # Holds the keys together for a while.
+    def press(self, *keys):
+        with self.screen.held(*keys):
+            time.sleep(0.3)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
 
+    def test_full_screen_and_the_end(self):
+        _, game = self.start()
+        game.wait_for_title()
+        title = load_picture("title_screen")
+        for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
+            self.press(*keys)
+            game.wait_for(lambda: matches(game.full_screen_picture(), title, 0.8), "full screen")
+            self.press(*keys)
+            game.wait_for_picture("title_screen")
+        self.press("Escape")
+        game.wait_for_end()
 
-class Layouts(unittest.TestCase):
+    def test_music_and_pause(self):
+        _, game = self.start(environment=Recorder.ENVIRONMENT)
+        game.wait_for_title()
+        recorder = Recorder(game)
+        for is_heard in (True, False, True):
+            recorder.wait_for_sound(is_heard)
+            self.press("m")
+        recorder.wait_for_sound(False)
+        game.start_playing()
+        game.point_at(5, 5)
+        game.wait_for_kitten()
+        self.press("p")
+        game.wait_for_cursor(True)
+        game.settle()
+        place = find_kitten(game.picture())
+        game.settle()
+        self.assertEqual(find_kitten(game.picture()), place)
+        game.wait_for_sprite("paused")
+        recorder.wait_for_sound(False)
+        self.press("Pause")
+        wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
+        game.wait_for_cursor(False)
+
+    # What a player writes into user.txt adds to the script, as the console page shows.
+    def test_own_lines(self):
+        page = (ROOT / "docs/console.md").read_text()
+        lines = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
+        _, game = self.start(prepare=lambda runtime: (runtime / "user.txt").write_text(
+            textwrap.dedent(lines)))
+        game.wait_for_title()
+        self.press("q")
+        game.wait_for_end()
+
+
+class Layouts(GameTest):
     UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
 
-    def test_keys_with_other_names(self):
-        for library in libraries():
-            with self.subTest(library), Display() as screen, Game(
-                    screen, script=lambda text: text + "\nkeyboard::bind(p, stoptask(mark))\n",
-                    environment=library) as game:
-                game.wait_for_title()
-                console = Console(screen, game)
-                for times, layout in enumerate(("ru", "ua", "fr"), 1):
-                    screen.run("setxkbmap", layout)
-                    screen.tap(self.UKRAINIAN_YI, self.P)
-                    game.wait_for_log("a task mark that", times=times)
-                    self.assertIsNone(console.rect(), "yi opens nothing")
-                    screen.tap(self.UNDER_ESCAPE)
-                    wait_for(console.rect, f"the console with the layout {layout}")
-                    screen.tap(self.UNDER_ESCAPE)
-                    console.wait_until_closed()
+    @for_each(library=libraries)
+    def test_keys_with_other_names(self, library):
+        screen, game = self.start(lines="\nkeyboard::bind(p, stoptask(mark))", environment=library)
+        game.wait_for_title()
+        console = Console(screen, game)
+        for times, layout in enumerate(("ru", "ua", "fr"), 1):
+            screen.run("setxkbmap", layout)
+            screen.tap(self.UKRAINIAN_YI, self.P)
+            game.wait_for_log("a task mark that", times=times)
+            self.assertIsNone(console.rect(), "yi opens nothing")
+            screen.tap(self.UNDER_ESCAPE)
+            wait_for(console.rect, f"the console with the layout {layout}")
+            screen.tap(self.UNDER_ESCAPE)
+            console.wait_until_closed()

@@ -80,9 +80,9 @@ TEST(Documents, EveryCommandVariableAndKeyIsInTheConsolePage) {
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
   // The tasks' own commands, and the variables that are only read, stand in the code alone.
   const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
-  for (const char* room : {"tasks", "tools"}) {
+  for (const char* module : {"tasks", "tools"}) {
     for (const auto& entry :
-         fs::directory_iterator(vask::test::SourcePath("src/" + std::string(room)))) {
+         fs::directory_iterator(vask::test::SourcePath("src/" + std::string(module)))) {
       const std::string code = ReadAll(entry.path());
       for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
         names.push_back(it->format("$1$2$3"));

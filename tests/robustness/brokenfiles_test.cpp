@@ -1,7 +1,6 @@
 // Every data file that the game ships, broken in every plain way, goes through the code that reads
 // it: nothing may crash, hang or read outside its memory.
 
-#include "console/consoleparams.h"
 #include "game/gfxfactory.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/sprite/spritefactory.h"
@@ -24,9 +23,11 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
+#include <set>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -36,8 +37,7 @@ namespace {
 using Bytes = std::string;
 
 Bytes ReadAll(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return (std::ostringstream() << std::ifstream(path, std::ios::binary).rdbuf()).str();
 }
 
 void WriteAll(const fs::path& path, const Bytes& bytes) {
@@ -55,21 +55,20 @@ Bytes Scratched(Bytes bytes, unsigned seed, unsigned oneIn, std::size_t start = 
   return bytes;
 }
 
-// clang-format off
-const std::map<std::string, std::function<Bytes(const Bytes&)>> kBreakages = {
-    {"empty", [](const Bytes&) { return Bytes(); }},
-    {"half", [](const Bytes& whole) { return whole.substr(0, whole.size() / 2); }},
-    {"all but the end", [](const Bytes& whole) { return whole.substr(0, whole.size() - 3); }},
-    {"noise", [](const Bytes& whole) { return Scratched(whole, 1, 1); }},
-    {"noise behind a good start", [](const Bytes& whole) { return Scratched(whole, 2, 1, 40); }},
-    {"scratched", [](const Bytes& whole) { return Scratched(whole, 3, 100); }},
-    {"scratched elsewhere", [](const Bytes& whole) { return Scratched(whole, 4, 100); }}};
-// clang-format on
+std::map<std::string, Bytes> Broken(const Bytes& whole) {
+  return {{"empty", ""},
+          {"half", whole.substr(0, whole.size() / 2)},
+          {"all but the end", whole.substr(0, whole.size() - 3)},
+          {"noise", Scratched(whole, 1, 1)},
+          {"noise after a good start", Scratched(whole, 2, 1, 40)},
+          {"scratched", Scratched(whole, 3, 100)},
+          {"scratched elsewhere", Scratched(whole, 4, 100)}};
+}
 
 class BrokenFiles : public ::testing::Test {
  protected:
   BrokenFiles() {
-    fs::copy(vask::test::SourcePath("runtime/data"), "data", fs::copy_options::recursive);
+    fs::copy(SourcePath("runtime/data"), "data", fs::copy_options::recursive);
     myAudio.Start();
   }
   ~BrokenFiles() override {
@@ -77,35 +76,35 @@ class BrokenFiles : public ::testing::Test {
     fs::remove_all("data");
   }
 
-  using Reader = std::function<void(const std::string&)>;
-
-  static void ForEach(const std::string& extension, const Reader& read) {
-    std::size_t count = 0;
-    for (const auto& entry : fs::recursive_directory_iterator("data")) {
-      if (entry.path().extension() == extension) {
-        ++count;
-        read(entry.path());
+  // The files with one of these extensions.
+  static std::vector<std::string> Files(const std::set<fs::path>& extensions) {
+    std::vector<std::string> files;
+    for (const fs::path& file : fs::recursive_directory_iterator("data")) {
+      if (extensions.contains(file.extension())) {
+        files.push_back(file);
       }
     }
-    EXPECT_GT(count, 0U);
+    EXPECT_FALSE(files.empty());
+    return files;
   }
 
-  // Reads every file with that extension in each state, the missing one too.
-  static void ReadEach(const std::string& extension, const Reader& read) {
-    ForEach(extension, [&](const std::string& file) {
+  // Reads each of these files in each state: broken, missing, and a pipe without a writer.
+  static void ReadEach(const std::set<fs::path>& extensions,
+                       const std::function<void(const std::string&)>& read) {
+    for (const std::string& file : Files(extensions)) {
       const Bytes whole = ReadAll(file);
-      for (const auto& [how, breakIt] : kBreakages) {
+      for (const auto& [how, bytes] : Broken(whole)) {
         SCOPED_TRACE(file + ", " + how);
-        WriteAll(file, breakIt(whole));
+        WriteAll(file, bytes);
         read(file);
       }
       fs::remove(file);
       read(file);
-      ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);  // nobody writes into it
+      ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
       read(file);
       fs::remove(file);
       WriteAll(file, whole);
-    });
+    }
   }
 
   // A sprite comes, moves with time and goes, on the real screen layer.
@@ -126,7 +125,7 @@ class BrokenFiles : public ::testing::Test {
 };
 
 TEST_F(BrokenFiles, SpriteFiles) {
-  ReadEach(".xml", [this](const std::string& file) {
+  ReadEach({".xml"}, [this](const std::string& file) {
     ShowSprite(file);
     brumble::CGfxFactory().Load(file, "GfxFactory");
   });
@@ -134,65 +133,61 @@ TEST_F(BrokenFiles, SpriteFiles) {
 
 TEST_F(BrokenFiles, PicturesAndIcons) {
   CTaskWindowSDL window;
-  for (const char* extension : {".png", ".bmp"}) {
-    ReadEach(extension, [&](const std::string& file) {
-      ShowSprite(file);
-      window.WindowSetIcon(file);
-    });
-  }
+  ReadEach({".png", ".bmp"}, [&](const std::string& file) {
+    ShowSprite(file);
+    window.WindowSetIcon(file);
+  });
 }
 
 TEST_F(BrokenFiles, Fonts) {
-  ReadEach(".ogf", [](const std::string& file) {
-    CTextSprite text(LoadFont(file), 200, 50);
-    text.SetText("+0123456789 -\xff");
+  ReadEach({".ogf"}, [](const std::string& file) {
+    CTextSprite(LoadFont(file), 200, 50).SetText("+0123456789 -\xff");
   });
 }
 
 TEST_F(BrokenFiles, Sounds) {
-  for (const char* command : {"PlayEffect", "PlayMusic"}) {
-    const Reader play = [&](const std::string& file) {
-      myAudio.ExecuteCommand(std::string(command) + "( \"" + file + "\" )");
+  for (const std::string command : {"PlayEffect", "PlayMusic"}) {
+    ReadEach({".wav", ".ogg"}, [&](const std::string& file) {
+      myAudio.ExecuteCommand(command + "( \"" + file + "\" )");
       myAudio.Update();
-    };
-    ReadEach(".wav", play);
-    ReadEach(".ogg", play);
+    });
     myAudio.ExecuteCommand("StopMusic");
   }
 }
 
 TEST_F(BrokenFiles, SpritesWithoutTheirPictures) {
-  ForEach(".png", [](const std::string& file) { fs::remove(file); });
-  ForEach(".xml", [this](const std::string& file) { ShowSprite(file); });
+  for (const std::string& picture : Files({".png"})) {
+    fs::remove(picture);
+  }
+  for (const std::string& sprite : Files({".xml"})) {
+    ShowSprite(sprite);
+  }
 }
 
 // What the game ships is itself sound: every sprite file has its picture, and nothing is reported.
 TEST_F(BrokenFiles, ShippedFilesAreWhole) {
   const CLogCapture log;
   fs::remove("data/gfx/gfx_resources.xml");
-  ForEach(".xml", [](const std::string& file) {
+  for (const std::string& file : Files({".xml"})) {
     EXPECT_FALSE(CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(file))->IsEmpty()) << file;
-  });
+  }
   EXPECT_TRUE(LoadFont("data/gfx/numbers.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
 }
 
-// Whoever wrote into a pipe would wait for a reader for ever. This one has a reader, to tell.
+// Opening a pipe for writing would wait for a reader for ever. This one has a reader, to look.
 TEST(Pipes, AreNotWrittenTo) {
   const std::string pipe = "pipe.tga";
-  const std::map<std::string, std::function<void()>> writers = {
-      {"log", [&] { CLogFile(pipe, "", true).WriteLine("line\n", kLogNormal); }},
-      {"recorder", [&] { CRecordMouse(pipe).OnMouseMove(1, 2); }},
-      {"picture",
-       [&] { CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile(pipe); }},
-      {"XML", [&] { WriteXmlFile(CXmlElement(), pipe); }}};
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-  for (const auto& [name, write] : writers) {
-    write();
-    char byte = 0;
-    EXPECT_EQ(read(reader, &byte, 1), 0) << name;
-  }
+  CLogFile(pipe, "", true).WriteLine("line\n", kLogNormal);
+  CRecordMouse(pipe).OnMouseMove(1, 2);
+  CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile(pipe);
+  WriteXmlFile(CXmlElement(), pipe);
+  std::string written(80, '\0');
+  const auto count = read(reader, written.data(), written.size());
+  ASSERT_GE(count, 0);
+  EXPECT_EQ(written.substr(0, static_cast<std::size_t>(count)), "");
   close(reader);
 }
 

@@ -26,7 +26,7 @@ void CGuiElement::OnMouseMove(int x, int y) {
   }
 }
 
-// A dragged element hears every press; only the one that starts the drag counts.
+// A dragged element gets every press; only the one that starts the drag counts.
 void CGuiElement::OnMouseButtonDown(int button) {
   if (button != vask::kLeftButton || !myDraggable || myDragging || mySprite == nullptr) {
     return;

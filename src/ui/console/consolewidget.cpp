@@ -5,11 +5,14 @@
 #include "gfx/text/lotsatextsprite.h"
 #include "input/buttons.h"
 #include "ui/console/loglistenerforconsole.h"
+#include "ui/widgetfactory.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CConsoleWidget> theRegistrar("CConsoleWidget");
 
 constexpr CRect<int> kRect{0, 0, 400, 180};
 constexpr std::int32_t kLinesPerNotch = 3;
