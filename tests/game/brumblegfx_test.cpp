@@ -4,6 +4,9 @@
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
 
+#include <fstream>
+#include <map>
+
 namespace brumble {
 namespace {
 
@@ -27,12 +30,16 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
 
 // The very first report counts, though nothing has moved. Fractions drop after centring.
 TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
-  // clang-format off
-  const std::pair<SVec2, SScreenPoint> cases[] = {
-      {{0, 0}, {380, 280}}, {{0.25F, -0.6F}, {381, 276}}, {{-70, 0}, {-40, 280}}, {{-70.2F, 0}, {798, 598}},
-      {{70, 0}, {800, 280}}, {{70.2F, 0}, {798, 598}}, {{0, 53.4F}, {380, 600}}, {{0, 53.6F}, {798, 598}},
-      {{0, -53.6F}, {798, 598}}};
-  // clang-format on
+  struct {
+    SVec2 at;
+    SScreenPoint place;
+  } const cases[] = {
+      {.at = {0, 0}, .place = {380, 280}},      {.at = {0.25F, -0.6F}, .place = {381, 276}},
+      {.at = {-70, 0}, .place = {-40, 280}},    {.at = {-70.2F, 0}, .place = {798, 598}},
+      {.at = {70, 0}, .place = {800, 280}},     {.at = {70.2F, 0}, .place = {798, 598}},
+      {.at = {0, 53.4F}, .place = {380, 600}},  {.at = {0, 53.6F}, .place = {798, 598}},
+      {.at = {0, -53.6F}, .place = {798, 598}},
+  };
   for (const auto& [at, place] : cases) {
     Report(at.x, at.y);
     EXPECT_EQ(Place(), place) << at.x << ", " << at.y;
@@ -40,12 +47,19 @@ TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
 }
 
 TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
-  // clang-format off
-  const struct { float spin, health; std::string look; } steps[] = {
-      {5, 3000, "1"}, {-5.1F, 1500, "1_spinning_easy"}, {10, 1500, "1_spinning_easy"},
-      {-10.1F, 1500, "1_spinning_hard"}, {0, 1499, "2"}, {0, 3000, "2"}, {0, 0, "2"},
-      {6, -1, "3_spinning_easy"}};
-  // clang-format on
+  struct {
+    float spin, health;
+    std::string look;
+  } const steps[] = {
+      {.spin = 5, .health = 3000, .look = "1"},
+      {.spin = -5.1F, .health = 1500, .look = "1_spinning_easy"},
+      {.spin = 10, .health = 1500, .look = "1_spinning_easy"},
+      {.spin = -10.1F, .health = 1500, .look = "1_spinning_hard"},
+      {.spin = 0, .health = 1499, .look = "2"},
+      {.spin = 0, .health = 3000, .look = "2"},
+      {.spin = 0, .health = 0, .look = "2"},
+      {.spin = 6, .health = -1, .look = "3_spinning_easy"},
+  };
   Report(10.0F, 10.0F, 1.5707964F);
   Report(10.0F, 10.0F, 3.0F);
   for (const auto& step : steps) {
@@ -70,7 +84,35 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   bridge.OnImpact(1.0F, &wall);
   bridge.OnImpact(1.0F, nullptr);
   EXPECT_EQ(logic.GetRecord(9)->myTouches, (std::vector<int>{3, 0}));
+  EXPECT_EQ(logic.GetRecord(9)->myPosition.x, 4.0F);
   EXPECT_EQ(logic.GetRecord(9)->myPosition.y, 5.0F);
+  const CKittenRecord& record = *logic.GetRecord(9);
+  bridge.SetAngularVelocity(-10.0F);
+  bridge.myHealth = 9.0F;
+  bridge.OnDamaged();
+  EXPECT_EQ(record.myLastHealth, 3000.0F) << "bald and slow: the rules are not told";
+  bridge.myHealth = 10.0F;
+  bridge.OnDamaged();
+  EXPECT_EQ(record.myLastHealth, 10.0F);
+  bridge.SetAngularVelocity(-10.1F);
+  bridge.myHealth = -20.0F;
+  bridge.OnDamaged();
+  EXPECT_EQ(record.myLastHealth, -20.0F);
+}
+
+// Of two with the same handle the first counts.
+TEST_F(BridgeTest, TheSpriteTableSkipsWhatItCannotUse) {
+  std::ofstream("table.xml") << R"(<GfxFactory>
+      <Sprite handle="0" sprite_file="zero.xml"></Sprite><Other handle="1" sprite_file="a.xml"></Other>
+      <Sprite sprite_file="b.xml"></Sprite><Sprite handle="2"></Sprite>
+      <Sprite handle="three" sprite_file="c.xml"></Sprite><Sprite handle="0" sprite_file="d.xml"></Sprite>
+    </GfxFactory>)";
+  CGfxFactory table;
+  table.Load("table.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFiles(), (std::map<int, std::string>{{0, "zero.xml"}}));
+  table.Load("missing.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFile(0), "zero.xml");
+  EXPECT_EQ(table.GetFile(1), "");
 }
 
 }  // namespace

@@ -3,16 +3,18 @@
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
+#include "game/gamefiles.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
 
 #include <cmath>
-#include <tuple>
 
 namespace brumble {
 namespace {
 
 using Ui = CBrumbleTaskImpl::CBrumbleInGameUi;
+constexpr int kLeft = vask::kLeftButton;
 
 class TaskTest : public test::GameTest, public vask::IMouseHardware {
  protected:
@@ -23,7 +25,9 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
   void ChangeCursor(int) override {}
   void GrabInput(bool) override {}
 
-  static void Click(int button = 1) { vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button); }
+  static void Click(int button = kLeft) {
+    vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button);
+  }
   // On a widget over the whole screen.
   static void ClickOnWidget(int button) {
     vask::CEventBridge::GetSingletonPtr()->Resize(800, 600);
@@ -57,16 +61,21 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
 };
 
 TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
-  // clang-format off
-  const struct { int button, screen; std::string shown, gone; } clicks[] = {
-      {2, Ui::kTitle, "title_screen", "help_screen"},
-      {1, Ui::kHelpOrGameOver, "help_bubbles", "title_screen"},
-      {16, Ui::kHelpOrGameOver, "help_screen", "background"},
-      {1, 0, "background", "help_bubbles"},
-      {1, 0, "background", "help_screen"},  // nobody hears it
-      {0, Ui::kHelpOrGameOver, "gameover", "title_screen"},
-      {1, 0, "background", "gameover"}};
-  // clang-format on
+  struct {
+    int button, screen;
+    std::string shown, gone;
+  } const clicks[] = {
+      {.button = vask::kMiddleButton,
+       .screen = Ui::kTitle,
+       .shown = "title_screen",
+       .gone = "help_screen"},
+      {kLeft, Ui::kHelpOrGameOver, "help_bubbles", "title_screen"},
+      {vask::kWheelDown, Ui::kHelpOrGameOver, "help_screen", "background"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_bubbles"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_screen"},
+      {vask::kNoButton, Ui::kHelpOrGameOver, "gameover", "title_screen"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "gameover"},
+  };
   task.Start();
   for (const auto& c : clicks) {
     if (c.shown == "gameover") {
@@ -92,15 +101,18 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
     isCursorShown = c.screen != 0;
   }
+  EXPECT_EQ(GameState().kittensLeft, 10);
+  EXPECT_FALSE(GameState().isGameOver) << "a new game";
 }
 
 // 6 - 5 leaves 1, 12 - 10 leaves 2, and after a fourth step in one frame the rest is dropped.
 TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
-  // clang-format off
-  const std::pair<unsigned, int> frames[] = {
-      {5, 0}, {1, 1}, {11, 3}, {3, 3}, {1, 4}, {30, 8}, {5, 8}, {20, 12}, {6, 13}};
-  // clang-format on
+  struct {
+    unsigned time;
+    int steps;
+  } const frames[] = {{5, 0}, {1, 1}, {11, 3}, {3, 3}, {1, 4}, {30, 8}, {5, 8}, {20, 12}, {6, 13}};
   StartGame();
+  vask::CEventBridge::GetSingletonPtr()->MouseMove(800, 300, 0, 0);
   task.ExecuteCommand("");
   for (const auto& [frame, steps] : frames) {
     Frame(frame);
@@ -109,6 +121,7 @@ TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
     Frame(1000);
     task.Resume();
   }
+  EXPECT_GT(Bodies()[kMonsterIndex].vx, 0.0F) << "after the pointer";
 }
 
 // The first kitten is due 600 ms after the start of the game.
@@ -145,10 +158,16 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   const auto sprites = vask::CScreenLayer::GetSingletonPtr()->GetChildren();
   for (const bool isOver : {false, true}) {
     StartGame();
-    EXPECT_GT(pictures.alive, 0);
+    constexpr int kSigns = 8, kLooks = 9, kBodies = 9;
+    EXPECT_GE(pictures.alive, static_cast<int>(kSpriteFiles.size()) + kSigns + kLooks + kBodies)
+        << "all are decoded before play";
     CGameLogic::ShowSign("data/gfx/b_bashing.xml");
     CScoreBoard::ShowFloatingText({50, 150}, "+5");
-    isOver ? Impl().ShowGameOver() : task.Pause();
+    if (isOver) {
+      Impl().ShowGameOver();
+    } else {
+      task.Pause();
+    }
     task.Exit();
     Click();
     EXPECT_EQ(pictures.alive, 0) << isOver;
@@ -166,7 +185,9 @@ TEST_F(TaskTest, AWholeGameNeedsNoDataAndWaitsForNoKittenOutOfReach) {
     Frame(20);
   }
   CPhysicsBody& kitten = Bodies()[8];
-  std::tie(kitten.x, kitten.y, kitten.angle) = std::tuple(59.4F, -62.5F, 0.02F);
+  kitten.x = 59.4F;
+  kitten.y = -62.5F;
+  kitten.angle = 0.02F;
   for (int frame = 0; frame < 390; ++frame) {
     Frame(20);
   }

@@ -27,7 +27,11 @@ class CFakePictures : public vask::CGfxFactory {
   IPixel* NewBuffer(IPixel*) override { return NewBuffer(40, 40); }
   IPixel* LoadImage(const std::string&, const vask::CColor&) override { return NewBuffer(40, 40); }
   IPixel* Reserved() override { return nullptr; }
-  void FreeImage(IPixel* image) override { delete (image->IsStatic() ? nullptr : image); }
+  void FreeImage(IPixel* image) override {
+    if (!image->IsStatic()) {
+      delete image;
+    }
+  }
 
   int alive = 0;
 
@@ -55,7 +59,12 @@ inline std::vector<vask::CSprite*> Shown(const std::string& name) {
   std::erase_if(found, [&](const vask::CSprite* sprite) { return sprite->GetName() != name; });
   return found;
 }
-// The newest first.
+// Where the first of them is.
+inline SScreenPoint PlaceOf(const std::string& name) {
+  const vask::CSprite& sprite = *Shown(name).at(0);
+  return {sprite.GetX(), sprite.GetY()};
+}
+// The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");
   std::erase_if(found, [](const vask::CSprite* sprite) { return sprite->GetZ() != 20; });

@@ -8,6 +8,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <map>
 
 namespace vask {
@@ -25,7 +26,9 @@ struct CEvent : IKeyEvent {
   explicit CEvent(char sign) : name(sign) {}
   bool Trigger(int) override {
     theRecord += name;
-    name == theKiller ? KillAndBindMore() : void();
+    if (name == theKiller) {
+      KillAndBindMore();
+    }
     return true;
   }
   bool ListensToKeyUp() override { return name < 'a'; }
@@ -33,29 +36,42 @@ struct CEvent : IKeyEvent {
   char name;
 };
 
-// Binds an event to "k" or, if its letter comes after "o", adds it for all keys.
-void Put(char name, int priority) {
-  auto* event = new CEvent(name);
-  if (std::tolower(name) < 'o') {
-    CKeyboard::GetSingletonPtr()->BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
-  } else {
-    theAdded[name].reset(event);
-    CKeyboard::GetSingletonPtr()->AddKeyEvent(event, priority);
+struct SPut {
+  char name;
+  int priority;
+};
+
+// Binds events to "k" or, if their letter comes after "o", adds them for all keys.
+void Put(std::initializer_list<SPut> puts) {
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  for (const auto& [name, priority] : puts) {
+    auto* event = new CEvent(name);
+    if (std::tolower(name) < 'o') {
+      keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
+    } else {
+      theAdded[name].reset(event);
+      keyboard.AddKeyEvent(event, priority);
+    }
   }
 }
 
 void KillAndBindMore() {
   theKiller = ' ';
   theAdded.clear();
-  Put('n', 10), Put('t', 10);
+  Put({{'n', 10}, {'t', 10}});
 }
 
 // Lets keys go down ("+a") and up ("-a") within one frame, and answers who heard of them.
 std::string Hear(const std::string& keys) {
   CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
-  bridge.KeyDown(-1, 0), bridge.KeyDown(kKeyCount, 0);  // no keys: must go nowhere
+  bridge.KeyDown(-1, 0);  // no key: must go nowhere
+  bridge.KeyDown(kKeyCount, 0);
   for (std::size_t i = 0; i < keys.size(); i += 2) {
-    keys[i] == '+' ? bridge.KeyDown(keys[i + 1], 0) : bridge.KeyUp(keys[i + 1], 0);
+    if (keys[i] == '+') {
+      bridge.KeyDown(keys[i + 1], 0);
+    } else {
+      bridge.KeyUp(keys[i + 1], 0);
+    }
   }
   theRecord.clear();
   CKeyboard::GetSingletonPtr()->Update();
@@ -77,18 +93,22 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
 
 TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
   constexpr int kWorld = 218;
-  const struct {
-    const char* what;
+  struct {
+    const char* name;
     int key, place, expected;
-  } cases[] = {
-      {"Russian P", kWorld, 33, 'p'},        {"Russian M", kWorld, 58, 'm'},
-      {"Greek A", kWorld, 38, 'a'},          {"French A, which types q", 'q', 38, 'q'},
-      {"beside P", kWorld, 34, kWorld},      {"beside L", kWorld, 47, kWorld},
-      {"no known place", kWorld, 0, kWorld}, {"under Escape", '\'', 49, '`'},
-      {"under Escape, dead", 0, 49, '`'},
+  } const cases[] = {
+      {.name = "Russian P", .key = kWorld, .place = 33, .expected = 'p'},
+      {.name = "Russian M", .key = kWorld, .place = 58, .expected = 'm'},
+      {.name = "Greek A", .key = kWorld, .place = 38, .expected = 'a'},
+      {.name = "French A, which types q", .key = 'q', .place = 38, .expected = 'q'},
+      {.name = "beside P", .key = kWorld, .place = 34, .expected = kWorld},
+      {.name = "beside L", .key = kWorld, .place = 47, .expected = kWorld},
+      {.name = "no known place", .key = kWorld, .place = 0, .expected = kWorld},
+      {.name = "under Escape", .key = '\'', .place = 49, .expected = kBackquoteKey},
+      {.name = "under Escape, dead", .key = 0, .place = 49, .expected = kBackquoteKey},
   };
-  for (const auto& [what, key, place, expected] : cases) {
-    EXPECT_EQ(KeyByPlace(key, place), expected) << what;
+  for (const auto& [name, key, place, expected] : cases) {
+    EXPECT_EQ(KeyByPlace(key, place), expected) << name;
   }
 }
 
@@ -103,15 +123,19 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
 }
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
-  Put('c', 10), Put('b', 10), Put('a', 5), Put('q', 10), Put('R', 10), Put('p', 5), Put('s', 30);
+  Put({{'c', 10}, {'b', 10}, {'a', 5}, {'q', 10}, {'R', 10}, {'p', 5}, {'s', 30}});
   const CSmartPtr<IKeyEvent> last(new CEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
-  const std::tuple<char, const char*, const char*> cases[] = {
-      {'q', "+k", "paq"},
-      {'a', "+k", "paqRs"},  // a bound event keeps it from bound ones only
-      {'R', "-k", "R"},
-      {' ', "-k+k", "paqRbcZsRZ"},  // down before up; of equals: added ones, newest bound one
-      {' ', "+j-j", ""},            // nothing is bound to it
+  struct {
+    char stopper;
+    const char *keys, *heard;
+  } const cases[] = {
+      {.stopper = 'q', .keys = "+k", .heard = "paq"},
+      {.stopper = 'a', .keys = "+k", .heard = "paqRs"},  // a bound event stops bound ones only
+      {.stopper = 'R', .keys = "-k", .heard = "R"},
+      // Down before up; of equals: the added ones, then the newest bound one.
+      {.stopper = ' ', .keys = "-k+k", .heard = "paqRbcZsRZ"},
+      {.stopper = ' ', .keys = "+j-j", .heard = ""},  // nothing is bound to it
   };
   for (const auto& [stopper, keys, heard] : cases) {
     theStopper = stopper;
@@ -124,11 +148,34 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   CKeyboard::DeleteSingleton();
 }
 
+// A null event is none. The interceptor leaves the keyboard when it dies.
+TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
+  struct CMyEvent : CEvent {
+    CMyEvent() : CEvent('E') {}
+  };
+  struct CTaker : IKeyInterceptor {
+    bool TakesPress(int key) override { return key == kEscapeKey; }
+  };
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
+  keyboard.Update();
+  keyboard.BindKey(kEscapeKey, {}, 10);
+  keyboard.BindKeys({kEscapeKey}, {}, 10);
+  keyboard.AddKeyEvent(nullptr, 10);
+  {
+    CTaker taker;
+    keyboard.AddInterceptor(&taker);
+    EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "E");
+  }
+  EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "EE");
+  CKeyboard::DeleteSingleton();
+}
+
 TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   const std::pair<char, const char*> cases[] = {{'p', "pb"}, {'q', "pqb"}, {'r', "pqbr"}};
   for (const auto& [killer, heard] : cases) {
     theKiller = killer;
-    Put('b', 10), Put('p', 5), Put('q', 5), Put('r', 15);
+    Put({{'b', 10}, {'p', 5}, {'q', 5}, {'r', 15}});
     EXPECT_EQ(Hear("+k"), heard) << "newcomers wait for the next key";
     EXPECT_EQ(Hear("+k"), "tnb");
     CKeyboard::DeleteSingleton();

@@ -7,17 +7,19 @@
 namespace vask::platform {
 namespace {
 
+constexpr int kTextX = 5, kTextY = 25;  // of the field below
+
 // Characters are 10 wide, but "i" 5, and lines 10 high. Keeps the texts, carets and selections that
 // are drawn.
 struct CCanvas : INativeCanvas {
   int CharWidth(char character) const override { return character == 'i' ? 5 : 10; }
   int LineHeight() const override { return 10; }
   void FillBox(const SBox& box, ENativeColor color) override {
-    const std::string left = std::to_string(box.x);
+    const int left = box.x - kTextX;
     if (color == ENativeColor::kText) {
-      drawn += "|" + left + "," + std::to_string(box.y);
+      drawn += "|" + std::to_string(left) + "," + std::to_string(box.y - kTextY);
     } else if (color == ENativeColor::kSelection) {
-      drawn += "[" + left + "-" + std::to_string(box.x + box.width) + "]";
+      drawn += "[" + std::to_string(left) + "-" + std::to_string(left + box.width) + "]";
     }
   }
   void Text(int, int, std::string_view text, const SBox&) override {
@@ -60,6 +62,7 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
        .wrapped = "[0-30]abc/[0-10]d/|10,10"},
       {.text = "abcd", .keys = "$x", .oneLine = "x/|10,0", .wrapped = "x/|10,0"},
       {.text = "abcd", .keys = "$#", .oneLine = "/|0,0", .wrapped = "/|0,0"},
+      {.text = "abc", .keys = ">>#", .oneLine = "ac/|10,0", .wrapped = "ac/|10,0"},
       {.text = "abc", .keys = ">>>+<<-!", .oneLine = "a/|10,0", .wrapped = "a/|10,0"},
       {.text = "abc", .keys = "+>>-<x", .oneLine = "xab/|10,0", .wrapped = "xab/c/|10,0"},
       {.text = "abc", .keys = "+>-}", .oneLine = "bc/|20,0", .wrapped = "abc/|30,0"},
@@ -71,7 +74,8 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   constexpr std::string_view kKeys = "<>^v{}#!~$";
   for (const auto& [text, keys, oneLine, wrapped] : cases) {
     for (const bool wraps : {false, true}) {
-      CEditControl edit(text, {-3, -3, 36, wraps ? 26 : 16}, 0, wraps ? 0 : kAutoScroll);
+      CEditControl edit(text, {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16}, 0,
+                        wraps ? 0 : kAutoScroll);
       CCanvas canvas;
       bool isShiftHeld = false;
       for (const char key : keys) {
@@ -79,11 +83,11 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
         if (key == '+' || key == '-') {
           isShiftHeld = key == '+';
         } else if (key == '(') {
-          edit.OnDrag(-9, -9, canvas);
+          edit.OnDrag(kTextX - 9, kTextY - 9, canvas);
         } else if (key == ')') {
-          edit.OnDrag(999, 5, canvas);
+          edit.OnDrag(999, kTextY + 5, canvas);
         } else if (key == '*' || (key >= '0' && key <= '9')) {
-          edit.OnPress(key == '*' ? 999 : 10 * (key - '0') + 4, 5, canvas);
+          edit.OnPress(kTextX + (key == '*' ? 999 : 10 * (key - '0') + 4), kTextY + 5, canvas);
         } else {
           const std::string typed = name == 0 && key != '_' ? std::string(1, key) : "";
           edit.OnKey({static_cast<ENativeKey>(name), typed, isShiftHeld}, canvas);
@@ -96,10 +100,10 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
 }
 
 // A picture of letters: a character is one cell wide and high; "." is the face, "," a field, "_"
-// the colour of text, "+" light, "-" shadow, "#" dark; a full stop is ":".
+// the colour of text, "+" light, "-" shadow, "#" dark, "~" not drawn; a full stop is ":".
 struct CLetters : INativeCanvas {
   int CharWidth(char) const override { return 1; }
-  int LineHeight() const override { return 1; }
+  int LineHeight() const override { return lineHeight; }
   void FillBox(const SBox& box, ENativeColor color) override {
     for (int i = 0; i < box.width * box.height; ++i) {
       At(box.x + i % box.width, box.y + i / box.width) = ".,_+-#="[static_cast<int>(color)];
@@ -111,7 +115,8 @@ struct CLetters : INativeCanvas {
     }
   }
   char& At(int x, int y) { return cells.at(static_cast<std::size_t>(10 * y + x)); }
-  std::string cells = "........./........./........./........./........./........./........./";
+  int lineHeight = 1;
+  std::string cells = "~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/";
 };
 
 TEST(NativeForm, DrawsItsControls) {
@@ -119,27 +124,32 @@ TEST(NativeForm, DrawsItsControls) {
   const struct {
     EControlKind kind;
     std::string text;
-    int wheel;
+    int lineHeight, wheel;
     bool isPressed;
     std::string picture;  // seven rows
   } cases[] = {
-      {EControlKind::kButton, "ok", 0, false,
+      {EControlKind::kButton, "ok", 1, 0, false,
        "#########/#++++++-#/#+.....-#/#+.ok..-#/#+.....-#/#-------#/#########/"},
-      {EControlKind::kButton, "ok", 0, true,
+      {EControlKind::kButton, "ok", 1, 0, true,
        "#########/#------.#/#-......#/#-._._..#/#-..ok..#/#.......#/#########/"},
-      {EControlKind::kStatic, "a b", 0, false,
-       "--------+/-.......+/-.a b...+/-.......+/-.......+/-.......+/+++++++++/"},
-      {EControlKind::kStatic, lines, 1, false,
-       "--------+/-.......+/-.b.....+/-.c.....+/-.:::...+/-.......+/+++++++++/"},
-      {EControlKind::kStatic, lines, 9, false,
-       "--------+/-.......+/-.g.....+/-.h.....+/-.i.....+/-.......+/+++++++++/"},
-      {EControlKind::kEdit, "a", 0, false,
+      {EControlKind::kStatic, "a b", 1, 0, false,
+       "--------+/-~~~~~~~+/-~a b~~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/"},
+      {EControlKind::kStatic, lines, 1, 1, false,
+       "--------+/-~~~~~~~+/-~b~~~~~+/-~c~~~~~+/-~:::~~~+/-~~~~~~~+/+++++++++/"},
+      {EControlKind::kStatic, lines, 1, 9, false,
+       "--------+/-~~~~~~~+/-~g~~~~~+/-~h~~~~~+/-~i~~~~~+/-~~~~~~~+/+++++++++/"},
+      {EControlKind::kStatic, "a b", 2, 0, false,
+       "--------+/-~~~~~~~+/-~~a b~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/"},
+      {EControlKind::kEdit, "a", 1, 0, false,
        "--------+/-######.+/-#,,,,,.+/-#,a,,,.+/-#,,,,,.+/-.......+/+++++++++/"},
   };
   for (const auto& c : cases) {
     CLetters canvas;
     CNativeForm form;
-    form.Add(c.kind, c.text, {0, 0, 9, 7}, 1, kClientEdge);
+    canvas.lineHeight = c.lineHeight;
+    form.Add(c.kind, lines, {0, 0, 9, 7}, 1, kClientEdge);
+    form.Wheel(1, 1, 9, canvas);
+    form.GetControl(0).SetText(c.text);
     form.Wheel(1, 1, c.wheel, canvas);
     form.Press(1, c.isPressed ? 1 : 9, canvas);
     form.Draw(canvas);
@@ -151,7 +161,7 @@ TEST(NativeForm, ClicksWhereTheButtonIsPressedAndReleased) {
   const CCanvas font;
   CNativeForm form;
   form.Add(EControlKind::kStatic, "text", {0, 0, 50, 20}, 1, 0);
-  form.Add(EControlKind::kEdit, "", {0, 10, 50, 20}, 2, 0);
+  form.Add(EControlKind::kEdit, "iii", {0, 10, 50, 20}, 2, 0);
   form.Add(EControlKind::kButton, "a", {0, 40, 50, 20}, 3, 0);
   form.Add(EControlKind::kButton, "b", {0, 70, 50, 20}, 4, 0);
   // Pressed at, released at, and the id that is clicked. The edit is in front of the static.
@@ -162,7 +172,14 @@ TEST(NativeForm, ClicksWhereTheButtonIsPressedAndReleased) {
     EXPECT_EQ(form.Release().value_or(0), id) << down << " " << up;
   }
   EXPECT_FALSE(form.Key({ENativeKey::kReturn, ""}, font));
-  EXPECT_EQ(form.GetControl(1).GetText(), "\n");
+  EXPECT_EQ(form.GetControl(1).GetText(), "i\nii") << "the caret is where it was pressed";
+  // The focus goes round from the edit to both buttons and back to it.
+  std::string clicked;
+  for (const bool isBackwards : {false, false, false, false, false, true, true, true, true}) {
+    form.FocusNext(isBackwards);
+    clicked += std::to_string(form.Key({ENativeKey::kReturn, ""}, font).value_or(0));
+  }
+  EXPECT_EQ(clicked, "340343043");
 }
 
 }  // namespace

@@ -19,12 +19,24 @@ std::string Report(CTester& tester) {
   tester.RunAll();
   std::string report;
   for (const auto& line : log.Lines()) {
-    report += line.level == kLogBlockBegin ? "("
-              : line.level == kLogBlockEnd ? ")"
-                                           : std::to_string(line.level) + line.text + "\n";
+    if (line.level == kLogBlockBegin) {
+      report += "(";
+    } else if (line.level == kLogBlockEnd) {
+      report += ")";
+    } else {
+      report += std::to_string(line.level) + line.text + "\n";
+    }
   }
   return report;
 }
+
+int Sum(int a, int b) { return a + b; }
+
+bool TestSum(STest& test) {
+  VASK_TEST_ASSERT(test, Sum(2, 2) == 4, "2 and 2 are not 4");
+  return false;
+}
+const CTestRegistrar registrar(&TestSum, "Sum", __FILE__);
 
 const std::string kRule = "1------------------------------------------------------------------ \n";
 
@@ -62,7 +74,8 @@ TEST(Tester, TheTaskRunsTheSelfTestsAndLeavesNoTrace) {
     EXPECT_EQ(console.Execute("starttask(unittest, " + std::string(name) + ")", false),
               std::string(name) + " started");
     EXPECT_TRUE(log.Has("All tests OK")) << log.Text();
-    EXPECT_EQ(log.Count(" [OK]"), 7U) << log.Text();
+    EXPECT_EQ(log.Count(" [OK]"), 7U + 1U) << log.Text();
+    EXPECT_TRUE(log.Has("Sum [OK]"));
   }
   EXPECT_EQ(CKernel::GetSingletonPtr()->Run(), 0) << "a task that does not park would run on";
   EXPECT_EQ(&*GetGlobalTimerImpl(), installed);
