@@ -129,7 +129,7 @@ class Game(Scoped):
 
     # Whether the window shows most of that full-screen picture of data/gfx/.
     def shows(self, name, share=0.6):
-        return matches(self.picture(), load_picture(name), share)
+        return fit(self.picture(), load_picture(name)) >= share
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")
@@ -248,10 +248,6 @@ def fit(shown, expected):
         return 0.0
     off = numpy.abs(corner.astype(int) - expected[:, :, :3]).max(axis=2)
     return (off[expected[:, :, 3] == 255] <= 4).mean()
-
-
-def matches(shown, expected, share=0.6):
-    return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
 # Whether a burst of fire is at the bottom of the pit that was not there before.
