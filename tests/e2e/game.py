@@ -108,9 +108,9 @@ class Game(Scoped):
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
         return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
 
-    # What the program has used of a core so far.
-    def processor_seconds(self):
-        stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
+    # What the program, or its main thread alone, has used of a core so far.
+    def processor_seconds(self, thread=""):
+        stat = pathlib.Path(f"/proc/{self.process.pid}/{thread}/stat").read_text()
         user, system = stat.rsplit(")", 1)[1].split()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
 
