@@ -11,7 +11,7 @@ import numpy
 from Xlib import X, error
 
 from case import BUILDS, GameTest, for_each
-from display import LIMIT, end_process, read_line, wait_for
+from display import LIMIT, read_line, wait_for
 from game import ROOT, Stepper
 
 WINDOW = """
@@ -224,7 +224,8 @@ class Dialog(GameTest):
     def test_without_a_window_manager(self):
         screen, game = self.start()
         other = screen.open_other()
-        end_process(screen.manager)
+        screen.manager.terminate()
+        screen.manager.wait(LIMIT)
         other.set_input_focus(X.RevertToParent, X.CurrentTime)
         game.fail("Fail")
         game.change_variables()

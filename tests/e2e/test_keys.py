@@ -80,4 +80,4 @@ class Layouts(GameTest):
             screen.tap(self.UNDER_ESCAPE)
             wait_for(console.rect, f"the console with the layout {layout}")
             screen.tap(self.UNDER_ESCAPE)
-            console.wait_until_closed()
+            console.wait_for_rect(None)
