@@ -26,10 +26,8 @@ BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165
 DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
 
 
-# One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2.
+# A run with the task of tests/e2e/asserter.cpp. "Fail" has two variables: count, which is 3, and a constant, 2.
 class Asserter(Stepper):
-    PROGRAM = "brumble_asserter"
-
     def __init__(self, screen=None, build="release", lines=""):
         super().__init__(screen, build, lines + "\nstarttask(asserter, asserter, 2)",
                          prepare=lambda runtime: (runtime / "autoexec.txt").write_text(""))
