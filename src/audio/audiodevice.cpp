@@ -15,8 +15,6 @@ namespace {
 
 constexpr int kDriverNameSize = 256;
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 // How many holds there are, by the mixer's own count.
 int CountHolds() { return Mix_QuerySpec(nullptr, nullptr, nullptr); }
 

@@ -34,10 +34,10 @@ void CSDLMixerEffectPlayer::Play(const std::string& fileName) {
   const CEffectPtr effect = CSDLMixerEffectData::Get(fileName);
   Hold(effect);
   myHasPlayed = true;
-  if (effect->GetChunk() == nullptr) {
+  if (effect->GetSound() == nullptr) {
     return;
   }
-  const int channel = Mix_PlayChannelTimed(kFirstFreeChannel, effect->GetChunk(), 0, kNoTimeLimit);
+  const int channel = Mix_PlayChannelTimed(kFirstFreeChannel, effect->GetSound(), 0, kNoTimeLimit);
   if (channel != -1) {
     ourUsers[static_cast<std::size_t>(channel)] = this;
     return;
@@ -49,7 +49,7 @@ void CSDLMixerEffectPlayer::Play(const std::string& fileName) {
 
 void CSDLMixerEffectPlayer::Preload(const std::string& fileName) {
   const CEffectPtr effect = CSDLMixerEffectData::Get(fileName);
-  if (effect->GetChunk() == nullptr) {
+  if (effect->GetSound() == nullptr) {
     std::erase(myEffects, effect);
   } else {
     Hold(effect);

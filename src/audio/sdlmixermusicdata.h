@@ -1,34 +1,22 @@
 #pragma once
 
-#include "utils/containers/autolist.h"
-#include "utils/smartptr/smartptr.h"
-
-#include <SDL_mixer.h>
+#include "audio/sdlmixerdata.h"
 
 #include <string>
+#include <utility>
 
 namespace vask {
 
-// A music file that is open for playing. Its players share it and own it together.
-class CSDLMixerMusicData : public CAutoList<CSDLMixerMusicData> {
+// A music file that is open for playing.
+class CSDLMixerMusicData : public CSDLMixerData<CSDLMixerMusicData, Mix_Music> {
  public:
-  // Opens the file; a file that is no music is logged and leaves nothing to play.
-  explicit CSDLMixerMusicData(std::string fileName);
-  // Stops the music when it is still playing. The mixer must be open.
-  ~CSDLMixerMusicData();
-  CSDLMixerMusicData(const CSDLMixerMusicData&) = delete;
-  CSDLMixerMusicData& operator=(const CSDLMixerMusicData&) = delete;
+  static constexpr char kClassName[] = "CSDLMixerMusicData";
+  static constexpr char kFileKind[] = "music-file";
 
-  // The music of that file, opened when it is not open yet.
-  static CSmartPtr<CSDLMixerMusicData> Get(const std::string& fileName);
+  explicit CSDLMixerMusicData(std::string fileName) : CSDLMixerData(std::move(fileName)) {}
 
-  const std::string& GetFileName() const { return myFileName; }
-  // Null when loading failed.
-  Mix_Music* GetMusic() const { return myMusic; }
-
- private:
-  std::string myFileName;
-  Mix_Music* myMusic;
+  static Mix_Music* Load(const std::string& fileName);
+  static void Free(Mix_Music* music) { Mix_FreeMusic(music); }
 };
 
 }  // namespace vask

@@ -40,7 +40,7 @@ CSDLMixerMusicPlayer::~CSDLMixerMusicPlayer() {
 void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
   Resume();
   const CSmartPtr<CSDLMixerMusicData> music = CSDLMixerMusicData::Get(fileName);
-  if (music->GetMusic() == nullptr) {
+  if (music->GetSound() == nullptr) {
     return;
   }
   myHasFailed = !StartMusic(*music);
@@ -54,8 +54,8 @@ bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
     Mix_HaltMusic();  // the mixer would block this thread until the fade is over
   }
   myFadeInTime = myFades ? FadeTime() : 0;
-  const int result = myFades ? Mix_FadeInMusicPos(music.GetMusic(), 0, myFadeInTime, 0.0)
-                             : Mix_PlayMusic(music.GetMusic(), 0);
+  const int result = myFades ? Mix_FadeInMusicPos(music.GetSound(), 0, myFadeInTime, 0.0)
+                             : Mix_PlayMusic(music.GetSound(), 0);
   // A fade-in without a step would leave it silent; one with steps sets its own volume.
   Mix_VolumeMusic(ToMixerVolume(mySettings[0]));
   myFades = false;

@@ -9,22 +9,11 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-std::size_t FindLastSpecial(std::string_view line) {
-  std::size_t last = kNone;
-  for (const char* token : {"::", ";", "//"}) {
-    const std::size_t found = line.rfind(token);
-    if (found != kNone && (last == kNone || found > last)) {
-      last = found;
-    }
-  }
-  return last;
-}
-
 }  // namespace
 
 CAssignmentChain::CAssignmentChain(std::string_view line, std::size_t longestCommand,
                                    const IsCommand& isCommand)
-    : myLine(line), myLongestCommand(longestCommand), myLastSpecial(FindLastSpecial(line)) {
+    : myLine(line), myLongestCommand(longestCommand) {
   FindOpen(0);
   TakeNames(isCommand);
 }
@@ -34,7 +23,7 @@ void CAssignmentChain::TakeNames(const IsCommand& isCommand) {
   do {
     const std::size_t equals = myLine.find('=', start);
     if (equals == start) {
-      // Nothing stands before the sign, so what stands behind it is taken for the name.
+      // Nothing comes before the sign, so what follows it is taken for the name.
       myNames.push_back(Trim(myLine.substr(start + 1)));
       return;
     }
@@ -45,7 +34,7 @@ void CAssignmentChain::TakeNames(const IsCommand& isCommand) {
 }
 
 bool CAssignmentChain::IsAssignment(std::size_t start, const IsCommand& isCommand) {
-  if (myLine.find('=', start) == kNone || (myLastSpecial != kNone && myLastSpecial >= start)) {
+  if (myLine.find('=', start) == kNone) {
     return false;
   }
   const std::string_view name = CommandName(start);

@@ -10,14 +10,13 @@ namespace vask {
 
 // Takes a line "a = b = value" apart into the names and the value, as if each right side were
 // parsed as a line of its own, but in linear time and without recursion: a script line has no
-// length limit. The chain ends where a right side is no assignment: at a special line, a command or
-// a plain word.
+// length limit. The chain ends where a right side is no assignment: at a command or a plain word.
 class CAssignmentChain {
  public:
   using IsCommand = std::function<bool(const std::string& name)>;
 
-  // The line, which must outlive the chain, holds a "=". `longestCommand`: no name longer than this
-  // is asked for.
+  // The line, which must outlive the chain, contains a "=" and is not special (CConsole). No name
+  // longer than `longestCommand` is looked up.
   CAssignmentChain(std::string_view line, std::size_t longestCommand, const IsCommand& isCommand);
 
   // Trimmed, from the outermost to the innermost; at least one.
@@ -35,9 +34,7 @@ class CAssignmentChain {
   std::size_t myLongestCommand;
   std::vector<std::string_view> myNames;
   std::string_view myValue;
-  // Where the last "::", ";" or "//" begins; npos when there is none.
-  std::size_t myLastSpecial;
-  // The first "(" (or the end of the line) at or behind the position that was last asked for, and
+  // The first "(" (or the end of the line) at or after the position that was last looked at, and
   // the end of the text before it without its trailing blanks. Kept, since most steps share them.
   std::size_t myOpen = 0;
   std::size_t myNameEnd = 0;

@@ -11,8 +11,8 @@ namespace vask {
 
 class CConsole;
 
-// A named set of commands that can be loaded into any number of consoles (not owned; a console must
-// be detached before it dies, or outlive the library's use).
+// A named set of commands that can be loaded into any number of consoles (not owned). A console
+// must be detached before it dies.
 class CCmdLib {
  public:
   explicit CCmdLib(std::string name);
@@ -23,7 +23,7 @@ class CCmdLib {
   // Registers all commands, in name order; a console that has the library already is detached
   // first.
   void AttachTo(CConsole* console);
-  // Takes all commands back; nothing for a console that does not have the library.
+  // Removes all commands from the console; does nothing when it does not have the library.
   void Detach(CConsole* console);
 
  private:

@@ -17,7 +17,7 @@ class CCommandFactory : public CStaticSingleton<CCommandFactory> {
                   std::unique_ptr<CConsoleCommand> command);
   // Attaches the library to the console; an unknown name does nothing.
   void LoadLib(const std::string& lib, CConsole* console);
-  // Takes a console that is about to die out of every library.
+  // Detaches every library from a console that is about to die.
   void Forget(CConsole* console);
 
  private:

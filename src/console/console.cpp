@@ -5,7 +5,6 @@
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
 #include "console/scriptguard.h"
-#include "console/split.h"
 #include "utils/inputfile.h"
 #include "utils/trim.h"
 
@@ -19,6 +18,20 @@ namespace vask {
 namespace {
 
 constexpr std::size_t kNone = std::string::npos;
+
+// The pieces between the separators (never empty); pieces of length zero are dropped.
+std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
+  std::vector<std::string_view> pieces;
+  std::size_t start = 0;
+  while (start < text.size()) {
+    const std::size_t end = std::min(text.find(separator, start), text.size());
+    if (end > start) {
+      pieces.push_back(text.substr(start, end - start));
+    }
+    start = end + separator.size();
+  }
+  return pieces;
+}
 
 std::string_view Unquote(std::string_view piece) {
   const bool quoted = piece.size() >= 2 && piece.front() == '"' && piece.back() == '"';
@@ -176,8 +189,8 @@ std::string CConsole::ExecuteSpecialLine(const std::string& line) {
   if (trimmed.empty() || trimmed.starts_with("//")) {
     return {};
   }
-  // The kind of the line is told by the whole of it, its comment included; only what stands before
-  // the comment is executed. A copy, since a command may free the line.
+  // The whole line, its comment included, decides of what kind it is; only the text before the
+  // comment is executed. A copy, since a command may free the line.
   const bool isList = line.find(';') != kNone;
   const bool isNamespaceCall = !isList && line.find("::") != kNone;
   const std::string statement = line.substr(0, line.find("//"));

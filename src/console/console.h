@@ -32,11 +32,11 @@ class CConsole {
   CConsole& operator=(const CConsole&) = delete;
 
   virtual ~CConsole();
-  // Executes one line and answers its result. The base ignores `echo`.
+  // Executes one line and returns its result. The base ignores `echo`.
   virtual std::string Execute(const std::string& line, bool echo);
-  // Executes every line of a text file and answers nothing; a file that cannot be read is silently
-  // nothing. A file that is being executed already, or is nested more than 64 deep, is refused with
-  // one log error.
+  // Executes every line of a text file; returns an empty text. A file that cannot be read does
+  // nothing. A file that is being executed already, or is nested more than 64 deep, is not executed
+  // and logs one error.
   virtual std::string ExecuteFile(const std::string& fileName);
   // A line whose name is no command: an assignment, a variable, or a word that echoes back.
   virtual std::string ExecuteAssignment(const std::string& line);
@@ -81,7 +81,7 @@ class CConsole {
   static std::unique_ptr<CConsoleParams> ParseParams(std::string_view line);
   std::string ExecuteStatements(const std::string& list);
   std::string ExecuteNamespaceCall(const std::string& call);
-  // Sets the variables, from the last to the first, to the result; answers the first one's value.
+  // Sets the variables, from the last to the first, to the result; returns the first one's value.
   std::string AssignToAll(const std::vector<std::string_view>& names, const std::string& result);
   std::size_t LongestCommandName() const;
 

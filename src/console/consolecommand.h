@@ -6,13 +6,14 @@ namespace vask {
 
 class CConsoleParams;
 
-// One command of a console. The answer goes back to whoever executed the line; empty is success.
+// One command of a console. The result goes back to the caller that executed the line; an empty
+// text means success.
 class CConsoleCommand {
  public:
   virtual ~CConsoleCommand() = default;
   // The call with a parameter list (never null); by default the same as without one.
   virtual std::string Execute(CConsoleParams* params);
-  // The call without a parameter list; where one is needed it answers how to use the command.
+  // The call without a parameter list; where one is needed it returns the usage text.
   virtual std::string Execute() = 0;
 };
 

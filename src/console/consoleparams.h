@@ -9,7 +9,7 @@
 
 namespace vask {
 
-// The parameter list of one command call. Commands take their leading parameters off with PopFront
+// The parameter list of one command call. Commands remove their leading parameters with PopFront
 // and may pass the rest on.
 class CConsoleParams {
  public:

@@ -13,7 +13,7 @@ namespace {
 // ends here before it ends the stack.
 constexpr std::size_t kDeepestNesting = 64;
 
-// Of all consoles together: "load" hands every file to the application console, whatever console
+// One list for all consoles: "load" executes each file in the application console, whatever console
 // the line came from.
 std::vector<std::string>& OpenScripts() {
   static auto* const scripts = new std::vector<std::string>;

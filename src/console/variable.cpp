@@ -21,8 +21,8 @@ CVariableString::CVariableString(std::string text) : myText(std::move(text)) {}
 std::string CVariableString::GetString() const { return myText; }
 
 double CVariableString::GetNumber() const {
-  // What the stream leaves behind counts even when it failed: too many digits are the greatest
-  // double, so that they saturate as an integer too.
+  // What the stream leaves in the number counts even when it failed: too many digits give the
+  // greatest double, so that they saturate as an integer too.
   double number = 0.0;
   std::istringstream(myText) >> number;
   return number;

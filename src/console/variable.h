@@ -48,8 +48,8 @@ class CVariableNumber : public CVariable {
   double myNumber;
 };
 
-// The integer that a console number stands for: truncated toward zero, held at the ends of the
-// 32-bit range; not-a-number is 0.
+// A console number as an integer: truncated toward zero, clamped to the 32-bit range; not-a-number
+// gives 0.
 int ToInteger(double number);
 
 }  // namespace vask

@@ -6,7 +6,7 @@ namespace vask {
 
 // Process-wide objects that come into being on first use.
 //
-// The pointer is constant-initialised, so a singleton may be asked for from any static initialiser.
+// The pointer is constant-initialised, so any static initialiser may use a singleton.
 // Destructors must use PeekSingletonPtr(): it never creates, so nothing rises again at exit.
 template <typename T>
 class CStaticSingleton {

@@ -1,57 +1,43 @@
 #pragma once
 
+#include "designpatterns/openwalks.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <vector>
 
 namespace vask {
 
-// A list of pointers (not owned) that may change, or die, while it is being walked. Every list that
-// calls out to its members is one of these:
+// A list of pointers (not owned) that may change, or die, while it is being walked. Every list
+// whose elements are called while it is walked is one of these:
 //
 //   CWalkList<CTask>::CWalk walk(myTasks);
 //   while (CTask* task = walk.Next()) task->Update();
 //
-// An erase moves the open walks to the successor; what is inserted behind a walk's current element
+// A removal moves the open walks to the successor; what is inserted after a walk's current element
 // is still visited, what is inserted before it is not.
 template <typename T>
 class CWalkList {
  public:
-  class CWalk {
+  class CWalk;
+  using Walks = COpenWalks<CWalkList, CWalk>;
+
+  class CWalk : public Walks::CLink {
    public:
-    explicit CWalk(CWalkList& list) : myList(&list) { list.myWalks.push_back(this); }
-    ~CWalk() {
-      if (myList != nullptr) {
-        std::erase(myList->myWalks, this);
-      }
-    }
-    CWalk(const CWalk&) = delete;
-    CWalk& operator=(const CWalk&) = delete;
+    explicit CWalk(CWalkList& list) : Walks::CLink(list, list.myWalks) {}
 
     // The next element; null at the end, and after the list itself has died.
     T* Next() {
-      if (myList == nullptr || myNext >= myList->myItems.size()) {
+      if (!this->IsListAlive() || myNext >= this->myList->myItems.size()) {
         return nullptr;
       }
-      return myList->myItems[myNext++];
+      return this->myList->myItems[myNext++];
     }
-
-    bool IsListAlive() const { return myList != nullptr; }
 
    private:
     friend class CWalkList;
-    CWalkList* myList;
     std::size_t myNext = 0;
   };
-
-  CWalkList() = default;
-  ~CWalkList() {
-    for (CWalk* walk : myWalks) {
-      walk->myList = nullptr;
-    }
-  }
-  CWalkList(const CWalkList&) = delete;
-  CWalkList& operator=(const CWalkList&) = delete;
 
   bool IsEmpty() const { return myItems.empty(); }
   std::size_t Size() const { return myItems.size(); }
@@ -73,12 +59,10 @@ class CWalkList {
   // Puts the item before the element at `position`; at the end when there is none.
   void Insert(std::size_t position, T* item) {
     myItems.insert(myItems.begin() + static_cast<std::ptrdiff_t>(position), item);
-    for (CWalk* walk : myWalks) {
-      walk->myNext += position < walk->myNext ? 1 : 0;
-    }
+    myWalks.ForEach([=](CWalk& walk) { walk.myNext += position < walk.myNext ? 1 : 0; });
   }
 
-  // Removes the first entry equal to the item; answers whether there was one.
+  // Removes the first entry equal to the item; returns whether there was one.
   bool Remove(const T* item) {
     const auto found = std::find(myItems.begin(), myItems.end(), item);
     if (found == myItems.end()) {
@@ -86,9 +70,7 @@ class CWalkList {
     }
     const auto position = static_cast<std::size_t>(found - myItems.begin());
     myItems.erase(found);
-    for (CWalk* walk : myWalks) {
-      walk->myNext -= position < walk->myNext ? 1 : 0;
-    }
+    myWalks.ForEach([=](CWalk& walk) { walk.myNext -= position < walk.myNext ? 1 : 0; });
     Strike(item);
     return true;
   }
@@ -98,13 +80,11 @@ class CWalkList {
     for (std::vector<T*>* snapshot : mySnapshots) {
       std::fill(snapshot->begin(), snapshot->end(), nullptr);
     }
-    for (CWalk* walk : myWalks) {
-      walk->myNext = 0;
-    }
+    myWalks.ForEach([](CWalk& walk) { walk.myNext = 0; });
   }
 
   // Calls `visit` for each element that was there when the walk began and is still there when its
-  // turn comes; newcomers wait for the next walk, also one that stands at the address of an element
+  // turn comes. What is added meanwhile waits for the next walk, even at the address of an element
   // that has died. Safe when the list dies meanwhile.
   template <typename Visit>
   void ForEachPresent(Visit visit) {
@@ -123,7 +103,7 @@ class CWalkList {
   }
 
  private:
-  // Takes an element that has left out of the walks that still have it before them.
+  // Takes a removed element out of the walks that have not come to it yet.
   void Strike(const T* item) {
     if (!Contains(item)) {
       for (std::vector<T*>* snapshot : mySnapshots) {
@@ -134,7 +114,7 @@ class CWalkList {
   }
 
   std::vector<T*> myItems;
-  std::vector<CWalk*> myWalks;
+  Walks myWalks;
   std::vector<std::vector<T*>*> mySnapshots;  // of the walks of ForEachPresent
 };
 

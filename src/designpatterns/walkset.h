@@ -1,5 +1,7 @@
 #pragma once
 
+#include "designpatterns/openwalks.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -9,20 +11,20 @@
 
 namespace vask {
 
-// The order of a set that is not sorted: all are equal.
+// The order of a set that is not sorted: all elements are equal.
 struct SInOrderOfComing {
   bool operator()(const void*, const void*) const { return false; }
 };
 
-// A CWalkList for what there may be very many of: each pointer (not owned) is in it once, and it
-// costs about the same to come, to go and to be looked for however many the others are. Sorted by
-// `Order`, as it is when an element comes.
+// A CWalkList for very many elements: each pointer (not owned) is in it at most once, and
+// inserting, removing and finding one cost about the same however many there are. Sorted by
+// `Order`, which is evaluated when an element is inserted.
 //
 //   CWalkSet<CTask, SRunsEarlier>::CWalk walk(myTasks);
 //   while (CTask* task = walk.Next()) task->Update();
 //
-// An element that goes moves the open walks to its successor; who comes to stand behind a walk's
-// current element is still visited, who comes to stand before it is not.
+// A removal moves the open walks to the successor; what is inserted after a walk's current element
+// is still visited, what is inserted before it is not.
 template <typename T, typename Order = SInOrderOfComing>
 class CWalkSet {
   struct SPlace {
@@ -31,48 +33,34 @@ class CWalkSet {
   };
 
  public:
-  class CWalk {
+  class CWalk;
+  using Walks = COpenWalks<CWalkSet, CWalk>;
+
+  class CWalk : public Walks::CLink {
    public:
-    explicit CWalk(CWalkSet& set) : mySet(&set), myNext(set.Front()), myChanges(set.myChanges) {
-      set.myWalks.push_back(this);
-    }
-    ~CWalk() {
-      if (mySet != nullptr) {
-        std::erase(mySet->myWalks, this);
-      }
-    }
-    CWalk(const CWalk&) = delete;
-    CWalk& operator=(const CWalk&) = delete;
+    explicit CWalk(CWalkSet& set)
+        : Walks::CLink(set, set.myWalks), myNext(set.Front()), myChanges(set.myChanges) {}
 
     // The next element; null at the end, and after the set itself has died.
     T* Next() {
-      if (mySet == nullptr || myNext == nullptr) {
+      if (!this->IsListAlive() || myNext == nullptr) {
         return nullptr;
       }
-      if (myChanges != mySet->myChanges) {
-        myPlace = mySet->Find(myNext);
-        myChanges = mySet->myChanges;
+      CWalkSet& set = *this->myList;
+      if (myChanges != set.myChanges) {
+        myPlace = set.Find(myNext);
+        myChanges = set.myChanges;
       }
-      myPlace = mySet->Behind(myPlace);
-      return std::exchange(myNext, mySet->At(myPlace));
+      myPlace = set.Successor(myPlace);
+      return std::exchange(myNext, set.At(myPlace));
     }
 
    private:
     friend class CWalkSet;
-    CWalkSet* mySet;
     T* myNext;
-    SPlace myPlace{};       // of myNext, after so many
-    std::size_t myChanges;  // of the set
+    SPlace myPlace{};  // of myNext, when the set had changed myChanges times
+    std::size_t myChanges;
   };
-
-  CWalkSet() = default;
-  ~CWalkSet() {
-    for (CWalk* walk : myWalks) {
-      walk->mySet = nullptr;
-    }
-  }
-  CWalkSet(const CWalkSet&) = delete;
-  CWalkSet& operator=(const CWalkSet&) = delete;
 
   bool IsEmpty() const { return myBlocks.empty(); }
   std::size_t Size() const { return myBlockOf.size(); }
@@ -80,7 +68,7 @@ class CWalkSet {
   T* Front() const { return At({}); }
   bool Contains(const T* item) const { return myBlockOf.contains(item); }
 
-  // All in their order, gathered anew after each change.
+  // All elements in their order; the vector is made anew after each change.
   const std::vector<T*>& Items() const {
     if (std::exchange(myGatheredChanges, myChanges) != myChanges) {
       myGathered.clear();
@@ -91,8 +79,8 @@ class CWalkSet {
     return myGathered;
   }
 
-  // Before and behind all others or, in a sorted set, all its equals. Nothing for what is in the
-  // set already.
+  // Inserts before or after all others or, in a sorted set, all equals; does nothing for an element
+  // that is in the set already.
   void Prepend(T* item) {
     Insert(item, [=](const T* other) { return Order()(other, item); });
   }
@@ -100,7 +88,7 @@ class CWalkSet {
     Insert(item, [=](const T* other) { return !Order()(item, other); });
   }
 
-  // Answers whether it was there.
+  // Returns whether it was there.
   bool Remove(const T* item) {
     const auto entry = myBlockOf.find(item);
     if (entry == myBlockOf.end()) {
@@ -108,7 +96,7 @@ class CWalkSet {
     }
     const SPlace place = PlaceIn(*entry->second, item);
     myBlockOf.erase(entry);
-    Redirect(item, At(Behind(place)));
+    Redirect(item, At(Successor(place)));
     std::vector<T*>& items = myBlocks[place.block]->items;
     items.erase(items.begin() + static_cast<std::ptrdiff_t>(place.index));
     if (items.empty()) {
@@ -129,7 +117,7 @@ class CWalkSet {
   }
 
  private:
-  // What is moved at once when an element comes or goes; never empty.
+  // An insertion or removal moves the elements of one block only. Never empty.
   struct SBlock {
     std::size_t number = 0;
     std::vector<T*> items;
@@ -140,7 +128,7 @@ class CWalkSet {
     return place.block < myBlocks.size() ? myBlocks[place.block]->items[place.index] : nullptr;
   }
 
-  SPlace Behind(SPlace place) const {
+  SPlace Successor(SPlace place) const {
     return place.index + 1 < myBlocks[place.block]->items.size()
                ? SPlace{place.block, place.index + 1}
                : SPlace{place.block + 1, 0};
@@ -153,7 +141,7 @@ class CWalkSet {
     return {block.number, static_cast<std::size_t>(found - block.items.begin())};
   }
 
-  // Puts the item behind all for which `isBefore` is true.
+  // Inserts the item after all for which `isBefore` is true.
   template <typename Condition>
   void Insert(T* item, Condition isBefore) {
     if (Contains(item)) {
@@ -173,8 +161,8 @@ class CWalkSet {
       Split(block);
     }
     ++myChanges;
-    if (!myWalks.empty()) {
-      Redirect(At(Behind(Find(item))), item);
+    if (!myWalks.IsEmpty()) {
+      Redirect(At(Successor(Find(item))), item);
     }
   }
 
@@ -197,18 +185,14 @@ class CWalkSet {
     }
   }
 
-  // The walks that come to the one element next come to the other instead.
+  // Sends the walks that would come to the one element next to the other instead.
   void Redirect(const T* from, T* to) {
-    for (CWalk* walk : myWalks) {
-      if (walk->myNext == from) {
-        walk->myNext = to;
-      }
-    }
+    myWalks.ForEach([=](CWalk& walk) { walk.myNext = walk.myNext == from ? to : walk.myNext; });
   }
 
   std::vector<std::unique_ptr<SBlock>> myBlocks;
   std::unordered_map<const T*, SBlock*> myBlockOf;
-  std::vector<CWalk*> myWalks;
+  Walks myWalks;
   std::size_t myChanges = 1;
   mutable std::vector<T*> myGathered;
   mutable std::size_t myGatheredChanges = 0;

@@ -4,6 +4,25 @@
 
 namespace vask {
 
+// The listeners' destructors are defined here, so that the interfaces need not know the bridge.
+IWindowListener::~IWindowListener() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->RemoveWindowListener(this);
+  }
+}
+
+IKeyboardListener::~IKeyboardListener() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->RemoveKeyboardListener(this);
+  }
+}
+
+IMouseListener::~IMouseListener() {
+  if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
+    bridge->RemoveMouseListener(this);
+  }
+}
+
 CEventBridge::CEventBridge() = default;
 CEventBridge::~CEventBridge() = default;
 

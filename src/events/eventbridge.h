@@ -12,12 +12,12 @@
 
 namespace vask {
 
-// The switchboard between the platform's events and their consumers: consumers register here,
-// producers call the event entry points, and each event is fanned out to the listeners of its kind.
-// Cursor requests go the other way, to the mouse hardware that is registered.
+// Connects the platform's events with their consumers: consumers register here, producers call the
+// event entry points, and each event is passed to the listeners of its kind. Cursor requests go the
+// other way, to the registered mouse hardware.
 //
-// Listeners are not owned and leave in their destructors. They may come and go during any dispatch:
-// who has left is not called, who has come waits for the next event.
+// Listeners are not owned; their destructors remove them. They may be added and removed during any
+// dispatch: a removed listener is not called, an added one waits for the next event.
 class CEventBridge : public CStaticSingleton<CEventBridge> {
  public:
   class CEventResizeBase {
@@ -54,8 +54,8 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
     RemoveAdapters(owner);
   }
 
-  // A listener that is added twice hears each event once; but a window listener is also a receiver
-  // of resizes, and hears of those once for each time that it was added.
+  // A listener that is added twice gets each event once; but a window listener is also a receiver
+  // of resizes, and gets those once for each time that it was added.
   void AddWindowListener(IWindowListener* listener);
   void RemoveWindowListener(IWindowListener* listener);
   void AddKeyboardListener(IKeyboardListener* listener);
@@ -66,8 +66,8 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void SetMouseHardware(IMouseHardware* hardware);
   void ClearMouseHardware();
 
-  // From the first hold to the release of the last, the cursor shows; then it is as ShowCursor and
-  // HideCursor have last asked for.
+  // The cursor is shown while there are holds; then it is as the last call of ShowCursor or
+  // HideCursor left it.
   void HoldCursor();
   void ReleaseCursor();
 
@@ -78,7 +78,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void ChangeCursor(int type);
   void GrabInput(bool on);
 
-  // Remembers the size, then tells every resize receiver.
+  // Stores the size, then calls every resize receiver.
   void Resize(int width, int height);
   void FocusEvent(bool gained);
   // `key` is an SDL 1.2 key symbol, `character` 1 to 127, or 0 for none.
@@ -86,7 +86,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   void KeyUp(int key, unsigned char character);
   // Window pixels, and the motion since the last event.
   void MouseMove(int x, int y, int dx, int dy);
-  // 1 left, 2 middle, 4 right, 8 wheel up, 16 wheel down, 0 any other.
+  // The numbers of input/buttons.h.
   void MouseButtonDown(int button);
   void MouseButtonUp(int button);
 
@@ -113,7 +113,7 @@ class CEventBridge : public CStaticSingleton<CEventBridge> {
   CWalkList<IKeyboardListener> myKeyboardListeners;
   CWalkList<IMouseListener> myMouseListeners;
   IMouseHardware* myMouseHardware = nullptr;
-  bool myIsCursorWanted = true;  // as was last asked for
+  bool myIsCursorWanted = true;  // by the last ShowCursor or HideCursor
   int myCursorHolds = 0;
 };
 

@@ -2,10 +2,10 @@
 
 namespace vask {
 
-// Hears of keys. Key codes are SDL 1.2 key symbols.
+// Receives key events. Key codes are SDL 1.2 key symbols.
 class IKeyboardListener {
  public:
-  // Leaves the event bridge.
+  // Removes the listener from the event bridge; defined in eventbridge.cpp.
   virtual ~IKeyboardListener();
   virtual void OnKeyDown(int key) = 0;
   virtual void OnKeyUp(int key) = 0;

@@ -2,7 +2,7 @@
 
 namespace vask {
 
-// What drives the cursor on the screen and the input grab.
+// Controls the cursor on the screen and the input grab.
 class IMouseHardware {
  public:
   virtual ~IMouseHardware() = default;

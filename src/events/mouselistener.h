@@ -2,14 +2,14 @@
 
 namespace vask {
 
-// Hears of mouse motion, in window pixels, and of buttons (1 left, 2 middle, 4 right, 8 wheel up,
-// 16 wheel down). A button comes without a position: the last motion tells it.
+// Receives mouse motion, in window pixels, and buttons (the numbers of input/buttons.h). A button
+// comes without a position: it is where the last motion ended.
 class IMouseListener {
  public:
-  // Leaves the event bridge.
+  // Removes the listener from the event bridge; defined in eventbridge.cpp.
   virtual ~IMouseListener();
   virtual void OnMouseMove(int x, int y) = 0;
-  virtual void OnMouseMoveRelative(int dx, int dy);
+  virtual void OnMouseMoveRelative(int /*dx*/, int /*dy*/) {}
   virtual void OnMouseButtonDown(int button) = 0;
   virtual void OnMouseButtonUp(int button) = 0;
 };

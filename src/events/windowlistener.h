@@ -2,10 +2,10 @@
 
 namespace vask {
 
-// Hears of changes of the window's size and of the input focus.
+// Receives changes of the window's size and of the input focus.
 class IWindowListener {
  public:
-  // Leaves the event bridge.
+  // Removes the listener from the event bridge; defined in eventbridge.cpp.
   virtual ~IWindowListener();
   virtual void OnResize(int width, int height) = 0;
   // True when the window gained the focus, false when it lost it.

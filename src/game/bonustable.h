@@ -5,7 +5,7 @@
 
 namespace brumble {
 
-// The named bonuses. The numbers also appear in the log.
+// The named bonuses. Their numbers also appear in the log.
 enum EBonus : int {
   kGrilledKitten = 0,
   kLongShot = 1,
@@ -17,12 +17,12 @@ enum EBonus : int {
   kGuruSpinner = 9,
 };
 
-struct CBonus {
+struct SBonus {
   int points = 0;                  // 0: what the caller offers
   const char* signFile = nullptr;  // null: no sign
 };
 
-inline constexpr std::array<CBonus, 10> kBonuses = {{
+inline constexpr std::array<SBonus, 10> kBonuses = {{
     {0, "data/gfx/b_grilled_kitten.xml"},
     {3000, "data/gfx/b_long_shot.xml"},
     {4500, "data/gfx/b_wall_bounce.xml"},
@@ -36,10 +36,10 @@ inline constexpr std::array<CBonus, 10> kBonuses = {{
 }};
 
 // The bonus of the number; for a number outside the table one without points and sign.
-constexpr CBonus FindBonus(int number) {
+constexpr SBonus FindBonus(int number) {
   return number >= 0 && number < static_cast<int>(kBonuses.size())
              ? kBonuses[static_cast<std::size_t>(number)]
-             : CBonus{};
+             : SBonus{};
 }
 
 }  // namespace brumble

@@ -2,7 +2,8 @@
 
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
-#include "game/screentransform.h"
+#include "game/physics/arena.h"
+#include "game/physics/screentransform.h"
 
 #include <algorithm>
 #include <array>
@@ -20,7 +21,7 @@ constexpr float kThinHealth = 1500.0F;
 constexpr float kBaldHealth = 0.0F;
 constexpr int kBald = 3;
 // A sprite out of view waits here instead, in the last corner of the screen.
-constexpr CScreenPoint kParkingPlace = {798, 598};
+constexpr SScreenPoint kParkingPlace = {798, 598};
 constexpr std::array<const char*, 3> kSpinEndings = {".xml", "_spinning_easy.xml",
                                                      "_spinning_hard.xml"};
 
@@ -41,7 +42,7 @@ bool IsOutOfView(const vask::CRect<int>& rect) {
 
 CBrumbleGfx::CBrumbleGfx(CGameLogic* gameLogic) : myGameLogic(gameLogic) { myHealth = kFullHealth; }
 
-bool CBrumbleGfx::IsKitten() const { return myIndex >= kFirstKitten; }
+bool CBrumbleGfx::IsKitten() const { return myIndex >= kFirstKittenIndex; }
 
 void CBrumbleGfx::Update(float x, float y, float angle, float halfWidth, float /*halfHeight*/,
                          std::int32_t /*shape*/, std::int32_t /*look*/) {
@@ -77,11 +78,11 @@ void CBrumbleGfx::PlaceSprite() {
   if (IsKitten()) {
     mySprite->SetRotation(myRotation);
   }
-  const CVec2 centre = ToScreen(myPosition);
+  const SVec2 centre = ToScreen(myPosition);
   vask::CRect<int> rect = mySprite->GetRect();
   rect.x = static_cast<int>(centre.x - 0.5F * static_cast<float>(rect.w));
   rect.y = static_cast<int>(centre.y - 0.5F * static_cast<float>(rect.h));
-  const CScreenPoint place = IsOutOfView(rect) ? kParkingPlace : CScreenPoint{rect.x, rect.y};
+  const SScreenPoint place = IsOutOfView(rect) ? kParkingPlace : SScreenPoint{rect.x, rect.y};
   mySprite->SetPosition(place.x, place.y);
 }
 

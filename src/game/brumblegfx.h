@@ -10,9 +10,8 @@ namespace brumble {
 
 class CGameLogic;
 
-// A body on the screen: places and turns the body's sprite, changes a kitten's look with its spin
-// and its health, and tells the rules what matters to them. Works without a sprite, and without
-// rules.
+// The sprite of a physics body: places and turns it, changes a kitten's look with its spin and its
+// health, and reports to the rules. Works without a sprite, and without rules.
 class CBrumbleGfx : public IPhysicsGfxBridge {
  public:
   // `gameLogic` may be null.
@@ -21,7 +20,7 @@ class CBrumbleGfx : public IPhysicsGfxBridge {
   // Does nothing more when the body has not moved since the last call, even if it has turned.
   void Update(float x, float y, float angle, float halfWidth, float halfHeight, std::int32_t shape,
               std::int32_t look) override;
-  // A kitten that changes its index takes its record along.
+  // When the index changes, the rules' record changes with it.
   int SetIndex(int index) override;
   void OnImpact(float impulseSquared, IPhysicsGfxBridge* other) override;
   int GetIndex() const override { return myIndex; }
@@ -43,8 +42,8 @@ class CBrumbleGfx : public IPhysicsGfxBridge {
   CGameLogic* myGameLogic;
   vask::CSpritePtr mySprite;
   int myIndex = -1;
-  CVec2 myPosition;          // the last that was reported
-  float myHalfWidth = 0.0F;  // the last that was reported; kept for drawing a body to its size
+  SVec2 myPosition;          // the last that was reported
+  float myHalfWidth = 0.0F;  // the last that was reported; not used
   float myAngularVelocity = 0.0F;
   float myRotation = 0.0F;  // degrees
   int mySpin = 0;           // 0 slow, 1 spinning, 2 spinning fast

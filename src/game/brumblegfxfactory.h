@@ -6,7 +6,7 @@ namespace brumble {
 
 class CGameLogic;
 
-// Makes the bridges between the physics and the screen, and tells each of them of the rules.
+// Makes the bridges between the physics and the screen, and gives each of them the rules.
 class CBrumbleGfxFactory : public IPhysicsGfxBridgeFactory {
  public:
   // Not owned; null makes bridges without rules.

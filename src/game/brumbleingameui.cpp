@@ -1,6 +1,7 @@
 #include "game/brumbleingameui.h"
 
 #include "game/gfxfactory.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
 #include "utils/log/log.h"
@@ -8,10 +9,8 @@
 namespace brumble {
 namespace {
 
-constexpr int kLeftButton = 1;
-
-// What lies over the screen takes its own clicks. It may hear of them before or after the screen
-// does, so the place is asked for, and not what has become of the click.
+// A widget over the screen takes its own clicks. It may get them before or after the screen does,
+// so the position decides, not whether the click has been handled.
 bool IsPointerOverWidget() {
   const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
   return vask::ui::CDesktopWidget::HasWidgetAt({mouse.GetPointerX(), mouse.GetPointerY()});
@@ -39,7 +38,7 @@ void CBrumbleTaskImpl::CBrumbleInGameUi::ShowGameOver() {
 }
 
 void CBrumbleTaskImpl::CBrumbleInGameUi::OnMouseButtonDown(int button) {
-  if (button != kLeftButton || IsPointerOverWidget()) {
+  if (button != vask::kLeftButton || IsPointerOverWidget()) {
     return;
   }
   if (myState == kTitle) {

@@ -9,8 +9,8 @@
 
 namespace brumble {
 
-// The screens outside play: title, help and game over. The left button leads from each to the next;
-// the object hears every press, wherever the pointer is.
+// The screens outside play: title, help and game over. The left button leads from each to the next,
+// wherever the pointer is.
 class CBrumbleTaskImpl::CBrumbleInGameUi : public vask::CMouseableImpl {
  public:
   enum EState : int { kNew = 0, kHelpOrGameOver = 2, kTitle = 3 };
@@ -20,7 +20,7 @@ class CBrumbleTaskImpl::CBrumbleInGameUi : public vask::CMouseableImpl {
   void ShowTitle();
   void ShowHelp();
   void ShowGameOver();
-  // May start a game, and with that delete this object.
+  // May start a game, which deletes this object.
   void OnMouseButtonDown(int button) override;
 
   EState GetState() const { return myState; }
@@ -29,9 +29,9 @@ class CBrumbleTaskImpl::CBrumbleInGameUi : public vask::CMouseableImpl {
   CBrumbleTaskImpl* myOwner;
   EState myState = kNew;
   vask::CSpritePtr myScreen;
-  vask::CSpritePtr mySecondSprite;  // stays empty: kept for a picture beside the screen's own
+  vask::CSpritePtr mySecondSprite;  // stays empty; for a second picture
   vask::CSpritePtr myBubbles;
-  std::string myText;  // stays empty: kept for a text on the screen
+  std::string myText;  // stays empty; for a text on the screen
   std::string myGameOverFile = kGameOverFile;
 };
 

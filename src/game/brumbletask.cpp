@@ -6,7 +6,7 @@
 namespace brumble {
 namespace {
 
-const vask::CTaskTypeRegistrar<CBrumbleTask> ourRegistrar("game");
+const vask::CTaskTypeRegistrar<CBrumbleTask> theRegistrar("game");
 
 }  // namespace
 

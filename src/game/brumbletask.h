@@ -8,8 +8,8 @@ namespace brumble {
 
 class CBrumbleTaskImpl;
 
-// The game as a task of the engine, of type "game". The game itself exists from the start of the
-// task to its exit.
+// The game as a task of the engine, type "game". The game itself exists from the start of the task
+// to its exit.
 class CBrumbleTask : public vask::CTask {
  public:
   CBrumbleTask();
@@ -21,7 +21,7 @@ class CBrumbleTask : public vask::CTask {
   void Exit() override;
   void Pause() override;
   void Resume() override;
-  // Any line at all drops one more kitten, which scores nothing.
+  // Any line adds one more kitten, which scores nothing.
   bool ExecuteCommand(const std::string& line) override;
   bool PauseOnFocusLost() const override { return true; }
 

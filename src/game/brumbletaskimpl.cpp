@@ -7,7 +7,7 @@
 #include "game/deathtoasprite.h"
 #include "game/gamefiles.h"
 #include "game/gfxfactory.h"
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 #include "input/mouse.h"
 
 namespace brumble {
@@ -39,7 +39,7 @@ CBrumbleTaskImpl::~CBrumbleTaskImpl() {
   if (CPhysicsWorld::GetGameLogicReceiver() == &myGameLogic) {
     CPhysicsWorld::SetGameLogicReceiver(nullptr);
   }
-  // The effects would outlive the game by two seconds, and with it the task that frees pictures.
+  // The effects would live for two seconds more, longer than the task that frees pictures.
   CDeathToASprite::DeleteAll();
 }
 
@@ -47,7 +47,7 @@ void CBrumbleTaskImpl::HoldPictures() {
   for (const char* const file : kSpriteFiles) {
     myPictures.Hold(file);
   }
-  for (const CBonus& bonus : kBonuses) {
+  for (const SBonus& bonus : kBonuses) {
     if (bonus.signFile != nullptr) {
       myPictures.Hold(bonus.signFile);
     }
@@ -87,7 +87,7 @@ void CBrumbleTaskImpl::RunPhysics() {
     myPhysics.Step(myPhysicsStep * kGameSpeed);
     ++steps;
   }
-  // A slow frame loses the rest of its backlog: catching up would only make the next one slower.
+  // A slow frame drops the rest of its backlog: catching up would only make the next one slower.
   if (steps == kMostSteps) {
     myPhysicsClock.Reset();
   }
@@ -114,7 +114,7 @@ void CBrumbleTaskImpl::StartNewGame() {
   ResetClocks();
   myScreen.reset();
   if (myIsPaused) {
-    Pause();  // the task has been paused on the screen before: the game waits for it
+    Pause();  // the task was paused while the screen was shown
   }
 }
 
@@ -144,8 +144,8 @@ void CBrumbleTaskImpl::Resume() {
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
 }
 
-// The bridge hears of its body at once rather than after the next step: should another body leave
-// in that step, the new one moves down, and its record must follow it.
+// The bridge gets its index now and not after the next step: if another body leaves in that step,
+// the new one moves to its index, and the record must follow.
 int CBrumbleTaskImpl::SpawnKitten() {
   const int index = myPhysics.SpawnKitten();
   const CPhysicsBody& body = GetWorld().GetBodies()[static_cast<std::size_t>(index)];

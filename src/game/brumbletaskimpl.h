@@ -14,12 +14,12 @@
 namespace brumble {
 
 // The game while its task runs: the world, the rules, their two clocks, and the screens before and
-// after play. While a screen object exists nothing is played, whoever resumes the task.
+// after play. While a screen is shown the game does not run, even when the task is resumed.
 class CBrumbleTaskImpl : public IKittenSpawner {
  public:
   class CBrumbleInGameUi;
 
-  // Adds up the motions of the mouse; kept for a game that steers by them.
+  // Adds up the motions of the mouse; nothing reads them yet.
   class CMouseDeltaListener : public vask::CMouseableImpl {
    public:
     void OnMouseMoveRelative(int dx, int dy) override;
@@ -41,8 +41,8 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   void Pause();
   void Resume();
   int SpawnKitten() override;
-  void PushKitten(int index, CVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
-  // A kitten beside the ten, of which the rules know nothing.
+  void PushKitten(int index, SVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
+  // Adds a kitten beside the ten; the rules have no record of it.
   void DropExtraKitten();
 
   const CPhysicsWorld& GetWorld() { return *myPhysics.GetWorld(); }

@@ -7,19 +7,19 @@
 
 namespace brumble {
 
-// Takes a sprite off the screen after a while. It starts by itself, and the cooperative threads
-// delete it when its time has come.
+// Removes a sprite from the screen after a while: a cooperative thread that starts itself and is
+// deleted when its time is up.
 //
-//   CDeathToASprite::TakeOver(sign, 2100);
+//     CDeathToASprite::TakeOver(sign, 2100);
 class CDeathToASprite : public vask::CFakeThread, public vask::CAutoList<CDeathToASprite> {
  public:
   CDeathToASprite(vask::CSpritePtr sprite, unsigned lifetimeMs);
 
   void Update() override;
 
-  // Makes one for the sprite; nobody needs to remember it.
+  // Makes one for the sprite; it deletes itself.
   static void TakeOver(vask::CSpritePtr sprite, unsigned lifetimeMs);
-  // Deletes all that live, sprites included: the end of the game, while pictures can still be
+  // Deletes all of them, sprites included: for the end of the game, while pictures can still be
   // freed.
   static void DeleteAll();
   static std::size_t Count();

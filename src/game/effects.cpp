@@ -20,14 +20,14 @@ constexpr int kSignMiddleY = 125;
 constexpr unsigned kSignStackTime = 1000;
 constexpr const char* kSignCurve = "sin(t*3.14)*2";
 
-void Animate(const vask::CSpritePtr& sprite, CScreenPoint target, const std::string& expression) {
+void Animate(const vask::CSpritePtr& sprite, SScreenPoint target, const std::string& expression) {
   new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(sprite.Get(), target.x, target.y),
                               kMoveTime, expression, true);
 }
 
 // Where the sign of that height comes to rest; remembers it for the next one.
 int PlaceSign(int height) {
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   const unsigned now = vask::CGlobalAppTimer::GetSingletonPtr()->GetTime();
   const bool follows = state.hasSign && now - state.signTime < kSignStackTime;
   state.signTargetY = follows ? state.signTargetY + state.signHeight : kSignMiddleY - height / 2;
@@ -52,7 +52,7 @@ void ShowSign(const std::string& file) {
   CDeathToASprite::TakeOver(sprite, kEffectLife);
 }
 
-void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target,
+void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target,
                 const std::string& expression) {
   const vask::CSpritePtr sprite = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
   if (!sprite) {

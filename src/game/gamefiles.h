@@ -4,8 +4,8 @@
 
 namespace brumble {
 
-// The data files that the game names itself. The signs of the bonuses stand in the bonus table, the
-// looks of a kitten with its bridge.
+// The data files that the game names itself. The signs of the bonuses are in bonustable.h, the
+// looks of a kitten in brumblegfx.cpp.
 
 inline constexpr const char* kSpriteTableFile = "data/gfx/gfx_resources.xml";
 inline constexpr const char* kSpriteTableRoot = "GfxFactory";
@@ -29,7 +29,7 @@ inline constexpr const char* kLoseHairFile = "data/gfx/kitten_lose_hair.xml";
 inline constexpr const char* kHitSmallFile = "data/gfx/kitten_hit_small.xml";
 inline constexpr const char* kHitBigFile = "data/gfx/kitten_hit_big.xml";
 
-// All sprite files above: their pictures are decoded before the play begins.
+// All sprite files above; their pictures are decoded before the first game.
 inline constexpr std::array kSpriteFiles = {
     kTitleScreenFile, kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
     kBackgroundFile,  kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,

@@ -4,6 +4,7 @@
 #include "game/gamefiles.h"
 #include "game/gamestate.h"
 #include "game/gfxfactory.h"
+#include "game/physics/arena.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/animation/externalanimator.h"
 #include "gfx/sprite/spritemasker.h"
@@ -17,21 +18,19 @@
 namespace brumble {
 namespace {
 
-// How a gain floats up: "+500".
+// The floating number of a gain: "+500".
 std::string GainText(int points) { return std::string("+").append(std::to_string(points)); }
 
-vask::CLog& Log() { return *vask::CLog::GetSingletonPtr(); }
+// A body without an index is a kitten that has just been added.
+bool IsKitten(int index) { return index >= kFirstKittenIndex || index < 0; }
 
-// A body that has not been numbered yet is a kitten that was dropped a moment ago.
-bool IsKitten(int index) { return index >= kFirstKitten || index < 0; }
-
-void Place(CScoreBoard& board, CScreenPoint place, int value) {
+void Place(CScoreBoard& board, SScreenPoint place, int value) {
   board.SetPosition(place.x, place.y);
   board.Set(value);
 }
 
 void LogSpinCount(const CKittenRecord& record) {
-  Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
+  vask::Log() << "kitten_spin_count: " << record.mySpinCount << "\n";
 }
 
 bool IsLongShot(const CKittenRecord& record) {
@@ -52,7 +51,7 @@ CGameLogic::CGameLogic() : myClock(vask::CGlobalAppTimer::GetSingletonPtr()) { N
 CGameLogic::~CGameLogic() = default;
 
 void CGameLogic::NewGame() {
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   state.kittensLeft = kKittensPerGame;
   state.isGameOver = false;
   LoadSigns();
@@ -82,7 +81,7 @@ void CGameLogic::Tick() {
       PushIfStuck(index, *record);
     }
   }
-  const CGameState& state = GameState();
+  const SGameState& state = GameState();
   if (state.kittensInPlay < 1 && myClock.GetTime() - state.lastRemoval > kSpawnPause) {
     SpawnKitten();
   }
@@ -91,7 +90,7 @@ void CGameLogic::Tick() {
 bool CGameLogic::IsGameOver() const { return GameState().isGameOver; }
 
 void CGameLogic::SpawnKitten() {
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   if (state.kittensLeft < 1 || myOwner == nullptr) {
     return;
   }
@@ -110,13 +109,13 @@ void CGameLogic::PushIfStuck(int index, CKittenRecord& record) {
   }
 }
 
-// A body without a record never counted as one in play, so its end counts for nothing either.
+// A body without a record was never counted as in play, so its end is not counted either.
 void CGameLogic::RemoveKitten(int index) {
   const CKittenRecord* const record = FindRecord(index);
   if (record == nullptr) {
     return;
   }
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   state.stake -= record->myScore;
   myKittens[index].reset();
   state.lastRemoval = myClock.GetTime();
@@ -128,7 +127,7 @@ void CGameLogic::RemoveKitten(int index) {
 }
 
 void CGameLogic::AddScore(int kittenIndex, int& points) {
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   if (kittenIndex != 0 && state.kittensInPlay > 0) {
     points *= state.kittensInPlay;
   }
@@ -139,9 +138,9 @@ void CGameLogic::AddScore(int kittenIndex, int& points) {
   }
 }
 
-int CGameLogic::AwardBonus(int number, CScreenPoint position, int fallbackPoints) {
-  Log() << "PlayEffect: " << number << "\n";
-  const CBonus bonus = FindBonus(number);
+int CGameLogic::AwardBonus(int number, SScreenPoint position, int fallbackPoints) {
+  vask::Log() << "PlayEffect: " << number << "\n";
+  const SBonus bonus = FindBonus(number);
   int points = bonus.points != 0 ? bonus.points : fallbackPoints;
   if (points > 0) {
     AddScore(0, points);
@@ -157,8 +156,8 @@ void CGameLogic::OnDoorOpened() { MoveDoor(kDoorOpenPlace); }
 
 void CGameLogic::OnDoorClosed() { MoveDoor(kDoorShutPlace); }
 
-// The older movement is dropped: two at once would pull the door to and fro.
-void CGameLogic::MoveDoor(CScreenPoint target) {
+// The older movement is dropped: two at once would move the door back and forth.
+void CGameLogic::MoveDoor(SScreenPoint target) {
   vask::CSprite* const oven = myOven.Get();
   if (oven == nullptr) {
     return;
@@ -178,9 +177,9 @@ void CGameLogic::OnKittenInOven(int index) {
 }
 
 void CGameLogic::BankKitten(CKittenRecord& record) {
-  Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
+  vask::Log() << "kitten_damage_bonus: " << record.myDamageBonus << "\n";
   int sum = 0;
-  CScreenPoint place = kOvenTextPlace;
+  SScreenPoint place = kOvenTextPlace;
   const auto award = [&](EBonus bonus, int fallbackPoints = 0) {
     sum += AwardBonus(bonus, place, fallbackPoints);
     place.y += kOvenTextLine;
@@ -192,8 +191,8 @@ void CGameLogic::BankKitten(CKittenRecord& record) {
   if (IsLongShot(record)) {
     award(kLongShot);
   }
-  const CTouchStory story = ReadTouches(record.myTouches);
-  Log() << "brum_touch_count: " << story.monsterTouches << "\n";
+  const STouchStory story = ReadTouches(record.myTouches);
+  vask::Log() << "brum_touch_count: " << story.monsterTouches << "\n";
   if (story.isOneTouch) {
     award(kOneTouch);
   }
@@ -212,7 +211,7 @@ void CGameLogic::OnKittenInHell(int index) {
   RemoveKitten(index);
 }
 
-void CGameLogic::OnKittenImpact(int myIndex, float impulseSquared, CVec2 position, int otherIndex,
+void CGameLogic::OnKittenImpact(int myIndex, float impulseSquared, SVec2 position, int otherIndex,
                                 float myHealth) {
   const bool isMine = IsKitten(myIndex);
   if (isMine == IsKitten(otherIndex)) {
@@ -226,14 +225,14 @@ void CGameLogic::OnKittenImpact(int myIndex, float impulseSquared, CVec2 positio
   }
   NoteTouch(*record, toucher, position);
   PlayHitSound(toucher, impulseSquared);
-  if (isMine && toucher != kMonster && impulseSquared > kDamagingImpulse &&
+  if (isMine && toucher != kMonsterIndex && impulseSquared > kDamagingImpulse &&
       !record->myTouchedThisTick) {
     ScoreWallHit(*record, kitten, impulseSquared, position, myHealth);
   }
 }
 
-void CGameLogic::NoteTouch(CKittenRecord& record, int toucher, CVec2 position) {
-  if (toucher == kMonster) {
+void CGameLogic::NoteTouch(CKittenRecord& record, int toucher, SVec2 position) {
+  if (toucher == kMonsterIndex) {
     record.myTouchedThisTick = true;
     record.myTouchPosition = position;
   }
@@ -242,9 +241,9 @@ void CGameLogic::NoteTouch(CKittenRecord& record, int toucher, CVec2 position) {
 }
 
 void CGameLogic::PlayHitSound(int toucher, float impulseSquared) {
-  CGameState& state = GameState();
+  SGameState& state = GameState();
   const unsigned now = myClock.GetTime();
-  if (toucher == kMonster || !(impulseSquared > kAudibleImpulse) ||
+  if (toucher == kMonsterIndex || !(impulseSquared > kAudibleImpulse) ||
       now - state.lastHitSound <= kHitSoundPause) {
     return;
   }
@@ -254,7 +253,7 @@ void CGameLogic::PlayHitSound(int toucher, float impulseSquared) {
 }
 
 void CGameLogic::ScoreWallHit(CKittenRecord& record, int index, float impulseSquared,
-                              CVec2 position, float health) {
+                              SVec2 position, float health) {
   int points = WallHitPoints(impulseSquared);
   AddScore(index, points);
   ShowPoints(points, position);
@@ -262,7 +261,7 @@ void CGameLogic::ScoreWallHit(CKittenRecord& record, int index, float impulseSqu
   ShowEffect(WallHitEffect(points, health), ToScreenPixel(record.myPosition));
 }
 
-void CGameLogic::OnKittenSpin(int index, CVec2 position, float angularVelocity, float health) {
+void CGameLogic::OnKittenSpin(int index, SVec2 position, float angularVelocity, float health) {
   CKittenRecord* const record = IsKitten(index) ? FindRecord(index) : nullptr;
   if (record == nullptr) {
     return;
@@ -306,11 +305,11 @@ void CGameLogic::AwardSpinner(CKittenRecord& record) {
   }
 }
 
-void CGameLogic::ShowPoints(int points, CVec2 position) {
+void CGameLogic::ShowPoints(int points, SVec2 position) {
   CScoreBoard::ShowFloatingText(ToScreenPixel(position), GainText(points) + "\n");
 }
 
-void CGameLogic::SetKittenPosition(int index, CVec2 position) {
+void CGameLogic::SetKittenPosition(int index, SVec2 position) {
   if (CKittenRecord* const record = FindRecord(index)) {
     record->MoveTo(position, myClock.GetTime());
   }

@@ -13,25 +13,24 @@
 
 namespace brumble {
 
-// Who can drop a kitten into the world, and push one on.
+// Adds kittens to the world and pushes them; implemented by the game task.
 class IKittenSpawner {
  public:
   virtual ~IKittenSpawner() = default;
-  // Answers the new body's index.
+  // Returns the new body's index.
   virtual int SpawnKitten() = 0;
-  // `index` is the body's; the velocity, in world units per second, replaces its own.
-  virtual void PushKitten(int index, CVec2 velocity) = 0;
+  // Replaces the velocity of the body `index`, in world units per second.
+  virtual void PushKitten(int index, SVec2 velocity) = 0;
 };
 
-// The rule book. It drops the kittens, hears from the physics and the bridges what becomes of them,
-// and turns that into points: at stake while the kitten is in play, banked when it goes into the
+// The rules. They drop the kittens, are told by the physics and the bridges what happens to them,
+// and turn that into points: at stake while the kitten is in play, banked when it goes into the
 // oven, lost when it falls into the fire. A body without a record scores nothing.
 //
-//   CGameLogic logic;           // runs without pictures and sounds as well
-//   logic.SetOwner(&task);      // who drops the kittens
-//   logic.NewGame();
-//   logic.Tick();               // every 100 ms
-//   if (logic.IsGameOver()) ...
+//     CGameLogic logic;          // also works without pictures and sounds
+//     logic.SetOwner(&spawner);  // adds the kittens to the world
+//     logic.NewGame();
+//     logic.Tick();              // every 100 ms
 class CGameLogic : public IGameLogicReceiver {
  public:
   CGameLogic();
@@ -39,21 +38,21 @@ class CGameLogic : public IGameLogicReceiver {
   CGameLogic(const CGameLogic&) = delete;
   CGameLogic& operator=(const CGameLogic&) = delete;
 
-  // Not owned; null drops no kittens.
+  // Not owned; with null no kittens come.
   void SetOwner(IKittenSpawner* owner) { myOwner = owner; }
 
   void NewGame();
   void Tick();
-  // A pause must neither end a run of spins nor bring the next kitten nearer.
+  // Stops the rules' clock: a pause neither ends a run of spins nor brings the next kitten nearer.
   void PauseClock() { myClock.Pause(); }
   void ResumeClock() { myClock.Resume(); }
   bool IsGameOver() const;
   // Multiplies `points` in place when a kitten (any index but 0) earns them beside others in play.
   void AddScore(int kittenIndex, int& points);
-  // Answers the points awarded: the bonus's own, else `fallbackPoints`.
-  int AwardBonus(int number, CScreenPoint position, int fallbackPoints);
+  // Returns the points awarded: the bonus's own, else `fallbackPoints`.
+  int AwardBonus(int number, SScreenPoint position, int fallbackPoints);
   static void ShowSign(const std::string& file) { brumble::ShowSign(file); }
-  static void ShowEffect(const std::string& file, CScreenPoint position, CScreenPoint target = {},
+  static void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target = {},
                          const std::string& expression = {}) {
     brumble::ShowEffect(file, position, target, expression);
   }
@@ -65,10 +64,10 @@ class CGameLogic : public IGameLogicReceiver {
   void OnKittenInHell(int index) override;
 
   // Each contact reports from both sides. `position` is the world position of the body `myIndex`.
-  void OnKittenImpact(int myIndex, float impulseSquared, CVec2 position, int otherIndex,
+  void OnKittenImpact(int myIndex, float impulseSquared, SVec2 position, int otherIndex,
                       float myHealth);
-  void OnKittenSpin(int index, CVec2 position, float angularVelocity, float health);
-  void SetKittenPosition(int index, CVec2 position);
+  void OnKittenSpin(int index, SVec2 position, float angularVelocity, float health);
+  void SetKittenPosition(int index, SVec2 position);
   void SwapKittenRecords(int oldIndex, int newIndex);
 
   // Null for a body without a record.
@@ -84,11 +83,11 @@ class CGameLogic : public IGameLogicReceiver {
   void PushIfStuck(int index, CKittenRecord& record);
   void RemoveKitten(int index);
   CKittenRecord* FindRecord(int index);
-  void ShowPoints(int points, CVec2 position);
-  void MoveDoor(CScreenPoint target);
-  void NoteTouch(CKittenRecord& record, int toucher, CVec2 position);
+  void ShowPoints(int points, SVec2 position);
+  void MoveDoor(SScreenPoint target);
+  void NoteTouch(CKittenRecord& record, int toucher, SVec2 position);
   void PlayHitSound(int toucher, float impulseSquared);
-  void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, CVec2 position,
+  void ScoreWallHit(CKittenRecord& record, int index, float impulseSquared, SVec2 position,
                     float health);
   int ScoreSpin(CKittenRecord& record, int thresholdPoints, unsigned now);
   void AwardSpinner(CKittenRecord& record);

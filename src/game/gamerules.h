@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 
 #include <array>
 
@@ -11,11 +11,7 @@ namespace brumble {
 inline constexpr int kKittensPerGame = 10;
 inline constexpr unsigned kSpawnPause = 600;  // from one kitten's end to the next one's start
 
-// Body indices as the rules see them.
-inline constexpr int kRightWall = 1;
-inline constexpr int kMonster = 7;
-inline constexpr int kFirstKitten = 8;  // every body from here on is a kitten
-inline constexpr int kNoToucher = 8;
+inline constexpr int kNoToucher = 8;  // in the place of a body index: nothing touched it yet
 
 // Hits. Squared impulses must exceed these.
 inline constexpr float kAudibleImpulse = 5000.0F;
@@ -38,11 +34,11 @@ inline constexpr int kMonsterSpinPoints = 5;  // on top
 inline constexpr int kSpinsPerBonus = 5;
 inline constexpr int kGuruSpins = 10;  // a run of fewer makes a master only
 
-// A kitten that comes to rest above the monster's reach, such as on the shelf between the right
-// wall's top and the shaft, is pushed on, or the game would wait for it for ever. World units.
+// A kitten that comes to rest above the monster's reach, such as on the ledge between the right
+// wall and the shaft, is pushed, or the game would wait for it for ever. World units.
 inline constexpr float kReachTop = -55.2F;  // above it the monster's rim reaches no corner
 inline constexpr float kRestRadius = 1.0F;
-inline constexpr CVec2 kPushVelocity = {-20.0F, -20.0F};
+inline constexpr SVec2 kPushVelocity = {-20.0F, -20.0F};
 inline constexpr unsigned kFirstPushWait = 8000;
 inline constexpr unsigned kNextPushWait = 5000;
 
@@ -50,16 +46,16 @@ inline constexpr unsigned kNextPushWait = 5000;
 inline constexpr int kGrillPoints = 500;  // on top of the damage bonus
 inline constexpr int kBashingDamage = 5000;
 inline constexpr float kLongShotSquared = 2500.0F;  // squared world units
-inline constexpr CScreenPoint kOvenTextPlace = {50, 150};
+inline constexpr SScreenPoint kOvenTextPlace = {50, 150};
 inline constexpr int kOvenTextLine = 25;
-inline constexpr CScreenPoint kDoorOpenPlace = {0, -100};
-inline constexpr CScreenPoint kDoorShutPlace = {0, 0};
+inline constexpr SScreenPoint kDoorOpenPlace = {0, -100};
+inline constexpr SScreenPoint kDoorShutPlace = {0, 0};
 inline constexpr unsigned kDoorTime = 1000;
 inline constexpr int kHellfireY = 546;
 
 // Boards.
-inline constexpr CScreenPoint kScorePlace = {270, 560};
-inline constexpr CScreenPoint kStakePlace = {270, 530};
-inline constexpr CScreenPoint kKittensLeftPlace = {562, 558};
+inline constexpr SScreenPoint kScorePlace = {270, 560};
+inline constexpr SScreenPoint kStakePlace = {270, 530};
+inline constexpr SScreenPoint kKittensLeftPlace = {562, 558};
 
 }  // namespace brumble

@@ -2,8 +2,8 @@
 
 namespace brumble {
 
-CGameState& GameState() {
-  static CGameState state;
+SGameState& GameState() {
+  static SGameState state;
   return state;
 }
 

@@ -49,16 +49,13 @@ void CGfxFactory::Read(vask::CXmlContext& xml) {
     return;
   }
   myFiles.clear();
-  for (int i = 0; i < table->GetChildCount(); ++i) {
-    const vask::CXmlElement& entry = *table->GetChild(i);
-    if (entry.GetName() != kSpriteElement || !entry.HasAttribute(kFileAttribute)) {
-      continue;
-    }
+  table->ForEachChild(kSpriteElement, [this](const vask::CXmlElement& entry) {
     int handle = 0;
-    if (std::istringstream(entry.GetAttribute(kHandleAttribute).ToString()) >> handle) {
+    if (entry.HasAttribute(kFileAttribute) &&
+        std::istringstream(entry.GetAttribute(kHandleAttribute).ToString()) >> handle) {
       myFiles.emplace(handle, entry.GetAttribute(kFileAttribute).ToString());
     }
-  }
+  });
 }
 
 void CGfxFactory::Write(vask::CXmlContext& xml) const {

@@ -12,9 +12,8 @@ class CXmlContext;
 
 namespace brumble {
 
-// The game's sprite table: small handle numbers stand for sprite files. 0 to 6 are the arena walls,
-// 7 is the monster, 8 a kitten. It also loads sprites, and lets only those through that show
-// something.
+// The game's sprite table: maps handles to sprite files. 0 to 6 are the arena walls, 7 is the
+// monster, 8 a kitten. It also loads sprites, but returns none that are empty.
 class CGfxFactory : public vask::CSingleton<CGfxFactory> {
  public:
   // Reads the table from the file; a missing file leaves the table as it is. Any root element is

@@ -1,5 +1,6 @@
 #include "game/kittenrecord.h"
 
+#include "game/physics/arena.h"
 #include "utils/timer/timer.h"
 
 #include <algorithm>
@@ -8,11 +9,11 @@
 namespace brumble {
 namespace {
 
-bool IsOutOfReach(CVec2 position) { return position.y < kReachTop; }
+bool IsOutOfReach(SVec2 position) { return position.y < kReachTop; }
 
 }  // namespace
 
-void CKittenRecord::MoveTo(CVec2 position, unsigned now) {
+void CKittenRecord::MoveTo(SVec2 position, unsigned now) {
   const bool rests = IsOutOfReach(myPosition) && IsOutOfReach(position) &&
                      LengthSquared(position - myRestPlace) <= kRestRadius * kRestRadius;
   myPosition = position;
@@ -57,14 +58,16 @@ int CKittenRecord::CountSpin(int thresholdPoints, unsigned now) {
   return mySpinCount * share;
 }
 
-CTouchStory ReadTouches(const std::vector<int>& touches) {
-  CTouchStory story;
-  story.monsterTouches = static_cast<int>(std::count(touches.begin(), touches.end(), kMonster));
-  const auto lastMonster = std::find(touches.rbegin(), touches.rend(), kMonster).base();
-  // `lastMonster` points just behind the monster's last touch, at the front when there is none.
-  story.isOneTouch = story.monsterTouches > 0 &&
-                     std::all_of(touches.begin(), lastMonster, [](int t) { return t == kMonster; });
-  story.isWallBounce = std::find(lastMonster, touches.end(), kRightWall) != touches.end();
+STouchStory ReadTouches(const std::vector<int>& touches) {
+  STouchStory story;
+  story.monsterTouches =
+      static_cast<int>(std::count(touches.begin(), touches.end(), kMonsterIndex));
+  const auto lastMonster = std::find(touches.rbegin(), touches.rend(), kMonsterIndex).base();
+  // `lastMonster` points just past the monster's last touch, to the front when there is none.
+  story.isOneTouch =
+      story.monsterTouches > 0 &&
+      std::all_of(touches.begin(), lastMonster, [](int t) { return t == kMonsterIndex; });
+  story.isWallBounce = std::find(lastMonster, touches.end(), kRightWallIndex) != touches.end();
   return story;
 }
 

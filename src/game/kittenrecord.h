@@ -1,17 +1,18 @@
 #pragma once
 
 #include "game/gamerules.h"
+#include "game/physics/arena.h"
 #include "game/physics/geometry.h"
 
 #include <vector>
 
 namespace brumble {
 
-// What the rules remember of one kitten in play.
+// The rules' record of one kitten in play.
 struct CKittenRecord {
   bool myTouchedThisTick = false;  // by the monster
-  CVec2 myPosition;                // world units
-  CVec2 myTouchPosition;           // of the monster's last touch
+  SVec2 myPosition;                // world units
+  SVec2 myTouchPosition;           // of the monster's last touch
   int myDamageBonus = 0;           // the points of its wall hits
   float myLastHealth = kFullHealth;
   int myLastToucher = kNoToucher;  // a wall or the monster
@@ -19,18 +20,18 @@ struct CKittenRecord {
   int mySpinCount = 0;             // scored spins of the current run
   std::vector<int> myTouches;      // every toucher, in order
   int myScore = 0;                 // all points so far: the kitten's stake
-  CVec2 myRestPlace;               // where its rest began
+  SVec2 myRestPlace;               // where its rest began
   unsigned myRestStart = 0;        // game clock; a push begins the rest anew
   unsigned myPushWait = kFirstPushWait;
 
-  bool IsMonsterLast() const { return myLastToucher == kMonster; }
+  bool IsMonsterLast() const { return myLastToucher == kMonsterIndex; }
 
-  // Where the kitten is now. A place within the monster's reach, or too far from where it began to
-  // rest, ends its rest.
-  void MoveTo(CVec2 position, unsigned now);
-  // Whether it has rested out of reach for so long that it will not come back by itself.
+  // Takes the kitten's new position. A position within the monster's reach, or too far from where
+  // the rest began, ends the rest.
+  void MoveTo(SVec2 position, unsigned now);
+  // Whether it has rested out of the monster's reach for so long that it needs a push.
   bool IsPushDue(unsigned now) const;
-  // It was pushed: the next push is due sooner, unless it moves.
+  // Notes a push: the next one is due sooner, unless the kitten moves.
   void NotePush(unsigned now);
 
   // The points for the thresholds that the health has fallen through since the last call.
@@ -39,18 +40,18 @@ struct CKittenRecord {
   bool IsSpinRunOver(unsigned now) const;
   // Whether a spin at that speed scores now.
   bool IsSpinScoring(float angularVelocity, unsigned now) const;
-  // Counts a spin and answers its points: each spin of a run is worth one share more.
+  // Counts a spin and returns its points: each spin of a run is worth one share more.
   int CountSpin(int thresholdPoints, unsigned now);
 };
 
-// What the list of touches tells about a kitten that went into the oven.
-struct CTouchStory {
+// What the touches of a kitten in the oven earn.
+struct STouchStory {
   int monsterTouches = 0;
   bool isOneTouch = false;    // nothing but the monster touched it before the monster's last touch
   bool isWallBounce = false;  // the right wall touched it after the monster's last touch
 };
 
-CTouchStory ReadTouches(const std::vector<int>& touches);
+STouchStory ReadTouches(const std::vector<int>& touches);
 
 // The points of a wall hit, before they are multiplied.
 int WallHitPoints(float impulseSquared);

@@ -2,6 +2,8 @@
 
 #include "utils/xml/xml.h"
 
+#include <optional>
+
 namespace brumble {
 namespace {
 
@@ -9,14 +11,13 @@ constexpr const char* kImageElement = "ImageFilename";
 
 // The picture that the sprite file names; empty for none.
 std::string PictureOf(const std::string& spriteFile) {
-  const std::unique_ptr<vask::CXmlElement> root = vask::ReadXmlFile(spriteFile);
-  const int children = root != nullptr ? root->GetChildCount() : 0;
-  for (int i = 0; i < children; ++i) {
-    if (root->GetChild(i)->GetName() == kImageElement) {
-      return root->GetChild(i)->GetContent();
-    }
+  std::optional<std::string> file;
+  if (const std::unique_ptr<vask::CXmlElement> root = vask::ReadXmlFile(spriteFile)) {
+    root->ForEachChild(kImageElement, [&](const vask::CXmlElement& image) {
+      file = file.value_or(image.GetContent());  // the first one counts
+    });
   }
-  return {};
+  return file.value_or("");
 }
 
 }  // namespace

@@ -7,9 +7,8 @@
 
 namespace brumble {
 
-// Keeps decoded pictures alive. Pictures of one file share a surface that dies with the last of
-// them, and the game's signs, effects and kittens come and go: with one reference held here, no
-// picture is decoded again during play.
+// Keeps decoded pictures alive. Pictures of one file share a surface that is freed with the last of
+// them; with one reference held here, no sign, effect or kitten is decoded again during play.
 class CPictureCache {
  public:
   // Holds the picture of the sprite file; nothing when it has none.

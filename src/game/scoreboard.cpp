@@ -16,16 +16,16 @@ namespace {
 
 constexpr int kWidth = 200;
 constexpr int kHeight = 50;
-constexpr CScreenPoint kFirstPosition = {10, 10};
+constexpr SScreenPoint kFirstPosition = {10, 10};
 constexpr int kDepth = 40;
 constexpr int kInterval = 30;  // milliseconds
 
 // One stage of a run: beyond the gap the shown value takes the step.
-struct CStage {
+struct SStage {
   int gap;
   int step;
 };
-constexpr std::array<CStage, 5> kStages = {
+constexpr std::array<SStage, 5> kStages = {
     {{0, 1}, {10, 10}, {100, 100}, {5000, 1000}, {30000, 10000}}};
 
 constexpr int kFloatingDepth = 20;
@@ -37,7 +37,7 @@ constexpr int kFadeStep = 2;  // each change of alpha costs a copy of the pictur
 constexpr unsigned kFadeTime = 1400;
 constexpr const char* kFadeCurve = "sin(t*3.14)*2";
 
-int RunStage(int shown, int target, const CStage& stage) {
+int RunStage(int shown, int target, const SStage& stage) {
   // In 64 bits, because a gap below the least number would wrap.
   const long long distance = static_cast<long long>(target) - shown;
   if (distance > stage.gap) {
@@ -46,7 +46,7 @@ int RunStage(int shown, int target, const CStage& stage) {
   return distance < -stage.gap ? shown - stage.step : shown;
 }
 
-vask::CSpritePtr MakeFloatingSprite(std::unique_ptr<vask::CFont> font, CScreenPoint corner,
+vask::CSpritePtr MakeFloatingSprite(std::unique_ptr<vask::CFont> font, SScreenPoint corner,
                                     int width, int height, const std::string& text) {
   vask::CSpritePtr sprite(new vask::CTextSprite(std::move(font), width, height));
   sprite->SetPosition(corner.x, corner.y);
@@ -87,7 +87,7 @@ void CScoreBoard::Run() {
   if (myShown == myTarget) {
     return;
   }
-  for (const CStage& stage : kStages) {
+  for (const SStage& stage : kStages) {
     myShown = RunStage(myShown, myTarget, stage);
   }
   ShowNumber();
@@ -95,7 +95,7 @@ void CScoreBoard::Run() {
 
 void CScoreBoard::ShowNumber() { mySprite->SetText(std::to_string(myShown)); }
 
-void CScoreBoard::ShowFloatingText(CScreenPoint position, const std::string& text) {
+void CScoreBoard::ShowFloatingText(SScreenPoint position, const std::string& text) {
   std::unique_ptr<vask::CFont> font = vask::LoadFont(kDigitsFontFile);
   if (font->GetSheet()->IsEmpty()) {
     return;
@@ -105,7 +105,7 @@ void CScoreBoard::ShowFloatingText(CScreenPoint position, const std::string& tex
     return;
   }
   const int width = font->GetTextWidth(text);
-  const CScreenPoint corner = {position.x - width / 2, position.y - height / 2};
+  const SScreenPoint corner = {position.x - width / 2, position.y - height / 2};
   const vask::CSpritePtr sprite = MakeFloatingSprite(std::move(font), corner, width, height, text);
   vask::CSprite* const plain = sprite.Get();
   new vask::CExternalAnimator(

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/screentransform.h"
+#include "game/physics/screentransform.h"
 #include "gfx/sprite/sprite.h"
 #include "kernel/fakethread.h"
 
@@ -12,24 +12,24 @@ class CTextSprite;
 
 namespace brumble {
 
-// A number on the screen that runs towards its value instead of jumping: far off it counts in
-// thousands, at the end in ones. It is a cooperative thread and must be neither paused nor killed:
-// it leaves the threads with its destructor.
+// A number on the screen that counts towards its value instead of jumping, in thousands at first
+// and in ones at the end. It is a cooperative thread that must be neither paused nor killed; the
+// destructor removes it.
 //
-//   CScoreBoard score;
-//   score.SetPosition(270, 560);
-//   score.Add(500);
+//     CScoreBoard board;
+//     board.SetPosition(270, 560);
+//     board.Add(500);
 class CScoreBoard : public vask::CFakeThread {
  public:
   CScoreBoard();
 
   // Shows the value at once.
   void Set(int value);
-  // Lets the shown value run on by `delta`, which it answers.
+  // Lets the shown value count on by `delta`; returns `delta`.
   int Add(int delta);
   // The top-left corner, in pixels.
   void SetPosition(int x, int y);
-  // One step of the shown value towards the target.
+  // Moves the shown value a step towards the target.
   void Run();
   void Update() override { Run(); }
 
@@ -37,9 +37,9 @@ class CScoreBoard : public vask::CFakeThread {
   int GetTarget() const { return myTarget; }
   const vask::CTextSprite& GetSprite() const { return *myTextSprite; }
 
-  // A text that rises and fades where points were made; `position` is its centre. Nothing is shown
-  // without the digits font, or above the screen.
-  static void ShowFloatingText(CScreenPoint position, const std::string& text);
+  // Shows a text that rises and fades; `position` is its centre. Does nothing without the digits
+  // font or above the screen.
+  static void ShowFloatingText(SScreenPoint position, const std::string& text);
 
  private:
   void ShowNumber();

@@ -5,19 +5,17 @@
 
 namespace vask {
 
-// Which keys, or which buttons, are down, so that whoever stops hearing of them can let them go:
-// what is given up counts as released, and its own release, should it come later, no longer counts.
+// The keys or buttons that are down, so that an event source that stops can release them: what is
+// given up counts as released, and its real release, when it comes later, does not count.
 //
-// A thing is known by its place or, where that is 0, by its code; it goes down and comes up under
-// one and the same name, whatever is known of it by then. Name 0 is nothing that is
-// held.
+// An entry is found by its place or, where that is 0, by its code. It comes up under the name that
+// it went down with, even if SDL gives another one by then. Name 0 is never held.
 class CHeldInput {
  public:
   void Press(int code, int place, int name);
-  // The name to release; none when it was given up. What never
-  // went down comes up as `name`.
+  // The name to release; none when it was given up. What never went down comes up as `name`.
   std::optional<int> Release(int code, int place, int name);
-  // Gives one up that is held, and answers its name; none when nothing is held any more.
+  // Gives one up that is held and returns its name; none when nothing is held any more.
   std::optional<int> GiveUpOne();
 
  private:
@@ -28,7 +26,7 @@ class CHeldInput {
     bool isGivenUp;
   };
 
-  // Takes it out, if it is there.
+  // Removes and returns the entry, if there is one.
   std::optional<SHeld> Take(int code, int place);
 
   std::vector<SHeld> myHeld;

@@ -25,7 +25,7 @@ auto ByPriority(const List& events) {
   return sorted;
 }
 
-// Code 0 is what SDL sends for a key that it doesn't know; a mistyped name is bound to it as well.
+// SDL sends code 0 for a key that it doesn't know; a mistyped name is bound to it as well.
 bool IsRealKey(int key) { return key != 0 && IsKeyCode(key); }
 
 }  // namespace
@@ -116,7 +116,7 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
     DispatchUpTo(std::numeric_limits<int>::max(), waiting, key, isDown);
   }
 
-  // Takes the all-key events off whose turn comes up to a priority; false when one stops the key.
+  // Delivers to the waiting all-key events up to a priority; false when one stops the key.
   static bool DispatchUpTo(int priority, CWalkList<IKeyEvent>& waiting, int key, bool isDown) {
     while (!waiting.IsEmpty() && waiting.Front()->GetPriority() <= priority) {
       IKeyEvent* event = waiting.Front();
@@ -131,7 +131,7 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
     return true;
   }
 
-  // Answers whether the event listens to it.
+  // Returns whether the event listens to it.
   static bool Deliver(IKeyEvent& event, int key, bool isDown) {
     if (!(isDown ? event.ListensToKeyDown() : event.ListensToKeyUp())) {
       return false;
@@ -146,8 +146,8 @@ class CKeyboard::CKeyboardImpl : public IKeyboardListener {
   std::map<int, EventList> myBindings;
   CWalkList<IKeyEvent> myAllKeyEvents;
   CWalkList<IKeyInterceptor> myInterceptors;
-  // For each key that is being handed on, the all-key events that it has yet to reach. Not looked
-  // up in the list above, where a newcomer may stand at the address of one that has died.
+  // For each key that is being dispatched, the all-key events that it has yet to reach. The list
+  // above would not do: a new event may have the address of one that has been deleted.
   std::list<CWalkList<IKeyEvent>> myWaiting;
 };
 

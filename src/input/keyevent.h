@@ -2,8 +2,8 @@
 
 namespace vask {
 
-// What a key may be bound to in CKeyboard: hears of the keys that it listens to, in the order of
-// the priorities, and may keep a key from the events behind it.
+// An action that CKeyboard binds to keys. Events get a key in the order of their priorities, and
+// one may keep it from those after it.
 class IKeyEvent {
  public:
   IKeyEvent() = default;
@@ -12,15 +12,15 @@ class IKeyEvent {
 
   // Leaves CKeyboard.
   virtual ~IKeyEvent();
-  // The event's action; answers whether there was something to do.
+  // The event's action; returns whether there was something to do.
   virtual bool Trigger(int key) = 0;
   virtual bool ListensToKeyUp() { return false; }
   virtual bool ListensToKeyDown() { return true; }
   virtual void OnKeyDown(int key) { Trigger(key); }
   virtual void OnKeyUp(int key) { Trigger(key); }
-  // Lower values hear of a key first.
+  // Lower values get a key first.
   virtual int GetPriority() { return myPriority; }
-  // Asked after the event got a key: whether no event behind it gets the key.
+  // Called after the event got a key: true keeps the key from the events after it.
   virtual bool StopsKey() { return false; }
   virtual void SetPriority(int priority) { myPriority = priority; }
   // One flag for each key code, 1 while the key is down; the flags live as long as the keyboard.

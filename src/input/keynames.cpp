@@ -14,12 +14,12 @@ struct SKeyName {
 
 // clang-format off
 constexpr std::array kWords = std::to_array<SKeyName>({
-    {8, "backspace"}, {9, "tab"}, {12, "clear"}, {13, "return"}, {19, "pause"}, {27, "escape"},
-    {32, "space"}, {96, "backquote"}, {127, "delete"},
+    {kBackspaceKey, "backspace"}, {kTabKey, "tab"}, {12, "clear"}, {kReturnKey, "return"}, {19, "pause"},
+    {kEscapeKey, "escape"}, {' ', "space"}, {kBackquoteKey, "backquote"}, {kDeleteKey, "delete"},
     {266, "[.]"}, {267, "[/]"}, {268, "[*]"}, {269, "[-]"}, {270, "[+]"},
-    {271, "enter"}, {272, "equals"},
-    {273, "up"}, {274, "down"}, {275, "right"}, {276, "left"},
-    {277, "insert"}, {278, "home"}, {279, "end"}, {280, "page_up"}, {281, "page_down"},
+    {kKeypadEnterKey, "enter"}, {272, "equals"},
+    {kUpKey, "up"}, {kDownKey, "down"}, {kRightKey, "right"}, {kLeftKey, "left"}, {277, "insert"},
+    {kHomeKey, "home"}, {kEndKey, "end"}, {kPageUpKey, "page_up"}, {kPageDownKey, "page_down"},
     {300, "numlock"}, {301, "caps_lock"}, {302, "scroll_lock"},
     {303, "right_shift"}, {304, "left_shift"}, {305, "right_ctrl"}, {306, "left_ctrl"},
     {307, "right_alt"}, {308, "left_alt"}, {309, "right_meta"}, {310, "left_meta"},
@@ -34,19 +34,19 @@ struct SNumberedKeys {
   int first, last;
   const char* before;
   int firstNumber;
-  const char* behind;
+  const char* after;
 };
 
 constexpr std::array kNumbered = std::to_array<SNumberedKeys>({
-    {160, 255, "world_", 0, ""},
-    {256, 265, "[", 0, "]"},
-    {282, 296, "f", 1, ""},
+    {kFirstWorldKey, kLastWorldKey, "world_", 0, ""},
+    {kFirstKeypadDigitKey, kLastKeypadDigitKey, "[", 0, "]"},
+    {kF1Key, kF15Key, "f", 1, ""},
 });
 
-// Keys that are called by the character they type.
+// Keys that are named by the character that they type.
 constexpr bool IsCharacterKey(int key) {
   const bool isSign = key >= '!' && key <= '@' && key != '%';
-  return isSign || (key >= '[' && key <= 'z' && key != '`');
+  return isSign || (key >= '[' && key <= 'z' && key != kBackquoteKey);
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ std::string NameFromKey(int key) {
   }
   for (const SNumberedKeys& keys : kNumbered) {
     if (key >= keys.first && key <= keys.last) {
-      return keys.before + std::to_string(key - keys.first + keys.firstNumber) + keys.behind;
+      return keys.before + std::to_string(key - keys.first + keys.firstNumber) + keys.after;
     }
   }
   const auto* found = std::ranges::find(kWords, key, &SKeyName::key);

@@ -1,5 +1,7 @@
 #include "input/keyplaces.h"
 
+#include "input/keynames.h"
+
 #include <string_view>
 
 namespace vask {
@@ -15,13 +17,13 @@ struct SRow {
 
 constexpr SRow kRows[] = {{24, "qwertyuiop"}, {38, "asdfghjkl"}, {52, "zxcvbnm"}};
 
-constexpr bool IsWorldKey(int key) { return key >= 160 && key <= 255; }
+constexpr bool IsWorldKey(int key) { return key >= kFirstWorldKey && key <= kLastWorldKey; }
 
 }  // namespace
 
 int KeyByPlace(int key, int place) {
   if (place == kPlaceUnderEscape) {
-    return '`';
+    return kBackquoteKey;
   }
   for (const SRow& row : kRows) {
     const int column = place - row.firstPlace;

@@ -8,9 +8,9 @@ namespace vask {
 
 namespace {
 
-// Calls `visit` for each object until it answers false. Objects that go meanwhile are left out, and
-// those that come wait for the next event: one that takes itself out and puts itself back in, to
-// come to the front, must not be called for ever.
+// Calls `visit` for each object until it returns false. Objects removed meanwhile are left out, and
+// those added wait for the next event: one that removes and adds itself again must not be called
+// for ever.
 template <typename Visit>
 void WalkWhile(CWalkList<IMouseable>& list, Visit visit) {
   bool goesOn = true;
@@ -56,14 +56,14 @@ void CMouse::OnMouseMove(int x, int y) {
       return true;
     }
     mouseable->OnMouseMove(x, y);
-    // What has left in its own handler may be dead, and hides nothing any more.
+    // An object that was removed in its own handler may be deleted, and blocks nothing any more.
     if (myMouseables.Contains(mouseable) && mouseable->IsBlocking()) {
       hit = mouseable;
     }
     return hit == nullptr;
   });
 
-  // Entered before the call, which may delete either of the two.
+  // Stored before the call, which may delete either of the two.
   IMouseable* left = std::exchange(myOverTarget, hit);
   if (left != nullptr && left != hit) {
     left->OnMouseOut(x, y);

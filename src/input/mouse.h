@@ -8,9 +8,14 @@
 namespace vask {
 
 // Turns raw mouse events into events for objects on the screen: hit-tests the mouseables against
-// the pointer, knows which blocking object the pointer is over and which took the last press, and
-// feeds every event to the dragged objects without a test. Owns none of them; handlers may add,
+// the pointer, tracks which blocking object the pointer is over and which took the last press, and
+// passes every event to the dragged objects without a test. Owns none of them; handlers may add,
 // remove and delete any object, themselves included.
+//
+//     CMouse& mouse = *CMouse::GetSingletonPtr();
+//     mouse.AddMouseable(button);  // gets events inside its rectangle
+//     mouse.AddDragged(knob);      // gets all events
+//     mouse.RemoveDragged(knob);
 class CMouse : public CStaticSingleton<CMouse>, public IMouseListener {
  public:
   CMouse();
@@ -22,7 +27,7 @@ class CMouse : public CStaticSingleton<CMouse>, public IMouseListener {
   void AddDragged(IMouseable* mouseable);
   // Removes the first entry of the object.
   void RemoveDragged(IMouseable* mouseable);
-  // Removes the first entry of the object from both lists and forgets it as a target.
+  // Removes the first entry of the object from both lists; it is no target any more.
   void RemoveMouseable(IMouseable* mouseable);
   // Removes every entry of an object that is being destroyed.
   void ForgetMouseable(IMouseable* mouseable);
@@ -39,7 +44,7 @@ class CMouse : public CStaticSingleton<CMouse>, public IMouseListener {
  private:
   using ButtonHandler = void (IMouseable::*)(int button);
 
-  // Calls the handler; answers whether the object is still with the mouse.
+  // Calls the handler; returns whether the object is still registered.
   bool Dispatch(IMouseable* target, int button, ButtonHandler handler);
   void DispatchToDragged(int button, ButtonHandler handler);
 

@@ -4,11 +4,11 @@
 
 namespace vask {
 
-// An object on the screen that takes mouse events from CMouse. Buttons are the engine's bit values
-// (1 left, 2 middle, 4 right, 8 and 16 the wheel), positions window pixels.
+// An object on the screen that takes mouse events from CMouse. Buttons are those of buttons.h,
+// positions are window pixels.
 class IMouseable {
  public:
-  // Leaves CMouse with all its entries.
+  // Removes all its entries from CMouse.
   virtual ~IMouseable();
   virtual void OnMouseMove(int x, int y) = 0;
   virtual void OnMouseMoveRelative(int dx, int dy) = 0;
@@ -16,13 +16,14 @@ class IMouseable {
   virtual void OnMouseOut(int x, int y) = 0;
   virtual void OnMouseButtonDown(int button) = 0;
   virtual void OnMouseButtonUp(int button) = 0;
-  // Whether a hit on this object hides those behind it.
+  // Whether a hit on this object hides those after it.
   virtual bool IsBlocking() = 0;
   virtual CRect<int> GetRect() = 0;
   virtual int GetZ() = 0;
 };
 
-// Hears nothing, blocks nothing, covers nothing: clients override what they need.
+// Ignores all events, blocks nothing, has an empty rectangle: derived classes override what they
+// need.
 class CMouseableImpl : public IMouseable {
  public:
   void OnMouseMove(int, int) override {}

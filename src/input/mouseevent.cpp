@@ -12,9 +12,8 @@ namespace {
 // By event type.
 constexpr std::array<const char*, 3> kTypeWords = {"mm", "mu", "md"};
 
-// The farthest position that is played, in pixels from the window's corner: beyond every screen,
-// but so near that those who hear of it can add and subtract positions. A damaged file may hold
-// anything.
+// The farthest position that is played, in pixels: beyond every screen, but small enough for
+// listeners to add and subtract positions. A damaged file may hold anything.
 constexpr long long kFarthest = 1'000'000;
 
 long long ToNumber(const std::string& word) { return std::strtoll(word.c_str(), nullptr, 10); }

@@ -6,7 +6,7 @@
 
 namespace vask {
 
-// A set of keys that must all be down. What happens then is for a derived class to say.
+// A set of keys that must all be down. A derived class adds the action.
 class CMultiKeyEvent : public IKeyEvent {
  public:
   explicit CMultiKeyEvent(std::vector<int> keys);

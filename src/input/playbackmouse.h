@@ -11,26 +11,26 @@
 
 namespace vask {
 
-// Plays the mouse events of a file that CRecordMouse wrote into the event bridge, where nobody can
-// tell them from those of the mouse. It sets the seed of the random numbers and puts a clock of its
-// own behind all timers. That clock follows the real one, but is held at the time of the next event
-// until that has been played: each event happens at its recorded time, however slow the frames are.
+// Plays the mouse events of a file that CRecordMouse wrote into the event bridge, as if they came
+// from the mouse. It sets the seed of the random numbers and replaces the global clock. Its clock
+// follows the real one, but stops at the time of the next event until that has been played: each
+// event happens at its recorded time, however slow the frames are.
 //
-//   auto device = std::make_unique<CPlaybackMouse>("game.rec");  // time is 0
-//   device->Update();                                            // once per frame
-//   device.reset();                                              // time is the real one again
+//     auto device = std::make_unique<CPlaybackMouse>("game.rec");  // time is 0
+//     device->Update();                                            // once per frame
+//     device.reset();                                              // time is the real one again
 class CPlaybackMouse : public ITaskRecordingDeviceImpl {
  public:
   // A file that cannot be read plays nothing and leaves the seed alone.
   explicit CPlaybackMouse(std::string fileName,
                           CSmartPtr<IGlobalTimerImpl> realClock =
                               CSmartPtr<IGlobalTimerImpl>(new CGlobalTimerImplTimeH));
-  // Puts the real clock back, unless somebody has replaced the playback's meanwhile.
+  // Restores the real clock, unless the playback's has been replaced meanwhile.
   ~CPlaybackMouse() override;
   CPlaybackMouse(const CPlaybackMouse&) = delete;
   CPlaybackMouse& operator=(const CPlaybackMouse&) = delete;
 
-  // Plays what is due, then moves the clock on. Whoever hears of an event may delete the playback.
+  // Plays what is due, then moves the clock on. A listener of an event may delete the playback.
   void Update() override;
 
  private:

@@ -4,7 +4,7 @@
 
 namespace vask {
 
-// A clock that shows what it was last set to, for a playback to drive.
+// A clock that returns what it was last set to, for a playback to drive.
 class CPlaybackTimer : public IGlobalTimerImpl {
  public:
   unsigned GetTicks() override { return myTime; }

@@ -8,13 +8,13 @@
 
 namespace vask {
 
-// Writes what the mouse does to a text file for as long as it lives, for CPlaybackMouse to play
-// later: first the seed of the random numbers, which it sets, then a line for each event. The file
-// is complete after every event, so that the record of a run that crashes is of use. What cannot be
-// written, a pipe among it, is lost without a word.
+// Writes the mouse events to a text file for as long as it lives, for CPlaybackMouse to play later:
+// first the seed of the random numbers, which it sets, then a line for each event. The file is
+// complete after every event, so that the record of a run that crashes is of use. What cannot be
+// written, for example to a pipe, is dropped silently.
 class CRecordMouse : public IMouseListener, public ITaskRecordingDeviceImpl {
  public:
-  // Empties the file if it is there.
+  // Truncates an existing file.
   explicit CRecordMouse(std::string fileName);
   ~CRecordMouse() override;
   CRecordMouse(const CRecordMouse&) = delete;

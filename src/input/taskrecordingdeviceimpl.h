@@ -2,7 +2,7 @@
 
 namespace vask {
 
-// What records or plays back the input of a run. Whoever owns one updates it once per frame.
+// Records or plays back the input of a run. The owner calls Update once per frame.
 class ITaskRecordingDeviceImpl {
  public:
   virtual ~ITaskRecordingDeviceImpl() = default;

@@ -2,7 +2,7 @@
 
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
-#include "platform/pipes.h"
+#include "platform/process.h"
 
 namespace vask {
 namespace {

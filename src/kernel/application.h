@@ -15,7 +15,7 @@ class CApplication {
   CApplication(const CApplication&) = delete;
   CApplication& operator=(const CApplication&) = delete;
 
-  // Answers 0.
+  // Returns 0.
   int Run();
 
  private:

@@ -1,9 +1,6 @@
 #include "kernel/applicationfactory.h"
 
-#include "console/commandfactory.h"
-#include "kernel/basiccommands.h"
 #include "kernel/consolebridge.h"
-#include "kernel/extracommands.h"
 #include "utils/log/log.h"
 
 #include <utility>
@@ -35,10 +32,7 @@ CApplicationFactory::~CApplicationFactory() {
 CConsole* CApplicationFactory::GetConsole() {
   if (myConsole == nullptr) {
     myConsole.reset(NewConsole());
-    RegisterBasicCommands();
-    RegisterExtraCommands();
-    CCommandFactory::GetSingletonPtr()->LoadLib("basic", myConsole.get());
-    CCommandFactory::GetSingletonPtr()->LoadLib("extra", myConsole.get());
+    CConsoleBridge::LoadLibraries(myConsole.get());
     for (const auto& [name, variable] : ProgramVariables()) {
       myConsole->RegisterVariable(name, *variable);
     }

@@ -9,7 +9,7 @@ namespace vask {
 
 class CLog;
 
-// Hands out what the whole application shares: its console and its log.
+// Gives access to what the whole application shares: its console and its log.
 class CApplicationFactory : public CStaticSingleton<CApplicationFactory> {
  public:
   template <typename Base>
@@ -31,10 +31,10 @@ class CApplicationFactory : public CStaticSingleton<CApplicationFactory> {
   CApplicationFactory(const CApplicationFactory&) = delete;
   CApplicationFactory& operator=(const CApplicationFactory&) = delete;
 
-  // The application console, made with the "basic" and "extra" commands by the first
-  // call.
+  // The application console; the first call makes it and loads the libraries of
+  // CConsoleLibraryRegistrar ("basic" and "extra") into it.
   CConsole* GetConsole();
-  // The application console, or null when nobody has asked for it yet.
+  // The application console, or null while it has not been made.
   CConsole* PeekConsole() const { return myConsole.get(); }
   // A fresh console for a task's own commands, owned by the caller.
   CConsole* NewConsole();

@@ -1,16 +1,33 @@
-#include "kernel/basiccommands.h"
-
 #include "console/commandfactory.h"
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
-#include "kernel/applicationfactory.h"
+#include "kernel/consolebridge.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 
 #include <memory>
 
+// The commands that run the program from its script: the library "basic".
+
 namespace vask {
+namespace {
+
+// A command whose first parameter is a string; without one it returns its usage text.
+class CCommandWithString : public CConsoleCommand {
+ public:
+  using CConsoleCommand::Execute;
+  std::string Execute(CConsoleParams* params) override {
+    if (!params->Has(0, CVariable::kString)) {
+      return Execute();
+    }
+    const std::string text = params->GetString(0);
+    params->PopFront();
+    return Run(text, *params);
+  }
+  // With the string, and the parameters after it.
+  virtual std::string Run(const std::string& text, CConsoleParams& rest) = 0;
+};
 
 class CConsoleCmdQuit : public CConsoleCommand {
  public:
@@ -20,26 +37,20 @@ class CConsoleCmdQuit : public CConsoleCommand {
   }
 };
 
-class CConsoleCmdLoad : public CConsoleCommand {
+class CConsoleCmdLoad : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    return CApplicationFactory::GetSingletonPtr()->GetConsole()->ExecuteFile(params->GetString(0));
+  std::string Run(const std::string& fileName, CConsoleParams& /*rest*/) override {
+    return CConsoleBridge::Application().ExecuteFile(fileName);
   }
   std::string Execute() override {
     return "Error: Load() You need to give a filename as a parameter.";
   }
 };
 
-class CConsoleCmdTaskLoad : public CConsoleCommand {
+class CConsoleCmdTaskLoad : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    CTaskLibraries::GetSingletonPtr()->Load(params->GetString(0));
+  std::string Run(const std::string& library, CConsoleParams& /*rest*/) override {
+    CTaskLibraries::GetSingletonPtr()->Load(library);
     return {};
   }
   std::string Execute() override {
@@ -48,25 +59,20 @@ class CConsoleCmdTaskLoad : public CConsoleCommand {
 };
 
 // starttask(type [, name] [, priority] [, what the task's own start takes...])
-class CConsoleCmdStartTask : public CConsoleCommand {
+class CConsoleCmdStartTask : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    const std::string type = params->GetString(0);
-    params->PopFront();
+  std::string Run(const std::string& type, CConsoleParams& rest) override {
     std::string name = type;
-    if (params->Has(0, CVariable::kString)) {
-      name = params->GetString(0);
-      params->PopFront();
+    if (rest.Has(0, CVariable::kString)) {
+      name = rest.GetString(0);
+      rest.PopFront();
     }
     int priority = kDefaultPriority;
-    if (params->Has(0, CVariable::kNumber)) {
-      priority = ToInteger(params->GetNumber(0));
-      params->PopFront();
+    if (rest.Has(0, CVariable::kNumber)) {
+      priority = ToInteger(rest.GetNumber(0));
+      rest.PopFront();
     }
-    const bool ok = CTaskFactory::GetSingletonPtr()->StartTask(type, name, priority, params);
+    const bool ok = CTaskFactory::GetSingletonPtr()->StartTask(type, name, priority, &rest);
     return ok ? name + " started" : "failed to start " + name;
   }
   std::string Execute() override {
@@ -78,13 +84,10 @@ class CConsoleCmdStartTask : public CConsoleCommand {
   static constexpr int kDefaultPriority = 100;
 };
 
-class CConsoleCmdPauseTask : public CConsoleCommand {
+class CConsoleCmdPauseTask : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    CTaskFactory::GetSingletonPtr()->PauseTask(params->GetString(0));
+  std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
+    CTaskFactory::GetSingletonPtr()->PauseTask(task);
     return {};
   }
   std::string Execute() override {
@@ -92,13 +95,10 @@ class CConsoleCmdPauseTask : public CConsoleCommand {
   }
 };
 
-class CConsoleCmdResumeTask : public CConsoleCommand {
+class CConsoleCmdResumeTask : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    CTaskFactory::GetSingletonPtr()->ResumeTask(params->GetString(0));
+  std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
+    CTaskFactory::GetSingletonPtr()->ResumeTask(task);
     return {};
   }
   std::string Execute() override {
@@ -106,13 +106,10 @@ class CConsoleCmdResumeTask : public CConsoleCommand {
   }
 };
 
-class CConsoleCmdStopTask : public CConsoleCommand {
+class CConsoleCmdStopTask : public CCommandWithString {
  public:
-  std::string Execute(CConsoleParams* params) override {
-    if (!params->Has(0, CVariable::kString)) {
-      return Execute();
-    }
-    CTaskFactory::GetSingletonPtr()->StopTask(params->GetString(0));
+  std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
+    CTaskFactory::GetSingletonPtr()->StopTask(task);
     return {};
   }
   std::string Execute() override {
@@ -121,11 +118,6 @@ class CConsoleCmdStopTask : public CConsoleCommand {
 };
 
 void RegisterBasicCommands() {
-  static bool isRegistered = false;
-  if (isRegistered) {
-    return;
-  }
-  isRegistered = true;
   CCommandFactory& factory = CCommandFactory::GetSingleton();
   factory.AddCommand("basic", "quit", std::make_unique<CConsoleCmdQuit>());
   factory.AddCommand("basic", "load", std::make_unique<CConsoleCmdLoad>());
@@ -136,4 +128,7 @@ void RegisterBasicCommands() {
   factory.AddCommand("basic", "stoptask", std::make_unique<CConsoleCmdStopTask>());
 }
 
+const CConsoleLibraryRegistrar ourRegistrar("basic", &RegisterBasicCommands);
+
+}  // namespace
 }  // namespace vask

@@ -1,9 +1,7 @@
-#include "kernel/extracommands.h"
-
 #include "console/commandfactory.h"
 #include "console/consolecommand.h"
 #include "console/consoleparams.h"
-#include "kernel/applicationfactory.h"
+#include "kernel/consolebridge.h"
 
 #include <algorithm>
 #include <array>
@@ -12,11 +10,13 @@
 #include <string_view>
 #include <vector>
 
+// The commands for a person at the console: the library "extra".
+
 namespace vask {
 namespace {
 
-// What "help" tells. The usage that a command answers itself would do for some of them only: asked
-// for its own, "quit" quits.
+// What "help" prints. A command's own usage text would do for some of them only: called without
+// parameters, "quit" quits.
 struct SUsage {
   std::string_view command;  // in lower case
   std::string_view text;
@@ -41,8 +41,6 @@ constexpr std::array kUsages = std::to_array<SUsage>({
      "it runs the second and sets it to 0. The lines hold no comma, \"::\", \";\" or \"//\"."},
 });
 
-CConsole& Console() { return *CApplicationFactory::GetSingletonPtr()->GetConsole(); }
-
 std::string Join(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) {
@@ -53,7 +51,8 @@ std::string Join(const std::vector<std::string>& names) {
 
 std::string UsageOf(const std::string& command) {
   const auto isIt = [&](const SUsage& usage) {
-    return Console().GetCommand(std::string(usage.command)) == Console().GetCommand(command);
+    return CConsoleBridge::Application().GetCommand(std::string(usage.command)) ==
+           CConsoleBridge::Application().GetCommand(command);
   };
   const auto* found = std::ranges::find_if(kUsages, isIt);
   return found != kUsages.end() ? std::string(found->text)
@@ -67,17 +66,18 @@ class CConsoleCmdHelp : public CConsoleCommand {
       return Execute();
     }
     const std::string name = params->GetString(0);
-    if (Console().GetCommand(name) != nullptr) {
+    if (CConsoleBridge::Application().GetCommand(name) != nullptr) {
       return UsageOf(name);
     }
-    if (Console().FindVariable(name) != nullptr) {
-      return name + " is a variable: " + Console().GetVariable(name);
+    if (CConsoleBridge::Application().FindVariable(name) != nullptr) {
+      return name + " is a variable: " + CConsoleBridge::Application().GetVariable(name);
     }
     return "There is no command or variable " + name + ".";
   }
   std::string Execute() override {
-    return "Commands: " + Join(Console().GetCommandNames()) +
-           "\nVariables: " + Join(Console().GetVariableNames()) + "\nhelp(name) tells more of one.";
+    return "Commands: " + Join(CConsoleBridge::Application().GetCommandNames()) +
+           "\nVariables: " + Join(CConsoleBridge::Application().GetVariableNames()) +
+           "\nhelp(name) tells more of one.";
   }
 };
 
@@ -92,10 +92,11 @@ class CConsoleCmdToggle : public CConsoleCommand {
       return Execute();
     }
     const std::string variable = params->GetString(0);
-    const bool isSecond = CVariableString(Console().GetVariable(variable)).GetNumber() != 0.0;
+    const bool isSecond =
+        CVariableString(CConsoleBridge::Application().GetVariable(variable)).GetNumber() != 0.0;
     // Before the line runs, so that the line may say otherwise.
-    Console().SetVariable(variable, isSecond ? "0" : "1");
-    return Console().Execute(params->GetString(isSecond ? 2 : 1), false);
+    CConsoleBridge::Application().SetVariable(variable, isSecond ? "0" : "1");
+    return CConsoleBridge::Application().Execute(params->GetString(isSecond ? 2 : 1), false);
   }
   std::string Execute() override {
     return "Error: Toggle( variable, line, line ) requires a variable and two lines without a "
@@ -103,17 +104,13 @@ class CConsoleCmdToggle : public CConsoleCommand {
   }
 };
 
-}  // namespace
-
 void RegisterExtraCommands() {
-  static bool isRegistered = false;
-  if (isRegistered) {
-    return;
-  }
-  isRegistered = true;
   CCommandFactory& factory = CCommandFactory::GetSingleton();
   factory.AddCommand("extra", "help", std::make_unique<CConsoleCmdHelp>());
   factory.AddCommand("extra", "toggle", std::make_unique<CConsoleCmdToggle>());
 }
 
+const CConsoleLibraryRegistrar ourRegistrar("extra", &RegisterExtraCommands);
+
+}  // namespace
 }  // namespace vask

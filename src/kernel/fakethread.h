@@ -18,7 +18,7 @@ class CFakeThread : public CAutoList<CFakeThread> {
   virtual bool IsLessThan(const CFakeThread* other) const;
   // One run of the thread's work.
   virtual void Update() = 0;
-  // Begins at time 0; nothing for a thread that is not paused.
+  // Begins at time 0; does nothing for a thread that is not paused.
   virtual void Start();
   virtual bool Kill();
   virtual void Pause();

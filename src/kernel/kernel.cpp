@@ -3,7 +3,7 @@
 #include "events/eventbridge.h"
 #include "kernel/fakethread.h"
 #include "kernel/task.h"
-#include "platform/processor.h"
+#include "platform/process.h"
 
 #include <algorithm>
 
@@ -30,7 +30,7 @@ CKernel::CKernel() : myFocusHandler(std::make_unique<CWindowFocusHandler>(this))
   CEventBridge::GetSingleton().AddWindowListener(myFocusHandler.get());
 }
 
-// The handler leaves the bridge while the lists that it speaks to still stand.
+// The handler leaves the bridge before the lists that it uses are destroyed.
 CKernel::~CKernel() { myFocusHandler.reset(); }
 
 int CKernel::Run() {
@@ -61,7 +61,7 @@ void CKernel::UpdateTasks() {
   ++myFrame;
   decltype(myTasks)::CWalk walk(myTasks);
   while (CTask* task = walk.Next()) {
-    // A task that left the list and came back in this frame may stand before the walk again.
+    // A task that left the list and came back in this frame may be ahead of the walk again.
     if (!task->IsDead() && task->myUpdatedFrame != myFrame) {
       task->myUpdatedFrame = myFrame;
       task->Update();
@@ -87,9 +87,9 @@ void CKernel::StartTask(CTask* task, CConsoleParams* params) {
     return;
   }
   task->myUpdatedFrame = 0;
-  myTasksInHook.Append(task);
-  const bool runs = params != nullptr ? task->Start(params) : task->Start();
-  if (!HasReturned(task)) {
+  bool runs = false;
+  const auto start = [&] { runs = params != nullptr ? task->Start(params) : task->Start(); };
+  if (!myTasksInHook.Run(task, start)) {
     return;
   }
   if (runs) {
@@ -99,14 +99,10 @@ void CKernel::StartTask(CTask* task, CConsoleParams* params) {
   }
 }
 
-bool CKernel::HasReturned(const CTask* task) {
-  return myTasksInHook.Remove(task) && !task->IsDead();
-}
-
 void CKernel::InsertSorted(CTask* task) { myTasks.Prepend(task); }
 
 void CKernel::PauseTask(CTask* task) {
-  // Whoever pauses a task by name means it: the focus will not bring this one back.
+  // A task that was paused explicitly is not resumed by the focus.
   myFocusPausedTasks.Remove(task);
   ParkTask(task);
 }
@@ -119,9 +115,7 @@ void CKernel::ParkTask(CTask* task) {
     myTimedTasks.PauseTask(task);
     return;
   }
-  myTasksInHook.Append(task);
-  task->Pause();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Pause(); })) {
     myPausedTasks.Append(task);
   }
 }
@@ -135,9 +129,7 @@ void CKernel::ResumeTask(CTask* task) {
     myTimedTasks.ResumeTask(task);
     return;
   }
-  myTasksInHook.Append(task);
-  task->Resume();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Resume(); })) {
     InsertSorted(task);
   }
 }
@@ -160,13 +152,12 @@ void CKernel::ForgetTask(CTask* task) {
   myTasks.Remove(task);
   myPausedTasks.Remove(task);
   myFocusPausedTasks.Remove(task);
-  while (myTasksInHook.Remove(task)) {
-  }
+  myTasksInHook.Forget(task);
   myTimedTasks.ForgetTask(task);
 }
 
 void CKernel::KillAllTasks() {
-  // Parked tasks go together with the running ones, each in its turn: the game, which may be
+  // Parked tasks are killed together with the running ones, by priority: the game, which may be
   // waiting for the focus, before the graphics it uses, the window after everything that draws.
   myKillsAll = true;
   while (CTask* task = TakeFirstTask()) {
@@ -210,7 +201,7 @@ void CKernel::OnFocusLost() {
 }
 
 void CKernel::OnFocusGained() {
-  // A Resume may lose the focus again; who is left then waits for the next gain.
+  // A Resume may lose the focus again; the tasks left then wait for the next gain.
   while (HasFocus() && !myFocusPausedTasks.IsEmpty()) {
     CTask* task = myFocusPausedTasks.Front();
     myFocusPausedTasks.Remove(task);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "designpatterns/singleton.h"
-#include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "events/windowlistener.h"
+#include "kernel/tasksinhook.h"
 #include "kernel/tasktimedtasks.h"
 
 #include <cstdint>
@@ -38,18 +38,18 @@ class CKernel : public CStaticSingleton<CKernel> {
   CKernel(const CKernel&) = delete;
   CKernel& operator=(const CKernel&) = delete;
 
-  // The main loop; answers 0 when the run list has become empty.
+  // The main loop; returns 0 when the run list has become empty.
   int Run();
-  // Asks the loop to kill all tasks at the end of the frame.
+  // Lets the loop kill all tasks at the end of the frame.
   void Quit();
-  // Puts a new task into the system: into the run list, or parked when its Start answers false.
+  // Puts a new task into the system: into the run list, or parked when its Start returns false.
   void StartTask(CTask* task, CConsoleParams* params);
-  // Nothing for a task that is dead, or not in the list it would leave.
+  // Both do nothing for a task that is dead, or not in the list it would leave.
   void PauseTask(CTask* task);
   void ResumeTask(CTask* task);
   // Stops a task for good; its Exit is called once.
   void KillTask(CTask* task);
-  // Takes a task that is being destroyed out of every list.
+  // Removes a task that is being destroyed from every list.
   void ForgetTask(CTask* task);
   bool HasFocus() const;
 
@@ -69,10 +69,8 @@ class CKernel : public CStaticSingleton<CKernel> {
 
   void InsertSorted(CTask* task);
   void ParkTask(CTask* task);
-  // Ends the time of a task in its hook; whether it is still alive and wants a place in a list.
-  bool HasReturned(const CTask* task);
   void KillAllTasks();
-  // Takes the first of the running and parked tasks out of its list; null when there is none.
+  // Removes the first of the running and parked tasks from its list; null when there is none.
   CTask* TakeFirstTask();
   void RemoveDeadTasks();
   void OnFocusLost();
@@ -90,9 +88,7 @@ class CKernel : public CStaticSingleton<CKernel> {
   bool myRunFakeThreads = true;
   CTaskTimedTasks myTimedTasks;
   int myFrameSleep = 0;
-  // The tasks that are in their Start, Pause or Resume and so in no other list: a hook that kills,
-  // deletes or moves its own task finds it here.
-  CWalkList<CTask> myTasksInHook;
+  CTasksInHook<CTask> myTasksInHook;
   bool myKillsAll = false;
   std::uint64_t myFrame = 0;
 };

@@ -17,12 +17,12 @@ class CTask {
   CTask(const CTask&) = delete;
   CTask& operator=(const CTask&) = delete;
 
-  // Tells the kernel to kill the task and leaves every list of the kernel.
+  // Kills the task and removes it from every list of the kernel.
   virtual ~CTask();
   // The order of updates: by priority, or by interval for a timed task.
   virtual bool IsLessThan(const CTask* other) const;
-  // Called once, with the parameters that the start command left over (may be null). True: updated
-  // every frame. False: parked, the task exists and can be resumed but is not updated.
+  // Called once, with the parameters that the start command did not use (may be null). True:
+  // updated every frame. False: parked, the task exists and can be resumed but is not updated.
   virtual bool Start(CConsoleParams* params);
   virtual bool Start();
   virtual void Update() = 0;
@@ -30,8 +30,9 @@ class CTask {
   virtual void Exit();
   virtual void Pause();
   virtual void Resume();
-  // Lower values are updated first. Of a task that the kernel has in a list it counts from the next
-  // start, pause or resume; until then newcomers may come to stand on either side of it.
+  // Lower values are updated first. For a task that is in a list of the kernel the change counts
+  // from its next start, pause or resume; until then new tasks may be inserted on either side of
+  // it.
   virtual void SetPriority(int priority);
   virtual int GetPriority() const;
   virtual bool IsDead() const;

@@ -19,7 +19,7 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
  public:
   using TypeFactory = CPlugFactory<std::string, CTask>;
 
-  // Brings the kernel, the application factory and the log into being, in this order.
+  // Makes the kernel, the application factory and the log, in this order.
   CTaskFactory();
   ~CTaskFactory();
   CTaskFactory(const CTaskFactory&) = delete;
@@ -27,15 +27,15 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
 
   TypeFactory& GetPlugFactory() { return myPlugFactory; }
 
-  // Makes a task of the type and hands it to the kernel. `params` may be null. True means that the
-  // task was made, not that its Start answered true. Under a taken name the old task keeps the
-  // name; the new one runs, owned all the same.
+  // Makes a task of the type and starts it in the kernel. `params` may be null. True means that the
+  // task was made, not that its Start returned true. When the name is taken the old task keeps it;
+  // the new one runs, and is owned, without a name.
   bool StartTask(const std::string& type, const std::string& name, int priority,
                  CConsoleParams* params);
   void PauseTask(const std::string& name);
   void ResumeTask(const std::string& name);
   void StopTask(const std::string& name);
-  // Hands the line to the task of that name; false when there is none or it takes no commands.
+  // Passes the line to the task of that name; false when there is none or it takes no commands.
   bool SendCommand(const std::string& name, const std::string& line);
   // Null for an unknown name.
   CTask* GetTask(const std::string& name) const;
@@ -43,8 +43,8 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
   std::vector<std::string> GetTaskNames() const;
 
  private:
-  // The live ones: the application takes both down when it ends, and the factory, which outlives
-  // it, serves the next application's.
+  // The current ones: the application deletes both when it ends, and the factory, which outlives
+  // it, serves the next application.
   CKernel& Kernel();
   CLog& Log();
 

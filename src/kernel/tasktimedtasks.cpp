@@ -69,9 +69,8 @@ std::int64_t CTaskTimedTasks::Now() {
 }
 
 void CTaskTimedTasks::StartTask(CTask* task) {
-  myTasksInHook.Append(task);
-  const bool runs = task->Start();
-  if (!HasReturned(task)) {
+  bool runs = false;
+  if (!myTasksInHook.Run(task, [&] { runs = task->Start(); })) {
     return;
   }
   if (runs) {
@@ -79,10 +78,6 @@ void CTaskTimedTasks::StartTask(CTask* task) {
   } else {
     myPausedTasks.Append(task);
   }
-}
-
-bool CTaskTimedTasks::HasReturned(const CTask* task) {
-  return myTasksInHook.Remove(task) && !task->IsDead();
 }
 
 void CTaskTimedTasks::AddTask(CTask* task) {
@@ -107,9 +102,7 @@ void CTaskTimedTasks::PauseTask(CTask* task) {
   if (task->IsDead() || !myTimedTasks.Remove(task)) {
     return;
   }
-  myTasksInHook.Append(task);
-  task->Pause();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Pause(); })) {
     myPausedTasks.Append(task);
   }
 }
@@ -118,9 +111,7 @@ void CTaskTimedTasks::ResumeTask(CTask* task) {
   if (task->IsDead() || !myPausedTasks.Remove(task)) {
     return;
   }
-  myTasksInHook.Append(task);
-  task->Resume();
-  if (HasReturned(task)) {
+  if (myTasksInHook.Run(task, [=] { task->Resume(); })) {
     AddTask(task);
   }
 }
@@ -128,8 +119,7 @@ void CTaskTimedTasks::ResumeTask(CTask* task) {
 void CTaskTimedTasks::ForgetTask(CTask* task) {
   myTimedTasks.Remove(task);
   myPausedTasks.Remove(task);
-  while (myTasksInHook.Remove(task)) {
-  }
+  myTasksInHook.Forget(task);
 }
 
 void CTaskTimedTasks::RemoveDeadTasks() {

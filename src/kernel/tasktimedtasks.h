@@ -1,16 +1,16 @@
 #pragma once
 
-#include "designpatterns/walklist.h"
 #include "designpatterns/walkset.h"
 #include "kernel/task.h"
+#include "kernel/tasksinhook.h"
 
 #include <cstdint>
 
 namespace vask {
 
-// Updates the tasks that asked for a fixed interval, at that interval of the global clock, catching
-// up when frames are slow. The kernel's own task: it waits, paused, until the first timed task
-// comes. Does not own the tasks.
+// Updates the timed tasks, each at its interval of the global clock, and catches up when frames are
+// slow. The kernel's own task: it is paused until the first timed task is started. Does not own the
+// tasks.
 class CTaskTimedTasks : public CTask {
  public:
   CTaskTimedTasks();
@@ -25,10 +25,10 @@ class CTaskTimedTasks : public CTask {
   // The task is due a whole interval from now.
   void AddTask(CTask* task);
   void KillTask(CTask* task);
-  // Nothing for tasks that are not held here.
+  // Both do nothing for a task that is not in the list it would leave.
   void PauseTask(CTask* task);
   void ResumeTask(CTask* task);
-  // Takes a task that is being destroyed out of both lists.
+  // Removes a task that is being destroyed from every list.
   void ForgetTask(CTask* task);
 
  private:
@@ -36,11 +36,9 @@ class CTaskTimedTasks : public CTask {
     bool operator()(const CTask* a, const CTask* b) const { return a->myDueTime < b->myDueTime; }
   };
 
-  // See CKernel.
-  bool HasReturned(const CTask* task);
-  // Takes the first of all out of its list; null when there is none.
+  // Removes the first task of all from its list; null when there is none.
   CTask* TakeFirstTask();
-  // The global clock in milliseconds, carried on over its wraps: times on a wrapping clock have no
+  // The global clock in milliseconds, extended over its wraps: times on a wrapping clock have no
   // order that a list could be sorted by.
   std::int64_t Now();
   void RemoveDeadTasks();
@@ -48,7 +46,7 @@ class CTaskTimedTasks : public CTask {
   CWalkSet<CTask, SDueEarlier> myTimedTasks;
   CWalkSet<CTask> myPausedTasks;
   bool myRemovePending = false;
-  CWalkList<CTask> myTasksInHook;
+  CTasksInHook<CTask> myTasksInHook;
   std::int64_t myNow = 0;
 };
 

@@ -9,8 +9,8 @@ namespace vask::platform {
 
 namespace {
 
-// No exit(): what is registered there shuts SDL down, which asks the lost display again and, in
-// some of its versions, waits for the answer for ever.
+// No exit(): an exit handler shuts SDL down, which calls the lost display again and, in some of its
+// versions, waits for the reply for ever.
 int End(Display*) {
   std::fputs("The connection to the display is lost; the program ends.\n", stderr);
   _exit(1);

@@ -7,7 +7,7 @@ namespace vask::platform {
 
 namespace {
 
-// The last place of the caret in the line: behind it, unless the next line begins just there.
+// The last place of the caret in the line: after it, unless the next line begins just there.
 std::size_t LastPlace(const std::vector<STextLine>& lines, std::size_t line) {
   const bool isWrapped = line + 1 < lines.size() && lines[line + 1].begin == lines[line].end;
   return lines[line].end - (isWrapped ? 1 : 0);
@@ -81,7 +81,7 @@ void CEditControl::DrawCaret(INativeCanvas& canvas, const Lines& lines) const {
 
 void CEditControl::OnPress(int x, int y, const INativeFont& font) {
   const SBox text = TextBox();
-  // The border belongs to what stands beside it.
+  // A press on the border counts for the text beside it.
   myCaret = myAnchor = PlaceAt(std::max(x, text.x), std::max(y, text.y), font);
   ScrollToCaret(font);
 }
@@ -191,8 +191,8 @@ CEditControl::Lines CEditControl::SplitLines(const INativeFont& font) const {
 }
 
 std::size_t CEditControl::LineOfCaret(const Lines& lines) const {
-  const auto behind = std::ranges::upper_bound(lines, myCaret, {}, &STextLine::begin);
-  return static_cast<std::size_t>(behind - lines.begin()) - 1;
+  const auto next = std::ranges::upper_bound(lines, myCaret, {}, &STextLine::begin);
+  return static_cast<std::size_t>(next - lines.begin()) - 1;
 }
 
 std::size_t CEditControl::PlaceInLine(const Lines& lines, std::size_t line, int x,
@@ -213,7 +213,7 @@ void CEditControl::ScrollToCaret(const INativeFont& font) {
     while (width >= box.width && myFirstChar < myCaret) {
       width -= font.CharWidth(myText[myFirstChar++]);
     }
-    // What was erased leaves room for what stands before.
+    // After an erasure more of the text before fits in.
     int rest = font.TextWidth(std::string_view(myText).substr(myFirstChar));
     while (myFirstChar > 0 && (rest += font.CharWidth(myText[myFirstChar - 1])) < box.width) {
       --myFirstChar;

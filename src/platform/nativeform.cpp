@@ -1,6 +1,8 @@
 #include "platform/nativeform.h"
 
+#include "platform/buttoncontrol.h"
 #include "platform/editcontrol.h"
+#include "platform/staticcontrol.h"
 
 #include <algorithm>
 #include <utility>
@@ -83,7 +85,7 @@ void CNativeForm::FocusNext(bool backwards) {
   const auto current =
       std::ranges::find(myControls, myFocus, &std::unique_ptr<CNativeControl>::get);
   const auto start = static_cast<std::size_t>(current - myControls.begin());
-  // One more place than controls: none has the keyboard there.
+  // One more place than controls, where none has the focus.
   const std::size_t places = count + 1;
   for (std::size_t i = 1; i < places; ++i) {
     const std::size_t place = (start + (backwards ? places - i : i)) % places;

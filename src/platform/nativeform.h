@@ -12,18 +12,18 @@ namespace vask::platform {
 
 enum class EControlKind { kStatic, kEdit, kButton };
 
-// The controls of a native window: which one has the keyboard, which one the pointer holds down,
-// and what is clicked. It knows no window system.
+// The controls of a native window: which one has the focus, which one is pressed, and what is
+// clicked. It knows no window system.
 class CNativeForm {
  public:
-  // Answers the number of the new control: 0, 1, and so on.
+  // Returns the number of the new control: 0, 1, and so on.
   std::size_t Add(EControlKind kind, std::string text, const SBox& box, int id, unsigned style);
   CNativeControl& GetControl(std::size_t number) { return *myControls[number]; }
 
   void Draw(INativeCanvas& canvas) const;
 
   // The pointer's button: a click is a press and a release on the same button, and the release
-  // answers that button's id. A press gives the keyboard to a control that takes it.
+  // returns that button's id. A press gives the focus to a control that takes it.
   void Press(int x, int y, const INativeFont& font);
   void MovePointer(int x, int y, const INativeFont& font);
   std::optional<int> Release();
@@ -31,7 +31,7 @@ class CNativeForm {
   // Turns the wheel over the control at that place.
   void Wheel(int x, int y, int lines, const INativeFont& font);
 
-  // The keyboard goes to the next control that takes it, or to the one before.
+  // The focus goes to the next control that takes it, or to the one before.
   void FocusNext(bool backwards);
   // The id of the button that the key clicks.
   std::optional<int> Key(const SNativeKey& key, const INativeFont& font);
@@ -41,7 +41,7 @@ class CNativeForm {
   CNativeControl* ControlAt(int x, int y) const;
 
   std::vector<std::unique_ptr<CNativeControl>> myControls;
-  // None has the keyboard at first, so that keys that are still held, or repeat, click nothing.
+  // None at first, so that keys that are still held, or repeat, click nothing.
   CNativeControl* myFocus = nullptr;
   CNativeControl* myPressed = nullptr;
   bool myPointerIsOnPressed = false;

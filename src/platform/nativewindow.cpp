@@ -1,14 +1,15 @@
 #include "platform/nativewindow.h"
 
+#include "platform/errorguard.h"
+#include "platform/nativekeys.h"
+
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/cursorfont.h>
-#include <X11/keysym.h>
 #include <poll.h>
 
 #include <algorithm>
 #include <array>
-#include <csetjmp>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -16,63 +17,6 @@
 namespace vask::platform {
 
 namespace {
-
-// The handlers of errors are the whole process's, and the usual ones end it. While it lives, errors
-// of its own connection are nothing more than noted; those of others go where they went before.
-class CErrorGuard {
- public:
-  CErrorGuard() {
-    ourDisplay = nullptr;
-    ourConnectionIsLost = false;
-    ourOldHandler = XSetErrorHandler(&OnError);
-    ourOldLossHandler = XSetIOErrorHandler(&OnLoss);
-  }
-  ~CErrorGuard() {
-    XSetErrorHandler(ourOldHandler);
-    XSetIOErrorHandler(ourOldLossHandler);
-  }
-  CErrorGuard(const CErrorGuard&) = delete;
-  CErrorGuard& operator=(const CErrorGuard&) = delete;
-
-  // The guarded connection; null when there is none to be had.
-  Display* Open() {
-    ourIsOpening = true;
-    Display* display = setjmp(ourWayOut) == 0 ? XOpenDisplay(nullptr) : nullptr;
-    ourIsOpening = false;
-    ourDisplay = display;
-    if (display != nullptr) {
-      XSetIOErrorExitHandler(
-          display, [](Display*, void*) {}, nullptr);
-    }
-    return display;
-  }
-  bool IsConnectionLost() const { return ourConnectionIsLost; }
-
- private:
-  static bool IsOurs(const Display* display) { return ourIsOpening || display == ourDisplay; }
-  static int OnError(Display* display, XErrorEvent* error) {
-    return IsOurs(display) ? 0 : ourOldHandler(display, error);
-  }
-  static int OnLoss(Display* display) {
-    if (!IsOurs(display)) {
-      return ourOldLossHandler(display);
-    }
-    if (ourIsOpening) {
-      // Whoever returns from here ends the program, until the connection is open and told
-      // otherwise. What was set up for it stays behind.
-      std::longjmp(ourWayOut, 1);
-    }
-    ourConnectionIsLost = true;
-    return 0;
-  }
-
-  static inline bool ourIsOpening = false;
-  static inline std::jmp_buf ourWayOut{};
-  static inline Display* ourDisplay = nullptr;
-  static inline bool ourConnectionIsLost = false;
-  static inline XErrorHandler ourOldHandler = nullptr;
-  static inline XIOErrorHandler ourOldLossHandler = nullptr;
-};
 
 // X counts pixels in 16 bits with a sign.
 constexpr int kLargestSide = 32767;
@@ -84,37 +28,7 @@ constexpr std::array kFonts = {"-misc-fixed-medium-r-semicondensed--13-*-*-*-*-*
 constexpr std::array kColors = {"#dcdad5", "#ffffff", "#000000", "#ffffff",
                                 "#9a9791", "#55534f", "#b4d2f0"};
 
-struct SKeyName {
-  KeySym symbol;
-  ENativeKey key;
-};
-constexpr std::array kKeys = {
-    SKeyName{XK_Left, ENativeKey::kLeft},
-    SKeyName{XK_KP_Left, ENativeKey::kLeft},
-    SKeyName{XK_Right, ENativeKey::kRight},
-    SKeyName{XK_KP_Right, ENativeKey::kRight},
-    SKeyName{XK_Up, ENativeKey::kUp},
-    SKeyName{XK_KP_Up, ENativeKey::kUp},
-    SKeyName{XK_Down, ENativeKey::kDown},
-    SKeyName{XK_KP_Down, ENativeKey::kDown},
-    SKeyName{XK_Home, ENativeKey::kHome},
-    SKeyName{XK_KP_Home, ENativeKey::kHome},
-    SKeyName{XK_End, ENativeKey::kEnd},
-    SKeyName{XK_KP_End, ENativeKey::kEnd},
-    SKeyName{XK_Delete, ENativeKey::kDelete},
-    SKeyName{XK_KP_Delete, ENativeKey::kDelete},
-    SKeyName{XK_Return, ENativeKey::kReturn},
-    SKeyName{XK_KP_Enter, ENativeKey::kReturn},
-    SKeyName{XK_BackSpace, ENativeKey::kBackspace},
-};
-
 constexpr int kWheelLines = 3;
-
-// Latin-1 without its control characters.
-bool IsPrintable(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  return (code >= 32 && code < 127) || code >= 160;
-}
 
 // What window managers understand of a window's frame (Motif's hints).
 struct SFrameHints {
@@ -260,7 +174,7 @@ void CNativeWindow::CImplementation::AllocateColors() {
 
 void CNativeWindow::CImplementation::SetAttributes() {
   XSetWindowAttributes attributes{};
-  // A window that keeps its content is not asked to draw it anew when its size changes.
+  // A window that keeps its content gets no expose event when its size changes.
   attributes.bit_gravity =
       (myClass.style & (kRedrawOnWidth | kRedrawOnHeight)) != 0 ? ForgetGravity : NorthWestGravity;
   attributes.event_mask = ExposureMask | KeyPressMask | ButtonPressMask | ButtonReleaseMask |
@@ -423,22 +337,12 @@ void CNativeWindow::CImplementation::OnKey(XKeyEvent& event) {
   const int length =
       XLookupString(&event, typed.data(), static_cast<int>(typed.size()), &symbol, nullptr);
   myIsStale = true;
-  if (symbol == XK_Tab || symbol == XK_ISO_Left_Tab || symbol == XK_KP_Tab) {
-    form.FocusNext(symbol == XK_ISO_Left_Tab || (event.state & ShiftMask) != 0);
+  if (IsTab(symbol)) {
+    form.FocusNext(IsBackwards(symbol, event.state));
     return;
   }
-  SNativeKey key;
-  key.selects = (event.state & ShiftMask) != 0;
-  const auto* known = std::ranges::find(kKeys, symbol, &SKeyName::symbol);
-  if (known != kKeys.end()) {
-    key.key = known->key;
-  } else if ((event.state & ControlMask) != 0 && (symbol == XK_a || symbol == XK_A)) {
-    key.key = ENativeKey::kSelectAll;
-  } else if ((event.state & Mod1Mask) == 0) {
-    key.text.assign(typed.data(), static_cast<std::size_t>(length));
-    std::erase_if(key.text, [](char c) { return !IsPrintable(c); });
-  }
-  Click(form.Key(key, *this));
+  const std::string_view text(typed.data(), static_cast<std::size_t>(length));
+  Click(form.Key(ToNativeKey(symbol, event.state, text), *this));
 }
 
 void CNativeWindow::CImplementation::Click(std::optional<int> button) {
@@ -451,7 +355,7 @@ void CNativeWindow::CImplementation::Click(std::optional<int> button) {
 
 void CNativeWindow::CImplementation::Refresh() {
   Paint();
-  XFlush(myDisplay);
+  XSync(myDisplay, False);
 }
 
 void CNativeWindow::CImplementation::DropInput() {

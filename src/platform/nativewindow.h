@@ -15,9 +15,9 @@ class CNativeWindow;
 enum class ENativeCursor { kArrow };
 
 // The styles of a window class, to be added up.
-inline constexpr unsigned kRedrawOnWidth = 1;   // drawn anew when its width changes
-inline constexpr unsigned kRedrawOnHeight = 2;  // drawn anew when its height changes
-inline constexpr unsigned kNoClose = 4;         // can't be closed by the user's request
+inline constexpr unsigned kRedrawOnWidth = 1;   // drawn again when its width changes
+inline constexpr unsigned kRedrawOnHeight = 2;  // drawn again when its height changes
+inline constexpr unsigned kNoClose = 4;         // the user can't close it
 
 // The styles of a window, to be added up.
 inline constexpr unsigned kCaption = 1;
@@ -35,17 +35,14 @@ struct SNativeWindowClass {
   std::function<void(CNativeWindow& window, int button)> procedure;
 };
 
-// A window of the desktop with standard controls, for the few occasions when the program has to
-// speak to its user beside its own screen. Each has a connection of its own to the display and
-// touches no other window of the program; nothing that happens to the connection ends the program.
+// A window of the desktop with standard controls, for messages outside the program's own screen.
+// Each has a connection of its own to the display; no error of that connection ends the program.
 //
-//   CNativeWindow window({"Greeting", kNoClose, ENativeCursor::kArrow,
-//                         [](CNativeWindow& self, int) { self.PostQuitMessage(); }});
-//   if (window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption)) {
+//     CNativeWindow window({"Greeting", style, ENativeCursor::kArrow, onClick});
+//     window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption);
+//     window.SetDefaultFont();
 //     window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
-//     window.Show();
-//     window.RunMessageLoop();
-//   }
+//     window.Show();  // and then RunMessageLoop()
 class CNativeWindow {
  public:
   explicit CNativeWindow(SNativeWindowClass windowClass);
@@ -54,12 +51,12 @@ class CNativeWindow {
   CNativeWindow(const CNativeWindow&) = delete;
   CNativeWindow& operator=(const CNativeWindow&) = delete;
 
-  // Once. The box is that of the content, without the frame; the user can't change its size. False:
-  // there is no display, or it has refused; GetError() tells.
+  // Call it once. The box is that of the content, without the frame; the user can't change its
+  // size. False when there is no display or it fails; GetError() has the reason.
   bool Create(const std::string& title, const SBox& box, unsigned style);
-  // Gives window and controls the system's font for dialogs. False: the display has none.
+  // Sets the font of the controls; call it before they are shown. False when the display has none.
   bool SetDefaultFont();
-  // Answers the number by which the window knows the control.
+  // Returns the control's number.
   std::size_t AddControl(EControlKind kind, const std::string& text, const SBox& box, int id = 0,
                          unsigned style = 0);
   // How high a text is, with the font, in a static control of that width.
@@ -71,18 +68,18 @@ class CNativeWindow {
   const std::string& GetText(std::size_t control) const;
   void SetText(std::size_t control, const std::string& text);
 
-  // Handles what the user does until the quit message is posted, or the window is destroyed from
-  // outside. False: the connection was lost; GetError() tells.
+  // Handles input until the quit message is posted or the window is destroyed from outside. False
+  // when the connection was lost; GetError() has the reason.
   bool RunMessageLoop();
-  // Draws the window as it is now, for a procedure that is going to take long.
+  // Draws the window as it is now, before a procedure that takes long.
   void Refresh();
-  // Forgets what the user has done meanwhile, who could not know what came of such a procedure.
+  // Drops the input that came during such a procedure: the user could not see its result yet.
   void DropInput();
   void Destroy();
-  // Ends the message loop when the procedure comes back.
+  // Ends the message loop when the procedure returns.
   void PostQuitMessage();
 
-  // Why the last call answered false.
+  // Why the last call returned false.
   const std::string& GetError() const;
 
  private:

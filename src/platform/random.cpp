@@ -7,7 +7,7 @@ namespace vask::platform {
 namespace {
 
 // The sample generator of ISO C (C11, 7.22.2.2): a 32-bit linear congruence of which 15 bits are
-// used. The C library's own answers 31 bits here, which the formulas could not divide.
+// used. The C library's own returns 31 bits here, too many for the formulas.
 class CBuiltInSource : public IRandomSource {
  public:
   void Seed(unsigned seed) override { myState = seed; }

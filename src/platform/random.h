@@ -2,7 +2,7 @@
 
 namespace vask::platform {
 
-// The greatest value that Rand() answers; the game's formulas divide by it.
+// The greatest value that Rand() returns; the game's formulas divide by it.
 inline constexpr int kRandMax = 32767;
 
 // A source of pseudo-random numbers, 0 to kRandMax each.
@@ -19,8 +19,8 @@ int Rand();
 // Starts the current source again: equal seeds give equal sequences.
 void SeedRand(unsigned seed);
 
-// Replaces the source (not owned; null brings the built-in one back) and answers the one that was
-// installed, null for the built-in one.
+// Replaces the source (not owned; null restores the built-in one) and returns the one before, null
+// for the built-in one.
 IRandomSource* SetRandomSource(IRandomSource* source);
 
 }  // namespace vask::platform

@@ -17,7 +17,7 @@ struct SInternetAddress {
   std::uint32_t host = 0;  // 127.0.0.1 is 0x7F000001
 };
 
-// The first AF_INET address of a host that is given by its name or in digits; none when there is no
+// The first AF_INET address of a host, which is given by name or in digits; none when there is no
 // such host. Takes as long as the system's resolver does.
 std::optional<std::uint32_t> LookUpHost(const std::string& name);
 

@@ -50,8 +50,6 @@ constexpr SStartNumber kChunkSize{
 constexpr SStartNumber kMixChannels{4, " 5th start-up parameter (number_of_audio_channels)",
                                     "a number", 1, 256};
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 int Hold(const SStartNumber& number, int value) {
   const int held = std::clamp(value, number.least, number.most);
   return number.isPowerOfTwo ? static_cast<int>(std::bit_ceil(static_cast<unsigned>(held))) : held;

@@ -2,9 +2,10 @@
 
 #include "events/eventbridge.h"
 #include "gfx/sdl/video.h"
+#include "input/buttons.h"
+#include "input/cursorimages.h"
 #include "input/keyplaces.h"
 #include "kernel/kernel.h"
-#include "tasks/cursorimages.h"
 
 #include <utility>
 
@@ -27,17 +28,17 @@ int ToKey(const SDL_keysym& key) {
 int ToButton(int sdlButton) {
   switch (sdlButton) {
     case SDL_BUTTON_LEFT:
-      return 1;
+      return kLeftButton;
     case SDL_BUTTON_MIDDLE:
-      return 2;
+      return kMiddleButton;
     case SDL_BUTTON_RIGHT:
-      return 4;
+      return kRightButton;
     case SDL_BUTTON_WHEELUP:
-      return 8;
+      return kWheelUp;
     case SDL_BUTTON_WHEELDOWN:
-      return 16;
+      return kWheelDown;
     default:
-      return 0;
+      return kNoButton;
   }
 }
 

@@ -22,8 +22,6 @@ namespace {
 constexpr int kMaxIconSide = 32;
 constexpr int kDefaultPriority = 1000;
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 bool IsSet(const char* variable) {
   const char* value = std::getenv(variable);
   return value != nullptr && *value != '\0';

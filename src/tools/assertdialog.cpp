@@ -1,8 +1,8 @@
 #include "tools/assertdialog.h"
 
 #include "gfx/sdl/screenrelease.h"
-#include "platform/debugger.h"
 #include "platform/nativewindow.h"
+#include "platform/process.h"
 #include "tools/assertmail.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ CAssertDialog theDialog;
 constexpr const char* kDescriptionPrompt =
     "Write a little description on what happened and then press the mail button";
 
-// In pixels; what stands below the text, with a text that fits.
+// In pixels; what is below the text, with a text that fits.
 constexpr int kWidth = 350;
 constexpr int kHeight = 240;          // without variables
 constexpr int kGreatestHeight = 600;  // unless it takes more to show the variables
@@ -76,7 +76,7 @@ platform::SBox Lower(const platform::SBox& box, int by) {
   return {box.x, box.y + by, box.width, box.height};
 }
 
-// How much further down than given everything below a text of that height has to stand.
+// How far everything below a text of that height has to move down.
 int ShiftBelow(int textHeight, int windowHeight) {
   const int missing = textHeight - (kDescription.y - kText.y);
   return std::clamp(missing, 0, std::max(0, kGreatestHeight - windowHeight));

@@ -14,18 +14,17 @@ namespace platform {
 class CNativeWindow;
 }
 
-// Shows each failed assertion in a small window of its own, in which the developer sees what
-// failed, changes the watched variables, and goes on, breaks into the debugger, aborts, mails a
-// report, or wants to hear no more of this assertion or of any. The program stands still meanwhile.
-// The window is as high as the text of the failure needs; of one that would make it higher than 600
-// pixels, the wheel brings up the rest.
+// Shows each failed assertion in a small window, in which the developer sees what failed, changes
+// the watched variables, and continues, breaks into the debugger, aborts, mails a report, or
+// ignores this assertion or all. The program waits meanwhile. The window is as high as the text
+// needs, up to 600 pixels; the wheel scrolls the rest of a longer text.
 //
-// Where the window can't be shown, the log and the standard error stream tell of the assertion,
-// once for each place in the source, and the program goes on. An assertion that fails while another
-// one is shown is only logged.
+// Where the window can't be shown, the assertion is reported to the log and the standard error
+// stream, once for each place in the source, and the program continues. An assertion that fails
+// while another one is shown is only logged.
 class CAssertDialog : public IAssertHandler {
  public:
-  // Becomes the process's assert handler, and leaves that post.
+  // Installs itself as the process's assert handler, and uninstalls itself.
   CAssertDialog();
   ~CAssertDialog() override;
   CAssertDialog(const CAssertDialog&) = delete;
@@ -34,12 +33,12 @@ class CAssertDialog : public IAssertHandler {
   void OnAssertFailed(const CAssertion& assertion) override;
 
  private:
-  // Where in the source an assertion stands.
+  // The place of an assertion in the source.
   using Identity = std::pair<std::string, int>;
 
-  // Answers why it could not be shown; empty when it was.
+  // Returns why it could not be shown; empty when it was.
   std::string Show();
-  // Everything below the text stands so many pixels further down.
+  // Everything below the text is moved down by `shift` pixels.
   void AddControls(platform::CNativeWindow& window, const std::string& text, int shift);
   void AddVariables(platform::CNativeWindow& window, int y);
   void OnClick(platform::CNativeWindow& window, int button);

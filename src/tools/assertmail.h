@@ -6,10 +6,9 @@
 
 namespace vask {
 
-// Mails a report of the assertion, with the developer's own description behind it. Waits until it
-// is sent, within the limits of CMail. Answers the first line of what went wrong, which also stands
-// in the log; empty when nothing did. These variables of the application console are read, a pair
-// of quotes around them taken off:
+// Mails a report of the assertion, followed by the developer's description. Waits until it is sent,
+// within the limits of CMail. Returns the first line of the error, which is also logged; empty when
+// there was none. It reads these variables of the application console, without quotes around them:
 //
 //   mail_recipient  to whom; empty is an error
 //   mail_host       the mail host; empty: the recipient's domain

@@ -5,7 +5,7 @@
 
 namespace vask {
 
-// The bytes in the letters of RFC 2045, cut into lines of 76; no line end behind the last one.
+// The bytes in the alphabet of RFC 2045, in lines of 76 letters; no line end after the last one.
 std::string EncodeBase64(std::string_view bytes);
 
 }  // namespace vask

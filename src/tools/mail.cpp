@@ -175,7 +175,7 @@ bool CMail::Quit() {
     return false;
   }
   const ESocketResult goodbye = ReadReply(deadline);
-  // A slow host may be replies behind, and drops the mail when its reader is gone.
+  // A slow host may still be sending earlier replies, and drops the mail when its reader is gone.
   while (mySocket.Receive(myInput, deadline) == ESocketResult::kDone) {
   }
   return goodbye != ESocketResult::kTimeout || ReportError("Error on sending line: " + line);

@@ -19,14 +19,14 @@ struct SMailLimits {
 
 // Sends one mail over plain SMTP, straight to the recipient's mail host. Blocks meanwhile, within
 // its limits. The host's name and its replies are echoed to the standard output; errors go to the
-// log. No name, address, subject or file name can add a header or a command of its own. The text
-// goes out as it is, also to a host that has refused to take it.
+// log. No name, address, subject or file name can add a header or a command of its own. The replies
+// are not checked: the text is sent even if the host rejects the recipient.
 //
-//   CMail mail;
-//   mail.SetSender("Test program", "test@example.com");
-//   mail.SetSubject("It broke");
-//   mail.SetText("This is how:\n...");
-//   mail.Send("developer@example.com");
+//     CMail mail;
+//     mail.SetSender("Test program", "test@example.com");
+//     mail.SetSubject("It broke");
+//     mail.SetText("This is how");
+//     mail.Send("developer@example.com");
 class CMail {
  public:
   // A subject: one line.
@@ -65,10 +65,10 @@ class CMail {
   // The name by which this host introduces itself; "localhost" at start.
   void SetHelo(std::string_view name);
 
-  // Whether the whole dialogue took place; what the host answered is not checked. Sender and
-  // recipient need an "@" and may hold no blank, control character, "<" or ">".
+  // Whether the whole dialogue took place. Sender and recipient need an "@" and may hold no blank,
+  // control character, "<" or ">".
   bool Send(const std::string& recipient);
-  // The first line of what went wrong in the last Send(); empty when nothing did.
+  // The first line of the error of the last Send(); empty for none.
   const std::string& GetError() const { return myError; }
   // The last reply of the host, cut to the reply buffer's size.
   const std::string& GetReply() const { return myReply; }
@@ -95,12 +95,12 @@ class CMail {
   // Says goodbye and waits until the host has worked through everything and closes.
   bool Quit();
   platform::ESocketResult ReadReply(platform::Deadline deadline);
-  // Takes what has been received for the reply; false when it ends before the reply does.
+  // Moves what has been received to the reply; false when it ends before the reply does.
   bool TakeReply();
 
   // The deadline of a step that begins now.
   platform::Deadline StepDeadline() const;
-  // Answers false.
+  // Returns false.
   bool ReportError(const std::string& error);
 
   platform::CSocket mySocket;
@@ -119,7 +119,7 @@ class CMail {
   platform::Deadline myDeadline;  // of the whole
   std::string myInput;            // received, not yet taken for a reply
   std::size_t myColumn = 0;       // of the reply's line that is being read
-  bool myReplyGoesOn = false;     // a "-" stands behind the line's code
+  bool myReplyGoesOn = false;     // a "-" follows the line's code
   bool myReplyIsWhole = true;     // the next byte begins a new one
 };
 

@@ -7,7 +7,7 @@ namespace vask::tester {
 
 namespace {
 
-const CTaskTypeRegistrar<CTesterTask> ourRegistrar("unittest");
+const CTaskTypeRegistrar<CTesterTask> theRegistrar("unittest");
 
 }  // namespace
 

@@ -4,10 +4,9 @@
 
 namespace vask::tester {
 
-// Runs the program's self-tests once when it is started (task type "unittest"); the report stands
-// in the log. Starting another one runs them again.
-//
-//   starttask( unittest, selftest )
+// Runs the program's self-tests once when it is started (task type "unittest"), as by the console
+// line "starttask(unittest, selftest)"; the report is in the log. Starting another one runs them
+// again.
 class CTesterTask : public CTask {
  public:
   using CTask::Start;

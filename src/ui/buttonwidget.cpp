@@ -2,9 +2,12 @@
 
 #include "ui/gfxhandler.h"
 #include "ui/receivers.h"
+#include "ui/widgetfactory.h"
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CButtonWidget> theRegistrar("CButtonWidget");
 
 constexpr unsigned kDoubleClickTime = 300;  // in milliseconds
 

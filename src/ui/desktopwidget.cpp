@@ -1,14 +1,22 @@
 #include "ui/desktopwidget.h"
 
 #include "events/eventbridge.h"
+#include "input/buttons.h"
 #include "ui/receivers.h"
+#include "ui/widgetfactory.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
 
-constexpr std::int32_t kLeftButton = 1;
+// There is only one desktop: the maker returns that one, which does not belong to the caller.
+class CDesktopFactoryMaker : public IGenericMaker {
+ public:
+  CWidget* Create() override { return CDesktopWidget::GetSingletonPtr(); }
+};
+
+const CWidgetRegistrar<CDesktopWidget, CDesktopFactoryMaker> theRegistrar("CDesktopWidget");
 
 // Moves the span of a child into that of the desktop.
 int FitInto(int position, int extent, int desktopPosition, int desktopExtent) {

@@ -23,6 +23,8 @@ SReceivers& Receivers() {
 
 }  // namespace
 
+IEventBase::~IEventBase() { ForgetReceiver(this); }
+
 void SetFocus(CWidget* widget) {
   Receivers().focus = widget;
   Receivers().keyboard = widget;

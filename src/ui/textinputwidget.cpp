@@ -1,8 +1,10 @@
 #include "ui/textinputwidget.h"
 
 #include "gfx/text/textsprite.h"
+#include "input/keynames.h"
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
+#include "ui/widgetfactory.h"
 #include "utils/log/log.h"
 
 #include <algorithm>
@@ -10,9 +12,12 @@
 namespace vask::ui {
 namespace {
 
+const CWidgetRegistrar<CTextInputWidget> theRegistrar("CTextInputWidget");
+
 // The key symbols of the signals, in their order.
 constexpr std::array<std::int32_t, CTextInputWidget::kKeySignalCount> kSignalKeys = {
-    8, 13, 9, 273, 274, 276, 275, 127, 278, 279};
+    kBackspaceKey, kReturnKey, kTabKey,    kUpKey,   kDownKey,
+    kLeftKey,      kRightKey,  kDeleteKey, kHomeKey, kEndKey};
 
 // The text as it is drawn: what would lay it out, and so be invisible in one line, shows as the box
 // of a code that has no glyph.

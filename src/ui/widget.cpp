@@ -2,12 +2,15 @@
 
 #include "ui/gfxhandler.h"
 #include "ui/receivers.h"
+#include "ui/widgetfactory.h"
 #include "utils/assert.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CWidget> theRegistrar("CWidget");
 
 // A handler may delete the widget whose handler it is; a walk over its children knows of that. Or
 // the desktop, whose widgets stay in memory for a while, but nobody must hear of them any more.

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "designpatterns/singleton.h"
-#include "ui/widget.h"
 
 #include <map>
 #include <memory>
 #include <string>
 
 namespace vask::ui {
+
+class CWidget;
 
 class IGenericMaker {
  public:
@@ -22,17 +23,13 @@ class CGenericMakerImpl : public IGenericMaker {
   CWidget* Create() override { return new T; }
 };
 
-// There is only one desktop: it answers that one, which does not belong to the caller.
-class CDesktopFactoryMaker : public IGenericMaker {
- public:
-  CWidget* Create() override;
-};
-
-// Makes widgets by the names of their classes.
+// Makes widgets by the names of their classes, which register themselves and are not known here.
+//
+//     CWidget* const made = CWidgetFactory::GetSingletonPtr()->Create("CButtonWidget");
 class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
  public:
-  // The first registration of a name wins. Answers whether it was the first.
-  bool Register(const std::string& name, std::unique_ptr<IGenericMaker> maker);
+  // The first registration of a name wins.
+  void Register(const std::string& name, std::unique_ptr<IGenericMaker> maker);
   // What the maker of that name creates; null for an unknown name.
   CWidget* Create(const std::string& name) const;
 
@@ -40,11 +37,15 @@ class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
   std::map<std::string, std::unique_ptr<IGenericMaker>> myMakers;
 };
 
-// Registers the class T from a static initialiser.
-template <typename T>
-bool RegisterWidget(const std::string& name) {
-  return CWidgetFactory::GetSingletonPtr()->Register(name,
-                                                     std::make_unique<CGenericMakerImpl<T>>());
-}
+// Registers the widget class T from a static initialiser:
+//
+//     const CWidgetRegistrar<CLamp> theRegistrar("CLamp");
+template <typename T, typename Maker = CGenericMakerImpl<T>>
+class CWidgetRegistrar {
+ public:
+  explicit CWidgetRegistrar(const char* name) {
+    CWidgetFactory::GetSingletonPtr()->Register(name, std::make_unique<Maker>());
+  }
+};
 
 }  // namespace vask::ui

@@ -4,11 +4,14 @@
 #include "ui/gfxhandler.h"
 #include "ui/mouse.h"
 #include "ui/receivers.h"
+#include "ui/widgetfactory.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
+
+const CWidgetRegistrar<CWindowWidget> theRegistrar("CWindowWidget");
 
 constexpr int kBorderWidth = 3;
 // Along the border, this near to a corner, both of its edges are grabbed.

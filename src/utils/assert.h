@@ -11,7 +11,7 @@
 
 namespace vask {
 
-// A check that failed: what was expected where, and the variables that tell why it was not so.
+// A check that failed: what was expected where, and the variables that explain the failure.
 class CAssertion {
  public:
   CAssertion(std::string expression, std::string file, int line, std::string message = "")
@@ -30,7 +30,7 @@ class CAssertion {
   const std::string& GetExpression() const { return myExpression; }
   const std::string& GetFile() const { return myFile; }
   int GetLine() const { return myLine; }
-  // What the caller says of the failure, else the expression.
+  // The message of the check, or its expression where it has none.
   const std::string& GetMessage() const { return myMessage.empty() ? myExpression : myMessage; }
   const std::vector<std::unique_ptr<CVarRefBase>>& GetVariables() const { return myVariables; }
 
@@ -53,7 +53,7 @@ class CAssertion {
   std::vector<std::unique_ptr<CVarRefBase>> myVariables;
 };
 
-// Told of each failed assertion. When it returns, the failing code goes on.
+// Called for each failed assertion. When it returns, the failing code goes on.
 class IAssertHandler {
  public:
   virtual ~IAssertHandler() = default;
@@ -63,7 +63,7 @@ class IAssertHandler {
 // One for the process, not owned; null for none: then failures are only logged, as errors.
 void SetAssertHandler(IAssertHandler* handler);
 
-// While assertions are banned, failures are passed over in silence. Off at start.
+// While assertions are banned, failures are ignored. Off at start.
 void BanAsserts(bool ban);
 bool AreAssertsBanned();
 
@@ -79,8 +79,8 @@ void LogErrors(std::string_view text);
 
 }  // namespace vask
 
-// Checks the expression in every build. When it is false the developer is told, and the code behind
-// goes on: it has to be fit for that. A text to tell may follow the expression.
+// Checks the expression in every build. When it is false the failure is reported, and the code
+// after the check goes on: it must be able to. A message may follow the expression.
 #define VASK_ASSERT(expression, ...)                                                       \
   do {                                                                                     \
     if (!(expression)) {                                                                   \

@@ -7,8 +7,8 @@
 
 namespace vask {
 
-// Whether a name is that of something that can't be read like a file: a pipe lets the program wait
-// for ever, a device may have no end.
+// Whether the name is that of something that can't be read like a file: reading a pipe may block
+// forever, a device may have no end.
 inline bool IsEndless(const std::string& fileName) {
   std::error_code error;
   return std::filesystem::is_other(fileName, error);

@@ -8,7 +8,7 @@
 
 namespace vask {
 
-// Whether a name is that of something that lets the program wait for a reader, for ever perhaps.
+// Whether the name is that of something that blocks until there is a reader, perhaps forever.
 inline bool IsPipe(const std::string& fileName) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(fileName, error);

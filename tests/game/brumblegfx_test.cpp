@@ -15,11 +15,11 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
     bridge.SetIndex(8);
   }
   int SpawnKitten() override { return 8; }
-  void PushKitten(int, CVec2) override {}
+  void PushKitten(int, SVec2) override {}
   void Report(float x, float y, float angle = 0.0F) {
     bridge.Update(x, y, angle, 2.5F, 2.5F, 1, 0);
   }
-  CScreenPoint Place() const { return {bridge.GetSprite()->GetX(), bridge.GetSprite()->GetY()}; }
+  SScreenPoint Place() const { return {bridge.GetSprite()->GetX(), bridge.GetSprite()->GetY()}; }
 
   CGameLogic logic;
   CBrumbleGfx bridge{&logic};
@@ -28,7 +28,7 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
 // The very first report counts, though nothing has moved. Fractions drop after centring.
 TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
   // clang-format off
-  const std::pair<CVec2, CScreenPoint> cases[] = {
+  const std::pair<SVec2, SScreenPoint> cases[] = {
       {{0, 0}, {380, 280}}, {{0.25F, -0.6F}, {381, 276}}, {{-70, 0}, {-40, 280}}, {{-70.2F, 0}, {798, 598}},
       {{70, 0}, {800, 280}}, {{70.2F, 0}, {798, 598}}, {{0, 53.4F}, {380, 600}}, {{0, 53.6F}, {798, 598}},
       {{0, -53.6F}, {798, 598}}};
@@ -52,7 +52,7 @@ TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
     bridge.myHealth = step.health;
     bridge.SetAngularVelocity(step.spin);
     EXPECT_EQ(bridge.GetSprite()->GetName(), "data/gfx/kitten_0" + step.look + ".xml");
-    EXPECT_EQ(Place(), (CScreenPoint{440, 340}));
+    EXPECT_EQ(Place(), (SScreenPoint{440, 340}));
     EXPECT_NEAR(bridge.GetSprite()->GetRotation(), 270.0F, 0.01F);
   }
 }

@@ -13,7 +13,7 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
     ++spawned;
     return 8;
   }
-  void PushKitten(int index, CVec2 velocity) override {
+  void PushKitten(int index, SVec2 velocity) override {
     EXPECT_TRUE(index == 8 && velocity.x == -20.0F && velocity.y == -20.0F);
     ++pushed;
   }
@@ -67,7 +67,7 @@ TEST_F(RulesTest, DropsTenKittensOneByOneThenEndsAndBeginsAfresh) {
 TEST_F(RulesTest, SpinLadders) {
   // clang-format off
   const struct { int toucher; unsigned pause; std::vector<int> gains; std::string bonuses; } ladders[] = {
-      {kMonster, 250, {10, 20, 30, 40, 2050, 60, 70, 80, 90, 5100, 110}, "89"},
+      {kMonsterIndex, 250, {10, 20, 30, 40, 2050, 60, 70, 80, 90, 5100, 110}, "89"},
       {3, 350, {5, 10, 15, 20, 775, 5, 10, 15, 20, 775, 5}, "77"}};
   // clang-format on
   for (const auto& ladder : ladders) {
@@ -134,7 +134,7 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
   // Hits of 1000 points by the wall 3 come first. The second shot, never touched, is measured from
   // the middle.
   // clang-format off
-  const struct { int hits; CVec2 end; std::vector<int> touches; std::string bonuses; int points; } cases[] = {
+  const struct { int hits; SVec2 end; std::vector<int> touches; std::string bonuses; int points; } cases[] = {
       {0, {-49.9F, 0}, {}, "0", 500}, {0, {-50, 0}, {1}, "012", 8000},
       {0, {-30, -39}, {7, 0}, "06", 7500}, {0, {-30, -40}, {0, 7}, "01", 3500},
       {0, {0, 0}, {1, 7, 0}, "0", 500}, {0, {0, 0}, {7, 1, 7}, "0", 500}, {0, {0, 0}, {3, 7, 1}, "02", 5000},
@@ -163,7 +163,7 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
 // the count anew: a way of more than 1, also a creeping one, and a dip into the monster's reach.
 TEST_F(RulesTest, AKittenThatRestsOutOfReachIsPushedUntilItMovesOn) {
   // clang-format off
-  const struct { unsigned wait; CVec2 place; int pushes; } steps[] = {
+  const struct { unsigned wait; SVec2 place; int pushes; } steps[] = {
       {0, {59.4F, -62.5F}, 0}, {7999, {60.4F, -62.5F}, 0}, {1, {58.4F, -62.5F}, 1}, {4999, {59, -63}, 1},
       {1, {59, -62}, 2}, {5000, {59, -62}, 3}, {4999, {58, -61.5F}, 3}, {7999, {57.5F, -61.5F}, 3},
       {1, {57.3F, -61.5F}, 4}, {4999, {56.9F, -61.5F}, 4}, {7000, {56.9F, -55.3F}, 4},

@@ -6,7 +6,6 @@
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
-#include "tasks/debugcommands.h"
 #include "tasks/taskdebug.h"
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"

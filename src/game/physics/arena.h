@@ -3,15 +3,14 @@
 #include "game/physics/physicsbody.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 
 namespace brumble {
 
-// The pit and the numbers that its rules fix. World units, seconds and radians; y points downward,
-// and the screen shows x from -66.7 to 66.7 and y from -50 to 50.
+// The arena and the numbers that its rules fix. World units, seconds and radians; y points
+// downward, and the screen shows x from -66.7 to 66.7 and y from -50 to 50 (screentransform.h).
 
-struct CArenaBody {
+struct SArenaBody {
   std::int32_t shape;
   float halfWidth;
   float halfHeight;
@@ -21,14 +20,16 @@ struct CArenaBody {
   std::int32_t kind;
 };
 
-inline constexpr std::size_t kDoorIndex = 2;
-inline constexpr std::size_t kMonsterIndex = 7;
-inline constexpr std::size_t kFirstKittenIndex = 8;
+// Body indices.
+inline constexpr int kRightWallIndex = 1;
+inline constexpr int kDoorIndex = 2;
+inline constexpr int kMonsterIndex = 7;
+inline constexpr int kFirstKittenIndex = 8;  // every body from here on is a kitten
 
 inline constexpr float kDoorShutY = -25.0F;
 inline constexpr float kDoorOpenY = -45.0F;
 
-inline constexpr std::array<CArenaBody, kFirstKittenIndex> kArena = {{
+inline constexpr std::array<SArenaBody, kFirstKittenIndex> kArena = {{
     {kBox, 8.0F, 30.0F, -60.0F, 25.0F, 0.03F, kStatic},       // left wall, lower part
     {kBox, 7.0F, 90.0F, 60.0F, 30.0F, 0.02F, kStatic},        // right wall
     {kBox, 7.0F, 25.0F, -65.0F, kDoorShutY, -0.1F, kStatic},  // oven door in the left wall
@@ -61,7 +62,7 @@ inline constexpr float kSpawnY = -50.0F;
 inline constexpr float kSpawnWidth = 100.0F;
 inline constexpr float kSpawnLeft = -50.0F;
 
-// A body that has been reset: a circle that waits beside the others.
+// A body that has been reset: a circle beside the others.
 inline constexpr float kResetRadius = 2.2F;
 inline constexpr float kResetMassBase = 3.1F;
 inline constexpr float kResetMassSpread = 0.10000014F;

@@ -9,63 +9,67 @@
 
 namespace brumble {
 
-// The tests of one shape against another: shapes in, contact data out, no world needed. Each
-// answers nothing when the shapes do not touch. Normals point from B towards A, where A is the
-// first shape.
+// The narrow phase: exact tests of one shape against another. Shapes in, contact data out, no world
+// needed. Each returns nothing when the shapes do not touch. Normals point from B towards A, where
+// A is the first shape.
 
 // The unit vector at the angle: a box's own x axis.
-CVec2 Direction(float angle);
+SVec2 Direction(float angle);
 
-// A box with what the tests would else work out anew for each pair. A caller that tests one box
-// against many makes it once; both forms of the tests give the same bits.
-struct COrientedBox {
-  COrientedBox() = default;
-  COrientedBox(CVec2 position, CVec2 halfExtents, CVec2 axis0)
+// A box with its axes and projections, which a caller that tests one box against many computes
+// once. Both forms of the tests give the same bits.
+struct SOrientedBox {
+  SOrientedBox() = default;
+  SOrientedBox(SVec2 position, SVec2 halfExtents, SVec2 axis0)
       : centre(position), half(halfExtents), axis{{axis0, {-axis0.y, axis0.x}}} {
-    ownShadow = {ShadowOn(axis[0]), ShadowOn(axis[1])};
+    ownRadius = {ProjectedRadius(axis[0]), ProjectedRadius(axis[1])};
   }
 
-  // Half the length of the box's shadow on the axis.
-  float ShadowOn(CVec2 u) const {
+  // Half the length of the box's projection on the unit vector.
+  float ProjectedRadius(SVec2 u) const {
     return std::abs(Dot(axis[0], u)) * half.x + std::abs(Dot(axis[1], u)) * half.y;
   }
-  // Bit 0 of the number is the side along axis 0, bit 1 the side along axis 1.
-  CVec2 Corner(std::size_t number) const;
+  // Bit 0 of the number selects the side along axis 0, bit 1 the side along axis 1.
+  SVec2 Corner(std::size_t number) const;
 
-  CVec2 centre;
-  CVec2 half;
-  std::array<CVec2, 2> axis = {{{1.0F, 0.0F}, {0.0F, 1.0F}}};
-  // On its own axes: nearly the half extents, but for rounding.
-  std::array<float, 2> ownShadow = {};
+  SVec2 centre;
+  SVec2 half;
+  std::array<SVec2, 2> axis = {{{1.0F, 0.0F}, {0.0F, 1.0F}}};
+  // The projected radius on its own axes: the half extents, but for rounding.
+  std::array<float, 2> ownRadius = {};
 };
 
-struct CPointPair {
-  CVec2 pointA;
-  CVec2 pointB;
+struct SPointPair {
+  SVec2 pointA;
+  SVec2 pointB;
 };
 
-struct CTouch {
-  CPointPair points;
-  CVec2 normal;
+struct STouch {
+  SPointPair points;
+  SVec2 normal;
 };
 
-struct CBoxTouch {
-  std::array<CPointPair, 2> points;
-  CVec2 normal;  // shared by both points
+struct SBoxTouch {
+  std::array<SPointPair, 2> points;
+  SVec2 normal;  // shared by both points
   int count = 0;
 };
 
-// Circles of which one has its centre inside the other do not touch.
-std::optional<CTouch> CircleCircle(CVec2 posA, float radiusA, CVec2 posB, float radiusB);
+// Circles do not touch when the centre of one is inside the other.
+std::optional<STouch> CircleCircle(SVec2 posA, float radiusA, SVec2 posB, float radiusB);
 
 // A is the circle. A centre inside the box is a touch with a zero normal.
-std::optional<CTouch> CircleBox(CVec2 circle, float radius, CVec2 box, CVec2 half, float angle);
-std::optional<CTouch> CircleBox(CVec2 circle, float radius, const COrientedBox& box);
+std::optional<STouch> CircleBox(SVec2 circle, float radius, SVec2 box, SVec2 half, float angle);
+std::optional<STouch> CircleBox(SVec2 circle, float radius, const SOrientedBox& box);
 
-// One or two points: the corners of one box that stick into the face of the other along the axis of
-// least penetration. Three such corners are no touch.
-std::optional<CBoxTouch> BoxBox(CVec2 posA, CVec2 halfA, float angleA, CVec2 posB, CVec2 halfB,
+// The separating axis test over the four face normals (S. Gottschalk, M. C. Lin and D. Manocha,
+// "OBBTree: A Hierarchical Structure for Rapid Interference Detection", SIGGRAPH 1996) finds the
+// axis of least penetration. Reference-face clipping (E. Catto, "Fast and Simple Physics using
+// Sequential Impulses", GDC 2006) then makes one or two points: the corners of the other box that
+// are inside the face of the box that owns the axis, clipped to its sides. Three such corners are
+// no touch.
+std::optional<SBoxTouch> BoxBox(SVec2 posA, SVec2 halfA, float angleA, SVec2 posB, SVec2 halfB,
                                 float angleB);
-std::optional<CBoxTouch> BoxBox(const COrientedBox& a, const COrientedBox& b);
+std::optional<SBoxTouch> BoxBox(const SOrientedBox& a, const SOrientedBox& b);
 
 }  // namespace brumble

@@ -12,17 +12,17 @@ namespace brumble {
 struct CContact {
   CPhysicsBody* bodyA = nullptr;
   CPhysicsBody* bodyB = nullptr;
-  CVec2 pointA;
-  CVec2 pointB;
-  CVec2 normal;  // unit length, from B towards A; zero when no direction can be told
-  CVec2 point;   // midway between pointA and pointB, where impulses act
+  SVec2 pointA;
+  SVec2 pointB;
+  SVec2 normal;  // unit length, from B towards A; zero when no direction can be told
+  SVec2 point;   // midway between pointA and pointB, where impulses act
 };
 
 // No pair is examined in a step once so many contacts exist.
 inline constexpr std::size_t kMaxContacts = 20000;
 
 // The contacts of one step, in the order in which they were found. The last pair that is examined
-// may bring two contacts, so there is room for one beyond the limit.
+// may add two contacts, so the capacity is one more than the limit.
 class CContactBuffer {
  public:
   void Clear() { myCount = 0; }

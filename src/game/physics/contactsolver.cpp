@@ -7,18 +7,18 @@ constexpr int kMaxVisits = 200;  // of contacts in a step, over all passes
 constexpr float kRestitution = 1.0F;
 constexpr float kImpulseLoss = 0.9F;  // at each body in turn, so the second one gets 0.81
 
-CVec2 VelocityAt(const CPhysicsBody& body, CVec2 arm) {
+SVec2 VelocityAt(const CPhysicsBody& body, SVec2 arm) {
   return {body.vx - body.angularVelocity * arm.y, body.vy + body.angularVelocity * arm.x};
 }
 
-// How readily the body gives way to an impulse along `n` at the end of `arm`, besides its mass.
-float TurningShare(const CPhysicsBody& body, CVec2 arm, CVec2 n) {
+// The angular part of the inverse effective mass, for an impulse along `n` at the end of `arm`.
+float AngularInverseMass(const CPhysicsBody& body, SVec2 arm, SVec2 n) {
   const float lever = Cross(arm, n);
   return body.invInertia * (lever * lever);
 }
 
-// Scales the impulse in place and gives the body what is left of it.
-void ApplyImpulse(CPhysicsBody& body, const CPhysicsBody& other, CVec2 arm, CVec2& impulse) {
+// Scales the impulse in place, then applies it.
+void ApplyImpulse(CPhysicsBody& body, const CPhysicsBody& other, SVec2 arm, SVec2& impulse) {
   impulse = impulse * kImpulseLoss;
   if (body.bridge != nullptr) {
     body.bridge->OnImpact(LengthSquared(impulse), other.bridge.get());
@@ -28,20 +28,21 @@ void ApplyImpulse(CPhysicsBody& body, const CPhysicsBody& other, CVec2 arm, CVec
   body.angularVelocity += Cross(arm, impulse) * body.invInertia;
 }
 
-// Whether the bodies were approaching and an impulse was needed.
+// Returns whether the bodies were approaching, so that it applied an impulse.
 bool ResolveContact(const CContact& contact) {
   CPhysicsBody& a = *contact.bodyA;
   CPhysicsBody& b = *contact.bodyB;
-  const CVec2 n = contact.normal;
-  const CVec2 armA = contact.point - CVec2{a.x, a.y};
-  const CVec2 armB = contact.point - CVec2{b.x, b.y};
+  const SVec2 n = contact.normal;
+  const SVec2 armA = contact.point - SVec2{a.x, a.y};
+  const SVec2 armB = contact.point - SVec2{b.x, b.y};
   const float approach = Dot(n, VelocityAt(a, armA) - VelocityAt(b, armB));
   if (!(approach < 0.0F)) {
     return false;
   }
-  const float yield = a.invMass + b.invMass + TurningShare(a, armA, n) + TurningShare(b, armB, n);
-  const float magnitude = -(1.0F + kRestitution) * approach / yield;
-  CVec2 impulse = n * magnitude;
+  const float inverseMass =
+      a.invMass + b.invMass + AngularInverseMass(a, armA, n) + AngularInverseMass(b, armB, n);
+  const float magnitude = -(1.0F + kRestitution) * approach / inverseMass;
+  SVec2 impulse = n * magnitude;
   ApplyImpulse(a, b, armA, impulse);
   impulse = -impulse;
   ApplyImpulse(b, a, armB, impulse);

@@ -4,9 +4,11 @@
 
 namespace brumble {
 
-// Takes the approaching velocity out of the contacts with impulses, in passes over the buffer until
-// one finds nothing left to do, and with a budget of visits that bounds the work whatever the
-// number of contacts. Each body's bridge hears of an impulse before the body's velocity changes.
+// Sequential impulses (E. Catto, "Fast and Simple Physics using Sequential Impulses", GDC 2006):
+// each contact in turn gets the impulse that takes its approaching velocity out, in passes over the
+// buffer until one applies none. A limit of visits bounds the work. The impulse is that of C.
+// Hecker, "Physics, Part 3: Collision Response", Game Developer 1997. A body's bridge is told of an
+// impulse before the body's velocity changes.
 void ResolveContacts(const CContactBuffer& contacts);
 
 }  // namespace brumble

@@ -2,9 +2,9 @@
 
 namespace brumble {
 
-// What the rules of the game hear from the physics while the world reports a step. Installed with
-// CPhysicsWorld::SetGameLogicReceiver; without one nobody is told, and the world runs on all the
-// same. A callback may add bodies to the world; those are reported in the same step.
+// The events that the world reports to the game's rules during a step. Installed with
+// CPhysicsWorld::SetGameLogicReceiver; the world also runs without one. A callback may add bodies
+// to the world; they are reported in the same step.
 class IGameLogicReceiver {
  public:
   virtual ~IGameLogicReceiver() = default;

@@ -7,9 +7,9 @@
 
 namespace brumble {
 
-enum BodyShape : std::int32_t { kCircle = 0, kBox = 1 };
+enum EBodyShape : std::int32_t { kCircle = 0, kBox = 1 };
 
-enum BodyKind : std::int32_t {
+enum EBodyKind : std::int32_t {
   kDynamic = 0,  // falls
   kStatic = 1,   // never moves
   kDriven = 4,   // does not fall; follows the mouse, but impulses move it too

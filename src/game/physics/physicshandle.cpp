@@ -1,23 +1,25 @@
 #include "game/physics/physicshandle.h"
 
+#include "game/physics/screentransform.h"
+
 namespace brumble {
 namespace {
 
-// One axis of the way from the mouse to the world: the screen's range is squeezed by `squeeze` and
-// moved by `margin` pixels, then put through the screen's transform backwards.
-struct CMouseAxis {
+// One axis of the way from the mouse to the world: the pointer's range is multiplied by `squeeze`
+// and moved by `margin` pixels; the inverse of the screen transform does the rest.
+struct SMouseAxis {
   float squeeze;
   float margin;
   float offset;
+  float scale;
 };
 
-constexpr CMouseAxis kMouseX = {0.71375F, 113.0F, 400.0F};
-constexpr CMouseAxis kMouseY = {0.93333334F, 20.0F, 300.0F};
-constexpr float kPixelsPerUnit = 6.0F;
+constexpr SMouseAxis kMouseX = {0.71375F, 113.0F, kScreenOffset.x, kScreenScale.x};
+constexpr SMouseAxis kMouseY = {0.93333334F, 20.0F, kScreenOffset.y, kScreenScale.y};
 constexpr float kMouseReachTime = 0.05F;  // seconds in which the monster should be there
 
-float ToWorld(int pixel, const CMouseAxis& axis) {
-  return (static_cast<float>(pixel) * axis.squeeze + axis.margin - axis.offset) / kPixelsPerUnit;
+float ToWorld(int pixel, const SMouseAxis& axis) {
+  return (static_cast<float>(pixel) * axis.squeeze + axis.margin - axis.offset) / axis.scale;
 }
 
 }  // namespace
@@ -41,7 +43,7 @@ void CPhysicsHandle::Step(unsigned milliseconds) {
 
 int CPhysicsHandle::SpawnKitten() { return myWorld != nullptr ? myWorld->SpawnKitten() : 0; }
 
-void CPhysicsHandle::PushKitten(int index, CVec2 velocity) {
+void CPhysicsHandle::PushKitten(int index, SVec2 velocity) {
   if (myWorld != nullptr) {
     myWorld->SetKittenVelocity(index, velocity);
   }

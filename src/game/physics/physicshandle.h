@@ -7,7 +7,7 @@
 
 namespace brumble {
 
-// The game task's owner of the world: it speaks screen pixels and milliseconds, the world speaks
+// The game task's owner of the world: takes screen pixels and milliseconds, where the world takes
 // world units and seconds. A handle that has been moved from has no world and does nothing.
 class CPhysicsHandle {
  public:
@@ -17,9 +17,9 @@ class CPhysicsHandle {
   // that the monster stays inside the walls.
   void SetMousePosition(int x, int y);
   void Step(unsigned milliseconds);
-  // Answers the new body's index, 0 without a world.
+  // Returns the new body's index, 0 without a world.
   int SpawnKitten();
-  void PushKitten(int index, CVec2 velocity);
+  void PushKitten(int index, SVec2 velocity);
   void ResetWorld();
 
   // Null without a world.

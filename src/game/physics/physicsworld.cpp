@@ -19,7 +19,7 @@ float Random(float range) {
          static_cast<float>(vask::platform::kRandMax);
 }
 
-void PlaceAsInArena(CPhysicsBody& body, const CArenaBody& place) {
+void PlaceAsInArena(CPhysicsBody& body, const SArenaBody& place) {
   body.shape = place.shape;
   body.halfWidth = place.halfWidth;
   body.halfHeight = place.halfHeight;
@@ -94,8 +94,8 @@ int CPhysicsWorld::SpawnKitten() {
   return GetBodyCount() - 1;
 }
 
-void CPhysicsWorld::SetKittenVelocity(int index, CVec2 velocity) {
-  if (index < static_cast<int>(kFirstKittenIndex) || index >= GetBodyCount()) {
+void CPhysicsWorld::SetKittenVelocity(int index, SVec2 velocity) {
+  if (index < kFirstKittenIndex || index >= GetBodyCount()) {
     return;
   }
   CPhysicsBody& kitten = myBodies[static_cast<std::size_t>(index)];
@@ -105,7 +105,7 @@ void CPhysicsWorld::SetKittenVelocity(int index, CVec2 velocity) {
 
 void CPhysicsWorld::SetPlayerTarget(float x, float y, float t) {
   CPhysicsBody& monster = myBodies[kMonsterIndex];
-  CVec2 velocity = {(x - monster.x) / t, (y - monster.y) / t};
+  SVec2 velocity = {(x - monster.x) / t, (y - monster.y) / t};
   if (IsFast(velocity.x) || IsFast(velocity.y)) {
     const float wanted = Length(velocity);
     const float growth = 1.0F - std::exp(-kMonsterSpeedGrowth * wanted);
@@ -181,8 +181,8 @@ void CPhysicsWorld::Integrate(float dt) {
   }
 }
 
-// Walks by position and looks each body up again after every call to the outside, since a callback
-// may add bodies and so move the array.
+// Walks by index and looks each body up again after every callback, which may add bodies and so
+// move the array.
 void CPhysicsWorld::ReportAndRemove() {
   for (std::size_t i = 0; i < myBodies.size();) {
     if (myBodies[i].bridge != nullptr) {
@@ -217,7 +217,7 @@ void CPhysicsWorld::DamageBySpin(std::size_t index) {
   }
 }
 
-// Tells the game of a kitten that has left and takes it out of the world.
+// Reports a kitten that has left to the game and removes it from the world.
 bool CPhysicsWorld::RemoveIfOutside(std::size_t index) {
   const CPhysicsBody& body = myBodies[index];
   if (index < kFirstKittenIndex || body.kind == kStatic) {

@@ -12,24 +12,24 @@
 
 namespace brumble {
 
-// The pit: walls, oven door, the monster that the mouse drives, and the kittens, advanced in small
-// steps. Each step moves the bodies, resolves their contacts, and reports every body to its bridge
-// and every kitten that leaves to the game logic. Holds about a megabyte of contacts by value, so
-// it belongs on the heap.
+// The arena: walls, oven door, the monster that the mouse drives, and the kittens, advanced in
+// small steps. Each step moves the bodies, resolves their contacts, reports every body to its
+// bridge, and every kitten that leaves to the game logic. Holds about a megabyte of contacts by
+// value, so it belongs on the heap.
 //
-//   auto world = std::make_unique<CPhysicsWorld>();
-//   world->SetUp();
-//   const int kitten = world->SpawnKitten();
-//   world->SetPlayerTarget(10.0F, -5.0F, 0.05F);
-//   world->Step(0.015F);
+//     auto world = std::make_unique<CPhysicsWorld>();
+//     world->SetUp();
+//     const int kitten = world->SpawnKitten();
+//     world->SetPlayerTarget(10.0F, -5.0F, 0.05F);
+//     world->Step(0.015F);
 class CPhysicsWorld {
  public:
-  // Eight zeroed bodies stand in for the arena until SetUp.
+  // Starts with eight zeroed bodies; SetUp makes the arena of them.
   CPhysicsWorld();
   CPhysicsWorld(const CPhysicsWorld&) = delete;
   CPhysicsWorld& operator=(const CPhysicsWorld&) = delete;
 
-  // Not owned; null for bodies without bridges. Bodies that exist already keep what they have.
+  // Not owned; null for bodies without bridges. Existing bodies keep their bridges.
   void SetBridgeFactory(IPhysicsGfxBridgeFactory* factory) { myBridgeFactory = factory; }
   // Seeds the random numbers from the clock, resets every body and builds the arena. Kittens are
   // reset, not removed, and the door-open flag stays as it is.
@@ -38,12 +38,12 @@ class CPhysicsWorld {
   // other callbacks may.
   void Step(float dt);
   void AddKittenBody(float x, float y, float vx, float vy);
-  // Drops a kitten at rest from a random place at the top; answers its index.
+  // Adds a kitten at rest at a random place at the top; returns its index.
   int SpawnKitten();
-  // Nothing for an index that is no kitten's; its spin stays as it is.
-  void SetKittenVelocity(int index, CVec2 velocity);
-  // Sets the monster's velocity so that it would reach the world point in `t` seconds, or slower
-  // when that is far: the speed tends to a limit.
+  // Does nothing for an index that is no kitten's. The spin stays as it is.
+  void SetKittenVelocity(int index, SVec2 velocity);
+  // Sets the monster's velocity so that it reaches the world point in `t` seconds; when that is far
+  // away, later, because the speed tends to a limit.
   void SetPlayerTarget(float x, float y, float t);
   int GetBodyCount() const { return static_cast<int>(myBodies.size()); }
 

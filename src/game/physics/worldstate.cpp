@@ -2,8 +2,8 @@
 
 namespace brumble {
 
-CWorldState& WorldState() {
-  static CWorldState state;
+SWorldState& WorldState() {
+  static SWorldState state;
   return state;
 }
 

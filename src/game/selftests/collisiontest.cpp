@@ -29,7 +29,7 @@ bool TestCollision(vask::tester::STest& test) {
   const auto contacts = std::make_unique<CContactBuffer>();
   generator.Generate(bodies, *contacts);
   VASK_TEST_ASSERT(test, contacts->GetCount() == 1, std::to_string(contacts->GetCount()));
-  const CVec2 normal = contacts->begin()->normal;
+  const SVec2 normal = contacts->begin()->normal;
   VASK_TEST_ASSERT(test, normal.x == -1.0F && normal.y == 0.0F, std::to_string(normal.x));
 
   ResolveContacts(*contacts);
@@ -41,7 +41,7 @@ bool TestCollision(vask::tester::STest& test) {
   return false;
 }
 
-const vask::tester::CTestRegistrar ourRegistrar(&TestCollision, "Collision", __FILE__);
+const vask::tester::CTestRegistrar theRegistrar(&TestCollision, "Collision", __FILE__);
 
 }  // namespace
 }  // namespace brumble

@@ -1,6 +1,7 @@
 #include "gfx/animation/animatedsprite.h"
 
 #include "gfx/animation/animationupdator.h"
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -11,7 +12,9 @@
 namespace vask {
 namespace {
 
-// The farthest due time that a comparison of wrapping times still takes for the future.
+const CSpriteTypeRegistrar theRegistrar(kAnimatedSprite, NewSprite<CAnimatedSprite>);
+
+// The longest wait that a comparison of wrapping times still takes for the future.
 constexpr int kLongestWait = std::numeric_limits<int>::max() / 2;
 constexpr double kTimeRange = 4294967296.0;  // times wrap there
 
@@ -26,7 +29,7 @@ CAnimatedSprite::~CAnimatedSprite() {
   }
 }
 
-int CAnimatedSprite::GetTypeId() const { return kAnimated; }
+int CAnimatedSprite::GetTypeId() const { return kAnimatedSprite.number; }
 
 void CAnimatedSprite::Serialize(CXmlContext& xml) {
   CSprite::Serialize(xml);
@@ -56,18 +59,17 @@ void CAnimatedSprite::Serialize(CXmlContext& xml) {
   }
 }
 
-// Takes the animations in their order, whatever stands between them.
+// Reads the animations in their order; other elements between them are skipped.
 void CAnimatedSprite::ReadAnimations(const CXmlContext& xml) {
-  const CXmlElement* element = xml.GetCurrent();
-  for (int i = 0; element != nullptr && i < element->GetChildCount(); ++i) {
-    CXmlElement* child = element->GetChild(i);
-    if (child->GetName() == "Animation") {
-      auto animation = std::make_unique<CAnimation>();
-      CXmlContext context(child, CXmlContext::kReading, xml.GetFileName());
-      animation->Serialize(context);
-      AddAnimation(std::move(animation));
-    }
+  if (xml.GetCurrent() == nullptr) {
+    return;
   }
+  xml.GetCurrent()->ForEachChild("Animation", [&](CXmlElement& child) {
+    auto animation = std::make_unique<CAnimation>();
+    CXmlContext context(&child, CXmlContext::kReading, xml.GetFileName());
+    animation->Serialize(context);
+    AddAnimation(std::move(animation));
+  });
 }
 
 void CAnimatedSprite::WriteAnimations(CXmlContext& xml) {
@@ -137,7 +139,7 @@ int CAnimatedSprite::GetWait(unsigned now) const {
   return static_cast<int>(myLastTime + static_cast<unsigned>(RealTime(clockWait)) - now);
 }
 
-// How long the scheduler's clock takes until the sprite's clock has advanced that much.
+// How much time passes on the scheduler's clock while the sprite's clock advances that much.
 int CAnimatedSprite::RealTime(int clockTime) const {
   if (clockTime <= 0 || myTimeMultiply == 1.0F) {
     return clockTime;

@@ -12,8 +12,8 @@ namespace vask {
 // A sprite with named animations. While it plays, the scheduler (CAnimationUpdator) wakes it
 // whenever its current frame is due; without a current animation, at a fixed interval.
 //
-//   CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("data/gfx/flame.xml"));
-//   flame->PlayAnimation("burn");
+//     const CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("flame.xml"));
+//     flame->PlayAnimation("burn");
 class CAnimatedSprite : public CSprite {
  public:
   CAnimatedSprite() = default;
@@ -21,8 +21,8 @@ class CAnimatedSprite : public CSprite {
 
   int GetTypeId() const override;
   void Serialize(CXmlContext& xml) override;
-  // Plays the first animation of that name from its start, or goes on when it is playing already.
-  // An unknown name starts the current animation again.
+  // Plays the first animation of that name from its start; does nothing when it is already playing.
+  // An unknown name restarts the current animation.
   void PlayAnimation(const std::string& name) override;
 
   void AddAnimation(std::unique_ptr<CAnimation> animation);
@@ -32,8 +32,8 @@ class CAnimatedSprite : public CSprite {
   bool IsPlaying() const { return myPlay; }
   // The frame of the current animation.
   unsigned GetCurrentFrame() const { return myCurrentFrame; }
-  // The speed of the sprite's clock against the scheduler's: 2 is twice as fast, 0 stands still.
-  // Other than finite factors from 0 are ignored.
+  // The speed of the sprite's clock relative to the scheduler's: 2 is twice as fast, 0 stops it.
+  // Negative and infinite factors and NaN are ignored.
   void SetTimeMultiply(float factor);
 
   // For the scheduler. Milliseconds from `now` until the sprite is due; not above 0 when it is.
@@ -55,7 +55,7 @@ class CAnimatedSprite : public CSprite {
   unsigned myCurrentFrame = 0;
   bool myStarted = false;   // whether the clock runs
   unsigned myTime = 0;      // the sprite's clock, in its own milliseconds
-  double myTimeRest = 0.0;  // what the clock has not yet counted of a millisecond
+  double myTimeRest = 0.0;  // the fraction of a millisecond that myTime lacks
   unsigned myLastTime = 0;  // the scheduler's time at the last tick
   unsigned myMinimumUpdateTime = 250;
   bool myPlay = false;

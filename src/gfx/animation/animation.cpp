@@ -71,12 +71,8 @@ void CAnimation::Serialize(CXmlContext& xml) {
   }
   myName = element->GetAttribute("name").ToString();
   ReadFromText(element->GetAttribute("loop").ToString(), myLoop);
-  for (int i = 0; i < element->GetChildCount(); ++i) {
-    CXmlElement* child = element->GetChild(i);
-    if (child->GetName() == "Frame") {
-      AddFrame(ReadFrame(*child, xml.GetFileName()));
-    }
-  }
+  element->ForEachChild("Frame",
+                        [&](CXmlElement& child) { AddFrame(ReadFrame(child, xml.GetFileName())); });
 }
 
 }  // namespace vask

@@ -11,7 +11,7 @@ namespace vask {
 class CSprite;
 class CXmlContext;
 
-// A named list of frames and where playing has come to. Times are milliseconds on the clock of the
+// A named list of frames and the state of its playback. Times are milliseconds on the clock of the
 // sprite that plays it.
 class CAnimation {
  public:
@@ -28,13 +28,13 @@ class CAnimation {
   // When the sprite is due again; the last tick for an animation without frames.
   unsigned GetDueTime() const;
 
-  // The sprite's clock starts: no time has passed on the current frame.
+  // The sprite's clock starts; no time has passed on the current frame.
   void Start(unsigned time);
-  // Goes to the frame unless it is the current one (an index past the end is frame 0) and answers
-  // the current frame. Only with frames.
+  // Makes the frame the current one (an index past the end is frame 0) and returns it. Only for an
+  // animation with frames.
   IFrame& Select(unsigned frame, unsigned time);
-  // After the current frame was applied, and has answered whether it is over: stays on it, goes on
-  // and shows the next one, or ends on the last one.
+  // To be called after the current frame was applied, with what it returned: stays on it, shows the
+  // next one, or ends on the last one.
   EStep Step(CSprite* sprite, bool isOver, unsigned time);
 
   void Serialize(CXmlContext& xml);

@@ -10,7 +10,13 @@
 
 namespace vask {
 
-CAnimationUpdator::CAnimationUpdator() = default;
+CAnimationUpdator::CAnimationUpdator() {
+  CSprite::SetDeathHook([](const CSprite* sprite) {
+    if (CAnimationUpdator* updator = PeekSingletonPtr()) {
+      updator->DropAnimatorsOf(sprite);
+    }
+  });
+}
 
 CAnimationUpdator::~CAnimationUpdator() {
   while (!myAnimators.IsEmpty()) {
@@ -34,7 +40,7 @@ void CAnimationUpdator::UpdateAnimators(unsigned time) {
     myRunningDropped = false;
     animator->Update(time);
     if (std::exchange(myRunning, nullptr) == nullptr) {
-      return;  // it has deleted itself; the others wait for the next frame
+      return;  // it has deleted itself: this frame updates no others
     }
     if (myRunningDropped || animator->IsFinished()) {
       delete animator;
@@ -42,8 +48,8 @@ void CAnimationUpdator::UpdateAnimators(unsigned time) {
   }
 }
 
-// A sprite's frames may start, stop and delete any sprite: those that were due when the pass began
-// are ticked, each once, unless they have left.
+// A sprite's frames may start, stop and delete any sprite: each sprite that was due when the pass
+// began is ticked once, unless it has been removed meanwhile.
 void CAnimationUpdator::UpdateSprites(unsigned time) {
   std::vector<CAnimatedSprite*> due;
   for (CAnimatedSprite* sprite : mySprites.Items()) {

@@ -9,9 +9,12 @@ class CAnimatedSprite;
 class CSprite;
 class IExternalAnimator;
 
-// The scheduler of everything that moves by itself: animated sprites (not owned), woken when their
-// frame is due, and external animators (owned), updated every frame until they have finished.
-// Updates may add, remove and delete sprites and animators.
+// The scheduler of animations: of animated sprites (not owned), woken when their frame is due, and
+// of external animators (owned), updated every frame until they have finished. Updates may add,
+// remove and delete sprites and animators.
+//
+//     CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
+//     updator.Update(time);  // once a frame
 class CAnimationUpdator : public CStaticSingleton<CAnimationUpdator> {
  public:
   CAnimationUpdator();
@@ -24,15 +27,14 @@ class CAnimationUpdator : public CStaticSingleton<CAnimationUpdator> {
   // The time of the last update.
   unsigned GetTime() const { return myTime; }
 
-  // A playing sprite is held once, in the order of due times.
+  // The sprites that are playing; adding one again sorts it in by its new due time.
   void Add(CAnimatedSprite* sprite);
   void Remove(CAnimatedSprite* sprite);
 
-  // Animators enter and leave by themselves; from then on they belong to the scheduler.
+  // Called by the animators' constructor and destructor; the scheduler owns them in between.
   void AddAnimator(IExternalAnimator* animator);
   void RemoveAnimator(IExternalAnimator* animator);
-  // Deletes the animators that work on the sprite; the one that is being updated dies when it is
-  // done.
+  // Deletes the animators of the sprite; the one that is being updated is deleted after its update.
   void DropAnimatorsOf(const CSprite* sprite);
 
  private:

@@ -10,7 +10,7 @@ namespace vask {
 class CSprite;
 class ISpriteMasker;
 
-// Drives one property of one sprite over time. Make it with `new`: it enters the scheduler
+// Drives one property of one sprite over time. Make it with `new`: it registers with the scheduler
 // (CAnimationUpdator), which updates it each frame and deletes it when it has finished or its
 // sprite has died.
 class IExternalAnimator {
@@ -35,14 +35,15 @@ class IExternalAnimator {
   bool myFinished = false;
 };
 
-// Runs from 0 to 1 over a duration and gives the value, or the value of an expression in `t`, to a
+// Runs from 0 to 1 over a duration and passes the value, or that of an expression in `t`, to a
 // masker.
 //
-//   new CExternalAnimator(new CSpriteMoveToUpdator(sprite, 400, 125), 2000, "sin(t*3.14)*2", true);
+//     new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)",
+//     true);
 class CExternalAnimator : public IExternalAnimator {
  public:
-  // Owns the masker. Milliseconds; an empty expression is `t` itself; `clamp` holds the value of
-  // the expression between 0 and 1. Starts at the scheduler's current time.
+  // Owns the masker. The duration is in milliseconds; an empty expression is `t` itself; `clamp`
+  // limits the value of the expression to 0 to 1. Starts at the scheduler's current time.
   CExternalAnimator(ISpriteMasker* masker, unsigned duration, std::string expression, bool clamp);
   ~CExternalAnimator() override;
 

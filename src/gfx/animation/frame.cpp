@@ -1,7 +1,5 @@
 #include "gfx/animation/frame.h"
 
-#include "gfx/animation/framerect.h"
-#include "gfx/animation/framesound.h"
 #include "utils/log/log.h"
 #include "utils/xml/xmlcontext.h"
 
@@ -15,7 +13,7 @@ namespace {
 // By type number.
 constexpr std::array<const char*, 2> kTypeNames = {"frame_rect", "frame_sound"};
 
-// Keeps a hostile file from using up the stack.
+// A limit, so that a hostile file cannot use up the stack.
 constexpr int kDeepestWrapped = 16;
 
 bool IsTooDeep(const CXmlElement& element) {
@@ -31,24 +29,14 @@ bool IsTooDeep(const CXmlElement& element) {
 std::unique_ptr<IFrame> NewFrame(std::string_view typeName) {
   for (std::size_t i = 0; i < kTypeNames.size(); ++i) {
     if (typeName == kTypeNames[i]) {
-      return std::unique_ptr<IFrame>(GetFrameFactory().GetNew(static_cast<IFrame::frame_type>(i)));
+      const CFrameFactory& factory = CFrameFactory::GetSingleton();
+      return std::unique_ptr<IFrame>(factory.GetNew(static_cast<IFrame::frame_type>(i)));
     }
   }
   return nullptr;
 }
 
 }  // namespace
-
-CFrameFactory& GetFrameFactory() {
-  CFrameFactory& factory = CFrameFactory::GetSingleton();
-  factory.Register<CFrameRect>(IFrame::frame_rect);
-  factory.Register<CFrameSound>(IFrame::frame_sound);
-  return factory;
-}
-
-const char* FrameTypeName(IFrame::frame_type type) {
-  return kTypeNames[static_cast<std::size_t>(type)];
-}
 
 std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName) {
   CLog& log = *CLog::GetSingletonPtr();
@@ -69,7 +57,7 @@ std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileN
 
 void WriteFrame(CXmlContext& xml, const char* elementName, IFrame& frame) {
   xml.BeginNode(elementName);
-  xml.SetAttribute("type", FrameTypeName(frame.GetType()));
+  xml.SetAttribute("type", kTypeNames[static_cast<std::size_t>(frame.GetType())]);
   frame.Serialize(xml);
   xml.EndNode(elementName);
 }

@@ -19,28 +19,32 @@ class IFrame {
 
   virtual ~IFrame() = default;
   virtual frame_type GetType() const = 0;
-  // Does what the frame is there for; `elapsed` are the milliseconds since the last tick. Answers
-  // whether the frame is over. What it plays may delete the sprite and, with it, the frame.
+  // Shows the rectangle or plays the sound; `elapsed` is the time since the last tick in
+  // milliseconds. Returns whether the frame is over. The sound may delete the sprite and, with it,
+  // the frame.
   virtual bool Apply(CSprite* sprite, unsigned elapsed) = 0;
-  // After how many milliseconds the sprite is due again, and how many the frame lasts.
+  // Milliseconds until the sprite is due again, and milliseconds that the frame lasts.
   virtual unsigned GetDelay() const = 0;
   virtual unsigned GetLength() const = 0;
   virtual void Serialize(CXmlContext& xml) = 0;
-  // The frame's turn has come; it shows what it has to show, and plays nothing yet.
+  // Called when the frame becomes the current one: shows the rectangle, plays nothing yet.
   virtual void Show(CSprite* sprite) = 0;
 };
 
 using CFrameFactory = CSingletonFactory<IFrame::frame_type, IFrame>;
 
-// The factory with its two makers entered.
-CFrameFactory& GetFrameFactory();
+// Enters a frame class into the factory. Each class has one such object in its source file; it may
+// be constructed before main.
+template <typename Frame>
+struct CFrameTypeRegistrar {
+  explicit CFrameTypeRegistrar(IFrame::frame_type type) {
+    CFrameFactory::GetSingletonPtr()->Register<Frame>(type);
+  }
+};
 
-// The name of a frame type in files.
-const char* FrameTypeName(IFrame::frame_type type);
-
-// The frame that an element describes by its attribute "type" and the rest. Null, with one line in
-// the log, for a missing or unknown type, and for a frame that is wrapped more than 16 deep. The
-// file name is that of the whole document.
+// Reads the frame that an element describes. Null, with one line in the log, for a missing or
+// unknown "type", and for a frame that is wrapped more than 16 deep. The file name is that of the
+// whole document.
 std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileName);
 
 // Writes the frame as a child element of the given name.

@@ -6,6 +6,11 @@
 #include <utility>
 
 namespace vask {
+namespace {
+
+const CFrameTypeRegistrar<CFrameRect> theRegistrar(IFrame::frame_rect);
+
+}  // namespace
 
 CFrameRect::CFrameRect(const CRect<int>& rect, unsigned length, std::unique_ptr<IFrame> wrapped)
     : myRect(rect), myFrameLength(length), myWrapped(std::move(wrapped)) {}

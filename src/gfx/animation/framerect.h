@@ -7,8 +7,8 @@
 
 namespace vask {
 
-// Shows a rectangle of the picture sheet for a time. With a wrapped frame, which it carries along
-// (a sound, mostly), that frame's times hold instead of its own.
+// Shows a rectangle of the picture sheet for a time. It may wrap another frame, usually a sound;
+// the wrapped frame's times then replace its own.
 class CFrameRect : public IFrame {
  public:
   CFrameRect() = default;

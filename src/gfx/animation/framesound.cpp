@@ -11,7 +11,9 @@
 namespace vask {
 namespace {
 
-// What would end the name, or the command, within a console line: a file could run commands by it.
+const CFrameTypeRegistrar<CFrameSound> theRegistrar(IFrame::frame_sound);
+
+// These would end the name, or the command, in a console line: a file could run commands that way.
 bool FitsConsoleLine(const std::string& name) {
   const auto contains = [&name](const char* part) { return name.find(part) != std::string::npos; };
   return !contains("\"") && !contains(",") && !contains("::") && !contains(";") && !contains("//");

@@ -7,13 +7,13 @@
 
 namespace vask {
 
-// Plays a sound effect once, through the console command of the audio task, and hands over to the
-// next frame.
+// Plays a sound effect once, through the console command of the audio task; the next frame follows
+// at once.
 class CFrameSound : public IFrame {
  public:
   CFrameSound() = default;
-  // A file name without quote, comma, "::", ";" and "//", which a console line cannot carry. The
-  // wrapped frame only lends its times.
+  // The file name must not contain a quote, a comma, "::", ";" or "//", which a console line cannot
+  // carry. Of the wrapped frame only the times are used.
   explicit CFrameSound(std::string soundFile, std::unique_ptr<IFrame> wrapped = nullptr);
 
   frame_type GetType() const override { return frame_sound; }

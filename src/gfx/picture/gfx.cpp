@@ -59,9 +59,9 @@ IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey) {
   return ourFactory->NewBuffer(width, height, CColor(colorKey));
 }
 
-void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y) {
+void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y) {
   if (ourFactory != nullptr) {
-    ourFactory->CopyExact(source, sourceRect, target, x, y);
+    ourFactory->CopyPixels(source, sourceRect, target, x, y);
   }
 }
 

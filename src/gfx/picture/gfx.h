@@ -8,11 +8,14 @@
 #include <memory>
 #include <string>
 
-// The facade over the one installed picture factory, and the values that the whole process shares
-// about the screen. Without a factory each function logs a warning and answers the null picture.
+// The facade over the one installed picture factory, and the process-wide values of the screen.
+// Without a factory the makers log a warning and return the null picture.
+//
+//     const Gfx::ImagePtr picture(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
+//     picture->Blit(Gfx::GetScreen(), {0, 0, 10, 20}, {5, 5, 10, 20});
 namespace vask::Gfx {
 
-// Magenta, the key colour of every picture that is loaded for sprites and fonts.
+// Magenta, the colour key of every picture that is loaded for sprites and fonts.
 inline constexpr std::uint32_t kMagenta = 0xFFFF00FF;
 
 // A transparent buffer, owned by the caller (free with FreeImage).
@@ -23,14 +26,13 @@ IPixel* NewBuffer(IPixel* image);
 IPixel* LoadImage(const std::string& file, std::uint32_t colorKey);
 void FreeImage(IPixel* image);
 
-// A buffer in the screen's own format, with a key colour; the null picture without a factory. Used
-// for what is saved from under a sprite.
+// A buffer in the screen's own format, with a colour key. Used for save-under.
 IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey);
 
-// Copies pixels as they are, alpha and key colour included, with no blending: `sourceRect` of one
-// picture to the position of another (relative to the image rectangles, clipped to both). Nothing
-// when either is empty or no factory is installed.
-void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
+// Copies pixels as they are, alpha and key colour included: `sourceRect` of one picture to a
+// position of another, relative to the image rectangles and clipped to both. Does nothing when
+// either is empty or no factory is installed.
+void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
 
 // The shared picture that draws nothing and is never deleted.
 IPixel* NullImage();
@@ -54,14 +56,14 @@ std::uint32_t& NewSurfaceFlags();
 int& ScaleSmoothing();
 int& RotateSmoothing();
 
-struct ImageDeleter {
+struct SImageDeleter {
   void operator()(IPixel* image) const {
     if (!image->IsStatic()) {
       FreeImage(image);
     }
   }
 };
-// An owner of a picture; static ones are only held.
-using ImagePtr = std::unique_ptr<IPixel, ImageDeleter>;
+// Owns a picture; static ones are never freed.
+using ImagePtr = std::unique_ptr<IPixel, SImageDeleter>;
 
 }  // namespace vask::Gfx

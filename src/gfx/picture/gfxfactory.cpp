@@ -2,6 +2,6 @@
 
 namespace vask {
 
-void CGfxFactory::CopyExact(IPixel*, const CRect<int>&, IPixel*, int, int) {}
+void CGfxFactory::CopyPixels(IPixel*, const CRect<int>&, IPixel*, int, int) {}
 
 }  // namespace vask

@@ -8,22 +8,30 @@
 
 namespace vask {
 
-// The one interface through which a picture is handled: an image from a file, an off-screen buffer,
-// or the screen. A picture stands for a part of its surface, the image rectangle. Pictures are made
-// and freed through the functions of gfx/gfx.h; what could not be made is the null picture, never a
-// null pointer.
+// The interface of pictures: an image from a file, an off-screen buffer, or the screen. A picture
+// shows a part of its surface, the image rectangle. Pictures are made and freed by the functions of
+// gfx/picture/gfx.h; one that could not be made is the null picture, never a null pointer.
+//
+// Everything that moves pixels has one of these names:
+//
+//   Blit, BlitTo     draws a part, or all, onto another picture: blended, less the colour key
+//   BlendOver        the blend onto a target that keeps an alpha of its own (gfx/sdl/rgbablit.h)
+//   Clone            a new picture of the same pixels, with an alpha channel
+//   CloneWithAlpha   the same, faded
+//   CopyPixels       copies a part as it is, alpha and key colour included (Gfx, gfx/sdl/surface.h)
+//   CopyWithAlpha    the same into a format with alpha: the colour key becomes transparent
 class IPixel {
  public:
   enum EParam : int { kAlphaBlit = 0, kScaleSmoothing = 1, kRotateSmoothing = 2 };
 
   virtual ~IPixel() = default;
-  // Whether FreeImage leaves the picture alone.
+  // Whether FreeImage leaves the picture alive.
   virtual bool IsStatic() const = 0;
   // 0 the null picture, 1 an SDL picture.
   virtual int GetType() const = 0;
   virtual bool IsEmpty() const = 0;
-  // Position relative to the image rectangle; nothing outside it. Alpha 255 writes, other alphas
-  // blend.
+  // The position is relative to the image rectangle; outside it nothing happens. Alpha 255 writes,
+  // other alphas blend.
   virtual void PutPixel(int x, int y, const CColor& color) = 0;
   // The pixel with the picture's own masks and shifts; opaque black outside.
   virtual CColor GetPixel(int x, int y) const = 0;
@@ -49,12 +57,13 @@ class IPixel {
   virtual int GetSurfaceHeight() const = 0;
   virtual int GetX() const = 0;
   virtual int GetY() const = 0;
-  // kAlphaBlit (bool): how blits onto this picture blend. The other two are process-wide switches.
+  // kAlphaBlit (bool): whether blits onto this picture blend its alpha as well. The other two set
+  // process-wide switches.
   virtual void SetParam(int which, const CAnyContainer& value) = 0;
   // A name that ends in "tga" becomes a TGA file, any other a BMP file; false on failure.
   virtual bool SaveToFile(const std::string& name) const = 0;
   virtual std::string GetFileName() const = 0;
-  // Of the screen only: shows what was drawn; notes a changed rectangle.
+  // For the screen only: Flip shows what was drawn, AddDirtyRect adds a dirty rectangle.
   virtual void Flip() = 0;
   virtual void AddDirtyRect(const CRect<int>& rect) = 0;
 };

@@ -4,7 +4,7 @@
 
 namespace vask {
 
-// The picture that stands for a missing one: it is empty, draws nothing and is never deleted.
+// Takes the place of a missing picture: it is empty, draws nothing and is never deleted.
 class CPixelNull : public IPixel {
  public:
   bool IsStatic() const override { return true; }

@@ -12,15 +12,15 @@ namespace vask {
 // Shares one decoded surface among all pictures that come from the same file, by reference count.
 // `Releaser` is called with a surface to free it.
 //
-//   if (!textures.Exists(file)) textures.AddNew(file, Decode(file), false);  // count 1
-//   else surface = textures.GetPointer(file);                                // one more
-//   ...
-//   textures.Release(surface);                                               // one less, or freed
+//     textures.AddNew("door.bmp", surface, false);  // one reference
+//     textures.GetPointer("door.bmp");              // two
+//     textures.Release(surface);                    // one
+//     textures.Release(surface);                    // none: it is freed
 template <typename SurfacePtr, typename Releaser>
 class CTextureManager : public CSingleton<CTextureManager<SurfacePtr, Releaser>> {
  public:
-  // Enters a surface with the count 1; one with `keep` stays when its count falls to 0. A name that
-  // is taken keeps its surface: the caller still owns the new one.
+  // Adds a surface with the count 1; with `keep` it stays when its count falls to 0. When the name
+  // is taken nothing changes: the caller still owns the surface.
   void AddNew(const std::string& file, SurfacePtr surface, bool keep) {
     if (!myTextures.try_emplace(file, STexture{surface, 1, keep}).second && myReportErrors) {
       CLog::GetSingletonPtr()->Error()
@@ -45,7 +45,7 @@ class CTextureManager : public CSingleton<CTextureManager<SurfacePtr, Releaser>>
     return nullptr;
   }
 
-  // One reference more; false for null and, with an error in the log, for a surface that is unknown
+  // Adds a reference; false for null and, with an error in the log, for a surface that is unknown
   // or is only kept.
   bool AddReference(SurfacePtr surface) {
     if (surface == nullptr) {
@@ -63,8 +63,8 @@ class CTextureManager : public CSingleton<CTextureManager<SurfacePtr, Releaser>>
     return false;
   }
 
-  // One reference less. The last one frees the surface, unless it is kept; a surface that was never
-  // entered here is freed at once.
+  // Takes a reference back. The last one frees the surface, unless it is kept; an unknown surface
+  // is freed at once.
   void Release(SurfacePtr surface) {
     if (surface == nullptr) {
       return;
@@ -84,7 +84,7 @@ class CTextureManager : public CSingleton<CTextureManager<SurfacePtr, Releaser>>
 
   bool Exists(const std::string& file) const { return myTextures.contains(file); }
 
-  // Whether the surface is shared here and in use.
+  // Whether the surface is known and has a reference.
   bool IsShared(SurfacePtr surface) const {
     const auto found = Find(surface);
     return found != myTextures.end() && found->second.references > 0;

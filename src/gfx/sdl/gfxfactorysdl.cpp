@@ -27,6 +27,15 @@ sdl::SurfacePtr Load(const std::string& file) {
                                     : sdl::ToScreenFormat(loaded.get());
 }
 
+IPixel* NewPicture(sdl::SurfacePtr surface, bool usesAlphaBlit) {
+  if (surface == nullptr) {
+    return Gfx::NullImage();
+  }
+  auto* picture = new CPixelSDL(surface.release());
+  picture->SetParam(IPixel::kAlphaBlit, usesAlphaBlit);
+  return picture;
+}
+
 }  // namespace
 
 IPixel* CGfxFactorySDL::NewBuffer(int width, int height, const CColor& colorKey) {
@@ -43,15 +52,7 @@ IPixel* CGfxFactorySDL::NewBuffer(int width, int height, const CColor& colorKey)
 }
 
 IPixel* CGfxFactorySDL::NewBuffer(int width, int height) {
-  sdl::SurfacePtr surface =
-      sdl::NewSurface(width, height, sdl::AlphaFormat(), Gfx::NewSurfaceFlags());
-  if (surface == nullptr) {
-    return Gfx::NullImage();
-  }
-  SDL_SetAlpha(surface.get(), SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
-  auto image = std::make_unique<CPixelSDL>(surface.release());
-  image->SetParam(IPixel::kAlphaBlit, true);
-  return image.release();
+  return NewPicture(sdl::NewAlphaSurface(width, height, Gfx::NewSurfaceFlags()), true);
 }
 
 IPixel* CGfxFactorySDL::LoadImage(const std::string& file, const CColor& colorKey) {
@@ -74,7 +75,7 @@ IPixel* CGfxFactorySDL::NewBuffer(IPixel* image) {
   CSDLTextures& textures = *CSDLTextures::GetSingletonPtr();
   SDL_Surface* surface = original->GetSurface();
   if (!textures.IsShared(surface) || !textures.AddReference(surface)) {
-    return original->DeepCopy();
+    return NewPicture(sdl::CopyPixels(surface, sdl::Bounds(*surface)), original->UsesAlphaBlit());
   }
   auto sharing = std::make_unique<CPixelSDL>(surface);
   sharing->SetFileName(original->GetFileName());
@@ -87,12 +88,12 @@ void CGfxFactorySDL::FreeImage(IPixel* image) {
   }
 }
 
-void CGfxFactorySDL::CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
-                               int y) {
+void CGfxFactorySDL::CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
+                                int y) {
   const auto* from = dynamic_cast<const CPixelSDL*>(source);
   auto* to = dynamic_cast<CPixelSDL*>(target);
   if (from != nullptr && to != nullptr) {
-    from->CopyExactTo(*to, sourceRect, x, y);
+    from->CopyPixels(sourceRect, *to, x, y);
   }
 }
 

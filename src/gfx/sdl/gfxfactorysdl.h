@@ -11,17 +11,17 @@ class CGfxFactorySDL : public CGfxFactory {
   IPixel* NewBuffer(int width, int height, const CColor& colorKey) override;
   IPixel* NewBuffer(int width, int height) override;
   IPixel* LoadImage(const std::string& file, const CColor& colorKey) override;
-  // The surface is shared when it comes from a file, and copied otherwise.
+  // Shares the surface when it comes from a file, and copies it otherwise.
   IPixel* NewBuffer(IPixel* image) override;
   IPixel* Reserved() override { return nullptr; }
   void FreeImage(IPixel* image) override;
-  void CopyExact(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
-                 int y) override;
+  void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
+                  int y) override;
 
  private:
   const sdl::SPixelFormat& ScreenFormat();
 
-  sdl::SPixelFormat myFormat;  // the screen's when it was last seen; -1 bits before
+  sdl::SPixelFormat myFormat;  // the screen's, last seen; -1 bits before
 };
 
 }  // namespace vask

@@ -196,43 +196,27 @@ IPixel* CPixelSDL::Rotate(float degrees) const {
 }
 
 IPixel* CPixelSDL::CloneWithAlpha(int alpha) const {
-  sdl::SurfacePtr surface = CloneSurface();
-  if (surface != nullptr) {
-    const sdl::CSurfaceLock lock(surface.get());
-    Fade(*surface, ClipRect({0, 0, myRect.w, myRect.h}), alpha);
+  IPixel* clone = Clone();
+  if (const auto* picture = dynamic_cast<CPixelSDL*>(clone)) {
+    const sdl::CSurfaceLock lock(picture->mySurface);
+    Fade(*picture->mySurface, ShownArea(), alpha);
   }
-  return NewClone(std::move(surface));
+  return clone;
 }
 
-IPixel* CPixelSDL::Clone() const { return NewClone(CloneSurface()); }
-
-sdl::SurfacePtr CPixelSDL::CloneSurface() const {
-  if (mySurface == nullptr) {
-    return nullptr;
-  }
-  const CRect<int> area = ClipRect({0, 0, myRect.w, myRect.h});
-  if (area == myFullRect) {
-    return sdl::CopyWithAlpha(mySurface, area);
-  }
-  sdl::SurfacePtr surface = sdl::NewSurface(myFullRect.w, myFullRect.h, sdl::AlphaFormat());
-  if (surface == nullptr) {
-    return nullptr;
-  }
-  SDL_SetAlpha(surface.get(), SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
-  if (!area.IsEmpty()) {
-    sdl::BlitOver(mySurface, area, surface.get(), area.x, area.y);
-  }
-  return surface;
-}
-
-IPixel* CPixelSDL::NewClone(sdl::SurfacePtr surface) const {
+IPixel* CPixelSDL::Clone() const {
+  sdl::SurfacePtr surface = sdl::NewAlphaSurface(myFullRect.w, myFullRect.h);
   if (surface == nullptr) {
     return Gfx::NullImage();
   }
-  auto clone = std::make_unique<CPixelSDL>(surface.release());
+  const CRect<int> area = ShownArea();
+  if (!area.IsEmpty()) {
+    sdl::CopyWithAlpha(mySurface, area, surface.get(), area.x, area.y);
+  }
+  auto* clone = new CPixelSDL(surface.release());
   clone->myUseAlphaBlit = true;
   clone->SetRect(myRect);
-  return clone.release();
+  return clone;
 }
 
 CPixelSDL::SCopy CPixelSDL::ClipCopy(const CPixelSDL& target, const CRect<int>& source, int x,
@@ -259,7 +243,7 @@ bool CPixelSDL::Draw(CPixelSDL& target, const SCopy& copy) const {
   }
   target.DropClip();
   const bool blendsAlpha = target.myUseAlphaBlit && target.mySurface->format->Amask != 0;
-  const auto blit = blendsAlpha ? sdl::BlitOver : sdl::BlitPlain;
+  const auto blit = blendsAlpha ? sdl::BlendOver : sdl::Blit;
   blit(mySurface, copy.area, target.mySurface, copy.x, copy.y);
   return true;
 }
@@ -315,21 +299,14 @@ CRect<int> CPixelSDL::ClipRect(const CRect<int>& rect) const {
   return ToRect(Cut(x, 0, myFullRect.w), Cut(y, 0, myFullRect.h));
 }
 
+CRect<int> CPixelSDL::ShownArea() const { return ClipRect({0, 0, myRect.w, myRect.h}); }
+
 SDL_Surface* CPixelSDL::GetClippedSurface() const {
   if (mySurface == nullptr || myRect == myFullRect) {
     return mySurface;
   }
   if (myClippedSurface == nullptr) {
-    const CRect<int> area = ClipRect({0, 0, myRect.w, myRect.h});
-    myClippedSurface = sdl::NewSurface(myRect.w, myRect.h, sdl::FormatOf(*mySurface));
-    if (myClippedSurface == nullptr) {
-      return nullptr;
-    }
-    sdl::CopySettings(*mySurface, myClippedSurface.get());
-    if (!area.IsEmpty()) {
-      sdl::CopyPixels(mySurface, area, myClippedSurface.get(), area.x - myRect.x,
-                      area.y - myRect.y);
-    }
+    myClippedSurface = sdl::CopyPixels(mySurface, myRect);
   }
   return myClippedSurface.get();
 }
@@ -344,27 +321,12 @@ void CPixelSDL::SetSurface(SDL_Surface* surface, bool releaseOld) {
   myRect = myFullRect;
 }
 
-void CPixelSDL::CopyExactTo(CPixelSDL& target, const CRect<int>& source, int x, int y) const {
+void CPixelSDL::CopyPixels(const CRect<int>& source, CPixelSDL& target, int x, int y) const {
   const SCopy copy = ClipCopy(target, source, x, y);
   if (!copy.area.IsEmpty()) {
     target.DropClip();
     sdl::CopyPixels(mySurface, copy.area, target.mySurface, copy.x, copy.y);
   }
-}
-
-IPixel* CPixelSDL::DeepCopy() const {
-  if (mySurface == nullptr) {
-    return Gfx::NullImage();
-  }
-  sdl::SurfacePtr surface = sdl::NewSurface(myFullRect.w, myFullRect.h, sdl::FormatOf(*mySurface));
-  if (surface == nullptr) {
-    return Gfx::NullImage();
-  }
-  sdl::CopySettings(*mySurface, surface.get());
-  sdl::CopyPixels(mySurface, myFullRect, surface.get(), 0, 0);
-  auto copy = std::make_unique<CPixelSDL>(surface.release());
-  copy->myUseAlphaBlit = myUseAlphaBlit;
-  return copy.release();
 }
 
 }  // namespace vask

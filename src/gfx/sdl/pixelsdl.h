@@ -25,7 +25,7 @@ class CPixelSDL : public IPixel {
   int GetType() const override { return 1; }
   bool IsEmpty() const override { return mySurface == nullptr; }
   void PutPixel(int x, int y, const CColor& color) override;
-  // A picture without alpha answers alpha 255; one with a palette answers the palette's colour.
+  // Returns alpha 255 for a picture without alpha, the palette's colour for one with a palette.
   CColor GetPixel(int x, int y) const override;
   void ClearRect(const CRect<int>& rect) override;
   int GetWidth() const override { return myRect.w; }
@@ -34,7 +34,7 @@ class CPixelSDL : public IPixel {
   IPixel* Rotate(float degrees) const override;
   IPixel* CloneWithAlpha(int alpha) const override;
   IPixel* Clone() const override;
-  // The size of `dest` does not count.
+  // The size of `dest` is ignored.
   bool Blit(IPixel* target, const CRect<int>& source, const CRect<int>& dest) const override;
   bool BlitTo(IPixel* target) const override;
   void SetRect(const CRect<int>& rect) override;
@@ -56,17 +56,16 @@ class CPixelSDL : public IPixel {
   // The image rectangle as a surface of its own, owned by the picture; null for an empty picture.
   virtual SDL_Surface* GetClippedSurface() const;
   virtual SDL_Surface* GetSurface() const { return mySurface; }
-  // Replaces the surface; without `releaseOld` the old one stays its owner's affair.
+  // Replaces the surface, and releases the old one when `releaseOld` is set.
   virtual void SetSurface(SDL_Surface* surface, bool releaseOld);
 
-  // What CGfxFactory::CopyExact promises, between two SDL pictures.
-  void CopyExactTo(CPixelSDL& target, const CRect<int>& source, int x, int y) const;
-  // A picture of the whole surface with pixels of its own; the null picture on failure.
-  IPixel* DeepCopy() const;
+  // What Gfx::CopyPixels promises, between two SDL pictures.
+  void CopyPixels(const CRect<int>& source, CPixelSDL& target, int x, int y) const;
+  bool UsesAlphaBlit() const { return myUseAlphaBlit; }
   void SetFileName(const std::string& name) { myFileName = name; }
 
  private:
-  // A source area and where it goes, both in pixels of the surfaces; the area may be empty.
+  // An area of this surface and its position on the target's; the area may be empty.
   struct SCopy {
     CRect<int> area;
     int x;
@@ -74,9 +73,8 @@ class CPixelSDL : public IPixel {
   };
   SCopy ClipCopy(const CPixelSDL& target, const CRect<int>& source, int x, int y) const;
   bool Draw(CPixelSDL& target, const SCopy& copy) const;
-  // A surface as large as this one, whose image rectangle holds this picture.
-  sdl::SurfacePtr CloneSurface() const;
-  IPixel* NewClone(sdl::SurfacePtr surface) const;
+  // The part of the image rectangle that the surface has.
+  CRect<int> ShownArea() const;
   void DropClip() const { myClippedSurface.reset(); }
 
   SDL_Surface* mySurface = nullptr;

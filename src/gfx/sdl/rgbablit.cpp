@@ -39,7 +39,7 @@ bool CoversWholeTarget(const SDL_Surface& target) {
 
 }  // namespace
 
-void BlitPlain(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
+void Blit(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
   const bool blends = (source->flags & SDL_SRCALPHA) != 0;
   const bool isKeyed = (source->flags & SDL_SRCCOLORKEY) != 0;
   const bool canStandIn = CoversWholeTarget(*target) && source != target;
@@ -56,7 +56,7 @@ void BlitPlain(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target,
   }
 }
 
-void BlitOver(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
+void BlendOver(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
   if (source->format->Amask == kAlphaBits && target->format->Amask == kAlphaBits &&
       HasSameColors(*source->format, *target->format)) {
     ForEachRow(source, area, target, x, y, OverRow);

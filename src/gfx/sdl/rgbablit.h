@@ -6,15 +6,14 @@
 
 namespace vask::sdl {
 
-// Draws the area of the source at a position of the target, as SDL_UpperBlit does and with exactly
-// its pixels, only faster in the cases that a frame is made of. The target keeps its alpha. Area
-// and position lie inside the surfaces.
-void BlitPlain(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// Draws the area of the source at a position of the target. The result is that of SDL_UpperBlit;
+// the usual cases are faster. The target keeps its alpha. Area and position are inside the
+// surfaces.
+void Blit(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
 
-// Draws the area of the source over the target and blends alpha as well ("over", straight alpha):
-// an opaque source pixel replaces, a transparent one changes nothing, and on an empty pixel the
-// source is copied. A source without alpha counts as opaque, less its colour key. For targets with
-// an alpha channel.
-void BlitOver(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// Draws the area of the source over a target that has an alpha channel, and blends alpha as well
+// (the "over" operator, straight alpha). A source without alpha counts as opaque, less its colour
+// key.
+void BlendOver(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
 
 }  // namespace vask::sdl

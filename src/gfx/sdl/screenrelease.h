@@ -2,9 +2,9 @@
 
 namespace vask {
 
-// While it lives, the program's window neither fills the screen nor keeps the pointer and the
-// keyboard to itself, so that another window can be used; afterwards both are as they were. No
-// video mode is set and no resize is told: whoever holds the screen's pixels may go on using them.
+// While it lives, the program's window is not in full screen and grabs neither pointer nor
+// keyboard, so that another window can be used; afterwards both are as before. No video mode is set
+// and no resize reported: pointers to the screen's pixels stay valid.
 class CScreenRelease {
  public:
   CScreenRelease();

@@ -23,18 +23,29 @@ std::uint32_t ColorBits(const SDL_PixelFormat& format) {
   return format.palette != nullptr ? 0xFFFFFFFF : format.Rmask | format.Gmask | format.Bmask;
 }
 
-// Writes 0 into the pixels of `cleared` whose counterpart, right and down by the origin of `area`,
-// has the colour of the key.
-void ClearKeyPixels(const SDL_Surface& keyed, const CRect<int>& area, const SDL_Surface& cleared) {
+// Writes 0 into the pixels of `cleared`, from the position on, whose counterpart in the area of
+// `keyed` has the colour of the key.
+void ClearKeyPixels(const SDL_Surface& keyed, const CRect<int>& area, const SDL_Surface& cleared,
+                    int left, int top) {
   const std::uint32_t mask = ColorBits(*keyed.format);
   const std::uint32_t key = keyed.format->colorkey & mask;
   for (int y = 0; y < area.h; ++y) {
     for (int x = 0; x < area.w; ++x) {
       if ((ReadPixel(keyed, area.x + x, area.y + y) & mask) == key) {
-        WritePixel(cleared, x, y, 0);
+        WritePixel(cleared, left + x, top + y, 0);
       }
     }
   }
+}
+
+// Gives the target, of the same layout, the source's palette, colour key and blending.
+void CopySettings(const SDL_Surface& source, SDL_Surface* target) {
+  const SDL_PixelFormat& format = *source.format;
+  if (format.palette != nullptr) {
+    SDL_SetColors(target, format.palette->colors, 0, format.palette->ncolors);
+  }
+  SDL_SetAlpha(target, source.flags & SDL_SRCALPHA, format.alpha);
+  SDL_SetColorKey(target, source.flags & SDL_SRCCOLORKEY, format.colorkey);
 }
 
 }  // namespace
@@ -99,6 +110,14 @@ SurfacePtr NewSurface(int width, int height, const SPixelFormat& format, std::ui
   }
   return SurfacePtr(SDL_CreateRGBSurface(flags, width, height, format.bits, format.redMask,
                                          format.greenMask, format.blueMask, format.alphaMask));
+}
+
+SurfacePtr NewAlphaSurface(int width, int height, std::uint32_t flags) {
+  SurfacePtr surface = NewSurface(width, height, AlphaFormat(), flags);
+  if (surface != nullptr) {
+    SDL_SetAlpha(surface.get(), SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
+  }
+  return surface;
 }
 
 SurfacePtr ToScreenFormat(SDL_Surface* surface) {
@@ -189,17 +208,8 @@ void SetColorKey(SDL_Surface* surface, const CColor& key) {
   SDL_SetAlpha(surface, SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
   const CSurfaceLock lock(surface);
   if (lock.IsOpen()) {
-    ClearKeyPixels(*surface, Bounds(*surface), *surface);
+    ClearKeyPixels(*surface, Bounds(*surface), *surface, 0, 0);
   }
-}
-
-void CopySettings(const SDL_Surface& source, SDL_Surface* target) {
-  const SDL_PixelFormat& format = *source.format;
-  if (format.palette != nullptr) {
-    SDL_SetColors(target, format.palette->colors, 0, format.palette->ncolors);
-  }
-  SDL_SetAlpha(target, source.flags & SDL_SRCALPHA, format.alpha);
-  SDL_SetColorKey(target, source.flags & SDL_SRCCOLORKEY, format.colorkey);
 }
 
 void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
@@ -222,20 +232,37 @@ void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target
   }
 }
 
-SurfacePtr CopyWithAlpha(SDL_Surface* source, const CRect<int>& area) {
-  SurfacePtr copy = NewSurface(area.w, area.h, AlphaFormat());
+SurfacePtr CopyPixels(SDL_Surface* source, const CRect<int>& part) {
+  SurfacePtr copy = NewSurface(part.w, part.h, FormatOf(*source));
   if (copy == nullptr) {
     return nullptr;
   }
-  CopyPixels(source, area, copy.get(), 0, 0);
-  const bool isKeyed = (source->flags & SDL_SRCCOLORKEY) != 0 && source->format->Amask == 0;
-  if (isKeyed) {
-    const CSurfaceLock lock(source);
-    if (lock.IsOpen()) {
-      ClearKeyPixels(*source, area, *copy);
-    }
+  CopySettings(*source, copy.get());
+  const CRect<int> area = part.Intersection(Bounds(*source));
+  if (!area.IsEmpty()) {
+    CopyPixels(source, area, copy.get(), area.x - part.x, area.y - part.y);
   }
-  SDL_SetAlpha(copy.get(), SDL_SRCALPHA, SDL_ALPHA_OPAQUE);
+  return copy;
+}
+
+void CopyWithAlpha(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {
+  CopyPixels(source, area, target, x, y);
+  const bool isKeyed = (source->flags & SDL_SRCCOLORKEY) != 0 && source->format->Amask == 0;
+  if (!isKeyed) {
+    return;
+  }
+  const CSurfaceLock sourceLock(source);
+  const CSurfaceLock targetLock(target);
+  if (sourceLock.IsOpen() && targetLock.IsOpen()) {
+    ClearKeyPixels(*source, area, *target, x, y);
+  }
+}
+
+SurfacePtr CopyWithAlpha(SDL_Surface* source, const CRect<int>& area) {
+  SurfacePtr copy = NewAlphaSurface(area.w, area.h);
+  if (copy != nullptr) {
+    CopyWithAlpha(source, area, copy.get(), 0, 0);
+  }
   return copy;
 }
 

@@ -8,8 +8,7 @@
 #include <cstdint>
 #include <memory>
 
-// What the SDL pictures need of surfaces: ownership, locks, formats and copies that keep all four
-// channels.
+// Helpers for SDL surfaces: ownership, locks, formats and copies that keep all four channels.
 namespace vask::sdl {
 
 struct SSurfaceDeleter {
@@ -17,11 +16,11 @@ struct SSurfaceDeleter {
 };
 using SurfacePtr = std::unique_ptr<SDL_Surface, SSurfaceDeleter>;
 
-// The sides that a picture may have; SDL's 16-bit row length breaks not far beyond.
+// The largest side of a picture; not far beyond SDL's 16-bit row length overflows.
 inline constexpr int kMaxSide = 8192;
 bool IsValidSize(int width, int height);
 
-// Keeps the pixels of a surface accessible.
+// Locks a surface while it lives, so that its pixels can be accessed.
 class CSurfaceLock {
  public:
   explicit CSurfaceLock(SDL_Surface* surface);
@@ -37,7 +36,8 @@ class CSurfaceLock {
   bool myIsOpen = true;
 };
 
-// Switches a surface's alpha and colour key off, so that blits from it copy the pixels as they are.
+// Switches a surface's alpha and colour key off while it lives, so that blits from it copy the
+// pixels as they are.
 class CPlainSource {
  public:
   explicit CPlainSource(SDL_Surface* surface);
@@ -61,11 +61,13 @@ struct SPixelFormat {
   std::uint32_t alphaMask = 0;
 };
 SPixelFormat FormatOf(const SDL_Surface& surface);
-// The 32-bit format with alpha to which SDL converts pictures for the screen; also without one.
+// The 32-bit format with alpha to which SDL converts pictures for the screen. Works without video.
 SPixelFormat AlphaFormat();
 
 // A new surface, filled with 0; null when the size is out of range or SDL fails.
 SurfacePtr NewSurface(int width, int height, const SPixelFormat& format, std::uint32_t flags = 0);
+// The same in the 32-bit format with alpha, from which blits blend.
+SurfacePtr NewAlphaSurface(int width, int height, std::uint32_t flags = 0);
 // A copy in the screen's format, without and with an alpha channel.
 SurfacePtr ToScreenFormat(SDL_Surface* surface);
 SurfacePtr ToScreenAlphaFormat(SDL_Surface* surface);
@@ -83,15 +85,17 @@ std::uint32_t* Row32(const SDL_Surface& surface, int y);
 // colour become transparent, and blits from the surface blend.
 void SetColorKey(SDL_Surface* surface, const CColor& key);
 
-// Gives the target, of the same layout, the source's palette, colour key and blending.
-void CopySettings(const SDL_Surface& source, SDL_Surface* target);
-
 // Copies the pixels of the area as they are to a position of the target; both lie inside their
 // surfaces.
 void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// The part as a surface of its own with the source's format, palette, colour key and blending; 0
+// where the part reaches beyond the source. Null on failure.
+SurfacePtr CopyPixels(SDL_Surface* source, const CRect<int>& part);
 
-// The area as a surface of its own in the 32-bit format with alpha. A source without alpha counts
-// as opaque, less its colour key. Null on failure.
+// Copies the area to a position of a target in the 32-bit format with alpha; both lie inside their
+// surfaces. A source without alpha counts as opaque, less its colour key.
+void CopyWithAlpha(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);
+// The area as such a surface of its own. Null on failure.
 SurfacePtr CopyWithAlpha(SDL_Surface* source, const CRect<int>& area);
 
 }  // namespace vask::sdl

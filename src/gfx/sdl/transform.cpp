@@ -19,8 +19,8 @@ void ForEachRow(SDL_Surface* surface, RowOperation operation) {
   }
 }
 
-// Runs `make` on a copy of the source that SDL_gfx treats well: it averages the four channels each
-// for itself, and it takes the colour key for a colour.
+// Runs `make` on a premultiplied copy of the source without a colour key: SDL_gfx averages the four
+// channels separately, and treats the colour key as a colour.
 template <typename Make>
 SurfacePtr Transformed(SDL_Surface* source, bool smooth, Make make) {
   const SurfacePtr copy = CopyWithAlpha(source, Bounds(*source));

@@ -6,7 +6,7 @@ namespace vask::sdl {
 
 namespace {
 
-// SDL keeps answering the old surface after a mode that failed.
+// SDL goes on returning the old surface after a mode that failed.
 constinit bool ourModeFailed = false;
 
 constinit unsigned ourQuitCount = 0;

@@ -7,16 +7,16 @@
 #include <cstdint>
 #include <string>
 
-// SDL's video calls that crash, or answer a surface that is gone, while there is no video: here
-// they answer "nothing" instead.
+// SDL's video calls that crash without video, or return a surface that is gone. These return
+// "nothing" instead.
 namespace vask::sdl {
 
-// Keeps the screen's surface, which is SDL's to free: it does so when it quits, and may with a new
-// mode.
+// Base of what keeps a pointer to the screen's surface. SDL owns that surface: it frees it when it
+// quits, and may free it when a mode is set.
 class CScreenHolder : public CAutoList<CScreenHolder> {
  public:
   virtual ~CScreenHolder() = default;
-  // Called before that. The surface may not be used any more.
+  // Called before SDL may free the surface: it must not be used any more.
   virtual void GiveUpScreen() = 0;
 };
 
@@ -35,8 +35,7 @@ SDL_Surface* OpenVideoMode(int width, int height, int depth, std::uint32_t flags
 // Shuts SDL down.
 void Quit();
 
-// How often that was done: with it SDL has forgotten what is held, and will not tell of its
-// release.
+// How often Quit was called. After it SDL reports no release of keys and buttons that were held.
 unsigned GetQuitCount();
 
 // The depth that SDL would use for the mode; 0 when it is not available.

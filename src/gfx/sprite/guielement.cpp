@@ -1,16 +1,11 @@
 #include "gfx/sprite/guielement.h"
 
+#include "input/buttons.h"
 #include "input/mouse.h"
 
 #include <utility>
 
 namespace zogui {
-namespace {
-
-constexpr int kLeftButton = 1;
-
-}  // namespace
-
 CGuiElement::CGuiElement(vask::CSprite* sprite) : mySprite(sprite) {
   vask::CMouse::GetSingletonPtr()->AddMouseable(this);
 }
@@ -31,9 +26,9 @@ void CGuiElement::OnMouseMove(int x, int y) {
   }
 }
 
-// A dragged element hears every press; only the one that starts the drag counts.
+// A dragged element gets every press; only the one that starts the drag counts.
 void CGuiElement::OnMouseButtonDown(int button) {
-  if (button != kLeftButton || !myDraggable || myDragging || mySprite == nullptr) {
+  if (button != vask::kLeftButton || !myDraggable || myDragging || mySprite == nullptr) {
     return;
   }
   vask::CMouse* mouse = vask::CMouse::GetSingletonPtr();
@@ -44,7 +39,7 @@ void CGuiElement::OnMouseButtonDown(int button) {
 }
 
 void CGuiElement::OnMouseButtonUp(int button) {
-  if (button != kLeftButton || !myDragging) {
+  if (button != vask::kLeftButton || !myDragging) {
     return;
   }
   myDragging = false;

@@ -6,7 +6,7 @@
 namespace zogui {
 
 // Lets the user drag another sprite about with the left mouse button. It has no picture of its own:
-// its rectangle and depth are those of the sprite it wraps.
+// its rectangle and depth are those of the sprite that it wraps.
 class CGuiElement : public vask::CSprite, public vask::CMouseableImpl {
  public:
   // The sprite is not owned and must outlive the element; null for none. Registers with CMouse.
@@ -21,7 +21,6 @@ class CGuiElement : public vask::CSprite, public vask::CMouseableImpl {
   void OnMouseButtonUp(int button) override;
 
   void SetDraggable(bool draggable) { myDraggable = draggable; }
-  bool IsDragging() const { return myDragging; }
 
  private:
   vask::CSprite* mySprite;

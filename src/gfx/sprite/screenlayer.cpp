@@ -1,5 +1,6 @@
 #include "gfx/sprite/screenlayer.h"
 
+#include "gfx/sprite/spritetypes.h"
 #include "utils/log/log.h"
 
 namespace vask {
@@ -9,9 +10,22 @@ namespace {
 void FillBlack(IPixel* screen) {
   const CRect<int> all{0, 0, screen->GetWidth(), screen->GetHeight()};
   const Gfx::ImagePtr black(Gfx::NewScreenBuffer(all.w, all.h, Gfx::kMagenta));
-  Gfx::CopyExact(black.get(), all, screen, 0, 0);
+  Gfx::CopyPixels(black.get(), all, screen, 0, 0);
   screen->AddDirtyRect(all);
 }
+
+// The screen layer belongs to itself. It is counted once for itself, so that the last smart pointer
+// of somebody else does not delete it.
+CSprite* ScreenLayer() {
+  CSprite* layer = CScreenLayer::GetSingletonPtr();
+  CSmartPtrManager<CSprite>* owners = CSmartPtrManager<CSprite>::GetSingletonPtr();
+  if (owners->Count(layer) == 0) {
+    owners->Register(layer);
+  }
+  return layer;
+}
+
+const CSpriteTypeRegistrar theRegistrar(kScreenLayerSprite, ScreenLayer);
 
 }  // namespace
 
@@ -28,10 +42,10 @@ CScreenLayer::~CScreenLayer() {
   }
 }
 
-int CScreenLayer::GetTypeId() const { return kScreenLayer; }
+int CScreenLayer::GetTypeId() const { return kScreenLayerSprite.number; }
 
-// A sprite may change, or die, after the screen has gone: nothing is put back on that one, nor on
-// one that is about to be drawn anew, whose depth may be another.
+// A sprite may change or die after the screen has gone. Nothing is restored on such a screen, nor
+// on one that is about to be redrawn, which may have another depth.
 CSprite* CScreenLayer::GetCanvas() const {
   const bool isSame = myScreen == Gfx::GetScreen() && !myRefreshAll;
   return isSame ? CSpriteLayer::GetCanvas() : nullptr;
@@ -56,7 +70,7 @@ void CScreenLayer::DrawAll() {
   myCanvasSprite->SetRect(myScreen->GetRect());
   *CLog::GetSingletonPtr() << "drawing all\n";
   FillBlack(myScreen);
-  // The backgrounds of the last screen are worthless; painting saves new ones.
+  // What was saved belongs to the last screen; painting saves new backgrounds.
   ForgetBackground();
   Draw(GetCanvas());
 }

@@ -15,19 +15,20 @@ class CScreenLayer : public CStaticSingleton<CScreenLayer>, public CSpriteLayer 
   ~CScreenLayer() override;
 
   int GetTypeId() const override;
-  // Null while the screen that was drawn on last is not the current one.
+  // Null while the current screen is another one than that of the last frame, or a full redraw is
+  // due.
   CSprite* GetCanvas() const override;
 
   // One frame: draws what changed, or everything after a refresh or a change of the screen.
   void DrawFrame();
-  // Asks for a full redraw of the next frame.
+  // Makes the next frame a full redraw.
   void RefreshAll() { myRefreshAll = true; }
 
  private:
   void DrawAll();
 
   std::unique_ptr<CSprite> myCanvasSprite;
-  IPixel* myScreen;  // not owned; the screen of the last frame
+  IPixel* myScreen;  // of the last frame; not owned
   bool myRefreshAll = false;
 };
 

@@ -1,8 +1,7 @@
 #include "gfx/sprite/sprite.h"
 
-#include "gfx/animation/animationupdator.h"
-#include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritelayer.h"
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -12,10 +11,14 @@
 namespace vask {
 namespace {
 
-// Turning by less would cost a new copy of the picture that nobody can tell from the old one.
+const CSpriteTypeRegistrar theRegistrar(kBaseSprite, NewSprite<CSprite>);
+
+constinit CSprite::DeathHook ourDeathHook = nullptr;
+
+// Rotating by less would cost a new copy of the picture that looks like the old one.
 constexpr float kSmallestTurn = 0.5F;
-// How much larger than the sprite a back buffer may be before it is replaced: the rectangle of a
-// spinning sprite breathes by less, so it keeps one buffer.
+// How much larger than the sprite a back buffer may be before it is replaced: the size of a
+// spinning sprite varies by less, so it keeps one buffer.
 constexpr int kBackBufferSlack = 20;
 
 bool FitsBuffer(int buffer, int needed) {
@@ -28,12 +31,14 @@ CSprite::CSprite() : myImage(Gfx::NullImage()) {}
 
 CSprite::~CSprite() {
   LeaveLayer();
-  if (CAnimationUpdator* updator = CAnimationUpdator::PeekSingletonPtr()) {
-    updator->DropAnimatorsOf(this);
+  if (ourDeathHook != nullptr) {
+    ourDeathHook(this);
   }
 }
 
-int CSprite::GetTypeId() const { return kBase; }
+void CSprite::SetDeathHook(DeathHook hook) { ourDeathHook = hook; }
+
+int CSprite::GetTypeId() const { return kBaseSprite.number; }
 
 bool CSprite::IsEmpty() const { return myOriginalImage == nullptr || myOriginalImage->IsEmpty(); }
 
@@ -69,7 +74,7 @@ void CSprite::ReadFields(CXmlContext& xml) {
 }
 
 void CSprite::WriteFields(CXmlContext& xml) {
-  xml.SetAttribute("type", CSpriteFactory::NameFromType(GetTypeId()));
+  xml.SetAttribute("type", SpriteTypeName(GetTypeId()));
   std::string file = IsEmpty() ? std::string() : myOriginalImage->GetFileName();
   if (!file.empty()) {  // a picture that was drawn by the program has no file
     xml.Value("ImageFilename", file);
@@ -100,9 +105,9 @@ void CSprite::SetZ(int z) {
     return;
   }
   MarkChanged();
-  myParent->TakeOut(this);
+  myParent->Detach(this);
   myZ = z;
-  myParent->PutIn(this);
+  myParent->InsertByDepth(this);
 }
 
 void CSprite::SetRect(const CRect<int>& rect) {
@@ -178,7 +183,7 @@ void CSprite::RestoreBackground(CSprite* canvas) {
     return;
   }
   const CRect<int> area = std::exchange(mySavedArea, {});
-  Gfx::CopyExact(myBackBuffer.get(), {0, 0, area.w, area.h}, canvas->GetImage(), area.x, area.y);
+  Gfx::CopyPixels(myBackBuffer.get(), {0, 0, area.w, area.h}, canvas->GetImage(), area.x, area.y);
   canvas->GetImage()->AddDirtyRect(area);
 }
 
@@ -195,7 +200,7 @@ void CSprite::SaveBackground(CSprite* canvas) {
     return;
   }
   mySavedArea = area;
-  Gfx::CopyExact(canvas->GetImage(), area, myBackBuffer.get(), 0, 0);
+  Gfx::CopyPixels(canvas->GetImage(), area, myBackBuffer.get(), 0, 0);
 }
 
 bool CSprite::FitBackBuffer(int width, int height) {
@@ -208,23 +213,23 @@ bool CSprite::FitBackBuffer(int width, int height) {
 }
 
 void CSprite::CheckOverlap(CSprite* canvas) {
-  if (canvas == nullptr || myDirtyState == 2 || IsEmpty() ||
+  if (canvas == nullptr || myDirtyState == kOffCanvas || IsEmpty() ||
       !myRect.Intersects(canvas->GetRect())) {
     return;
   }
-  myDirtyState = 2;
+  myDirtyState = kOffCanvas;
   RestoreBackground(canvas);
 }
 
 bool CSprite::Draw(CSprite* canvas) {
-  const bool due = myDirtyState != 0 && !IsEmpty();
+  const bool due = myDirtyState != kPainted && !IsEmpty();
   if (due) {
     SaveBackground(canvas);
     Paint(canvas);
   }
-  // Also when there was nothing to paint: a sprite that was empty or off the canvas must be able to
-  // report when it appears.
-  myDirtyState = 0;
+  // Also when there was nothing to paint: a sprite that was empty or off the canvas must report
+  // when it appears.
+  myDirtyState = kPainted;
   myInDirtyList = false;
   return due;
 }
@@ -240,8 +245,8 @@ void CSprite::SetVisible(bool visible) {
 }
 
 void CSprite::SetSize(int width, int height) {
-  const SSize size{std::max(width, 0), std::max(height, 0)};
-  if (IsEmpty() || size == SSize{myRect.w, myRect.h}) {
+  const SShownLook::SSize size{std::max(width, 0), std::max(height, 0)};
+  if (IsEmpty() || size == SShownLook::SSize{myRect.w, myRect.h}) {
     return;
   }
   MarkChanged();
@@ -266,7 +271,7 @@ void CSprite::SetAlpha(int alpha) {
   }
   MarkChanged();
   myAlpha = clamped;
-  RenewCopy();  // of the same size: the rectangle stays, also one that a file has given
+  RenewCopy();  // the size stays, also one that a file has given
 }
 
 int CSprite::GetAlpha() const { return myAlpha; }
@@ -356,8 +361,12 @@ void CSprite::ImageChanged() {
 }
 
 void CSprite::RenewCopy() {
+  SShownLook look{mySize, std::nullopt, myAlpha};
+  if (myIsRotated) {
+    look.degrees = myRotation;
+  }
   myCopy.reset();
-  myCopy = MakeCopy();
+  myCopy = MakeShownCopy(*LoadedImage(), look);
   myImage = myCopy != nullptr ? myCopy.get() : LoadedImage();
 }
 
@@ -367,39 +376,11 @@ void CSprite::ShowImage() {
   myRect.h = myImage->GetHeight();
 }
 
-// Null while nothing but the loaded picture itself has to be shown.
-Gfx::ImagePtr CSprite::MakeCopy() const {
-  const SSize loaded{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()};
-  const SSize size = UnrotatedSize();
-  if (IsEmpty() || loaded.w <= 0 || loaded.h <= 0) {
-    return nullptr;
-  }
-  if (size.w == 0 || size.h == 0) {
-    return Gfx::ImagePtr(Gfx::NullImage());
-  }
-  Gfx::ImagePtr copy;
-  const auto source = [&] { return copy != nullptr ? copy.get() : LoadedImage(); };
-  if (size != loaded) {
-    copy.reset(source()->Scale(size.w, size.h));
-  }
-  if (myIsRotated) {
-    copy = Gfx::ImagePtr(source()->Rotate(myRotation));
-  }
-  if (myAlpha != 255) {
-    copy = Gfx::ImagePtr(source()->CloneWithAlpha(myAlpha));
-  }
-  return copy;
-}
-
-CSprite::SSize CSprite::UnrotatedSize() const {
-  return mySize.value_or(SSize{LoadedImage()->GetWidth(), LoadedImage()->GetHeight()});
-}
-
 int CSprite::GetDirtyState() const {
   if (!myInDirtyList) {
-    return 0;
+    return kUnchanged;
   }
-  return myRect == myLastRect ? 1 : 2;
+  return myRect == myLastRect ? kChangedInPlace : kMoved;
 }
 
 CRect<int> CSprite::GetRectFor(int which) const { return which == 1 ? myLastRect : myRect; }
@@ -409,7 +390,7 @@ IPixel* CSprite::GetImage() const { return myImage; }
 void CSprite::ForgetBackground() {
   mySavedArea = {};
   myBackBuffer.reset();  // its format may be that of a screen of another depth
-  myDirtyState = 2;
+  myDirtyState = kOffCanvas;
 }
 
 }  // namespace vask

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gfx/picture/gfx.h"
+#include "gfx/sprite/showncopy.h"
 #include "utils/rect.h"
 #include "utils/smartptr/smartptr.h"
 
@@ -14,21 +15,26 @@ namespace vask {
 class CSpriteLayer;
 class CXmlContext;
 
-// A picture at a place on the screen, with a depth, an alpha, a rotation and a name. Sprites report
-// their changes to the layer they live in; each frame only what changed is drawn again. A layer
-// does not own its sprites: the creator does, and a sprite leaves its layer when it dies.
+// A picture at a position on the screen, with a depth, an alpha, a rotation and a name. Sprites
+// report their changes to the layer that they are in; each frame only what changed is drawn again.
+// A layer does not own its sprites: whoever made them does. A sprite leaves its layer when it dies.
 //
-//   CSmartPtr<CSprite> door(CSpriteFactory::GetSingletonPtr()->Load("data/gfx/oven.xml"));
-//   door->SetPosition(0, -100);
+//     CSpritePtr door(CSpriteFactory::GetSingletonPtr()->Load("door.xml"));
+//     door->SetPosition(0, -10);
 class CSprite {
  public:
-  enum EType : int { kBase = 0, kLayer = 1, kScreenLayer = 2, kText = 3, kAnimated = 4 };
+  // What has happened since the sprite was drawn last.
+  enum EDirtyState : int { kUnchanged = 0, kChangedInPlace = 1, kMoved = 2 };
+  using DeathHook = void (*)(const CSprite* sprite);
 
   CSprite();
   CSprite(const CSprite&) = delete;
   CSprite& operator=(const CSprite&) = delete;
 
   virtual ~CSprite();
+  // Called with each sprite that dies, so that a layer above can let go of it; null for none.
+  static void SetDeathHook(DeathHook hook);
+
   virtual int GetTypeId() const;
   // Whether there is no picture.
   virtual bool IsEmpty() const;
@@ -36,35 +42,37 @@ class CSprite {
   virtual void Serialize(CXmlContext& xml);
   virtual std::string GetName() const;
   virtual void SetName(const std::string& name);
-  // The top-left corner, in pixels of the layer.
+  // The upper left corner, in pixels of the layer.
   virtual void SetX(int x);
   virtual void SetY(int y);
-  // Greater is further back; lower values are drawn over it.
+  // The depth: sprites with lower values are drawn over it.
   virtual void SetZ(int z);
   virtual void SetRect(const CRect<int>& rect);
   virtual int GetX() const;
   virtual int GetY() const;
   virtual int GetZ() const;
   virtual CRect<int> GetRect() const;
-  // The part of the loaded picture that is shown.
+  // The part of the loaded picture that is shown, cut to the picture.
   virtual void SetImageRect(const CRect<int>& rect);
   virtual CRect<int> GetImageRect() const;
   // The part of the layer outside which nothing of the sprite is shown; all zero when unset.
   virtual void SetScrollRect(const CRect<int>& rect);
   virtual CRect<int> GetScrollRect() const;
+  // Drawing by save-under; docs/architecture.md has the order of the steps. The canvas may be null,
+  // which draws nothing.
   virtual void PaintPart(CSprite* canvas, const CRect<int>& clip);
   virtual void Paint(CSprite* canvas);
   virtual void RestoreBackground(CSprite* canvas);
   virtual void SaveBackground(CSprite* canvas);
-  // Restores the background and asks for a repaint when the sprite lies on the canvas.
+  // When the sprite is painted on the canvas: restores its background and makes a repaint due.
   virtual void CheckOverlap(CSprite* canvas);
-  // Paints when a repaint is due; answers whether it painted.
+  // Saves the background and paints, when a repaint is due; returns whether it painted.
   virtual bool Draw(CSprite* canvas);
   // Hidden sprites leave their layer and come back to it.
   virtual void SetVisible(bool visible);
   virtual void SetSize(int width, int height);
-  // Degrees, counter-clockwise; changes of half a degree or less are ignored. A whole turn is one
-  // as well, and its picture a little larger than the loaded one.
+  // Degrees, counter-clockwise; changes of half a degree or less are ignored. The picture of a
+  // whole turn is a little larger than the loaded one.
   virtual void SetRotation(float degrees);
   virtual void SetAlpha(int alpha);
   virtual int GetAlpha() const;
@@ -75,14 +83,14 @@ class CSprite {
   // Leaves the old layer and joins the new one (null: none).
   virtual void SetParent(CSpriteLayer* layer);
   virtual void SetOwnsBackBuffer(bool owns);
-  // Tells the layer of a change that is about to come.
+  // Reports a change to the layer; called before the change is made.
   virtual void MarkChanged();
-  // Takes over the picture, which becomes loaded and shown: plain, without size, rotation and
-  // alpha.
+  // Takes ownership of the picture, unless it is static or the screen, and shows it plain: size,
+  // rotation and alpha are reset. Null is the null picture.
   virtual void SetImage(IPixel* image);
-  // 0 unchanged, 1 changed in place, 2 moved.
+  // An EDirtyState.
   virtual int GetDirtyState() const;
-  // 1: where it was drawn last; otherwise where it is.
+  // 1: the rectangle where it was drawn last; otherwise the current one.
   virtual CRect<int> GetRectFor(int which) const;
   virtual IPixel* GetImage() const;
 
@@ -93,25 +101,22 @@ class CSprite {
  protected:
   friend class CSpriteLayer;
 
-  // For kinds that draw on their loaded picture themselves. `ImageChanged` makes the shown copy
-  // again after new pixels; `ReplaceImage` takes over another picture, shown at its own size but
-  // rotated and faded as before. Both tell the layer.
+  // For derived classes that draw on their loaded picture. `ImageChanged` makes the shown copy
+  // again after its pixels were changed; `ReplaceImage` takes ownership of another picture, shown
+  // at its own size but rotated and faded as before. Both report a change.
   IPixel* LoadedImage() const;
   void ImageChanged();
   void ReplaceImage(IPixel* image);
 
-  // What was saved from under the sprite is worthless, and it must be painted: its layer or the
-  // surface below it is a new one.
+  // Drops the saved background and makes a repaint due: the layer, or the surface below the sprite,
+  // is a new one.
   virtual void ForgetBackground();
-  // Out of the layer, visible or hidden; derived layers do so while their children still answer.
+  // Leaves the layer, visible or hidden. A derived layer calls it before its children are orphaned.
   void LeaveLayer();
 
  private:
-  struct SSize {
-    int w = 0;
-    int h = 0;
-    bool operator==(const SSize&) const = default;
-  };
+  // Off: its background is restored, or was never saved; the next pass paints it.
+  enum EPaintState : int { kPainted = 0, kOffCanvas = 2 };
   // The screen and the null picture are only borrowed.
   struct SImageRelease {
     SImageRelease() : borrowed(false) {}
@@ -127,8 +132,6 @@ class CSprite {
   void TakeLoaded(IPixel* image);
   void ShowImage();
   void RenewCopy();
-  Gfx::ImagePtr MakeCopy() const;
-  SSize UnrotatedSize() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
   // False when no such buffer can be made.
   bool FitBackBuffer(int width, int height);
@@ -142,16 +145,16 @@ class CSprite {
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
   bool myOwnsBackBuffer = true;
-  // What of the canvas the upper left of the back buffer holds; empty while it holds nothing.
+  // The part of the canvas that is saved in the back buffer, from its corner on; empty for none.
   CRect<int> mySavedArea;
   CRect<int> myRect;
   std::unique_ptr<CRect<int>> myScrollRect;
   int myZ = 100;
   std::uint8_t myAlpha = 255;
   float myRotation = 0.0F;
-  bool myIsRotated = false;     // by SetRotation: whole turns count too, as they change the picture
-  std::optional<SSize> mySize;  // that SetSize asked for, before rotation
-  int myDirtyState = 0;         // 2: its background is restored, the next pass paints it
+  bool myIsRotated = false;  // by SetRotation: whole turns count too, as they change the picture
+  std::optional<SShownLook::SSize> mySize;  // that SetSize asked for, before rotation
+  EPaintState myDirtyState = kPainted;
   CRect<int> myLastRect;
   bool myInDirtyList = false;
   std::string myName;

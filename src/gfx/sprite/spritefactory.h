@@ -12,16 +12,10 @@ class CSprite;
 class CSpriteFactory : public CStaticSingleton<CSpriteFactory> {
  public:
   // A name that ends in "xml" is read as a sprite file, any other is a picture for a plain sprite.
-  // Never null, but empty (CSprite::IsEmpty) when nothing could be loaded. Owned by the caller, who
-  // holds it in a CSpritePtr: a file of type "sprite_screenlayer" yields the screen layer itself,
+  // Never null, but empty (CSprite::IsEmpty) when nothing could be loaded. The caller owns it and
+  // holds it in a CSpritePtr. A file of type "sprite_screenlayer" yields the screen layer itself,
   // which such pointers never delete.
   CSprite* Load(const std::string& fileName);
-
-  // A new sprite of the type number, the screen layer for its number; null for an unknown number.
-  static CSprite* Create(int type);
-  // The number of a type name; 0 for an unknown one. And the name of a number.
-  static int TypeFromName(const std::string& name);
-  static const char* NameFromType(int type);
 };
 
 }  // namespace vask

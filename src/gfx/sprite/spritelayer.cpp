@@ -1,10 +1,17 @@
 #include "gfx/sprite/spritelayer.h"
 
+#include "gfx/sprite/spritetypes.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <limits>
 
 namespace vask {
+namespace {
+
+const CSpriteTypeRegistrar theRegistrar(kLayerSprite, NewSprite<CSpriteLayer>);
+
+}  // namespace
 
 CSpriteLayer::CSpriteLayer() : myDepthMark(std::numeric_limits<int>::min()) {}
 
@@ -25,9 +32,9 @@ void CSpriteLayer::Orphan(CSprite* sprite) {
   sprite->ForgetBackground();
 }
 
-int CSpriteLayer::GetTypeId() const { return kLayer; }
+int CSpriteLayer::GetTypeId() const { return kLayerSprite.number; }
 
-// Nothing that CheckOverlap does can change a list of children: it only puts pixels back.
+// CheckOverlap only restores pixels: it changes no list of children.
 void CSpriteLayer::CheckOverlap(CSprite* canvas) {
   for (CSprite* child : myChildren.Items()) {
     child->CheckOverlap(canvas);
@@ -38,9 +45,9 @@ void CSpriteLayer::CheckOverlap(CSprite* canvas) {
   CSprite::CheckOverlap(canvas);
 }
 
-// Nor does painting.
+// Painting does not change a list either.
 bool CSpriteLayer::Draw(CSprite* canvas) {
-  bool drew = CSprite::Draw(canvas);  // a picture of the layer's own lies behind its children
+  bool drew = CSprite::Draw(canvas);  // the layer's own picture is behind its children
   const std::vector<CSprite*>& children = myChildren.Items();
   for (std::size_t i = children.size(); i-- > 0;) {
     CSprite* child = children[i];
@@ -61,12 +68,12 @@ void CSpriteLayer::AddChild(CSprite* sprite) {
   }
   sprite->LeaveLayer();
   sprite->myParent = this;
-  PutIn(sprite);
+  InsertByDepth(sprite);
 }
 
 void CSpriteLayer::RemoveChild(CSprite* sprite) {
   if (myChildren.Contains(sprite)) {
-    TakeOut(sprite);
+    Detach(sprite);
   } else if (!myHiddenChildren.Remove(sprite)) {
     return;
   }
@@ -77,7 +84,7 @@ void CSpriteLayer::HideChild(CSprite* sprite) {
   if (!myChildren.Contains(sprite)) {
     return;
   }
-  TakeOut(sprite);
+  Detach(sprite);
   Orphan(sprite);
   sprite->myHiddenParent = this;
   myHiddenChildren.Append(sprite);
@@ -89,7 +96,7 @@ void CSpriteLayer::ShowChild(CSprite* sprite) {
   }
   sprite->myHiddenParent = nullptr;
   sprite->myParent = this;
-  PutIn(sprite);
+  InsertByDepth(sprite);
 }
 
 void CSpriteLayer::RaiseDepthMark(int z) { myDepthMark = std::max(myDepthMark, z); }
@@ -98,8 +105,8 @@ int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
 
 void CSpriteLayer::AddDirty(CSprite* sprite) {
   sprite->myInDirtyList = true;
-  TakeOff(sprite);
-  sprite->myDirtyState = 2;  // also off the canvas: the change may bring it there
+  RestoreDownTo(sprite);
+  sprite->myDirtyState = kOffCanvas;  // also outside the canvas: the change may move it there
 }
 
 void CSpriteLayer::SetCanvas(CSprite* canvas) { myCanvas = canvas; }
@@ -108,12 +115,12 @@ CSprite* CSpriteLayer::GetCanvas() const {
   return GetParent() != nullptr ? GetParent()->GetCanvas() : myCanvas;
 }
 
-void CSpriteLayer::TakeOut(CSprite* sprite) {
-  TakeOff(sprite);
+void CSpriteLayer::Detach(CSprite* sprite) {
+  RestoreDownTo(sprite);
   myChildren.Remove(sprite);
 }
 
-void CSpriteLayer::TakeOff(CSprite* sprite) {
+void CSpriteLayer::RestoreDownTo(CSprite* sprite) {
   MarkChanged();
   CSprite* canvas = GetCanvas();
   for (CSprite* child : myChildren.Items()) {
@@ -125,7 +132,7 @@ void CSpriteLayer::TakeOff(CSprite* sprite) {
   RaiseDepthMark(sprite->myZ);
 }
 
-void CSpriteLayer::PutIn(CSprite* sprite) {
+void CSpriteLayer::InsertByDepth(CSprite* sprite) {
   MarkChanged();
   CSprite* canvas = GetCanvas();
   std::size_t position = 0;

@@ -7,14 +7,20 @@
 
 namespace vask {
 
-// A sprite that holds others (not owned), sorted by depth, and paints them onto its canvas. The
-// list runs from the front (smallest depth) to the back; drawing runs from the back.
+// A sprite that holds others (not owned), sorted by depth, and paints them onto its canvas by
+// save-under. The list runs from the front (smallest depth) to the back; painting runs from the
+// back to the front.
 //
-// What makes it exact: on the canvas, the sprites that are painted always lie behind all those that
-// are not. Before a sprite changes, everything in front of it is therefore taken off, front to
-// back, each putting back what it had covered; the next pass paints what is missing, back to front.
+// Invariant: no painted sprite is in front of one that is off the canvas. So before a sprite
+// changes, it and all sprites in front of it restore their backgrounds, from the front to the back;
+// the next pass paints them again.
 //
-// A layer within a layer paints onto the canvas of its parent, at the parent's coordinates.
+// A layer within a layer paints onto the canvas of its parent, in the parent's coordinates.
+//
+//     CSpriteLayer signs;
+//     signs.SetZ(50);
+//     signs.SetParent(CScreenLayer::GetSingletonPtr());
+//     signs.AddChild(door.Get());
 class CSpriteLayer : public CSprite {
  public:
   CSpriteLayer();
@@ -28,16 +34,15 @@ class CSpriteLayer : public CSprite {
   // Among sprites of equal depth a new child is drawn over the older ones. A sprite leaves the
   // layer that it was in; a layer cannot be put into itself.
   virtual void AddChild(CSprite* sprite);
-  // A visible or a hidden child.
+  // Removes a visible or a hidden child; does nothing for other sprites.
   virtual void RemoveChild(CSprite* sprite);
-  // Keep the depth mark at the greatest depth that must be repainted.
+  // The depth mark: the greatest depth that must be repainted.
   virtual void RaiseDepthMark(int z);
   virtual int GetDepthMark() const;
-  // A child tells of a change that is about to come.
+  // A child reports a change that is about to be made.
   virtual void AddDirty(CSprite* sprite);
-  // The sprite that stands for the surface the layer paints on; not owned.
+  // The sprite whose picture is the surface that the layer paints on; not owned, null for none.
   virtual void SetCanvas(CSprite* canvas);
-  // Null for none.
   virtual CSprite* GetCanvas() const;
   virtual void HideChild(CSprite* sprite);
   virtual void ShowChild(CSprite* sprite);
@@ -50,11 +55,11 @@ class CSpriteLayer : public CSprite {
  private:
   friend class CSprite;
 
-  // Puts back what the sprites in front of a child, and then the child itself, have covered.
-  void TakeOff(CSprite* sprite);
-  // Off the canvas and out of the depth order; and back by its depth.
-  void TakeOut(CSprite* sprite);
-  void PutIn(CSprite* sprite);
+  // Restores the backgrounds of all children in front of a child, then that of the child itself.
+  void RestoreDownTo(CSprite* sprite);
+  // Restores down to the child and takes it out of the depth order; and puts it back by its depth.
+  void Detach(CSprite* sprite);
+  void InsertByDepth(CSprite* sprite);
   bool IsInside(const CSprite* sprite) const;
   static void Orphan(CSprite* sprite);
 

@@ -11,7 +11,7 @@ namespace {
 // Far more than any screen, and harmless to add to a position.
 constexpr float kFarthest = 1.0e6F;
 
-// The way's part that a value stands for. An expression may give any number, and none.
+// A fraction of the distance. An expression may yield any number, also NaN.
 int PartOf(int way, float value) {
   const float part = value * static_cast<float>(way);
   return std::isnan(part) ? 0 : static_cast<int>(std::clamp(part, -kFarthest, kFarthest));

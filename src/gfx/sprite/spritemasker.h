@@ -6,7 +6,7 @@ namespace vask {
 
 class CSprite;
 
-// What an animator's value does to a sprite (not owned).
+// Applies an animator's value to a sprite (not owned).
 class ISpriteMasker {
  public:
   explicit ISpriteMasker(CSprite* sprite) : mySprite(sprite) {}
@@ -18,7 +18,7 @@ class ISpriteMasker {
   CSprite* mySprite;
 };
 
-// Moves the sprite from where it is towards a target; a value above 1 overshoots.
+// Moves the sprite from its position towards a target; a value above 1 overshoots.
 class CSpriteMoveToUpdator : public ISpriteMasker {
  public:
   CSpriteMoveToUpdator(CSprite* sprite, int targetX, int targetY);

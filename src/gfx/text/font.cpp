@@ -32,21 +32,21 @@ CFont* CFont::Clone() const {
   return clone;
 }
 
-CPenPosition CFont::Write(IPixel* target, const std::string& text, const CRect<int>& rect,
-                          const CPenPosition& cursor) {
+SPenPosition CFont::Write(IPixel* target, const std::string& text, const CRect<int>& rect,
+                          const SPenPosition& cursor) {
   if (myAlign != nullptr) {
     return myAlign->Print(*this, target, text, rect);
   }
-  CPenPosition pen = WriteLine(target, text, cursor.x, cursor.y);
+  SPenPosition pen = WriteLine(target, text, cursor.x, cursor.y);
   pen.y += text.empty() ? 0 : myLineHeight;
   return pen;
 }
 
-CPenPosition CFont::Write(IPixel* target, const std::string& text, const CRect<int>& rect) {
+SPenPosition CFont::Write(IPixel* target, const std::string& text, const CRect<int>& rect) {
   return Write(target, text, rect, {rect.x, rect.y});
 }
 
-CPenPosition CFont::WriteLine(IPixel* target, const std::string& text, int x, int y) {
+SPenPosition CFont::WriteLine(IPixel* target, const std::string& text, int x, int y) {
   if (!CanDraw(target)) {
     return {x + GetTextWidth(text), y};
   }
@@ -67,7 +67,7 @@ CPenPosition CFont::WriteLine(IPixel* target, const std::string& text, int x, in
   return {x, y};
 }
 
-CPenPosition CFont::Write(IPixel* target, const std::string& text, int x, int y) {
+SPenPosition CFont::Write(IPixel* target, const std::string& text, int x, int y) {
   const bool canDraw = CanDraw(target);
   const int right = canDraw ? target->GetWidth() : x + kUnlimited;
   const int bottom = canDraw ? target->GetHeight() : y + kUnlimited;

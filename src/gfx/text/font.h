@@ -12,8 +12,8 @@ namespace vask {
 
 class IFontAlign;
 
-// Where writing has come to, in pixels of the target.
-struct CPenPosition {
+// Where the next glyph would be drawn, in pixels of the target.
+struct SPenPosition {
   int x = 0;
   int y = 0;
 };
@@ -21,8 +21,8 @@ struct CPenPosition {
 // A bitmap font: a sheet of glyphs and a rectangle for each character. A font without glyphs (its
 // file was bad) draws nothing and measures 0.
 //
-//   std::unique_ptr<CFont> font = LoadFont("data/gfx/numbers.ogf");
-//   font->WriteLine(target, "+500", 0, 0);
+//     const std::unique_ptr<CFont> font = LoadFont("numbers.ogf");
+//     font->WriteLine(target.get(), "+500", 0, 0);
 class CFont {
  public:
   CFont();
@@ -32,16 +32,16 @@ class CFont {
   virtual ~CFont();
   // A font that shares the sheet; owned by the caller.
   virtual CFont* Clone() const;
-  // Lays the text out in the rectangle by the alignment, or draws it plain from the cursor when
-  // none is set. Answers where the text ended, with a y below its last line. A null or empty target
-  // draws nothing and only measures. The short forms start at the rectangle's corner, and take the
-  // rest of the target from (x, y) as the rectangle.
-  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect,
-                             const CPenPosition& cursor);
-  virtual CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect);
-  // Draws one line of glyphs, without any layout. Answers where the next glyph would stand.
-  virtual CPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y);
-  virtual CPenPosition Write(IPixel* target, const std::string& text, int x, int y);
+  // Lays the text out in the rectangle by the alignment, or draws it as one line from the cursor
+  // when none is set. Returns where the text ended, with a y below its last line. With a null or
+  // empty target nothing is drawn, only measured. The short forms start at the rectangle's corner;
+  // the one with (x, y) uses the rest of the target from there as the rectangle.
+  virtual SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect,
+                             const SPenPosition& cursor);
+  virtual SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect);
+  // Draws one line of glyphs, without any layout. Returns the pen position after it.
+  virtual SPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y);
+  virtual SPenPosition Write(IPixel* target, const std::string& text, int x, int y);
   // 0 left, 1 centre, 2 right, 3 justify; any other number removes the alignment.
   virtual void SetAlign(int kind);
   virtual int GetLineHeight() const;
@@ -70,13 +70,13 @@ class CFont {
   int myReserved = 0;
   int mySpaceWidth = 0;
   std::string myFileName;
-  // The widths once more, by character: a log view measures its whole log at each change of its
-  // width.
+  // The widths of myCharRects as an array, for speed: a log view measures its whole log when its
+  // width changes.
   std::array<int, 256> myWidths{};
 };
 
-// A font from a file: an OGF file by its extension "ogf", any other name is the system font. Never
-// null.
+// A font from a file. A name that ends in "ogf" is read as an OGF file, any other gives the system
+// font. Never null.
 std::unique_ptr<CFont> LoadFont(const std::string& fileName);
 
 }  // namespace vask

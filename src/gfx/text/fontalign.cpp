@@ -19,7 +19,7 @@ std::string WithoutTabs(const std::string& text) {
   return result;
 }
 
-// How far the pen goes down when no further line fits: line by line to the rectangle's bottom.
+// How far the pen goes down when no further line fits: whole lines down to the rectangle's bottom.
 int RestOfHeight(int used, int height, int lineHeight) {
   return lineHeight <= 0 ? 0 : (height - used + lineHeight - 1) / lineHeight * lineHeight;
 }
@@ -41,18 +41,18 @@ std::unique_ptr<IFontAlign> CreateFontAlign(int type) {
   }
 }
 
-CPenPosition CFontAlign::Print(CFont& font, IPixel* target, const std::string& text,
+SPenPosition CFontAlign::Print(CFont& font, IPixel* target, const std::string& text,
                                const CRect<int>& rect) {
   if (text.find('\t') != std::string::npos) {
     return Print(font, target, WithoutTabs(text), rect);
   }
   const int lineHeight = font.GetLineHeight();
   const int length = static_cast<int>(text.size());
-  CPenPosition pen{rect.x, rect.y};
+  SPenPosition pen{rect.x, rect.y};
   int start = 0;
   for (int used = 0; used < rect.h && start < length; used += lineHeight) {
     const int count = FitLine(font, text, rect, start);
-    if (count == 0) {  // and never will: the same word comes up for every further line
+    if (count == 0) {  // the same word would fail on every further line
       pen.y += RestOfHeight(used, rect.h, lineHeight);
       break;
     }
@@ -86,7 +86,7 @@ int CFontAlign::FitLine(const CFont& font, const std::string& text, const CRect<
       wordWidth += font.GetCharWidth(static_cast<unsigned char>(character));
     }
     const bool isParagraphEnd = position == length || character == kLineEnd;
-    // Behind a blank that reaches over the edge nothing is left that would need a further line.
+    // After a blank that reaches over the edge nothing is left that would need another line.
     const bool isUsedUp = isParagraphEnd && position == wordStart;
     if (!isUsedUp && myLineWidth + wordWidth > rect.w) {
       return wordStart - start;

@@ -15,13 +15,13 @@ class IFontAlign {
   enum EType : int { kLeft = 0, kCenter = 1, kRight = 2, kJustify = 3 };
 
   virtual ~IFontAlign() = default;
-  // Draws the text; measures only when the target is null or empty. Answers where the last line
+  // Draws the text; only measures when the target is null or empty. Returns where the last line
   // ended, with a y below that line.
-  virtual CPenPosition Print(CFont& font, IPixel* target, const std::string& text,
+  virtual SPenPosition Print(CFont& font, IPixel* target, const std::string& text,
                              const CRect<int>& rect) = 0;
   virtual int GetType() const = 0;
-  // How many characters of the text from `start` make the next line, its line end included; 0 when
-  // the first word is wider than the rectangle.
+  // How many characters of the text, from `start` on, fit on one line, its line end included; 0
+  // when the first word is wider than the rectangle.
   virtual int FitLine(const CFont& font, const std::string& text, const CRect<int>& rect,
                       int start) = 0;
 };
@@ -29,20 +29,19 @@ class IFontAlign {
 // The alignment of a type number; null for any other number.
 std::unique_ptr<IFontAlign> CreateFontAlign(int type);
 
-// What all alignments share: everything but the place of a line.
+// What all alignments share: everything but the x of a line.
 class CFontAlign : public IFontAlign {
  public:
-  CPenPosition Print(CFont& font, IPixel* target, const std::string& text,
+  SPenPosition Print(CFont& font, IPixel* target, const std::string& text,
                      const CRect<int>& rect) override;
   int FitLine(const CFont& font, const std::string& text, const CRect<int>& rect,
               int start) override;
 
  protected:
-  // Draws the line that was fitted last, without its line end, at a height; answers the x of its
-  // end.
+  // Draws the line that was fitted last, without its line end, at y; returns the x of its end.
   virtual int DrawLine(CFont& font, IPixel* target, const std::string& line, const CRect<int>& rect,
                        int y);
-  // The x of a line of a width.
+  // The x where a line of that width begins.
   virtual int LineX(const CRect<int>& rect, int width) const = 0;
 
   int myLineWidth = 0;           // of the line that was fitted last, in pixels

@@ -39,8 +39,8 @@ void CLotsATextSprite::Update() {
   }
 }
 
-// Other line breaks make the text another height, and what is shown lies elsewhere in it: it is
-// painted once more.
+// Painting may break the lines anew, which changes the text's height and the place of what is
+// shown; then it is painted once more.
 bool CLotsATextSprite::PaintText(bool force) {
   const CRect<int> area = ViewArea();
   const bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
@@ -65,20 +65,21 @@ void CLotsATextSprite::ScrollBy(int pixels) {
   Update();
 }
 
-// In double, so that the fraction tells apart all pixels of a text of some hundred thousand lines.
+// In double, so that the fraction distinguishes all pixels of a text of some hundred thousand
+// lines.
 int CLotsATextSprite::TopIn(int textHeight) const {
   const int room = textHeight - GetRect().h;
   return room > 0 ? static_cast<int>(double{myScrollFraction} * room) : room;
 }
 
-// A fraction that stands for the middle of the pixel finds it again.
+// The fraction is that of the pixel's middle, so that rounding finds the same pixel again.
 void CLotsATextSprite::MoveTo(int top, int textHeight) {
   const int room = textHeight - GetRect().h;
   const double middle = std::max(top, 0) + 0.5;
   myScrollFraction = top >= room ? 1.0F : static_cast<float>(middle / room);
 }
 
-// Keeps what is shown in its place while the text grows below it.
+// Keeps the view on the same text while more is added below it.
 void CLotsATextSprite::Hold() {
   const int height = myDrawer->GetTextHeight();
   if (height <= GetRect().h) {

@@ -24,8 +24,6 @@ constexpr float kWidthUnit = 0.015625F;  // of the cell width
 constexpr float kTintUnit = 0.125F;
 constexpr char kNoTint[] = "888";
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 // Empty when the file cannot be read.
 std::string ReadFirstLine(const std::string& fileName) {
   std::ifstream file = OpenInputFile(fileName);
@@ -155,7 +153,7 @@ void COgfFontLoader::AddGlyphs(CFont& font, const SHeader& header, int sheetWidt
                                int sheetHeight) {
   const int cellWidth = sheetWidth / header.columns;
   const int cellHeight = sheetHeight / header.rows;
-  CPenPosition pen;
+  SPenPosition pen;
   for (int i = 0; i < header.count; ++i) {
     const auto index = static_cast<std::size_t>(i);
     const int width64ths =
@@ -165,7 +163,7 @@ void COgfFontLoader::AddGlyphs(CFont& font, const SHeader& header, int sheetWidt
     font.AddGlyph(static_cast<unsigned char>(header.characters[index]),
                   {pen.x, pen.y, width, header.cellHeight});
     const bool endsRow = (i + 1) % header.columns == 0;
-    pen = endsRow ? CPenPosition{0, pen.y + cellHeight} : CPenPosition{pen.x + cellWidth, pen.y};
+    pen = endsRow ? SPenPosition{0, pen.y + cellHeight} : SPenPosition{pen.x + cellWidth, pen.y};
   }
 }
 

@@ -13,7 +13,7 @@ namespace vask {
 //   OGF;columns;rows;cell width;cell height;N;tint;the N characters;2N digits of width;picture
 //
 // Widths are in 64ths of the cell width, the tint is one digit each for red, green and blue in
-// eighths. A ";" among the characters stands for itself.
+// eighths. The characters may contain ";".
 class COgfFontLoader : public IFontLoader {
  public:
   std::string GetKey() const override { return "ogf"; }

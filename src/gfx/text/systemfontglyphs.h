@@ -5,8 +5,8 @@
 
 namespace vask::systemfont {
 
-// The cell of every glyph, in pixels. The strokes stand in the left five columns; the last column,
-// and what a shadow needs, is the gap to the next glyph.
+// The cell of every glyph, in pixels. The strokes use the left five columns; the last column is the
+// gap to the next glyph and the place of the shadow.
 inline constexpr int kCellWidth = 6;
 inline constexpr int kCellHeight = 12;
 // Above the strokes of every glyph.

@@ -1,5 +1,6 @@
 #include "gfx/text/textsprite.h"
 
+#include "gfx/sprite/spritetypes.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>
@@ -8,7 +9,9 @@ namespace vask {
 
 namespace {
 
-// No file puts its text further away than this, so the layout cannot overflow.
+const CSpriteTypeRegistrar theRegistrar(kTextSprite, NewSprite<CTextSprite>);
+
+// Numbers from a file are cut to this, so that the layout cannot overflow.
 constexpr int kFarthest = 16384;
 
 void KeepNear(int& value) { value = std::clamp(value, -kFarthest, kFarthest); }
@@ -32,7 +35,7 @@ CTextSprite::CTextSprite(std::unique_ptr<CFont> font, int width, int height)
 
 CTextSprite::~CTextSprite() = default;
 
-int CTextSprite::GetTypeId() const { return kText; }
+int CTextSprite::GetTypeId() const { return kTextSprite.number; }
 
 void CTextSprite::Serialize(CXmlContext& xml) {
   CSprite::Serialize(xml);

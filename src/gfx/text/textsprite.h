@@ -11,22 +11,22 @@ namespace vask {
 // A sprite that shows a text over an optional backdrop picture. The text is laid out in the font
 // rectangle by the font's alignment; without one it is a single line from the pen start.
 //
-//   CSpritePtr sign(new CTextSprite(LoadFont("data/gfx/numbers.ogf"), 200, 50));
-//   sign->SetParent(CScreenLayer::GetSingletonPtr());
-//   sign->SetText("+500");
+//     const CSpritePtr sign(new CTextSprite(LoadFont("system"), 60, 20));
+//     sign->SetParent(CScreenLayer::GetSingletonPtr());
+//     sign->SetText("+500");
 class CTextSprite : public CSprite {
  public:
-  // For files: everything zero and empty.
+  // Everything zero and empty, to be read from a file.
   CTextSprite();
   // A transparent picture of width by height pixels on which the text is drawn.
   CTextSprite(std::unique_ptr<CFont> font, int width, int height);
   ~CTextSprite() override;
 
   int GetTypeId() const override;
-  // A file gives the size of the sprite in "ImageRect". Without a "FontRect" the text has the whole
-  // sprite; without a "FontStartPosition" it starts at the corner of its rectangle.
+  // The sprite's size is in "ImageRect". The default of "FontRect" is the whole sprite, that of
+  // "FontStartPosition" the corner of that rectangle.
   void Serialize(CXmlContext& xml) override;
-  // A new picture of that size, with the text laid out again: text is never scaled. The font
+  // Makes a new picture of that size and lays the text out again: text is never scaled. The font
   // rectangle keeps its distance from the right and the lower edge.
   void SetSize(int width, int height) override;
   void SetText(const std::string& text) override;
@@ -35,8 +35,8 @@ class CTextSprite : public CSprite {
   void SetBackdrop(Gfx::ImagePtr backdrop);
 
   const std::string& GetText() const { return myText; }
-  // Null for a sprite from a file that names no font. A change of the alignment is seen at the next
-  // text.
+  // Null for a sprite from a file that names no font. After a change of the alignment the next text
+  // is laid out by it.
   CFont* GetFont() const { return myFont.get(); }
 
  private:
@@ -46,7 +46,7 @@ class CTextSprite : public CSprite {
   void Redraw();
 
   CRect<int> myFontRect;
-  CPenPosition myFontStartPosition;
+  SPenPosition myFontStartPosition;
   int myWidth = 0;
   int myHeight = 0;
   Gfx::ImagePtr myBackdrop;

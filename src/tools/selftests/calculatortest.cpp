@@ -24,7 +24,7 @@ bool TestCalculator(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestCalculator, "Calculator", __FILE__);
+const CTestRegistrar theRegistrar(&TestCalculator, "Calculator", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

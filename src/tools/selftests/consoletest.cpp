@@ -8,7 +8,7 @@
 namespace vask::tester {
 namespace {
 
-// Answers its parameters, numbers in brackets.
+// Returns its parameters, numbers in brackets.
 class CEchoCommand : public CConsoleCommand {
  public:
   std::string Execute(CConsoleParams* params) override {
@@ -46,7 +46,7 @@ bool TestConsole(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestConsole, "Console parsing", __FILE__);
+const CTestRegistrar theRegistrar(&TestConsole, "Console parsing", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

@@ -53,7 +53,7 @@ bool TestFakeThreads(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestFakeThreads, "Cooperative threads", __FILE__);
+const CTestRegistrar theRegistrar(&TestFakeThreads, "Cooperative threads", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

@@ -1,6 +1,7 @@
 #include "tools/tester.h"
 #include "utils/signalslot/cssobject.h"
 #include "utils/signalslot/signal.h"
+#include "utils/signalslot/signalwiring.h"
 #include "utils/xml/xml.h"
 
 #include <memory>
@@ -34,7 +35,7 @@ const auto& ourSlots = css::CSSObject<CLamp>::GetSingleton()
 std::string Written(css::CSignal& signal) {
   CXmlElement root("Signal");
   CXmlContext xml(&root, CXmlContext::kWriting);
-  signal.Serialize(xml);
+  css::CSignalWiring(signal).Serialize(xml);
   std::ostringstream stream;
   WriteXml(root, stream);
   return stream.str();
@@ -55,7 +56,7 @@ bool TestSignalWiring(STest& test) {
   const std::unique_ptr<CXmlElement> root = ReadXml(document);
   CXmlContext xml(root.get(), CXmlContext::kReading);
   css::CSignal signal;
-  signal.Serialize(xml);
+  css::CSignalWiring(signal).Serialize(xml);
   VASK_TEST_ASSERT(test, Written(signal) == wiring, Written(signal));
   signal.Emit();
   VASK_TEST_ASSERT(test, left.IsOn() && right->IsOn(), "a slot was not called");
@@ -67,7 +68,7 @@ bool TestSignalWiring(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestSignalWiring, "Signal wiring", __FILE__);
+const CTestRegistrar theRegistrar(&TestSignalWiring, "Signal wiring", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

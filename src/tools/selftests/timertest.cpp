@@ -25,7 +25,7 @@ bool TestTimers(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestTimers, "Timers", __FILE__);
+const CTestRegistrar theRegistrar(&TestTimers, "Timers", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

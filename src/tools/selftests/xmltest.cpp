@@ -36,7 +36,7 @@ bool TestXmlRoundTrip(STest& test) {
   return false;
 }
 
-const CTestRegistrar ourRegistrar(&TestXmlRoundTrip, "XML round trip", __FILE__);
+const CTestRegistrar theRegistrar(&TestXmlRoundTrip, "XML round trip", __FILE__);
 
 }  // namespace
 }  // namespace vask::tester

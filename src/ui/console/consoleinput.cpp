@@ -1,14 +1,12 @@
 #include "ui/console/consoleinput.h"
 
+#include "input/keynames.h"
+
 #include <algorithm>
 #include <cstdint>
 
 namespace vask {
 namespace {
-
-constexpr std::int32_t kPageUp = 280;
-constexpr std::int32_t kPageDown = 281;
-constexpr std::int32_t kKeypadEnter = 271;
 
 constexpr std::int32_t kCursorWidth = 2;  // pixels
 
@@ -21,11 +19,11 @@ void CConsoleInput::OnKeyboardEvent(ui::CKeyboardEvent& event) {
     return CTextInputWidget::OnKeyboardEvent(event);
   }
   switch (event.GetKey()) {
-    case kPageUp:
+    case kPageUpKey:
       return myPageSignal.Emit(std::int32_t{-1});
-    case kPageDown:
+    case kPageDownKey:
       return myPageSignal.Emit(std::int32_t{1});
-    case kKeypadEnter:
+    case kKeypadEnterKey:
       return GetKeySignal(kReturn).Emit();
     default:
       CTextInputWidget::OnKeyboardEvent(event);

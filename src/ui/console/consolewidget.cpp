@@ -3,16 +3,18 @@
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/text/fontalign.h"
 #include "gfx/text/lotsatextsprite.h"
+#include "input/buttons.h"
 #include "ui/console/loglistenerforconsole.h"
+#include "ui/widgetfactory.h"
 
 #include <algorithm>
 
 namespace vask::ui {
 namespace {
 
+const CWidgetRegistrar<CConsoleWidget> theRegistrar("CConsoleWidget");
+
 constexpr CRect<int> kRect{0, 0, 400, 180};
-constexpr std::int32_t kWheelUp = 8;
-constexpr std::int32_t kWheelDown = 16;
 constexpr std::int32_t kLinesPerNotch = 3;
 
 }  // namespace

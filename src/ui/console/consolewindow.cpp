@@ -1,6 +1,7 @@
 #include "ui/console/consolewindow.h"
 
 #include "events/eventbridge.h"
+#include "input/keynames.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "ui/console/consolecompletion.h"
@@ -18,9 +19,6 @@
 
 namespace vask {
 namespace {
-
-constexpr int kEscape = 27;
-constexpr int kF1 = 282;
 
 // Of a line that lists choices, in characters: it fits into the window as it opens.
 constexpr std::size_t kListWidth = 60;
@@ -97,7 +95,7 @@ void CConsoleWindow::TurnClosedFlag() {
 }
 
 bool CConsoleWindow::TakesPress(int key) {
-  if (!HasWidgets() || (key != kEscape && key != kF1)) {
+  if (!HasWidgets() || (key != kEscapeKey && key != kF1Key)) {
     return false;
   }
   if (!myWindow->IsClosed()) {
@@ -105,7 +103,7 @@ bool CConsoleWindow::TakesPress(int key) {
     return true;
   }
   // The owner, who may be paused, has yet to delete it: what F1 is bound to tells it to.
-  return key == kEscape;
+  return key == kEscapeKey;
 }
 
 void CConsoleWindow::Execute() {

@@ -60,7 +60,7 @@ CInfixToPostfix::SToken CInfixToPostfix::NextToken(std::string_view infix, std::
 }
 
 // The next token, a sign being an operator: the stretch up to the next mark, or the mark if only
-// blanks stand before it. Empty when nothing but blanks is left.
+// blanks come before it. Empty when nothing but blanks is left.
 CInfixToPostfix::SToken CInfixToPostfix::PlainToken(std::string_view infix,
                                                     std::size_t begin) const {
   for (std::size_t position = begin; position < infix.size(); ++position) {
@@ -75,28 +75,28 @@ CInfixToPostfix::SToken CInfixToPostfix::PlainToken(std::string_view infix,
   return {std::string(value), value.empty() ? kNone : kValue, infix.size()};
 }
 
-// The operator or bracket at the position. Of two operators that both stand there, the first by
+// The operator or bracket at the position. Of two operators that match there, the first by
 // byte order counts, which is the shorter one.
 CInfixToPostfix::SToken CInfixToPostfix::MarkAt(std::string_view infix,
                                                 std::size_t position) const {
-  const auto standsThere = [&](const std::string& text) {
+  const auto matches = [&](const std::string& text) {
     return infix.compare(position, text.size(), text) == 0;
   };
   for (const auto& [text, priority] : myPriorities) {
-    if (standsThere(text)) {
+    if (matches(text)) {
       return {text, kOperator, position + text.size()};
     }
   }
-  if (standsThere(myOpening)) {
+  if (matches(myOpening)) {
     return {myOpening, kOpening, position + myOpening.size()};
   }
-  if (standsThere(myClosing)) {
+  if (matches(myClosing)) {
     return {myClosing, kClosing, position + myClosing.size()};
   }
   return {};
 }
 
-// The signs from this one on and the value behind them as one value ("--5"); without a value the
+// The signs from this one on and the value after them as one value ("--5"); without a value the
 // sign itself. Remembers a failure, so that a long row of signs is walked once.
 CInfixToPostfix::SToken CInfixToPostfix::MergeSigns(std::string_view infix, const SToken& sign) {
   std::string signs = sign.text;

@@ -8,11 +8,12 @@
 
 namespace vask {
 
-// Converts infix text into postfix text: "3 + 4 * 2" into "3 4 2 * + ". Every operator is
-// left-associative, and functions are operators like the others; a value is any stretch between
-// operators and brackets. An operator's text is found even inside a word.
+// Converts infix text into postfix text, "3 + 4 * 2" into "3 4 2 * + ", by the shunting-yard
+// algorithm (E. W. Dijkstra, "Algol 60 translation", Mathematisch Centrum report MR 34/61, 1961).
+// Every operator is left-associative, and functions are operators like the others; a value is any
+// text between operators and brackets. An operator's text is found even inside a word.
 //
-// A sign at the front, or behind an operator or an opening bracket, becomes part of the value that
+// A sign at the front, or after an operator or an opening bracket, becomes part of the value that
 // follows it; before anything else it stays an operator.
 class CInfixToPostfix {
  public:
@@ -51,8 +52,8 @@ class CInfixToPostfix {
   std::string myOpening = "(";
   std::string myClosing = ")";
   std::string mySeparator = " ";
-  std::vector<std::string> myStack;  // operators and open brackets that wait for their place
-  std::size_t myUnmergedEnd = 0;     // up to here signs are known to have no value behind them
+  std::vector<std::string> myStack;  // operators and open brackets not written to the output yet
+  std::size_t myUnmergedEnd = 0;     // up to here signs are known to have no value after them
 };
 
 }  // namespace vask

@@ -10,7 +10,7 @@
 
 namespace vask {
 
-// Holds one value of a type that only the run-time type information tells.
+// Holds one value whose type is known at run time only.
 class CContainerBase {
  public:
   virtual ~CContainerBase() = default;

@@ -9,8 +9,8 @@
 
 namespace vask {
 
-// Names a value of the program, tells its type, prints it and, unless it is read-only, sets it from
-// text.
+// A named reference to a value of the program: gives its type, prints it and, unless it is
+// read-only, sets it from text.
 class CVarRefBase {
  public:
   virtual ~CVarRefBase() = default;
@@ -22,7 +22,7 @@ class CVarRefBase {
 };
 
 // Reads a T from text: a string takes the whole text, a number what stream input reads. A text that
-// does not read as a T, or is out of its range, leaves the value as it was and answers false.
+// does not read as a T, or is out of its range, leaves the value as it was and returns false.
 template <typename T>
 bool ReadFromText(const std::string& text, T& value) {
   if constexpr (std::is_same_v<T, std::string>) {

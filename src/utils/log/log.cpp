@@ -14,9 +14,8 @@ namespace {
 constexpr char kFileName[] = "log.txt";
 constexpr char kVersion[] = "Vask version 0.23";
 
-// A listener that answers every line with another one would exhaust the stack. Lines nested deeper
-// than this go to the file only. Small, because a listener that answers with two lines doubles the
-// work at each step.
+// A listener that logs a line for every line would exhaust the stack. Lines nested deeper than this
+// go to the file only. Small, because a listener that logs two lines doubles the work at each step.
 constexpr int kMaxNesting = 8;
 constinit int ourNesting = 0;
 
@@ -111,7 +110,8 @@ void CLog::Send(const std::string& line, int level) {
   --ourNesting;
 }
 
-// The line leaves the buffer before anybody hears of it: a listener that logs starts a new one.
+// The line leaves the buffer before the listeners are called: a listener that logs starts a new
+// one.
 void CLog::EndLine() {
   const std::string line = std::exchange(PendingLine(), {}) + "\n";
   const int level = std::exchange(myLevel, kLogNormal);

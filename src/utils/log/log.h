@@ -25,12 +25,11 @@ enum ELogLevel : int {
 };
 
 // The program's one diagnostic channel. It cuts what is written into lines, gives each a level and
-// hands it to the listeners; one listener, built in, writes "log.txt" in the working directory.
+// passes it to the listeners; one listener, built in, writes "log.txt" in the working directory.
 //
-//   CLog& log = *CLog::GetSingletonPtr();
-//   log << "Loaded " << count << " files\n";
-//   log.Error() << "Could not open " << name << "\n";
-//   log.Print("[ERROR] No task %s\n", name.c_str());
+//   Log() << "Loaded " << count << " files\n";
+//   Log().Error() << "Could not open " << name << "\n";
+//   Log().Print("[ERROR] No task %s\n", name.c_str());
 class CLog : public CStaticSingleton<CLog> {
  public:
   CLog();
@@ -42,8 +41,8 @@ class CLog : public CStaticSingleton<CLog> {
   // nothing. Listeners may write, add and remove listeners while they are called.
   CLog& Write(const std::string& text);
 
-  // printf-style formatting of any length, then Write. A text from outside belongs into an
-  // argument, never into the format.
+  // printf-style formatting of any length, then Write. Text from outside goes into an argument,
+  // never into the format.
   CLog& Print(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
   // Writes the value as a standard output stream prints it.
@@ -80,6 +79,9 @@ class CLog : public CStaticSingleton<CLog> {
   std::unique_ptr<SListeners> myListeners;
   int myLevel = kLogNormal;
 };
+
+// The log, made by the first call.
+inline CLog& Log() { return CLog::GetSingleton(); }
 
 // Keeps a block of the log open for as long as it lives, so that every return closes it.
 class CLogBlock {

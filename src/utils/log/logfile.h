@@ -6,9 +6,9 @@
 
 namespace vask {
 
-// Writes lines into a text file, each behind the four-character marker of its level and indented by
-// the depth of the open blocks. The file is complete on disk after every line. A file that cannot
-// be written loses its lines without a word: there is no other place to report it to.
+// Writes lines into a text file, each after the four-character marker of its level and indented by
+// the depth of the open blocks. The file is complete on disk after every line. When the file cannot
+// be written its lines are lost silently: there is no other place to report it to.
 class CLogFile {
  public:
   // Discards the old content and writes a header, unless this file was the last one to be started
@@ -19,7 +19,7 @@ class CLogFile {
   CLogFile(const CLogFile&) = delete;
   CLogFile& operator=(const CLogFile&) = delete;
 
-  // `line` brings its line end along. The block levels change the depth; they come with an empty
+  // `line` includes its line end. The block levels change the depth; they come with an empty
   // line, which is not written.
   void WriteLine(const std::string& line, int level);
 

@@ -9,8 +9,8 @@
 
 namespace vask::css {
 
-// An object that publishes slots under names, so that a file can wire signals to it. All live ones
-// stand on one list.
+// An object that publishes slots under names, so that a file can wire signals to it. One list holds
+// all live ones.
 class ICCSSObject : public CAutoList<ICCSSObject>, public CSignalTarget {
  public:
   virtual ~ICCSSObject() = default;

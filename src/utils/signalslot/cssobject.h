@@ -9,8 +9,8 @@
 
 namespace vask::css {
 
-// The base of a class T that publishes slots: it answers for the slots in T's table (CSSObject<T>),
-// and T itself for the name of each object.
+// The base of a class T that publishes slots. It looks them up in T's table (CSSObject<T>); T
+// itself gives each object its name.
 //
 //   class CLamp : public css::CCSSObject<CLamp> {
 //    public:

@@ -20,7 +20,7 @@ class CCSSSlotFactory : public CStaticSingleton<CCSSSlotFactory> {
     std::string slotName;
   };
 
-  // First registration of a name in a class wins. Answers the prototype that holds the name.
+  // First registration of a name in a class wins. Returns the prototype that has the name.
   const CGenericEventBase* Register(const std::string& className, const std::string& slotName,
                                     std::unique_ptr<CGenericEventBase> prototype);
   // The name under which the slot's function is registered, whatever the slot's target.

@@ -13,7 +13,7 @@
 
 namespace vask::css {
 
-// What can be made of a text. An address is not: no text tells what stands there.
+// What can be read from a text. Pointers are left out: no text can be turned into an object.
 template <typename T>
 concept CReadableValue = std::default_initializable<T> && !std::is_pointer_v<T> &&
                          requires(std::istream & stream, T& value) {

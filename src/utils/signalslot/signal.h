@@ -11,13 +11,9 @@
 #include <utility>
 #include <vector>
 
-namespace vask {
+namespace vask::css {
 
-class CXmlContext;
-
-namespace css {
-
-// Something that happens to an object, for others to hear of: they connect slots, the owner emits.
+// Something that happens to an object: others connect slots to it, and its owner emits it.
 //
 //   class CLamp : public css::CSignalTarget { public: void Toggle(); };
 //   css::CSignal clicked;                     // a member of the button
@@ -26,7 +22,8 @@ namespace css {
 //
 // Deleting the signal or the target ends the connection. Slots may connect, delete any target and
 // delete the signal: an emission calls the slots that were connected when it began and still are
-// when their turn comes. After Emit the caller may be gone, unless it knows better.
+// when their turn comes. After
+// Emit the caller itself may have been deleted.
 class CSignal {
  public:
   CSignal();
@@ -34,10 +31,11 @@ class CSignal {
   CSignal(const CSignal&) = delete;
   CSignal& operator=(const CSignal&) = delete;
 
-  // Connects a member function with up to two parameters; nothing for a null target.
+  // Connects a member function with up to two parameters; does nothing for a null target.
   template <typename Object, typename T, typename... A>
   void Connect(Object* target, void (T::*function)(A...)) {
-    static_assert(std::is_base_of_v<CSignalTarget, Object>, "the signal must hear of its death");
+    static_assert(std::is_base_of_v<CSignalTarget, Object>,
+                  "the target must be able to disconnect");
     if (target != nullptr) {
       T* own = target;
       Connect(std::make_unique<CSignalConnection>(MakeSlot(own, function), target,
@@ -49,8 +47,8 @@ class CSignal {
     Connect(std::make_unique<CSignalConnection>(
         std::make_unique<CSGenericEvent2<R, A, B>>(function), nullptr, false));
   }
-  // Takes a connection over, as ICCSSObject::Connect makes it; null, or one whose target has died
-  // meanwhile, is nothing.
+  // Adds a connection made by ICCSSObject::Connect; does nothing for null, and for one whose target
+  // has died meanwhile.
   void Connect(std::unique_ptr<CSignalConnection> connection);
 
   // Calls the slots that take so many arguments. An argument of another type than the slot's is
@@ -60,11 +58,8 @@ class CSignal {
   void Emit(const CAnyContainer& a, const CAnyContainer& b);
 
   std::size_t GetConnectionCount() const;
-
-  // One element "Slot" for each connection, with the attributes "target" (the object's name) and
-  // "function" (the slot's). Writing leaves out what is not published under a name; reading adds to
-  // the connections that are there.
-  void Serialize(CXmlContext& xml);
+  // Those that have not been dropped, in the order of connecting; owned by the signal.
+  std::vector<const CSignalConnection*> GetConnections() const;
 
  private:
   friend class CSignalConnection;
@@ -82,11 +77,8 @@ class CSignal {
 
   template <typename CallSlot>
   void EmitWith(CallSlot call);
-  void Read(const CXmlContext& xml);
-  void Write(CXmlContext& xml) const;
 
   std::shared_ptr<SConnections> myConnections;
 };
 
-}  // namespace css
-}  // namespace vask
+}  // namespace vask::css

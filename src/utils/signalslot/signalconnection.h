@@ -23,10 +23,10 @@ class CSignalConnection {
   CSignalTarget* GetTarget() const { return myTarget; }
   bool IsSaved() const { return myIsSaved; }
 
-  // Whether the connection has been taken back. It is not called any more, but its signal may still
+  // Whether the connection has been dropped. It is not called any more, but its signal may still
   // hold it for the rest of an emission.
   bool IsDropped() const { return myIsDropped; }
-  // Takes the connection back; its signal frees it, at once or when it has ended emitting.
+  // Ends the connection; its signal frees it, at once or when it has finished emitting.
   void Drop();
 
  private:

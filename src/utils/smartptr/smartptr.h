@@ -14,8 +14,8 @@ class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
  public:
   void Register(T* object) { ++myCounts[object]; }
 
-  // Takes one registration back; the last one deletes the object. Not inlined: the compiler, which
-  // does not know the counts, would warn of uses after a delete that does not happen.
+  // Removes one registration; with the last one the object is deleted. Not inlined: the compiler,
+  // which does not know the counts, would warn of uses after a delete that does not happen.
   [[gnu::noinline]] void Release(T* object) {
     const auto found = myCounts.find(object);
     if (found == myCounts.end() || --found->second > 0) {
@@ -25,8 +25,8 @@ class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
     delete object;
   }
 
-  // Takes back every registration of an object that dies by other means than its last pointer, as
-  // one on the stack or a member does: else the next object at its address would inherit the count
+  // Removes every registration of an object that is deleted by other means than its last pointer,
+  // as one on the stack or a member is: else the next object at its address would inherit the count
   // and never be freed. Called from the object's destructor; pointers that still hold it are stale
   // and must go before a new object can be held under the same address.
   void Forget(T* object) { myCounts.erase(object); }
@@ -41,9 +41,9 @@ class CSmartPtrManager : public CStaticSingleton<CSmartPtrManager<T>> {
   std::unordered_map<T*, std::size_t> myCounts;
 };
 
-// A shared owner of an object on the heap. The count stands with the manager of the pointer's type,
-// under the object's address: so an object may be held again from its plain pointer, but only ever
-// by smart pointers of one and the same type (sprites of every kind: CSmartPtr<CSprite>).
+// A shared owner of an object on the heap. The manager of the pointer's type keeps the count, by
+// the object's address: so an object may be held again from its plain pointer, but only by smart
+// pointers of one and the same type (sprites of every kind: CSmartPtr<CSprite>).
 template <typename T>
 class CSmartPtr {
  public:
@@ -64,7 +64,7 @@ class CSmartPtr {
   explicit operator bool() const { return myObject != nullptr; }
   bool operator==(const CSmartPtr& other) const { return myObject == other.myObject; }
 
-  // Lets go of the object, which dies when nobody else holds it.
+  // Releases the object, which is deleted when no other pointer holds it.
   void Reset() {
     if (T* object = std::exchange(myObject, nullptr)) {
       CSmartPtrManager<T>::GetSingletonPtr()->Release(object);

@@ -12,7 +12,7 @@ class CDerivedGlobalTimer : public CTimer {
   using CTimer::operator=;
   unsigned GetTime() const override;
 
-  // The process-wide instance; lives for ever.
+  // The process-wide instance; never deleted.
   static CDerivedGlobalTimer* Instance();
 };
 

@@ -8,8 +8,8 @@
 
 namespace vask {
 
-// Counts on the global clock while the window has the focus. Timers built on it stand still while
-// the user is away.
+// Counts on the global clock while the window has the focus. Timers built on it stop while the user
+// is away.
 class CGlobalAppTimer : public CSingleton<CGlobalAppTimer>, public CTimer {
  public:
   class CGlobalAppFocusHandler : public IWindowListener {

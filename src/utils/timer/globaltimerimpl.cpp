@@ -17,7 +17,7 @@ CSmartPtr<IGlobalTimerImpl>& Current() {
 
 unsigned CGlobalTimerImplTimeH::GetTicks() {
   // Timers are made by static initialisers, long before the window starts SDL's video; SDL's
-  // counter stands still until the library has been initialised.
+  // counter does not run until the library has been initialised.
   if (!myStarted) {
     myStarted = true;
     SDL_Init(0);

@@ -12,7 +12,7 @@ inline bool HasReached(unsigned time, unsigned due) { return static_cast<int>(ti
 // can be paused, resumed, reset, set, marked and saved. All arithmetic wraps at 2^32.
 //
 //   CTimer timer;                                  // on the global clock, starts at 0 and runs
-//   CTimer game(CGlobalAppTimer::GetSingletonPtr());  // stands still without the window's focus
+//   CTimer game(CGlobalAppTimer::GetSingletonPtr());  // stops without the window's focus
 class CTimer {
  public:
   CTimer();
@@ -34,7 +34,7 @@ class CTimer {
   virtual float GetSeconds() const;
   virtual unsigned GetTimeSinceMark() const;
   virtual float GetSecondsSinceMark() const;
-  // Remembers the current time and answers it.
+  // Stores the current time as the mark and returns it.
   virtual unsigned Mark();
   virtual void Pause();
   virtual void Resume();
@@ -43,8 +43,6 @@ class CTimer {
   virtual void SetTime(unsigned milliseconds);
   // The element "time", and "pause" when paused.
   virtual void Serialize(CXmlContext& xml);
-
-  bool IsPaused() const { return myPaused; }
 
  protected:
   // The root of the chain has no source but itself.

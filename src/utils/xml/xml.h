@@ -19,8 +19,8 @@ void WriteXml(const CXmlElement& root, std::ostream& stream);
 // Writes the tree as indented text, discarding old content; false when the file cannot be written.
 bool WriteXmlFile(const CXmlElement& root, const std::string& fileName);
 
-// Lets the object read itself from the file; without a document the object keeps its state. Answers
-// whether there was one.
+// Lets the object read itself from the file. Returns false, leaving the object as it is, when the
+// file holds no document.
 template <typename T>
 bool LoadXml(T& object, const std::string& fileName) {
   const std::unique_ptr<CXmlElement> root = ReadXmlFile(fileName);

@@ -15,7 +15,7 @@ namespace vask {
 //     xml.Value("Size", mySize);                      // reads or writes, by the mode
 //     if (xml.BeginNode("Child")) {                   // reading: goes down; false when missing
 //       myChild.Serialize(xml);
-//       xml.EndNode("Child");                         // comes back just behind it
+//       xml.EndNode("Child");                         // comes back just after it
 //     }
 //   }
 //
@@ -34,24 +34,24 @@ class CXmlContext {
   bool IsReading() const { return myMode == kReading; }
   bool IsWriting() const { return myMode == kWriting; }
 
-  // Whether the current element has a child of that name at all, read already or not. So it ends no
-  // loop over a list of like-named children: walk those of GetCurrent().
+  // Whether the current element has a child of that name, read already or not. It cannot end a loop
+  // over children of one name: use ForEachChild of GetCurrent() for that.
   bool HasChild(const std::string& name) const;
-  // The next child of that name, or null; moves the reading position just behind it.
+  // The next child of that name, or null; moves the reading position just after it.
   CXmlElement* GetChild(const std::string& name);
 
   // Writing: appends a child element and makes it current. Reading: goes down into the next child
   // of that name. False, changing nothing, when there is none.
   bool BeginNode(const std::string& name);
-  // Goes back to the parent; in reading mode the position is just behind the element that ended.
+  // Goes back to the parent; in reading mode the position is just after the element that ended.
   void EndNode(const std::string& name);
 
   // The current element, whose children and attributes may be walked directly; null for no
   // document.
   CXmlElement* GetCurrent() const { return myCurrent; }
 
-  // Reading: takes the child's content; answers whether there was one, else the value is unchanged.
-  // Writing: appends a child element with the value as content and answers true.
+  // Reading: takes the child's content; returns false, leaving the value as it is, when there is
+  // none. Writing: appends a child element with the value as content and returns true.
   bool Value(const std::string& name, bool& value);
   bool Value(const std::string& name, int& value);
   bool Value(const std::string& name, unsigned& value);
@@ -61,7 +61,7 @@ class CXmlContext {
   // present.
   bool Value(const std::string& name, CRect<int>& value);
 
-  // As Value, but in reading mode asks HasChild first, so that a missing tail logs nothing.
+  // As Value, but in reading mode checks HasChild first, so that a missing tail logs nothing.
   template <typename T>
   bool OptionalValue(const std::string& name, T& value) {
     return (IsWriting() || HasChild(name)) && Value(name, value);

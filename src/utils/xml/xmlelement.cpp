@@ -13,7 +13,7 @@ struct SEntity {
   char character;
 };
 
-// Decoded one after the other: what the ampersand's entity leaves behind is decoded again by the
+// Decoded one after the other: what the ampersand's entity decodes to is decoded again by the
 // entities after it. Files rely on the order.
 constexpr std::array<SEntity, 5> kEntities = {
     {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&apos;", '\''}, {"&quot;", '"'}}};

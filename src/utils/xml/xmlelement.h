@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vask {
@@ -31,11 +32,21 @@ class CXmlElement {
   CXmlElement* GetParent() const { return myParent; }
   void SetParent(CXmlElement* parent) { myParent = parent; }
 
-  // Appends the element, which this one owns from now on; answers it. Sets its parent.
+  // Appends the element, which this one owns from now on, and sets its parent. Returns it.
   CXmlElement* AddChild(std::unique_ptr<CXmlElement> child);
   int GetChildCount() const { return static_cast<int>(myChildren.size()); }
   // The child at an index from 0; null outside the range.
   CXmlElement* GetChild(int index) const;
+  // Calls `visit(child)` for each child of that name, in document order. No child may be added
+  // meanwhile.
+  template <typename Visit>
+  void ForEachChild(std::string_view name, Visit visit) const {
+    for (const auto& child : myChildren) {
+      if (child->GetName() == name) {
+        visit(*child);
+      }
+    }
+  }
 
   // Stores the value unless the name is present already: the first value wins.
   void SetAttribute(const std::string& name, CAnyContainer value);

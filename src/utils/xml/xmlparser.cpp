@@ -113,10 +113,10 @@ void CXmlParser::ProcessTag() {
   }
 }
 
-// Moves `name=value` pairs out of the tag text and answers what is left: the element name, stray
-// words, and a final "/". The rule is "split at the first '=', put what stands before the name and
-// behind the value together, start again"; `left` is the front of that text, free of "=", so that
-// nothing is looked at twice.
+// Moves `name=value` pairs out of the tag text and returns what is left: the element name, stray
+// words, and a final "/". The rule is "split at the first '=', join the text before the name and
+// the text after the value, start again"; `left` is the front of that text, free of "=", so that
+// nothing is scanned twice.
 std::string CXmlParser::TakeAttributes(std::string_view tag) {
   std::string left;
   tag = Trim(tag);
@@ -132,8 +132,8 @@ std::string CXmlParser::TakeAttributes(std::string_view tag) {
     tag.remove_prefix(valueEnd);
 
     if (blank == std::string::npos) {
-      // No element name stands before the attribute. The rest is dropped, but for what keeps the
-      // tags balanced.
+      // There is no element name before the attribute. The rest is dropped, except for what keeps
+      // the tags balanced.
       return tag.empty() || tag.back() != '/' ? "" : "/";
     }
     left.resize(blank);

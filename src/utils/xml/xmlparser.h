@@ -10,7 +10,7 @@ namespace vask {
 
 // Cuts a document into tags and text and reports them to a handler. The dialect is small: elements,
 // attributes in double quotes, text; what begins with "!" is skipped. A "<" or ">" ends a text or a
-// tag wherever it stands, there is no quoting at that level. Broken input never fails, and every
+// tag wherever it occurs; there is no quoting at that level. Broken input never fails, and every
 // input takes time linear in its length.
 class CXmlParser {
  public:

@@ -11,8 +11,8 @@
 namespace brumble {
 namespace {
 
-CVec2 At(const CPhysicsBody& body) { return {body.x, body.y}; }
-CVec2 Half(const CPhysicsBody& body) { return {body.halfWidth, body.halfHeight}; }
+SVec2 At(const CPhysicsBody& body) { return {body.x, body.y}; }
+SVec2 Half(const CPhysicsBody& body) { return {body.halfWidth, body.halfHeight}; }
 
 // What the generator must find, the slow way: every pair, no bounds, nothing kept between pairs.
 std::vector<CContact> FindPlainly(std::vector<CPhysicsBody>& bodies) {
@@ -22,7 +22,7 @@ std::vector<CContact> FindPlainly(std::vector<CPhysicsBody>& bodies) {
       const bool isSwapped = bodies[i].shape == kBox && bodies[j].shape == kCircle;
       CPhysicsBody& a = bodies[isSwapped ? j : i];
       CPhysicsBody& b = bodies[isSwapped ? i : j];
-      std::optional<CBoxTouch> touch;
+      std::optional<SBoxTouch> touch;
       if (a.kind == kStatic && b.kind == kStatic) {
         continue;
       }
@@ -98,8 +98,8 @@ TEST_F(CContactTest, TheGeneratorFindsWhatThePlainLoopFinds) {
   EXPECT_GT(contacts, 10000U);
 }
 
-struct CShape {
-  BodyShape shape;
+struct SShape {
+  EBodyShape shape;
   float x, y, halfWidth, halfHeight, angle = 0.0F;
 
   CPhysicsBody MakeBody() const {
@@ -107,13 +107,13 @@ struct CShape {
   }
 };
 
-void ExpectNear(CVec2 actual, CVec2 expected) { EXPECT_LT(Length(actual - expected), 1.0e-5F); }
+void ExpectNear(SVec2 actual, SVec2 expected) { EXPECT_LT(Length(actual - expected), 1.0e-5F); }
 
 TEST_F(CContactTest, PairsTouchWhereTheyShould) {
   constexpr float kQuarter = 1.57079633F, kEighth = 0.78539816F, kSlant = 0.70710678F;
-  constexpr CShape kDisc = {kCircle, 0, 0, 5, 5}, kBlock = {kBox, 0, 0, 2, 2};
+  constexpr SShape kDisc = {kCircle, 0, 0, 5, 5}, kBlock = {kBox, 0, 0, 2, 2};
   // clang-format off
-  const struct { const char* name; CShape a, b; CVec2 normal; std::vector<CPointPair> points; } cases[] = {
+  const struct { const char* name; SShape a, b; SVec2 normal; std::vector<SPointPair> points; } cases[] = {
       {"discs overlap", kDisc, {kCircle, 9, 0, 5, 5}, {-1, 0}, {{{5, 0}, {4, 0}}}},
       {"rims meet", kDisc, {kCircle, 10, 0, 5, 5}, {-1, 0}, {{{5, 0}, {5, 0}}}},
       {"discs apart", kDisc, {kCircle, 10.001F, 0, 5, 5}, {}, {}},

@@ -181,7 +181,7 @@ struct CSolverTest : testing::Test {
     bodies[0].bridge = std::make_unique<CLoggingBridge>(0, log);
     bodies[1].bridge = std::make_unique<CLoggingBridge>(1, log);
   }
-  void Touch(CVec2 point, CVec2 normal) {
+  void Touch(SVec2 point, SVec2 normal) {
     contacts->Append({&bodies[0], &bodies[1], point, point, normal, point});
   }
 
@@ -192,9 +192,9 @@ struct CSolverTest : testing::Test {
 
 // The second body gets less. The point of a spinning body may approach though its centre rests.
 TEST_F(CSolverTest, WhatApproachesAtThePointIsThrownBack) {
-  const CVec2 left = {-1.0F, 0.0F};
+  const SVec2 left = {-1.0F, 0.0F};
   // clang-format off
-  const struct { float vxA, spinA, vxB, invMassB; CVec2 normal; float newA, newB; Log told; } cases[] = {
+  const struct { float vxA, spinA, vxB, invMassB; SVec2 normal; float newA, newB; Log told; } cases[] = {
       {2, 0, -1, 1, left, -0.7F, 1.43F, {"0 hit by 1 with 270", "1 hit by 0 with 243"}},
       {1, 0, 0, 0, left, -0.8F, 0, {"0 hit by 1 with 180", "1 hit by 0 with 162"}},
       {0, -1, 0, 0, left, -1.8F, 0, {"0 hit by 1 with 180", "1 hit by 0 with 162"}},

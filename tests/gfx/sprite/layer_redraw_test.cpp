@@ -2,6 +2,7 @@
 // nothing gives. Sprites move over each other, fade, turn, hide, change depth and layer and die;
 // some rectangles are larger than any picture, some sizes are nothing.
 
+#include "gfx/sprite/spritetypes.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
@@ -101,7 +102,7 @@ class CScene {
 void PaintAll(CSprite& sprite, IPixel* canvas) {
   const CRect<int> rect = sprite.GetRect(), scroll = sprite.GetScrollRect();
   const CRect<int> part = scroll == CRect<int>{} ? rect : rect.Intersection(scroll);
-  if (sprite.GetTypeId() != CSprite::kScreenLayer) {
+  if (sprite.GetTypeId() != kScreenLayerSprite.number) {
     sprite.GetImage()->Blit(canvas, {part.x - rect.x, part.y - rect.y, part.w, part.h}, part);
   }
   if (auto* layer = dynamic_cast<CSpriteLayer*>(&sprite)) {

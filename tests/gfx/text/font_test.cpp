@@ -100,7 +100,7 @@ TEST_F(FontTest, ABadFileIsReportedInOneLineAndDrawsNothing) {
 
 TEST_F(FontTest, TextIsLaidOutByTheAlignment) {
   struct CNotingFont : CFont {  // notes every line that it is asked to draw
-    CPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y) override {
+    SPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y) override {
       lines += text + "@" + std::to_string(x) + "," + std::to_string(y) + "|";
       return CFont::WriteLine(target, text, x, y);
     }

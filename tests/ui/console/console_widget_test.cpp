@@ -12,7 +12,7 @@ namespace vask::ui {
 // The system font, 6 by 12. Writing with it onto a picture makes a log longer, once.
 struct CTalkingFont : CFont {
   CTalkingFont() { CSystemFontLoader().Load(*this, ""), CFont::SetAlign(0); }
-  CPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect) override {
+  SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect) override {
     log != nullptr&& target != nullptr ? std::exchange(log, nullptr)->OnLog("late\n", 1) : void();
     return CFont::Write(target, text, rect);
   }

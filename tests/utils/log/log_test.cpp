@@ -18,8 +18,6 @@ std::string FileText(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-CLog& Log() { return *CLog::GetSingletonPtr(); }
-
 TEST(Log, FileLinesCarryMarkerAndIndentation) {
   const std::string huge(100'000, 'x');
   // clang-format off

@@ -3,6 +3,7 @@
 #include "support/docexample.h"
 #include "support/logcapture.h"
 #include "utils/signalslot/cssobject.h"
+#include "utils/signalslot/signalwiring.h"
 #include "utils/xml/xml.h"
 
 #include <gtest/gtest.h>
@@ -136,7 +137,7 @@ struct CNamed : CPad, CCSSObject<CNamed> {
 std::string Written(CSignal& signal) {
   CXmlElement root("r");
   CXmlContext xml(&root, CXmlContext::kWriting);
-  signal.Serialize(xml);
+  CSignalWiring(signal).Serialize(xml);
   std::ostringstream stream;
   WriteXml(root, stream);
   return stream.str();
@@ -157,7 +158,7 @@ TEST_F(SignalTest, IsWiredByXml) {
     std::istringstream document(text);
     const auto root = ReadXml(document);
     CXmlContext xml(root.get(), CXmlContext::kReading);
-    signal->Serialize(xml);
+    CSignalWiring(*signal).Serialize(xml);
   };
   const test::CLogCapture log;
   read("<r>" + good + "<Else target=\"a\" function=\"hear\"></Else>" + element("z", "hear") +

@@ -1,8 +1,10 @@
-#include "platform/debugger.h"
+#include "platform/process.h"
 
+#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <string>
+#include <thread>
 
 namespace vask::platform {
 
@@ -21,6 +23,16 @@ bool IsTraced() {
 }
 
 }  // namespace
+
+void YieldTimeSlice() { std::this_thread::yield(); }
+
+void SleepMilliseconds(unsigned milliseconds) {
+  if (milliseconds > 0) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+  }
+}
+
+void SurviveBrokenPipes() { std::signal(SIGPIPE, SIG_IGN); }
 
 void BreakIntoDebugger() {
   // Without a debugger the signal would end the program.

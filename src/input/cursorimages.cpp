@@ -1,4 +1,4 @@
-#include "tasks/cursorimages.h"
+#include "input/cursorimages.h"
 
 #include <cstddef>
 
