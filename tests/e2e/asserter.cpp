@@ -42,7 +42,7 @@ class CAsserter : public vask::CTask {
       VASK_ASSERT_WATCHING(count < limit.value, count, limit);
     } else if (line == "FailElsewhere") {
       VASK_ASSERT(count < 0, "There is too much of it.");
-    } else if (line.rfind("FailWith ", 0) == 0) {
+    } else if (line.starts_with("FailWith ")) {
       FailWith(std::stoi(line.substr(9)));
     } else if (line == "FailHoldingPixels") {
       FailHoldingPixels();
@@ -72,8 +72,9 @@ class CAsserter : public vask::CTask {
     SDL_UpdateRect(screen, 0, 0, 0, 0);
   }
   std::string Window() const {
-    const bool isFull = myResizes > 0 && (SDL_GetVideoSurface()->flags & SDL_FULLSCREEN) != 0;
-    const bool isGrabbed = myResizes > 0 && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
+    const SDL_Surface* screen = SDL_GetVideoSurface();
+    const bool isFull = screen != nullptr && (screen->flags & SDL_FULLSCREEN) != 0;
+    const bool isGrabbed = screen != nullptr && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
     return std::string(isFull ? ", full" : "") + (isGrabbed ? ", grabbed" : "") + ", resized " +
            std::to_string(myResizes);
   }

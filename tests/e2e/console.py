@@ -34,9 +34,7 @@ class Console:
             return None
         return left - 2, top, right - left + 2, int(lines[-1]) + INPUT_HEIGHT + 2
 
-    def wait_until_closed(self):
-        self.game.wait_for(lambda: self.rect() is None, "the end of the console")
-
+    # None: until it is closed.
     def wait_for_rect(self, rect):
         self.game.wait_for(lambda: self.rect() == rect, f"a console at {rect}")
 

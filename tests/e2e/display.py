@@ -51,18 +51,9 @@ class Scoped:
 
 # A process that is ended with the scope.
 def run_beside(undo, command, **how):
-    process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **how)
-    undo.callback(end_process, process)
+    process = undo.enter_context(subprocess.Popen(command, stderr=subprocess.DEVNULL, **how))
+    undo.callback(process.terminate)
     return process
-
-
-def end_process(process):
-    process.terminate()
-    try:
-        process.wait(LIMIT)
-    except subprocess.TimeoutExpired:
-        process.kill()
-        process.wait()
 
 
 # Xvfb with openbox.

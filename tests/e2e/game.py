@@ -108,9 +108,9 @@ class Game(Scoped):
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
         return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
 
-    # What the program has used of a core so far.
-    def processor_seconds(self):
-        stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
+    # What the program, or its main thread alone, has used of a core so far.
+    def processor_seconds(self, thread=""):
+        stat = pathlib.Path(f"/proc/{self.process.pid}/{thread}/stat").read_text()
         user, system = stat.rsplit(")", 1)[1].split()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
 
@@ -129,7 +129,7 @@ class Game(Scoped):
 
     # Whether the window shows most of that full-screen picture of data/gfx/.
     def shows(self, name, share=0.6):
-        return matches(self.picture(), load_picture(name), share)
+        return fit(self.picture(), load_picture(name)) >= share
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")
@@ -248,10 +248,6 @@ def fit(shown, expected):
         return 0.0
     off = numpy.abs(corner.astype(int) - expected[:, :, :3]).max(axis=2)
     return (off[expected[:, :, 3] == 255] <= 4).mean()
-
-
-def matches(shown, expected, share=0.6):
-    return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
 
 
 # Whether a burst of fire is at the bottom of the pit that was not there before.

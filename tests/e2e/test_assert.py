@@ -11,7 +11,7 @@ import numpy
 from Xlib import X, error
 
 from case import BUILDS, GameTest, for_each
-from display import LIMIT, end_process, read_line, wait_for
+from display import LIMIT, read_line, wait_for
 from game import ROOT, Stepper
 
 WINDOW = """
@@ -26,10 +26,8 @@ BUTTONS = {"Ignore": (47, 165), "Ignore All": (127, 165), "Send mail": (207, 165
 DESCRIPTION, VALUES, CHANGES = (280, 140), ((160, 160), (160, 185)), ((245, 160), (245, 185))
 
 
-# One run of the program. "Fail" has two variables: count, which is 3, and a constant, 2.
+# A run with the task of tests/e2e/asserter.cpp. "Fail" has two variables: count, which is 3, and a constant, 2.
 class Asserter(Stepper):
-    PROGRAM = "brumble_asserter"
-
     def __init__(self, screen=None, build="release", lines=""):
         super().__init__(screen, build, lines + "\nstarttask(asserter, asserter, 2)",
                          prepare=lambda runtime: (runtime / "autoexec.txt").write_text(""))
@@ -224,7 +222,8 @@ class Dialog(GameTest):
     def test_without_a_window_manager(self):
         screen, game = self.start()
         other = screen.open_other()
-        end_process(screen.manager)
+        screen.manager.terminate()
+        screen.manager.wait(LIMIT)
         other.set_input_focus(X.RevertToParent, X.CurrentTime)
         game.fail("Fail")
         game.change_variables()

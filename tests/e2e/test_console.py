@@ -30,7 +30,7 @@ class DeveloperConsole(GameTest):
         self.assertTrue(screen.cursor_is_visible())
         self.assert_keys_fire(times=1)
         screen.tap("Escape")
-        console.wait_until_closed()
+        console.wait_for_rect(None)
         screen.tap("grave")
         console.click_input()
         shown = console.view()
@@ -49,7 +49,7 @@ class DeveloperConsole(GameTest):
         screen.tap("KP_Enter")
         game.wait_for_log("( ) ` is typed\n")
         screen.tap("F1")
-        console.wait_until_closed()
+        console.wait_for_rect(None)
         game.settle()
         self.assertIsNone(console.rect(), "it has not been opened again")
         self.assert_keys_fire(times=2)
@@ -84,7 +84,7 @@ class DeveloperConsole(GameTest):
         console.wait_for_rect(rect)
         self.assert_no_button_sticks(rect)
         console.click(x + w - 15, y + 12)
-        console.wait_until_closed()
+        console.wait_for_rect(None)
         game.close_window()
 
     # A window that is dragged while the focus goes is not dragged on afterwards.

@@ -6,7 +6,7 @@ import time
 from case import GameTest, for_each
 from console import Console
 from display import wait_for
-from game import ROOT, find_kitten, load_picture, matches
+from game import ROOT, find_kitten, fit, load_picture
 from library import libraries
 from test_sound import Recorder
 
@@ -24,7 +24,7 @@ class Keys(GameTest):
         title = load_picture("title_screen")
         for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
             self.press(*keys)
-            game.wait_for(lambda: matches(game.full_screen_picture(), title, 0.8), "full screen")
+            game.wait_for(lambda: fit(game.full_screen_picture(), title) > 0.8, "full screen")
             self.press(*keys)
             game.wait_for_picture("title_screen")
         self.press("Escape")
@@ -80,4 +80,4 @@ class Layouts(GameTest):
             screen.tap(self.UNDER_ESCAPE)
             wait_for(console.rect, f"the console with the layout {layout}")
             screen.tap(self.UNDER_ESCAPE)
-            console.wait_until_closed()
+            console.wait_for_rect(None)

@@ -1,6 +1,6 @@
 """What the window shows after its mode or its size has changed."""
 from case import GameTest
-from game import Stepper, load_picture, matches
+from game import Stepper, fit, load_picture
 
 
 class Redraw(GameTest):
@@ -23,7 +23,7 @@ class Redraw(GameTest):
         picture, title = game.picture(), load_picture("title_screen")[:height, :width]
         beyond_is_black = not picture[600:].any() and not picture[:, 800:].any()
         is_drawn = f"myHeight = {height}\n( ) drawing all\n" in game.log()
-        return is_drawn and beyond_is_black and matches(picture[:600, :800], title, 0.98)
+        return is_drawn and beyond_is_black and fit(picture, title) >= 0.98
 
     # With a stopped clock between the lines, the window equals what a full redraw shows.
     def test_full_screen_and_resize(self):

@@ -55,8 +55,9 @@ class Focus(GameTest):
         wait_for(lambda: (frozen[above_sign] != game.picture()[above_sign]).any(), "a moving world")
 
 
-# A program that never rests takes a whole core. Neither bound depends on how fast or busy the
-# machine is: a rest comes after the work of a frame at most, and lasts a millisecond.
+# A program that never rests takes a whole core. Neither bound depends on how fast or busy the machine
+# is: a rest comes after the work of a frame at most, and lasts a millisecond. Both are about the main
+# thread; the compatibility library may draw in others.
 class Rest(GameTest):
     def test_at_the_title_in_play_and_without_the_focus(self):
         screen, game = self.start()
@@ -69,12 +70,14 @@ class Rest(GameTest):
         self.assert_rests("without the focus")
 
     def assert_rests(self, where):
-        game = self.game
-        used, rested, began = game.processor_seconds(), game.rests(), time.monotonic()
-        game.let_pass(2)
-        rests = game.rests() - rested
-        self.assertLess((game.processor_seconds() - used) / rests, 0.001, f"{where}: work for a rest")
+        used, rested, began = self.used(), self.game.rests(), time.monotonic()
+        self.game.let_pass(2)
+        rests = self.game.rests() - rested
+        self.assertLess((self.used() - used) / rests, 0.004, f"{where}: work for a rest")
         self.assertLess(rests / (time.monotonic() - began), 2000, f"{where}: rests a second")
+
+    def used(self):
+        return self.game.processor_seconds(f"task/{self.game.process.pid}")
 
 
 class Ends(GameTest):

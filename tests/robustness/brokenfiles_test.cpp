@@ -40,10 +40,6 @@ Bytes ReadAll(const fs::path& path) {
   return (std::ostringstream() << std::ifstream(path, std::ios::binary).rdbuf()).str();
 }
 
-void WriteAll(const fs::path& path, const Bytes& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
 // The file with a byte in so many changed, the same ones in every run.
 Bytes Scratched(Bytes bytes, unsigned seed, unsigned oneIn, std::size_t start = 0) {
   for (std::size_t at = start; at < bytes.size(); ++at) {
@@ -95,7 +91,7 @@ class BrokenFiles : public ::testing::Test {
       const Bytes whole = ReadAll(file);
       for (const auto& [how, bytes] : Broken(whole)) {
         SCOPED_TRACE(file + ", " + how);
-        WriteAll(file, bytes);
+        std::ofstream(file, std::ios::binary) << bytes;
         read(file);
       }
       fs::remove(file);
@@ -103,7 +99,7 @@ class BrokenFiles : public ::testing::Test {
       ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
       read(file);
       fs::remove(file);
-      WriteAll(file, whole);
+      std::ofstream(file, std::ios::binary) << whole;
     }
   }
 
