@@ -24,8 +24,6 @@ class CGenericMakerImpl : public IGenericMaker {
 };
 
 // Makes widgets by the names of their classes, which register themselves and are not known here.
-//
-//     CWidget* const made = CWidgetFactory::GetSingletonPtr()->Create("CButtonWidget");
 class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
  public:
   // The first registration of a name wins.

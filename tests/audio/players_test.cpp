@@ -87,13 +87,11 @@ TEST_F(Players, FollowTheVolumesThatAreVariablesBetweenZeroAndOne) {
     console.Execute("audio_music_volume = " + value, false);
     RegisterAudioVolumes();  // the second time it changes nothing
     music.Update();
-    effects.Update();
     return Mix_VolumeMusic(-1);
   };
   EXPECT_EQ(musicAt("0.996"), 127) << "rounded";
   EXPECT_EQ(musicAt("7"), 128);
   EXPECT_EQ(musicAt("-1"), 0);
-  EXPECT_EQ(Mix_Volume(-1, -1), 32) << "that of the effects";
   AudioVolumes().effects = 1.0F;
   effects.Update();
   EXPECT_EQ(Mix_Volume(-1, -1), 128);
@@ -136,7 +134,7 @@ TEST_F(Players, AFadeOutThatHasNoStepToGoOnFromIsAHalt) {
   SDL_LockAudio();  // no fade gets on
   EXPECT_EQ(afterFades(24, 999), "silence");
   EXPECT_EQ(afterFades(24, 1000), "fades out");
-  EXPECT_EQ(afterFades(500, 1000), "silence");
+  EXPECT_EQ(afterFades(500, 1000), "silence") << "two chunks";
   EXPECT_EQ(afterFades(500, 1001), "fades out");
   SDL_UnlockAudio();
 }
@@ -171,16 +169,11 @@ TEST_F(Players, ATrackWaitsForTheOneThatWasStartedLast) {
     CSDLMixerMusicPlayer other(0);
     other.Play("two.wav");
     player.Pause();
-    EXPECT_EQ(Mix_PausedMusic(), 0) << "the other's track";
     player.Resume();
+    EXPECT_EQ(Music(), "fades in") << "the other's track";
     Mix_HaltMusic();
     player.Update();
     EXPECT_EQ(Music(), "silence");
-    other.Update();
-    player.Stop();
-    EXPECT_EQ(Music(), "plays") << "the other's track";
-    player.Play("one.wav");
-    other.Play("two.wav");
   }
   player.Update();
   EXPECT_EQ(Music(), "plays") << "the other has gone";

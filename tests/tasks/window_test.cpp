@@ -1,4 +1,5 @@
 #include "events/eventbridge.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/sdl/video.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -58,8 +59,11 @@ TEST_F(WindowTask, StartsAsItsParametersSay) {
 }
 
 TEST_F(WindowTask, CommandsChangeTheWindow) {
+  const CLogCapture log;
   EXPECT_TRUE(myTask->ExecuteCommand("Fullscreen")) << "nothing before the start";
-  Start("100, 80, 32");
+  Start("100, 80, 32, 0, 0, Small, start.bmp");
+  EXPECT_EQ(Gfx::NewSurfaceFlags(), 0U);
+  EXPECT_TRUE(log.Has("Valid resolutions for current flags"));
   EXPECT_EQ(SeenAfter("SetName(\"A title\")"), "100 x 80 A title");
   EXPECT_EQ(SeenAfter("SetName"), "100 x 80 ");
   EXPECT_EQ(SeenAfter("Resize(120)"), "120 x 80 ");
@@ -68,24 +72,42 @@ TEST_F(WindowTask, CommandsChangeTheWindow) {
   EXPECT_EQ(SeenAfter("fullscreen"), "120 x 90 ");
   EXPECT_EQ(Run("Resize"), "[ERROR] You should give atleast two parameters");
   EXPECT_EQ(Run("SetIcon"), "[ERROR] You have to give atleast one parameter");
-  const CLogCapture log;
-  Run("SetIcon(missing.bmp)");
-  EXPECT_TRUE(log.Has(" CApplicationSDL::WindowSetIcon() Could not load file: missing.bmp"));
+  Run("SetIcon(set.bmp)");
+  for (const std::string icon : {"start.bmp", "set.bmp"}) {
+    EXPECT_TRUE(log.Has(" CApplicationSDL::WindowSetIcon() Could not load file: " + icon));
+  }
 }
 
-TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
+TEST_F(WindowTask, TakesAnIconOf32By32Pixels) {
+  Start("100, 80, 32");
+  const auto complaint = [this](int width, int height) {
+    SDL_Surface* icon = SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 24, 0, 0, 0, 0);
+    SDL_SaveBMP(icon, "icon.bmp");
+    SDL_FreeSurface(icon);
+    const CLogCapture log;
+    Run("SetIcon(icon.bmp)");
+    return log.Text();
+  };
+  EXPECT_EQ(complaint(32, 32), "");
+  const std::string about = " CApplicationSDL::WindowSetIcon() Image's (icon.bmp) ";
+  EXPECT_EQ(complaint(33, 32), about + "width is larger than 32 pixels \n");
+  EXPECT_EQ(complaint(32, 33), about + "height is larger than 32 pixels \n");
+}
+
+TEST_F(WindowTask, AFailedModeIsOnlyLogged) {
   Start("100, 80, 32, 0, 0, Small");
   const CLogCapture log;
-  for (const char* line : {"Resize(-1, -1)", "Resize(70000, 70000)"}) {
-    Run(line);
-    EXPECT_EQ(myTask->GetScreen(), nullptr);
-    EXPECT_EQ(sdl::GetVideoSurface(), nullptr);
-  }
+  Run("Resize(-1, -1)");
+  Run("Resize(70000, 70000)");
+  EXPECT_EQ(myTask->GetScreen(), nullptr);
   EXPECT_EQ(log.Count("Error creating the new window"), 2U);
-  Run("Resize(70, 60)");
-  EXPECT_NE(myTask->GetScreen(), nullptr);
+  EXPECT_EQ(SeenAfter("Resize(70, 60)"), "70 x 60 Small");
   EXPECT_FALSE(myTask->Start()) << "a second start changes nothing";
   EXPECT_EQ(Seen(), "70 x 60 Small");
+}
+
+TEST_F(WindowTask, AnExitEndsVideoUntilTheNextStart) {
+  Start("100, 80, 32, 0, 0, Small");
   myTask->Exit();
   myTask->Exit();
   Run("Resize(10, 10)");

@@ -1,114 +1,154 @@
 #include "ui/uitask.h"
 
-#include "events/eventbridge.h"
 #include "input/keyboard.h"
-#include "support/tasks.h"
-#include "ui/desktopwidget.h"
 #include "ui/mouse.h"
-#include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+#include "ui/uitest.h"
+#include "ui/widgetfactory.h"
 
-#include <gtest/gtest.h>
-
-namespace vask {
+namespace vask::ui {
 namespace {
 
-using ui::CDesktopWidget;
+class CMouseSpy : public CWidget {
+ public:
+  CMouseSpy() : CWidget(Desktop(), {0, 0, 800, 600}, false, "", {}) {}
+  void OnMouseEvent(CMouseEvent& event) override { last = event; }
+  CMouseEvent last{0, {}, 0, nullptr};
+};
 
-CEventBridge& Bridge() { return *CEventBridge::GetSingletonPtr(); }
+TEST_F(UiTest, MouseEventsCarryTheButtonsThatAreHeld) {
+  auto* spy = new CMouseSpy;
+  const auto expect = [spy](int buttons, int held) {
+    EXPECT_EQ(spy->last.GetButtons(), buttons);
+    EXPECT_EQ(spy->last.GetMouse()->GetButtons(), held);
+  };
+  Press({100, 50});
+  expect(kLeftButton, kLeftButton);
+  Bridge().MouseButtonDown(kRightButton);
+  expect(kRightButton, kLeftButton | kRightButton);
+  Move({130, 52});
+  expect(kLeftButton | kRightButton, kLeftButton | kRightButton);
+  EXPECT_EQ(spy->last.GetPosition(), (SPoint{130, 52}));
+  EXPECT_EQ(spy->last.GetMouse()->GetMovement(), (SPoint{-30, -2})) << "the way back";
+  Release({130, 52});
+  expect(kLeftButton, kRightButton);
+}
 
 struct SBinding : IKeyEvent {
   bool Trigger(int) override { return ++fired > 0; }
   int fired = 0;
 };
 
-class CMouseSpy : public ui::CWidget {
- public:
-  CMouseSpy()
-      : CWidget(CDesktopWidget::GetSingletonPtr(), {0, 0, 800, 600}, false, "", CSpritePtr()) {}
-  void OnMouseEvent(ui::CMouseEvent& event) override { last = event; }
-  ui::CMouseEvent last{0, {}, 0, nullptr};
-};
-
-class UiTask : public testing::Test {
- protected:
-  UiTask() {
-    Bridge().Resize(800, 600);
-    myTask.Start();
-  }
-  ~UiTask() override { myTask.Exit(); }
-  static void Click(int x, int y) {
-    Bridge().MouseMove(x, y, 0, 0);
-    Bridge().MouseButtonDown(1);
-    Bridge().MouseButtonUp(1);
-  }
-  static void Type(char key) {
-    Bridge().KeyDown(key, static_cast<unsigned char>(key));
-    Bridge().KeyUp(key, 0);
-    CKeyboard::GetSingletonPtr()->Update();
-  }
-  static ui::CTextInputWidget* NewInput() {
-    return new ui::CTextInputWidget(CDesktopWidget::GetSingletonPtr(), {10, 10, 400, 20}, false, "",
-                                    CSpritePtr(), "");
-  }
-
-  CUiTask myTask;
-};
-
-TEST_F(UiTask, MouseEventsCarryTheButtonsThatAreHeld) {
-  auto* spy = new CMouseSpy;
-  const auto expect = [spy](int buttons, int held) {
-    EXPECT_EQ(spy->last.GetButtons(), buttons);
-    EXPECT_EQ(spy->last.GetMouse()->GetButtons(), held);
-  };
-  Bridge().MouseMove(100, 50, 0, 0);
-  Bridge().MouseButtonDown(1);
-  expect(1, 1);
-  Bridge().MouseButtonDown(4);
-  expect(4, 5);
-  Bridge().MouseMove(130, 52, 30, 2);
-  expect(5, 5);
-  EXPECT_EQ(spy->last.GetPosition(), (ui::SPoint{130, 52}));
-  EXPECT_EQ(spy->last.GetMouse()->GetMovement(), (ui::SPoint{-30, -2})) << "the way back";
-  Bridge().MouseButtonUp(1);
-  expect(1, 4);
-}
-
-TEST_F(UiTask, KeysTypeWithTheFocusAndFireTheirBindingsWithout) {
+TEST_F(UiTest, KeysTypeWithTheFocusAndFireTheirBindingsWithout) {
   const CSmartPtr<IKeyEvent> event(new SBinding);
   CKeyboard::GetSingletonPtr()->BindKey('p', event, 10);
-  const int& fired = static_cast<SBinding&>(*event).fired;
-  auto* input = NewInput();
-  Type('p');
-  EXPECT_EQ(fired, 1);
-  Click(20, 20);
-  Type('p');
-  EXPECT_EQ(fired, 1);
-  Click(500, 500);
-  Type('p');
-  EXPECT_EQ(fired, 2);
-  EXPECT_EQ(input->GetText(), "p");
+  const auto firedAfterTyping = [&event] {
+    Type('p', 'p');
+    CKeyboard::GetSingletonPtr()->Update();
+    return static_cast<SBinding&>(*event).fired;
+  };
+  CTextInputWidget input(Desktop(), {10, 10, 400, 20}, false, "", {}, "");
+  EXPECT_EQ(firedAfterTyping(), 1);
+  Click({20, 20});
+  EXPECT_EQ(firedAfterTyping(), 1);
+  Press({500, 500}, kRightButton);
+  EXPECT_EQ(firedAfterTyping(), 1) << "another button does not move the focus";
+  Click({500, 500});
+  EXPECT_EQ(firedAfterTyping(), 2);
+  EXPECT_EQ(input.GetText(), "pp");
 }
 
-TEST_F(UiTask, NothingReachesWidgetsFromTheExitToTheNextStart) {
-  NewInput();
-  Click(20, 20);
-  ASSERT_TRUE(myTask.StopsKey());
+TEST_F(UiTest, NothingReachesWidgetsFromTheExitToTheNextStart) {
+  new CTextInputWidget(Desktop(), {10, 10, 400, 20}, false, "", {}, "");
+  Click({20, 20});
+  EXPECT_TRUE(myTask.StopsKey());
   myTask.Exit();
-  Click(20, 20);
+  Click({20, 20});
+  Type('q', 'q');
   myTask.Update();
   Bridge().Resize(640, 480);
   EXPECT_FALSE(myTask.StopsKey());
   EXPECT_EQ(CDesktopWidget::PeekSingletonPtr(), nullptr);
-
   test::RunScript("starttask( ui, ui, 70 )");
-  EXPECT_EQ(CDesktopWidget::GetSingletonPtr()->GetRect(), (CRect<int>{0, 0, 640, 480}));
-  auto* input = NewInput();
-  Click(20, 20);
-  Type('q');
-  EXPECT_EQ(input->GetText(), "q");
+  EXPECT_EQ(Desktop()->GetRect(), (Rect{0, 0, 640, 480}));
   test::RunScript("stoptask( ui )");
 }
 
+TEST_F(UiTest, HeldKeysRepeatAfterTheDelay) {
+  CTextInputWidget input;
+  SetFocus(&input);
+  const auto typedAfter = [&](unsigned milliseconds) {
+    myClock.Advance(milliseconds);
+    myTask.Update();
+    const std::string typed = input.GetText();
+    input.SetText("");
+    return typed;
+  };
+  constexpr int kLastKey = kKeyCount;
+  Bridge().KeyDown('a', 'a');
+  Bridge().KeyDown(kLastKey, 'z');
+  for (const int unrepeated : {-1, 0, kLastKey + 1}) {
+    Bridge().KeyDown(unrepeated, '!');
+  }
+  EXPECT_EQ(typedAfter(650), "az!!!") << "the presses themselves";
+  EXPECT_EQ(typedAfter(25), "") << "too soon after the last check";
+  EXPECT_EQ(typedAfter(1), "az");
+  Bridge().KeyUp('a', 0);
+  Bridge().KeyUp('a', 0);
+  EXPECT_EQ(typedAfter(26), "z") << "a second release counts for no other key";
+  Bridge().KeyDown(kLastKey, 'y');
+  EXPECT_EQ(typedAfter(650), "y") << "begins anew";
+  EXPECT_EQ(typedAfter(26), "y");
+  EXPECT_EQ(typedAfter(0U - 1000U), "") << "the clock is set back";
+}
+
+class CEnd : public css::CSignalTarget {
+ public:
+  void EndDesktop() { CDesktopWidget::DeleteSingleton(); }
+};
+
+TEST_F(UiTest, AHeldKeyMayEndTheDesktopBeforeTheTurnOfTheNextOne) {
+  CEnd end;
+  CTextInputWidget input;
+  Bridge().KeyDown('a', 'a');
+  Bridge().KeyDown(kReturnKey, 0);
+  SetFocus(&input);
+  input.GetKeySignal(CTextInputWidget::kReturn).Connect(&end, &CEnd::EndDesktop);
+  myClock.Advance(651);
+  myTask.Update();
+  EXPECT_EQ(input.GetText(), "");
+  EXPECT_EQ(GetFocus(), nullptr);
+}
+
+TEST_F(UiTest, TheDesktopKeepsWidgetsOnIt) {
+  Desktop()->SetRect({10, 20, 100, 80});
+  EXPECT_EQ(Desktop()->FitChildRect({11, 21, 99, 79}), (Rect{11, 21, 99, 79}));
+  EXPECT_EQ(Desktop()->FitChildRect({9, 19, 5, 6}), (Rect{10, 20, 5, 6}));
+  EXPECT_EQ(Desktop()->FitChildRect({50, 50, 101, 82}), (Rect{9, 18, 101, 82})) << "too large";
+}
+
+TEST_F(UiTest, TheDesktopTellsWhereAWidgetTakesPresses) {
+  auto* widget = new CWidget(Desktop(), {700, 10, 20, 20}, false, "", {});
+  EXPECT_TRUE(CDesktopWidget::HasWidgetAt({700, 29}));
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 30}));
+  widget->SetIgnoreEvent(IEvent::kMouseButtonDown, true);
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
+  CDesktopWidget::DeleteSingleton();
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
+}
+
+class CLamp : public CWidget {};
+const CWidgetRegistrar<CLamp> theRegistrar("CLamp");
+
+TEST_F(UiTest, TheFactoryMakesEachClass) {
+  for (const std::string name : {"CWidget", "CButtonWidget", "CTextInputWidget", "CWindowWidget",
+                                 "CConsoleWidget", "CLamp"}) {
+    const std::unique_ptr<CWidget> widget(CWidgetFactory::GetSingleton().Create(name));
+    EXPECT_TRUE(std::string(typeid(*widget).name()).ends_with(name + "E")) << name;
+  }
+  EXPECT_EQ(CWidgetFactory::GetSingleton().Create("CDesktopWidget"), Desktop());
+  EXPECT_EQ(CWidgetFactory::GetSingleton().Create("CNothing"), nullptr);
+}
+
 }  // namespace
-}  // namespace vask
+}  // namespace vask::ui

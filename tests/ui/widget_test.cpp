@@ -127,6 +127,7 @@ TEST_F(Widget, MovesChildrenAndSpriteAsFarAsItsParentAllows) {
   inner->SetSprite(sprite);
   EXPECT_EQ(child->GetRect(), (Rect{15, 15, 20, 9})) << "fitted at birth";
   child->MoveTo(100, 20);
+  child->Resize(21, 9);
   EXPECT_EQ(child->GetRelativeRect(), (Rect{10, 10, 20, 9}));
   myRoot->MoveBy(-5, 5);
   EXPECT_EQ(sprite->GetRect(), (Rect{16, 27, 3, 5}));

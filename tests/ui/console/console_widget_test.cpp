@@ -139,6 +139,7 @@ TEST_F(ConsoleWidget, ShowsTheEndOfTheLogEachTenthOfASecond) {
   RunFor(1);
   EXPECT_TRUE(Shows(Picture(), "1", "2"));
   Log("one two three");
+  EXPECT_FALSE(CScreenLayer::GetSingletonPtr()->GetChildren().empty()) << "is on the screen";
   myParent.Resize(30, 44);
   EXPECT_TRUE(Shows(Picture(), "two", "three")) << "at once, with other line breaks";
 }

@@ -66,6 +66,7 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
     return line.substr(0, line.size() - found.typed) + found.word;
   };
   EXPECT_EQ(completed("QUI"), "quit");
+  EXPECT_EQ(completed("QUIT"), "quit");
   EXPECT_EQ(completed("x = DEBR"), "x = debris");
   EXPECT_EQ(completed("de"), "deb");
   EXPECT_EQ(CompleteWord("de", names).choices, (std::vector<std::string>{"debris", "debt"}));
@@ -76,7 +77,7 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
   EXPECT_EQ(completed("f(Oth"), "f(Other") << "a parameter";
   EXPECT_EQ(completed("f(1);Oth"), "f(1);Other::");
   EXPECT_EQ(completed("oth"), "oth") << "tasks have their case";
-  EXPECT_EQ(completed("Other::qui"), "Other::qui") << "the task's own matter";
+  EXPECT_EQ(completed(":qui"), ":qui") << "the task's own matter";
 }
 
 class CListener : public css::CSignalTarget {
@@ -105,6 +106,9 @@ class ConsoleInput : public testing::Test {
 
 TEST_F(ConsoleInput, ALongLineScrollsWithItsCursor) {
   EXPECT_EQ(ShownAfter("abcde"), "abcde");
+  myInput.Resize(31, 20);
+  EXPECT_EQ(ShownAfter(""), "bcde");
+  myInput.Resize(32, 20);
   EXPECT_EQ(ShownAfter("fg"), "cdefg");
   EXPECT_EQ(ShownAfter("<<<<<"), "cdefg");
   EXPECT_EQ(ShownAfter("<"), "bcdefg");
