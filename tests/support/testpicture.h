@@ -9,6 +9,9 @@
 
 namespace vask::test {
 
+using Gfx::ImagePtr;
+using Rect = CRect<int>;
+
 inline SDL_Surface* SurfaceOf(const IPixel& picture) {
   return dynamic_cast<const CPixelSDL&>(picture).GetSurface();
 }
@@ -57,22 +60,19 @@ class CTestScreen {
 
 // The picture with each pixel of its 32-bit surface made from its position.
 template <typename PixelAt>
-Gfx::ImagePtr Filled(IPixel* picture, PixelAt pixelAt) {
+ImagePtr Filled(IPixel* picture, PixelAt pixelAt) {
   for (int i = 0; i < picture->GetWidth() * picture->GetHeight(); ++i) {
     const int x = i % picture->GetWidth();
     const int y = i / picture->GetWidth();
     sdl::WritePixel(*SurfaceOf(*picture), x, y, pixelAt(x, y));
   }
-  return Gfx::ImagePtr(picture);
+  return ImagePtr(picture);
 }
 
 // A picture with an alpha channel, in one colour.
-inline IPixel* NewPicture(int width, int height, const CColor& color) {
-  IPixel* picture = Gfx::NewBuffer(width, height);
-  for (int i = 0; i < width * height; ++i) {
-    picture->PutPixel(i % width, i / width, color);
-  }
-  return picture;
+inline IPixel* NewPicture(int width, int height, const CColor& c) {
+  const std::uint32_t pixel = c.a << 24 | c.r << 16 | c.g << 8 | c.b;
+  return Filled(Gfx::NewBuffer(width, height), [=](int, int) { return pixel; }).release();
 }
 
 }  // namespace vask::test

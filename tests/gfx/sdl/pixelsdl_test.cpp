@@ -1,20 +1,50 @@
-// Pictures over SDL: whose surface they share, their pixels, and the pictures made from a part of a
+// Pictures over SDL: whose surface they share, their pixels, drawing one onto another (compared
+// with the blend computed pixel by pixel in floating point), and pictures made from a part of a
 // sheet.
 
 #include "gfx/sdl/pixelsdl.h"
 
+#include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/sdltextures.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <random>
+
 namespace vask::test {
 namespace {
 
-using Gfx::ImagePtr;
-using Rect = CRect<int>;
+using sdl::SPixelFormat;
+
+constexpr SPixelFormat kOpaque{32, 0xFF0000, 0xFF00, 0xFF, 0};
+constexpr SPixelFormat kAlpha{32, 0xFF0000, 0xFF00, 0xFF, 0xFF000000};
+constexpr SPixelFormat kLowAlpha{32, 0xFF000000, 0xFF0000, 0xFF00, 0xFF};
+constexpr SPixelFormat kRedLow{32, 0xFF, 0xFF00, 0xFF0000, 0xFF000000};
+constexpr SPixelFormat k24Bits{24, 0xFF0000, 0xFF00, 0xFF, 0};
+constexpr SPixelFormat k16Bits{16, 0xF800, 0x7E0, 0x1F, 0};
 
 constexpr std::uint32_t kKey = 0xFF00FF;  // as a pixel
+
+IPixel* PictureOf(int width, int height, const SPixelFormat& format) {
+  return new CPixelSDL(sdl::NewSurface(width, height, format).release());
+}
+// With a colour key or with an alpha channel.
+IPixel* NewSheet(int width, int height, bool isKeyed) {
+  return isKeyed ? Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)
+                 : Gfx::NewBuffer(width, height);
+}
+// Random pixels; a quarter of them transparent, a quarter opaque.
+ImagePtr NewNoise(int size, const SPixelFormat& format, unsigned seed) {
+  std::mt19937 random(seed);
+  return Filled(PictureOf(size, size, format), [&](int, int) {
+    const auto pixel = static_cast<std::uint32_t>(random());
+    const std::array kinds{pixel & ~format.alphaMask, pixel | format.alphaMask, pixel, pixel};
+    return kinds[random() % 4];
+  });
+}
 
 class Picture : public testing::Test {
  protected:
@@ -23,38 +53,24 @@ class Picture : public testing::Test {
 
 TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   ImagePtr(NewPicture(10, 20, {17, 34, 51}))->SaveToFile("door.bmp");
-  std::vector<ImagePtr> pictures;
-  pictures.emplace_back(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
-  pictures.emplace_back(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
-  pictures.emplace_back(Gfx::NewBuffer(pictures[0].get()));
-  for (int count = 3; count > 0; --count) {
-    EXPECT_EQ(CSDLTextures::GetSingletonPtr()->GetCount("door.bmp"), count);
-    EXPECT_EQ(SurfaceOf(*pictures.front()), SurfaceOf(*pictures.back()));
-    EXPECT_EQ(pictures.back()->GetFileName(), "door.bmp");
-    pictures.erase(pictures.begin());
-  }
-  EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("door.bmp"));
 
   const Gfx::ImagePtr picture(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
   picture->Blit(Gfx::GetScreen(), {0, 0, 10, 20}, {5, 5, 10, 20});
 
   EXPECT_EQ(myScreen.At(14, 24), 0x112233U);
   EXPECT_EQ(myScreen.At(15, 24), 0U);
-}
-
-TEST_F(Picture, BufferOfABufferIsACopy) {
-  const ImagePtr original(NewPicture(2, 1, {10, 20, 30, 40}));
-  const ImagePtr copy(Gfx::NewBuffer(original.get()));
-  EXPECT_EQ(PixelsOf(*copy), PixelsOf(*original));
-  original->BlitTo(copy.get());
-  EXPECT_GT(copy->GetPixel(1, 0).a, 40) << "it blends alpha as the original does";
-  EXPECT_EQ(original->GetPixel(1, 0).a, 40);
+  ImagePtr second(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
+  ImagePtr third(Gfx::NewBuffer(second.get()));
+  CSDLTextures& textures = CSDLTextures::GetSingleton();
+  EXPECT_EQ(SurfaceOf(*third), SurfaceOf(*picture));
+  EXPECT_EQ(textures.GetCount("door.bmp"), 3);
+  second.reset();
+  EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
 }
 
 TEST_F(Picture, KeyColourIsTransparentWithoutVideoToo) {
-  const ImagePtr drawn(NewPicture(2, 1, {255, 0, 255}));
-  drawn->PutPixel(1, 0, {0, 255, 0});
-  drawn->SaveToFile("keyed.bmp");
+  const auto pixelAt = [](int x, int) { return x == 0 ? 0xFFFF00FFU : 0xFF00FF00U; };
+  Filled(Gfx::NewBuffer(2, 1), pixelAt)->SaveToFile("keyed.bmp");
   for (const bool hasVideo : {true, false}) {
     if (!hasVideo) {
       SDL_Quit();
@@ -62,10 +78,9 @@ TEST_F(Picture, KeyColourIsTransparentWithoutVideoToo) {
     const ImagePtr image(Gfx::LoadImage("keyed.bmp", Gfx::kMagenta));
     const ImagePtr clone(image->Clone());
     for (const IPixel* picture : {image.get(), clone.get()}) {
-      const ImagePtr target =
-          Filled(Gfx::NewScreenBuffer(2, 1, Gfx::kMagenta), [](int, int) { return 0x123456U; });
+      const ImagePtr target = Filled(NewSheet(2, 1, true), [](int, int) { return 0x123456U; });
       EXPECT_TRUE(picture->BlitTo(target.get()));
-      EXPECT_EQ(PixelsOf(*target), (std::vector<std::uint32_t>{0x123456, 0x00FF00})) << hasVideo;
+      EXPECT_EQ(PixelsOf(*target), (std::vector{0x123456U, 0x00FF00U})) << hasVideo;
     }
   }
 }
@@ -73,58 +88,148 @@ TEST_F(Picture, KeyColourIsTransparentWithoutVideoToo) {
 // SDL fills the pixel that proves reading; with that, reading proves writing. All formats keep the
 // colour exactly.
 TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
-  const sdl::SPixelFormat formats[] = {
-      {.bits = 16, .redMask = 0xF800, .greenMask = 0x7E0, .blueMask = 0x1F},
-      {.bits = 24, .redMask = 0xFF0000, .greenMask = 0xFF00, .blueMask = 0xFF},
-      {.bits = 32, .redMask = 0xFF, .greenMask = 0xFF00, .blueMask = 0xFF0000},
-      {.bits = 32,
-       .redMask = 0xFF00,
-       .greenMask = 0xFF0000,
-       .blueMask = ~0U << 24,
-       .alphaMask = 255},
-  };
-  for (const sdl::SPixelFormat& format : formats) {
+  for (const SPixelFormat& format : {k16Bits, k24Bits, kRedLow, kLowAlpha}) {
     SCOPED_TRACE(testing::Message() << format.bits << " bits, alpha " << format.alphaMask);
-    CPixelSDL picture(sdl::NewSurface(6, 5, format).release());
-    SDL_Surface* surface = picture.GetSurface();
+    const ImagePtr picture(PictureOf(6, 5, format));
+    SDL_Surface* surface = SurfaceOf(*picture);
     const std::uint32_t pixel = SDL_MapRGBA(surface->format, 255, 16, 66, 255);
     SDL_Rect filled{2, 3, 1, 1};
     SDL_FillRect(surface, &filled, pixel);
-    EXPECT_EQ(picture.GetPixel(2, 3).Pack(), pixel);
-    const Rect part{1, 2, 4, 3};
-    picture.SetRect(part);
+    EXPECT_EQ(picture->GetPixel(2, 3).Pack(), pixel);
+    picture->SetRect({1, 2, 4, 3});
     for (int i = 0; i < 6 * 5; ++i) {
-      const int x = i % 6 - part.x;
-      const int y = i / 6 - part.y;
-      const bool isInside = part.Contains(i % 6, i / 6);
-      picture.PutPixel(x, y, {255, 16, 66});
+      const int x = i % 6 - 1;
+      const int y = i / 6 - 2;
+      const bool isInside = Rect{0, 0, 4, 3}.Contains(x, y);
+      picture->PutPixel(x, y, {255, 16, 66});
       EXPECT_EQ(sdl::ReadPixel(*surface, i % 6, i / 6), isInside ? pixel : 0) << i;
-      EXPECT_EQ(picture.GetPixel(x, y).Pack(), isInside ? pixel : CColor().Pack()) << i;
+      EXPECT_EQ(picture->GetPixel(x, y).Pack(), isInside ? pixel : CColor().Pack()) << i;
     }
-    picture.PutPixel(0, 0, {80, 255, 100, 0});
-    EXPECT_EQ(picture.GetPixel(0, 0).Pack(), pixel) << "alpha 0 changes nothing";
-    picture.PutPixel(0, 0, {80, 255, 100, 127});
-    EXPECT_EQ(picture.GetPixel(0, 0).Pack(), SDL_MapRGBA(surface->format, 168, 135, 82, 255));
+    picture->PutPixel(0, 0, {80, 255, 100, 0});
+    EXPECT_EQ(picture->GetPixel(0, 0).Pack(), pixel) << "alpha 0 changes nothing";
+    picture->PutPixel(0, 0, {80, 255, 100, 127});
+    EXPECT_EQ(picture->GetPixel(0, 0).Pack(), SDL_MapRGBA(surface->format, 168, 135, 82, 255));
   }
 }
 
 TEST_F(Picture, TransparentPixelsBlendAndClear) {
   const ImagePtr picture(NewPicture(3, 2, {80, 255, 100, 127}));
-  EXPECT_EQ(PixelsOf(*picture)[0], 0x7F50FF64U);
   picture->SetRect({1, 0, 2, 2});
   picture->PutPixel(0, 0, {255, 16, 66, 127});
   picture->ClearRect({0, 1, 1, 9});
   const std::uint32_t same = 0x7F50FF64;
-  EXPECT_EQ(PixelsOf(*picture),
-            (std::vector<std::uint32_t>{same, 0xBEC4604E, same, same, 0, same}));
+  EXPECT_EQ(PixelsOf(*picture), (std::vector{same, 0xBEC4604EU, same, same, 0U, same}));
+}
+
+// Random rectangles, many of them partly or wholly outside, between two pictures that show only a
+// part of their surfaces.
+TEST_F(Picture, DrawingIsCutOnAllSides) {
+  const auto pixelAt = [](int x, int y) { return 0xFF000001U + 16U * x + y; };
+  const ImagePtr source = Filled(Gfx::NewBuffer(9, 7), pixelAt);
+  source->SetRect({2, 1, 60, 5});
+  const Rect shown{0, 0, 7, 5};  // of the source, which ends before its rectangle
+  const Rect part{1, 2, 6, 5};   // of the target
+  std::mt19937 random(3);
+  const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
+  for (int round = 0; round < 2000; ++round) {
+    const ImagePtr target(Gfx::NewBuffer(8, 8));
+    target->SetRect(part);
+    const int width = round % 50 == 0 ? INT_MAX : below(12) - 2;
+    const Rect from{below(13) - 4, below(13) - 4, width, below(12) - 2};
+    const Rect to{below(19) - 9, below(19) - 9, 0, 0};
+    if (round % 2 == 0) {
+      EXPECT_TRUE(source->Blit(target.get(), from, to));
+    } else {
+      Gfx::CopyPixels(source.get(), from, target.get(), to.x, to.y);
+    }
+    const std::vector<std::uint32_t> pixels = PixelsOf(*target);
+    for (int i = 0; i < 8 * 8; ++i) {
+      const int x = i % 8 - part.x - to.x + from.x;
+      const int y = i / 8 - part.y - to.y + from.y;
+      const bool isDrawn =
+          part.Contains(i % 8, i / 8) && from.Contains(x, y) && shown.Contains(x, y);
+      ASSERT_EQ(pixels[i], isDrawn ? pixelAt(x + 2, y + 1) : 0) << round << " " << i;
+    }
+  }
+}
+
+// The colours, 0 to 255, and the alpha, 0 to 1.
+std::array<double, 4> ExactPixel(const IPixel& picture, int x, int y) {
+  const SDL_Surface& surface = *SurfaceOf(picture);
+  const std::uint32_t pixel = sdl::ReadPixel(surface, x, y);
+  std::uint8_t c[4];
+  SDL_GetRGBA(pixel, surface.format, &c[0], &c[1], &c[2], &c[3]);
+  const bool isKey = (surface.flags & SDL_SRCCOLORKEY) != 0 && pixel == surface.format->colorkey;
+  return {c[0] * 1.0, c[1] * 1.0, c[2] * 1.0, isKey ? 0 : c[3] / 255.0};
+}
+
+TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
+  struct SCase {
+    const char* name;
+    SPixelFormat source = kAlpha;
+    SPixelFormat target = kAlpha;
+    double slack = 1;  // of a colour
+    int size = 30;
+  };
+  const SCase cases[] = {
+      {.name = "usual", .size = 257},
+      {.name = "keyed", .source = kOpaque},
+      {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},
+      {.name = "onto the screen", .target = kOpaque, .slack = 2},
+      {.name = "other order onto the screen", .source = kRedLow, .target = kOpaque, .slack = 2},
+      {.name = "low alpha", .source = kLowAlpha},
+      {.name = "onto low alpha", .target = kLowAlpha},
+  };
+  for (const SCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    const ImagePtr source = NewNoise(c.size, c.source, 1);
+    if (c.source.alphaMask == 0) {
+      SDL_Rect left{0, 0, 15, 30};
+      SDL_FillRect(SurfaceOf(*source), &left, SDL_MapRGB(SurfaceOf(*source)->format, 255, 0, 255));
+      sdl::SetColorKey(SurfaceOf(*source), {255, 0, 255});
+    }
+    const ImagePtr before = NewNoise(c.size, c.target, 2);
+    const ImagePtr target = NewNoise(c.size, c.target, 2);
+    target->SetParam(IPixel::kAlphaBlit, c.target.alphaMask != 0);
+    source->Blit(target.get(), {3, 2, c.size, c.size}, {1, 1, 0, 0});
+    const int side = c.size - 3;
+    for (int i = 0; i < side * side; ++i) {
+      const auto above = ExactPixel(*source, 3 + i % side, 2 + i / side);
+      const auto below = ExactPixel(*before, 1 + i % side, 1 + i / side);
+      const auto result = ExactPixel(*target, 1 + i % side, 1 + i / side);
+      const double a = above[3];
+      const double b = below[3] * (1 - a);
+      const double slack = a > 0 && a < 1 && b > 0 ? c.slack : c.slack - 0.99;
+      ASSERT_NEAR(result[3] * 255, (a + b) * 255, 0.51) << i;
+      for (int k = 0; a + b > 0 && k < 3; ++k) {
+        ASSERT_NEAR(result[k], (above[k] * a + below[k] * b) / (a + b), slack) << i;
+      }
+    }
+  }
+}
+
+TEST(PremultipliedAlpha, IsRoundedBothWays) {
+  for (std::uint32_t i = 0; i < 256 * 256; ++i) {
+    const std::uint32_t alpha = i >> 8;
+    const std::uint32_t color = i & 0xFF;
+    std::uint32_t pixel = alpha << 24 | color << 16 | 0xFF00 | color;
+    std::uint32_t back = pixel;
+    sdl::PremultiplyRow(&pixel, 1);
+    const auto product = static_cast<std::uint32_t>(std::lround(color * alpha / 255.0));
+    ASSERT_EQ(pixel, alpha << 24 | product << 16 | alpha << 8 | product);
+    sdl::UnpremultiplyRow(&back, 1);
+    const double quotient = alpha == 0 ? 0 : std::min(color * 255.0 / alpha, 255.0);
+    ASSERT_NEAR(back & 0xFF, quotient, 0.51) << alpha << " " << color;
+    ASSERT_EQ(back >> 16 & 0xFF, back & 0xFF);
+  }
 }
 
 // The colours in the middle of the four quarters, row by row: r, g, b, "." for transparent.
-std::string Quarters(const IPixel& picture) {
+std::string Quarters(const ImagePtr& picture) {
   std::string letters;
   for (int quarter = 0; quarter < 4; ++quarter) {
-    const CColor color = picture.GetPixel(picture.GetWidth() * (1 + quarter % 2 * 2) / 4,
-                                          picture.GetHeight() * (1 + quarter / 2 * 2) / 4);
+    const CColor color = picture->GetPixel(picture->GetWidth() * (1 + quarter % 2 * 2) / 4,
+                                           picture->GetHeight() * (1 + quarter / 2 * 2) / 4);
     letters += color.a == 0 ? '.' : color.r > 99 ? 'r' : color.g > 99 ? 'g' : 'b';
   }
   return letters;
@@ -137,57 +242,45 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
   for (const bool isKeyed : {false, true}) {
     SCOPED_TRACE(isKeyed);
     const std::uint32_t quarters[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, isKeyed ? kKey : 0};
-    const ImagePtr sheet =
-        Filled(isKeyed ? Gfx::NewScreenBuffer(40, 30, Gfx::kMagenta) : Gfx::NewBuffer(40, 30),
-               [&](int x, int y) {
-                 const int quarter = (y - part.y) / 10 * 2 + (x - part.x) / 10;
-                 return part.Contains(x, y) ? quarters[quarter] : 0xFFFFFFFF;
-               });
+    const ImagePtr sheet = Filled(NewSheet(40, 30, isKeyed), [&](int x, int y) {
+      const int quarter = (y - part.y) / 10 * 2 + (x - part.x) / 10;
+      return part.Contains(x, y) ? quarters[quarter] : 0xFFFFFFFF;
+    });
     sheet->SetRect(part);
-    EXPECT_EQ(Quarters(*ImagePtr(sheet->Clone())), "rgb.");
+    EXPECT_EQ(Quarters(ImagePtr(sheet->Clone())), "rgb.");
     EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), part);
-    EXPECT_EQ(Quarters(*ImagePtr(sheet->Scale(60, 10))), "rgb.");
-    EXPECT_EQ(Quarters(*ImagePtr(sheet->Rotate(90))), "g.rb") << "counter-clockwise";
+    EXPECT_EQ(Quarters(ImagePtr(sheet->Scale(60, 10))), "rgb.");
+    EXPECT_EQ(Quarters(ImagePtr(sheet->Rotate(90))), "g.rb") << "counter-clockwise";
     const ImagePtr faded(sheet->CloneWithAlpha(128));
-    EXPECT_EQ(Quarters(*faded), "rgb.");
+    EXPECT_EQ(Quarters(faded), "rgb.");
     EXPECT_EQ(ImagePtr(faded->CloneWithAlpha(100))->GetPixel(19, 0).a, 50);
     sheet->SaveToFile("part.tga");
-    EXPECT_EQ(Quarters(*ImagePtr(Gfx::LoadImage("part.tga", Gfx::kMagenta))), "rgb.");
+    EXPECT_EQ(Quarters(ImagePtr(Gfx::LoadImage("part.tga", Gfx::kMagenta))), "rgb.");
     sheet->SetRect({20, 16, 40, 28});  // ends beyond the sheet
-    EXPECT_EQ(ImagePtr(sheet->Scale(80, 56))->GetPixel(1, 1).r, 0);
     sheet->PutPixel(0, 0, {255, 255, 255});
     const ImagePtr beyond(sheet->Scale(80, 56));
     EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy from before";
-    EXPECT_EQ(beyond->GetPixel(39, 0).r, 255);
     EXPECT_EQ(beyond->GetPixel(40, 0).r, 0);
   }
 }
 
 TEST_F(Picture, SidesAreOneTo8192) {
-  const ImagePtr picture(NewPicture(2, 2, {1, 2, 3}));
-  for (const auto& [width, height] :
-       {std::pair{1, 8192}, {8192, 1}, {1, 8193}, {8193, 1}, {0, 5}, {5, 0}, {99999, 99999}}) {
-    const bool isMade = std::min(width, height) > 0 && std::max(width, height) <= 8192;
-    for (IPixel* made : {Gfx::NewBuffer(width, height), picture->Scale(width, height),
-                         Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)}) {
-      EXPECT_EQ(ImagePtr(made)->GetWidth(), isMade ? width : 0) << width << " x " << height;
-    }
+  for (const auto& [width, made] : {std::pair{8192, 8192}, {8193, 0}, {0, 0}}) {
+    EXPECT_EQ(ImagePtr(Gfx::NewBuffer(width, 1))->GetWidth(), made);
+    EXPECT_EQ(ImagePtr(Gfx::NewBuffer(1, width))->GetHeight(), made);
   }
-  EXPECT_TRUE(ImagePtr(ImagePtr(Gfx::NewBuffer(8192, 100))->Rotate(1))->IsEmpty());
 }
 
 // A half-transparent grey square in a transparent frame, or an opaque one in a frame of the key
 // colour: what smoothing mixes in at the rim must be neither black nor magenta.
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
   for (int kind = 0; kind < 8; ++kind) {
+    SCOPED_TRACE(kind);
     const bool isSmooth = kind % 2 != 0;
     const bool isKeyed = kind >= 4;
-    SCOPED_TRACE(kind);
-    const ImagePtr picture =
-        Filled(isKeyed ? Gfx::NewScreenBuffer(20, 20, Gfx::kMagenta) : Gfx::NewBuffer(20, 20),
-               [=](int x, int y) {
-                 return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0;
-               });
+    const ImagePtr picture = Filled(NewSheet(20, 20, isKeyed), [=](int x, int y) {
+      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0;
+    });
     picture->SetParam(IPixel::kScaleSmoothing, isSmooth);
     picture->SetParam(IPixel::kRotateSmoothing, kind % 2);
     const ImagePtr made(kind / 2 % 2 == 0 ? picture->Rotate(30) : picture->Scale(33, 47));

@@ -2,7 +2,6 @@
 // nothing gives. Sprites move over each other, fade, turn, hide, change depth and layer and die;
 // some rectangles are larger than any picture, some sizes are nothing.
 
-#include "gfx/sprite/spritetypes.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +18,9 @@ namespace {
 constexpr int kWidth = 96;
 constexpr int kHeight = 72;
 constexpr int kDepths = 6;
+constexpr Rect kScreen{0, 0, kWidth, kHeight};
+constexpr Rect kMost{9, 9, kWidth, kHeight};
+constexpr Rect kHuge{-9, 40, 9000, 20000};
 
 class CScene {
  public:
@@ -39,20 +41,18 @@ class CScene {
         [&] { s->SetRotation(static_cast<float>(Below(720))); },
         [&] { s->SetSize(Below(50), Below(50)); },
         [&] { s->SetRect(AnyRect()); },
-        [&] {
-          s->SetRect({Place(kWidth), Place(kHeight), 9000, 20000});
-        },
+        [&] { s->SetRect(kHuge); },
         [&] { s->SetScrollRect(AnyRect()); },
-        [&] {
-          s->SetScrollRect({9, 9, kWidth, kHeight});
-        },
-        [&] {
-          s->SetImageRect({Below(10), Below(10), Below(50), Below(50)});
-        },
+        [&] { s->SetScrollRect(kMost); },
+        [&] { s->SetImageRect(AnyPart()); },
         [&] { s->SetImage(AnyPicture()); },
         [&] { s->SetImage(nullptr); },
         [&] { s->SetVisible(Below(4) > 0); },
-        [&] { HideMoveAndShow(*s); },
+        [&] {
+          s->SetVisible(false);
+          s->SetX(50);
+          s->SetVisible(true);
+        },
         [&] { s->SetParent(AnyLayer()); },
         [&] { s->SetParent(nullptr); },
         [&] { Renew(s); },
@@ -72,7 +72,8 @@ class CScene {
 
   int Below(int limit) { return static_cast<int>(myRandom() % static_cast<unsigned>(limit)); }
   int Place(int size) { return Below(size + 60) - 40; }
-  CRect<int> AnyRect() { return {Place(kWidth), Place(kHeight), 1 + Below(60), Below(60)}; }
+  Rect AnyRect() { return {Place(kWidth), Place(kHeight), 1 + Below(60), Below(60)}; }
+  Rect AnyPart() { return {Below(10), Below(10), Below(50), Below(50)}; }
   std::uint8_t AnyByte() { return static_cast<std::uint8_t>(Below(256)); }
   template <typename T>
   typename T::reference AnyOf(T& all) {
@@ -83,24 +84,16 @@ class CScene {
     return Below(2) == 0 && layer ? layer.get() : CScreenLayer::GetSingletonPtr();
   }
 
-  static void HideMoveAndShow(CSprite& sprite) {
-    sprite.SetVisible(false);
-    sprite.SetX(50);
-    sprite.SetVisible(true);
-  }
-
   // With holes, half-transparent pixels and opaque magenta, keyed or with an alpha channel.
   IPixel* AnyPicture() {
     const bool isKeyed = Below(2) == 0;
-    const int w = 1 + Below(49);
-    const int h = 1 + Below(49);
     const std::uint8_t alpha = isKeyed ? 255 : AnyByte();
     const CColor colors[] = {{AnyByte(), AnyByte(), AnyByte(), alpha}, {255, 0, 255}, {0, 0, 0, 0}};
     const sdl::SPixelFormat format{32, 0xFF0000, 0xFF00, 0xFF, isKeyed ? 0 : 0xFF000000};
-    SDL_Surface* surface = sdl::NewSurface(w, h, format).release();
+    SDL_Surface* surface = sdl::NewSurface(1 + Below(49), 1 + Below(49), format).release();
     auto* picture = new CPixelSDL(surface, isKeyed ? colors[1] : CColor(1, 2, 3), "");
-    for (int i = 0; i < w * h; ++i) {
-      picture->PutPixel(i % w, i / w, colors[i % 7 % 3]);
+    for (int i = 0; i < surface->w * surface->h; ++i) {
+      picture->PutPixel(i % surface->w, i / surface->w, colors[i % 7 % 3]);
     }
     return picture;
   }
@@ -138,28 +131,29 @@ std::uint32_t DrawnOver(std::uint32_t source, std::uint32_t target, const SDL_Su
   return result;
 }
 
-void PaintAll(CSprite& sprite, std::vector<std::uint32_t>& canvas) {
+void Paint(const CSprite& sprite, std::vector<std::uint32_t>& canvas) {
   const IPixel& image = *sprite.GetImage();
-  const CRect<int> rect = sprite.GetRect();
-  const CRect<int> scroll = sprite.GetScrollRect();
-  const bool isClipped = scroll != CRect<int>{};
-  const bool isScreen = sprite.GetTypeId() == kScreenLayerSprite.number;
-  const auto pixels = image.IsEmpty() || isScreen ? std::vector<std::uint32_t>() : PixelsOf(image);
-  for (int i = 0; !pixels.empty() && i < image.GetWidth() * image.GetHeight(); ++i) {
-    const int u = i % image.GetWidth();
-    const int v = i / image.GetWidth();
+  const Rect rect = sprite.GetRect();
+  const Rect clip = sprite.GetScrollRect() == Rect{} ? kScreen : sprite.GetScrollRect();
+  const Rect shown{0, 0, std::min(rect.w, image.GetWidth()), std::min(rect.h, image.GetHeight())};
+  const auto pixels = image.IsEmpty() ? std::vector<std::uint32_t>() : PixelsOf(image);
+  for (int i = 0; i < static_cast<int>(pixels.size()); ++i) {
+    const int u = i % image.GetSurfaceWidth() - image.GetX();
+    const int v = i / image.GetSurfaceWidth() - image.GetY();
     const int x = rect.x + u;
     const int y = rect.y + v;
-    if (u < rect.w && v < rect.h && CRect<int>{0, 0, kWidth, kHeight}.Contains(x, y) &&
-        (!isClipped || scroll.Contains(x, y))) {
-      const int at = (image.GetY() + v) * image.GetSurfaceWidth() + image.GetX() + u;
+    if (shown.Contains(u, v) && kScreen.Contains(x, y) && clip.Contains(x, y)) {
       std::uint32_t& pixel = canvas[static_cast<std::size_t>(y * kWidth + x)];
-      pixel = DrawnOver(pixels[static_cast<std::size_t>(at)], pixel, *SurfaceOf(image));
+      pixel = DrawnOver(pixels[static_cast<std::size_t>(i)], pixel, *SurfaceOf(image));
     }
   }
-  if (const auto* layer = dynamic_cast<CSpriteLayer*>(&sprite)) {
-    for (CSprite* child : layer->GetChildren() | std::views::reverse) {
-      PaintAll(*child, canvas);
+}
+
+void PaintAll(CSpriteLayer& layer, std::vector<std::uint32_t>& canvas) {
+  for (CSprite* child : layer.GetChildren() | std::views::reverse) {
+    Paint(*child, canvas);
+    if (auto* inner = dynamic_cast<CSpriteLayer*>(child)) {
+      PaintAll(*inner, canvas);
     }
   }
 }
@@ -169,19 +163,20 @@ TEST(LayerRedraw, ShowsWhatPaintingEverythingShows) {
     CTestScreen screen(kWidth, kHeight);
     screen.Resize(kWidth, kHeight, 16);
     CScene scene(seed);
+    CScreenLayer& layer = CScreenLayer::GetSingleton();
     for (int frame = -30; frame < 250; ++frame) {
       SCOPED_TRACE(testing::Message() << "seed " << seed << ", frame " << frame);
       if (frame == 0) {  // from here on what was saved at 16 bits would lack colours
         screen.Resize(kWidth, kHeight);
-        CScreenLayer::GetSingletonPtr()->RefreshAll();
+        layer.RefreshAll();
       }
       for (int changes = std::abs(frame % 6); changes > 0; --changes) {
         scene.ChangeSomething();
       }
-      CScreenLayer::GetSingletonPtr()->DrawFrame();
+      layer.DrawFrame();
+      std::vector<std::uint32_t> expected(kWidth * kHeight);
+      PaintAll(layer, expected);
       if (frame >= 0) {
-        std::vector<std::uint32_t> expected(kWidth * kHeight);
-        PaintAll(*CScreenLayer::GetSingletonPtr(), expected);
         ASSERT_EQ(PixelsOf(screen.Picture()), expected);
       }
     }

@@ -9,25 +9,20 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
-#include <utility>
+#include <set>
 
-namespace vask {
+namespace vask::test {
 namespace {
-
-using Rect = CRect<int>;
 
 class Font : public ::testing::Test {
  protected:
   // The red of the i-th cell, of three columns and two rows, is 30 + 40 i.
   Font() {
-    Gfx::ImagePtr sheet(Gfx::NewBuffer(48, 16));
-    for (int i = 0; i < 48 * 16; ++i) {
-      const int cell = i / 48 / 8 * 3 + i % 48 / 16;
-      sheet->PutPixel(i % 48, i / 48, CColor(static_cast<std::uint8_t>(30 + 40 * cell), 100, 200));
-    }
-    sheet->SaveToFile("sheet.bmp");
+    const auto pixelAt = [](int x, int y) {
+      return 0xFF1E64C8U + ((40U * static_cast<unsigned>(y / 8 * 3 + x / 16)) << 16);
+    };
+    Filled(Gfx::NewBuffer(48, 16), pixelAt)->SaveToFile("sheet.bmp");
   }
 
   static std::unique_ptr<CFont> FontOf(const std::string& content) {
@@ -36,7 +31,7 @@ class Font : public ::testing::Test {
   }
   // Red of some pixels of a text that is drawn at the origin of an empty picture.
   static std::vector<int> Reds(CFont& font, const std::string& text, std::vector<int> xs) {
-    Gfx::ImagePtr target(Gfx::NewBuffer(100, 20));
+    const ImagePtr target(Gfx::NewBuffer(100, 20));
     font.WriteLine(target.get(), text, 0, 0);
     std::ranges::transform(xs, xs.begin(), [&](int x) { return target->GetPixel(x, 1).r; });
     return xs;
@@ -44,22 +39,19 @@ class Font : public ::testing::Test {
   // The box that encloses what is drawn.
   static Rect Drawn(const CSprite& sprite) {
     const IPixel& image = *sprite.GetImage();
-    std::vector<int> xs;
-    std::vector<int> ys;
+    std::set<int> xs, ys;
     for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i) {
       if (image.GetPixel(i % image.GetWidth(), i / image.GetWidth()).a != 0) {
-        xs.push_back(i % image.GetWidth());
-        ys.push_back(i / image.GetWidth());
+        xs.insert(i % image.GetWidth());
+        ys.insert(i / image.GetWidth());
       }
     }
-    if (xs.empty()) {
-      return {};
-    }
-    const auto [left, right] = std::ranges::minmax(xs);
-    return {left, ys.front(), right - left + 1, ys.back() - ys.front() + 1};
+    return xs.empty() ? Rect{}
+                      : Rect{*xs.begin(), *ys.begin(), *xs.rbegin() - *xs.begin() + 1,
+                             *ys.rbegin() - *ys.begin() + 1};
   }
 
-  test::CTestScreen myScreen{64, 64};
+  CTestScreen myScreen{64, 64};
   const std::string myFont = "OGF;3;2;16;8;6;888;ab;c d;643200401699;sheet.bmp";
 };
 
@@ -69,53 +61,52 @@ TEST_F(Font, GlyphsAreCutFromTheirCells) {
     loaded->SetAlign(2);
     const std::unique_ptr<CFont> font(loaded->Clone());
     EXPECT_EQ(font->Write(nullptr, "a", {0, 0, 50, 9}).x, 50) << "aligned as the original";
-    EXPECT_EQ(font->GetTextWidth("a"), 16) << lineEnd;
     EXPECT_EQ(font->GetTextWidth(";"), 0);
-    EXPECT_EQ(font->GetTextWidth("b dx"), 36);
-    EXPECT_EQ(font->GetSpaceWidth(), 4);
+    EXPECT_EQ(font->GetTextWidth("b dx"), 36) << "with a blank of a quarter; no glyph, no space";
     EXPECT_EQ(font->GetLineHeight(), 8);
-    EXPECT_EQ(font->GetFileName(), "a.ogf");
-    // "x" has no glyph and takes no space; the wide "d" ends at the edge of the sheet.
+    // The wide "d" ends at the edge of the sheet.
     EXPECT_EQ(Reds(*font, "bxcd", {0, 7, 8, 17, 18, 33, 34}),
-              (std::vector<int>{70, 70, 150, 150, 230, 230, 0}));
+              (std::vector{70, 70, 150, 150, 230, 230, 0}));
   }
   EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("sheet.bmp")) << "fonts free their sheet";
   const auto scaled = FontOf("OGF;3;2;8;4;6;888;ab;c d;646464646464;sheet.bmp");
-  EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (std::vector<int>{30, 150}));
+  EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (std::vector{30, 150}));
+}
+
+TEST_F(Font, TintMultipliesTheColoursOfACopy) {
   std::ofstream("numbers.ogf") << "OGF;3;2;16;8;1;940;+;64;sheet.bmp";
-  const Gfx::ImagePtr target(Gfx::NewBuffer(100, 20));
-  const test::CLogCapture log;
+  const ImagePtr target(Gfx::NewBuffer(100, 20));
+  const CLogCapture log;
 
   const std::unique_ptr<CFont> font = LoadFont("numbers.ogf");
   font->WriteLine(target.get(), "+500", 0, 0);
 
-  EXPECT_EQ(target->GetPixel(0, 0).Pack(), 0xFF213200U) << "tinted";
+  EXPECT_EQ(target->GetPixel(0, 0).Pack(), 0xFF213200U);
   EXPECT_EQ(font->GetSheet()->GetPixel(47, 15).Pack(), 0xFFFF3200U);
   EXPECT_TRUE(log.Has("Red: 1.125Green: 0.5Blue: 0"));
-  EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100) << "only a copy is tinted";
+  EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100);
 }
 
 TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
-  const std::pair<std::string, std::string> cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
       // the file, what is logged
       {"", "Could not open ogf file: a.ogf for loading"},
       {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
-      {"OGF;3;2;16;8;7;888;ab;c d;6432004016;x",
-       "a.ogfError, the char count (7) and numbers of charachters (17) don't match"},
-      {"OGF;3;2;16;8;2;888;ab;646;sheet.bmp",
-       "a.ogf Error, the number of character width's ( 3) doesn't match the number of characters "
-       "(2) times two"},
+      {std::string(300000, 'O'), "not a ogf file"},
+      {"OGF;1;1;1;1;8;888;ab;6432;x",
+       "a.ogfError, the char count (8) and numbers of charachters (9) don't match"},
+      {"OGF;1;1;1;1;2;888;ab;646;x",
+       "a.ogf Error, the number of character width's ( 3) doesn't match"},
       {"OGF;3;2;16;8;2;888;ab;6464;none.bmp", "Could not load imagenone.bmp"},
       {"OGF;3;2;16;8;2;88;ab;6464;sheet.bmp", "tint"},
-      {std::string(300000, 'O'), "not a ogf file"},
       {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"},
       {"OGF;3;2;16;8;0;888;;;sheet.bmp", "no valid size"},
       {"OGF;1;2;1;2049;1;888;a;64;sheet.bmp", "no valid size"},
   };
   for (const auto& [content, message] : cases) {
-    const test::CLogCapture log;
+    const CLogCapture log;
     const auto font = FontOf(content);
-    EXPECT_EQ(Reds(*font, "ab", {0}), std::vector<int>{0});
+    EXPECT_EQ(Reds(*font, "ab", {0}), std::vector{0});
     font->SetAlign(3);
     font->Write(nullptr, "a b", {0, 0, -1, 10});  // must come to an end
     EXPECT_TRUE(log.Has(message)) << log.Text();
@@ -136,45 +127,35 @@ TEST_F(Font, TextIsLaidOutByTheAlignment) {
   COgfFontLoader().Load(font, "a.ogf");
   enum { kLeft, kCenter, kRight, kJustify, kNone };
   struct SCase {
-    int align = kLeft;
-    Rect rect = {0, 0, 99, 99};
+    int by = kLeft;
+    Rect in = {0, 0, 99, 99};
     const char* text;
     const char* drawn;  // the lines and where they begin; where the text ends
   };
   const SCase cases[] = {
-      {.rect = {5, 7, 30, 99}, .text = "xx xxx\nx", .drawn = "xx @5,7|xxx@5,19|x@5,31|15,43"},
-      {.rect = {0, 3, 99, 0}, .text = "x", .drawn = "0,3"},
-      {.rect = {0, 0, 20, 99}, .text = "xx \nxx ", .drawn = "xx @0,0|xx @0,12|24,24"},
-      {.rect = {0, 0, 50, 30}, .text = "x xxxxxx x", .drawn = "x @0,0|14,36"},
+      {.in = {5, 7, 30, 99}, .text = "xx xxx\nx", .drawn = "xx @5,7|xxx@5,19|x@5,31|15,43"},
+      {.in = {0, 3, 99, 0}, .text = "x", .drawn = "0,3"},
+      {.in = {0, 0, 20, 99}, .text = "xx \nxx ", .drawn = "xx @0,0|xx @0,12|24,24"},
+      {.in = {0, 0, 50, 30}, .text = "x xxxxxx x", .drawn = "x @0,0|14,36"},
       {.text = "x\n\nx\n", .drawn = "x@0,0|@0,12|x@0,24|10,36"},
-      {.rect = {0, 0, 99, 13}, .text = "x\nx\nx", .drawn = "x@0,0|x@0,12|10,24"},
+      {.in = {0, 0, 99, 13}, .text = "x\nx\nx", .drawn = "x@0,0|x@0,12|10,24"},
       {.text = "x\tx", .drawn = "x    x@0,0|36,12"},
-      {.align = kNone, .rect = {5, 7, 1, 1}, .text = "xx xx", .drawn = "xx xx@5,7|49,19"},
-      {.align = kCenter,
-       .rect = {0, 0, 200, 9},
-       .text = "xxxxxxxxxi",
-       .drawn = "xxxxxxxxxi@54,0|145,12"},
-      {.align = kRight,
-       .rect = {3, 0, 50, 99},
-       .text = "xx xxx",
-       .drawn = "xx @29,0|xxx@23,12|53,24"},
-      {.align = kJustify,
-       .rect = {1, 0, 51, 9},
+      {.by = kNone, .in = {5, 7, 1, 1}, .text = "xx xx", .drawn = "xx xx@5,7|49,19"},
+      {.by = kCenter, .in = {0, 0, 90, 9}, .text = "xxxi", .drawn = "xxxi@29,0|60,12"},
+      {.by = kRight, .in = {3, 0, 50, 99}, .text = "xx xxx", .drawn = "xx @29,0|xxx@23,12|53,24"},
+      {.by = kJustify,
+       .in = {1, 0, 51, 9},
        .text = "x x x xx",
        .drawn = "x@1,0|x@21,0|x@42,0|52,12"},
-      {.align = kJustify,
-       .rect = {0, 0, 50, 99},
-       .text = "x x\nx",
-       .drawn = "x x@0,0|x@0,12|10,24"},
+      {.by = kJustify, .in = {0, 0, 50, 99}, .text = "x x\nx", .drawn = "x x@0,0|x@0,12|10,24"},
   };
-  Gfx::ImagePtr target(Gfx::NewBuffer(300, 100));
+  const ImagePtr target(Gfx::NewBuffer(300, 100));
   for (const SCase& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.text << " by " << c.align);
-    font.SetAlign(c.align);
-    const SPenPosition end = font.Write(target.get(), c.text, c.rect);
+    SCOPED_TRACE(testing::Message() << c.text << " by " << c.by);
+    font.SetAlign(c.by);
+    const SPenPosition end = font.Write(target.get(), c.text, c.in);
     EXPECT_EQ(font.lines + std::to_string(end.x) + "," + std::to_string(end.y), c.drawn);
-    // A log view measures without a picture, and must come to the same height.
-    EXPECT_EQ(font.Write(nullptr, c.text, c.rect).y, end.y);
+    EXPECT_EQ(font.Write(nullptr, c.text, c.in).y, end.y) << "measured without a picture";
     font.lines.clear();
   }
   font.SetAlign(kRight);
@@ -199,33 +180,28 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   CTextSprite list(LoadFont("system"), 0, 0);
   list.GetFont()->SetAlign(2);
   list.SetText("HH HH");
-  const std::pair<Rect, int> sizes[] = {// the size; where the text is drawn then
-                                        {{0, 0, 100, 12}, 70},
-                                        {{0, 0, 50, 40}, 20},
-                                        {{0, 0, 20, 40}, 2},
-                                        {{}, 0}};
-  for (const auto& [size, x] : sizes) {
-    list.SetSize(size.w, size.h);
-    EXPECT_EQ(Drawn(list).x, x) << size.w;
+  for (const auto& [width, x] : {std::pair{100, 70}, {50, 20}, {20, 2}}) {
+    list.SetSize(width, 40);
+    EXPECT_EQ(Drawn(list).x, x) << width;
   }
 }
 
 TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
-  Gfx::ImagePtr(test::NewPicture(40, 10, {10, 20, 30}))->SaveToFile("back.bmp");
-  const std::pair<std::string, Rect> cases[] = {
+  ImagePtr(NewPicture(40, 10, {10, 20, 30}))->SaveToFile("back.bmp");
+  const std::pair<const char*, Rect> cases[] = {
       // fields, what is drawn
       {"", {0, 2, 12, 8}},
-      {"<FontRect x=\"20\" y=\"10\" w=\"5\" h=\"5\"/>", {20, 12, 12, 8}},
-      {"<FontStartPosition x=\"7\" y=\"5\"/><FontRect x=\"20\"/>", {7, 7, 12, 8}},
+      {R"(<FontRect x="20" y="10" w="5" h="5"/>)", {20, 12, 12, 8}},
+      {R"(<FontStartPosition x="7" y="5"/><FontRect x="20"/>)", {7, 7, 12, 8}},
       {"<BackdropFile>back.bmp</BackdropFile>", {0, 0, 40, 10}},
-      {"<FontRect x=\"2147483647\" w=\"-2147483648\"/>", {}},
+      {R"(<FontRect x="2147483647" w="-2147483648"/>)", {}},
   };
   for (const auto& [fields, drawn] : cases) {
-    std::ofstream("text.xml") << "<Sprite><ImageRect x=\"3\" y=\"4\" w=\"50\" h=\"30\"/>" << fields
-                              << "<Text>HH</Text><FontFile>system</FontFile></Sprite>";
+    std::ofstream("text.xml") << R"(<S><ImageRect x="3" y="4" w="50" h="30"/><Text>HH</Text>)"
+                              << fields << "<FontFile>system</FontFile></S>";
     for (const char* file : {"text.xml", "written.xml"}) {
       CTextSprite sprite;
-      EXPECT_TRUE(LoadXml(sprite, file));
+      LoadXml(sprite, file);
       EXPECT_EQ(Drawn(sprite), drawn) << fields << file;
       EXPECT_EQ(sprite.GetRect(), (Rect{3, 4, 50, 30})) << fields;
       EXPECT_TRUE(SaveXml(sprite, "written.xml"));
@@ -234,4 +210,4 @@ TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

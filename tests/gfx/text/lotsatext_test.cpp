@@ -19,7 +19,6 @@ struct CPaper : ILotsATextDrawer {
 TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
   const CTestScreen screen(40, 30);
   CPaper drawer;
-  CLotsATextSprite(9, 9).ScrollBy(5);  // does nothing without a text
 
   auto* view = new CLotsATextSprite(30, 20);
   view->SetDrawer(&drawer);  // called every 100 ms
@@ -28,22 +27,21 @@ TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
 
   struct SStep {
     int height;  // of the text
-    int scroll;
+    int scroll = 0;
     const char* asked;  // y, width
   };
   const SStep steps[] = {
-      {.height = 4, .scroll = 0, .asked = "-16,30"},
+      {.height = 4, .asked = "-16,30"},
       {.height = 4, .scroll = -3, .asked = "-16,30"},
       {.height = 25, .scroll = -2, .asked = "3,30"},
-      {.height = 45, .scroll = 0, .asked = "3,30"},
+      {.height = 45, .asked = "3,30"},
       {.height = 45, .scroll = -9, .asked = "0,30"},
-      {.height = 50, .scroll = 0, .asked = "0,30"},
       {.height = 50, .scroll = 30, .asked = "30,30"},
-      {.height = 55, .scroll = 0, .asked = "35,30"},
+      {.height = 55, .asked = "35,30"},
       {.height = 1200000, .scroll = -1000, .asked = "1198980,30"},
-      {.height = 1200012, .scroll = 0, .asked = "1198980,30"},
-      {.height = 9, .scroll = 0, .asked = "-11,30"},
-      {.height = 30, .scroll = 0, .asked = "10,30"},
+      {.height = 1200012, .asked = "1198980,30"},
+      {.height = 9, .asked = "-11,30"},
+      {.height = 30, .asked = "10,30"},
   };
   for (const SStep& step : steps) {
     drawer.height = step.height;
