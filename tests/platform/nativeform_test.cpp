@@ -33,46 +33,36 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   // key from there on, "-" no more; "1" to "9" press the pointer there, 10 apart, "*" far behind;
   // ")" drags it far behind, "(" to above and left of the field. Then what fields show that are
   // three characters wide: one line, and two lines that wrap.
+  const std::string longText = std::string(100'000, 'a') + "b";
   const struct {
-    std::string text, keys, oneLine, wrapped;
+    std::string text, keys, one, two;
   } cases[] = {
-      {.text = "", .keys = "", .oneLine = "/|0,0", .wrapped = "/|0,0"},
-      {.text = "", .keys = "x~y", .oneLine = "xy/|20,0", .wrapped = "x/y/|10,10"},
-      {.text = "ab", .keys = "}x>#!#!", .oneLine = "a/|10,0", .wrapped = "a/|10,0"},
-      {.text = "ab", .keys = ">!<<x!", .oneLine = "x/|10,0", .wrapped = "x/|10,0"},
-      {.text = "abcd", .keys = "", .oneLine = "abc/|0,0", .wrapped = "abc/d/|0,0"},
-      {.text = "ab cd", .keys = "v", .oneLine = "ab /|0,0", .wrapped = "ab /cd/|0,10"},
-      {.text = "abc d", .keys = "}", .oneLine = " d/|20,0", .wrapped = "abc/d/|30,0"},
-      {.text = "abc ", .keys = "}", .oneLine = "c /|20,0", .wrapped = "abc//|30,0"},
-      {.text = "iiiiiii", .keys = "", .oneLine = "iiiiii/|0,0", .wrapped = "iiiiii/i/|0,0"},
-      {.text = "a\n\nb\n", .keys = "vvv", .oneLine = "a\n\n/|0,0", .wrapped = "b//|0,10"},
-      {.text = "abcdef", .keys = "}", .oneLine = "ef/|20,0", .wrapped = "abc/def/|20,0"},
-      {.text = "abcdef", .keys = "v}^x", .oneLine = "fx/|20,0", .wrapped = "abx/cde/|0,10"},
-      {.text = "abcdefghi", .keys = "vv{^^", .oneLine = "abc/|0,0", .wrapped = "abc/def/|0,0"},
-      {.text = "abcd", .keys = "1", .oneLine = "abc/|10,0", .wrapped = "abc/d/|10,0"},
-      {.text = "abcdefg", .keys = "}1x", .oneLine = "fxg/|20,0", .wrapped = "axb/cde/|20,0"},
-      {.text = std::string(100'000, 'a') + "b",
-       .keys = "}*",
-       .oneLine = "ab/|20,0",
-       .wrapped = "aaa/aaa/|20,0"},
-      {.text = "abc", .keys = ">+>>_", .oneLine = "[0-20]bc/|20,0", .wrapped = "[10-30]abc/|30,0"},
-      {.text = "abcd",
-       .keys = "$",
-       .oneLine = "[0-20]cd/|20,0",
-       .wrapped = "[0-30]abc/[0-10]d/|10,10"},
-      {.text = "abcd", .keys = "$x", .oneLine = "x/|10,0", .wrapped = "x/|10,0"},
-      {.text = "abcd", .keys = "$#", .oneLine = "/|0,0", .wrapped = "/|0,0"},
-      {.text = "abc", .keys = ">>#", .oneLine = "ac/|10,0", .wrapped = "ac/|10,0"},
-      {.text = "abc", .keys = ">>>+<<-!", .oneLine = "a/|10,0", .wrapped = "a/|10,0"},
-      {.text = "abc", .keys = "+>>-<x", .oneLine = "xab/|10,0", .wrapped = "xab/c/|10,0"},
-      {.text = "abc", .keys = "+>-}", .oneLine = "bc/|20,0", .wrapped = "abc/|30,0"},
-      {.text = "abc", .keys = ">>>+<<->x", .oneLine = "cx/|20,0", .wrapped = "abc/x/|10,10"},
-      {.text = "abcd", .keys = "1)x", .oneLine = "ax/|20,0", .wrapped = "axc/d/|20,0"},
-      {.text = "abcdefgh", .keys = "}1((x", .oneLine = "xh/|10,0", .wrapped = "xbc/def/|10,0"},
-      {.text = "abcdefgh", .keys = "vv1((x", .oneLine = "xbc/|10,0", .wrapped = "xef/gh/|10,0"},
+      {.text = "", .keys = "x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
+      {.text = "ab", .keys = "}x>#!#!", .one = "a/|10,0", .two = "a/|10,0"},
+      {.text = "abcd", .keys = "", .one = "abc/|0,0", .two = "abc/d/|0,0"},
+      {.text = "ab cd", .keys = "v", .one = "ab /|0,0", .two = "ab /cd/|0,10"},
+      {.text = "abc d", .keys = "}", .one = " d/|20,0", .two = "abc/d/|30,0"},
+      {.text = "abc ", .keys = "}", .one = "c /|20,0", .two = "abc//|30,0"},
+      {.text = "iiiiiii", .keys = "", .one = "iiiiii/|0,0", .two = "iiiiii/i/|0,0"},
+      {.text = "a\n\nb\n", .keys = "vvv", .one = "a\n\n/|0,0", .two = "b//|0,10"},
+      {.text = "abcdef", .keys = "v}^x", .one = "fx/|20,0", .two = "abx/cde/|0,10"},
+      {.text = "abcdefghi", .keys = "vv{^^", .one = "abc/|0,0", .two = "abc/def/|0,0"},
+      {.text = "abcd", .keys = "1", .one = "abc/|10,0", .two = "abc/d/|10,0"},
+      {.text = "abcdefg", .keys = "}1x", .one = "fxg/|20,0", .two = "axb/cde/|20,0"},
+      {.text = longText, .keys = "}*", .one = "ab/|20,0", .two = "aaa/aaa/|20,0"},
+      {.text = "abc", .keys = ">+>>_", .one = "[0-20]bc/|20,0", .two = "[10-30]abc/|30,0"},
+      {.text = "abcd", .keys = "$", .one = "[0-20]cd/|20,0", .two = "[0-30]abc/[0-10]d/|10,10"},
+      {.text = "abcd", .keys = "$#", .one = "/|0,0", .two = "/|0,0"},
+      {.text = "abc", .keys = ">>#", .one = "ac/|10,0", .two = "ac/|10,0"},
+      {.text = "abc", .keys = ">>>+<<-!", .one = "a/|10,0", .two = "a/|10,0"},
+      {.text = "abc", .keys = "+>-}", .one = "bc/|20,0", .two = "abc/|30,0"},
+      {.text = "abc", .keys = ">>>+<<->x", .one = "cx/|20,0", .two = "abc/x/|10,10"},
+      {.text = "abcd", .keys = "1)x", .one = "ax/|20,0", .two = "axc/d/|20,0"},
+      {.text = "abcdefgh", .keys = "}1((x", .one = "xh/|10,0", .two = "xbc/def/|10,0"},
+      {.text = "abcdefgh", .keys = "vv1((x", .one = "xbc/|10,0", .two = "xef/gh/|10,0"},
   };
   constexpr std::string_view kKeys = "<>^v{}#!~$";
-  for (const auto& [text, keys, oneLine, wrapped] : cases) {
+  for (const auto& [text, keys, one, two] : cases) {
     for (const bool wraps : {false, true}) {
       CEditControl edit(text, {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16}, 0,
                         wraps ? 0 : kAutoScroll);
@@ -94,7 +84,7 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
         }
       }
       edit.Draw(canvas, true, false);
-      EXPECT_EQ(canvas.drawn, wraps ? wrapped : oneLine) << text.substr(0, 9) << " " << keys;
+      EXPECT_EQ(canvas.drawn, wraps ? two : one) << text.substr(0, 9) << " " << keys;
     }
   }
 }

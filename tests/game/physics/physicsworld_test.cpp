@@ -67,7 +67,8 @@ class CLoggingBridge : public IPhysicsGfxBridge {
   void Update(float x, float y, float angle, float halfWidth, float halfHeight, int shape,
               int look) override {
     Add("update");
-    myUpdate = {x, y, angle, halfWidth, halfHeight, 1.0F * shape, 1.0F * look};
+    myUpdate = {
+        x, y, angle, halfWidth, halfHeight, static_cast<float>(shape), static_cast<float>(look)};
   }
   int SetIndex(int index) override {
     Add("index " + std::to_string(index));
