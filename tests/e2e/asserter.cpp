@@ -1,7 +1,6 @@
 // A task type "asserter" for the stepper. Its lines:
 //
 //   Fail               fails an assertion that watches two variables: count, and limit, a constant
-//   FailElsewhere      fails another one, with a message
 //   FailWith N         fails one with a message of the numbers 1 to N, one a line
 //   FailHoldingPixels  fails one between taking the screen's pixels and writing to them
 //   Unban              lifts the ban that "Ignore All" sets
@@ -40,8 +39,6 @@ class CAsserter : public vask::CTask {
     const STouchy limit{2};
     if (line == "Fail") {
       VASK_ASSERT_WATCHING(count < limit.value, count, limit);
-    } else if (line == "FailElsewhere") {
-      VASK_ASSERT(count < 0, "There is too much of it.");
     } else if (line.starts_with("FailWith ")) {
       FailWith(std::stoi(line.substr(9)));
     } else if (line == "FailHoldingPixels") {

@@ -158,6 +158,10 @@ class Game(Scoped):
     def click(self, button=1):
         self.screen.click(button)
 
+    def click_at(self, x, y):
+        self.point_at(x, y)
+        self.click()
+
     def wait_for_title(self):
         self.wait_for_window()
         self.point_at(400, 300)
