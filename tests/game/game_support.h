@@ -2,6 +2,7 @@
 
 #include "game/deathtoasprite.h"
 #include "game/gamestate.h"
+#include "game/physics/screentransform.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
@@ -79,6 +80,7 @@ class GameTest : public ::testing::Test {
     vask::Gfx::SetFactory(&pictures);
     vask::CGlobalAppTimer::GetSingletonPtr()->Reset();
     GameState() = {};
+    SetScreenTransform(kScreenOffset, kScreenScale);
     Pass(0);
   }
   ~GameTest() override {
