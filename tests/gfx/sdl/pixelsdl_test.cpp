@@ -4,14 +4,12 @@
 
 #include "gfx/sdl/pixelsdl.h"
 
-#include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/sdltextures.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 #include <random>
 
 namespace vask::test {
@@ -68,23 +66,6 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
 }
 
-TEST_F(Picture, KeyColourIsTransparentWithoutVideoToo) {
-  const auto pixelAt = [](int x, int) { return x == 0 ? 0xFFFF00FFU : 0xFF00FF00U; };
-  Filled(Gfx::NewBuffer(2, 1), pixelAt)->SaveToFile("keyed.bmp");
-  for (const bool hasVideo : {true, false}) {
-    if (!hasVideo) {
-      SDL_Quit();
-    }
-    const ImagePtr image(Gfx::LoadImage("keyed.bmp", Gfx::kMagenta));
-    const ImagePtr clone(image->Clone());
-    for (const IPixel* picture : {image.get(), clone.get()}) {
-      const ImagePtr target = Filled(NewSheet(2, 1, true), [](int, int) { return 0x123456U; });
-      EXPECT_TRUE(picture->BlitTo(target.get()));
-      EXPECT_EQ(PixelsOf(*target), (std::vector{0x123456U, 0x00FF00U})) << hasVideo;
-    }
-  }
-}
-
 // SDL fills the pixel that proves reading; with that, reading proves writing. All formats keep the
 // colour exactly.
 TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
@@ -109,47 +90,6 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
     EXPECT_EQ(picture->GetPixel(0, 0).Pack(), pixel) << "alpha 0 changes nothing";
     picture->PutPixel(0, 0, {80, 255, 100, 127});
     EXPECT_EQ(picture->GetPixel(0, 0).Pack(), SDL_MapRGBA(surface->format, 168, 135, 82, 255));
-  }
-}
-
-TEST_F(Picture, TransparentPixelsBlendAndClear) {
-  const ImagePtr picture(NewPicture(3, 2, {80, 255, 100, 127}));
-  picture->SetRect({1, 0, 2, 2});
-  picture->PutPixel(0, 0, {255, 16, 66, 127});
-  picture->ClearRect({0, 1, 1, 9});
-  const std::uint32_t same = 0x7F50FF64;
-  EXPECT_EQ(PixelsOf(*picture), (std::vector{same, 0xBEC4604EU, same, same, 0U, same}));
-}
-
-// Random rectangles, many of them partly or wholly outside, between two pictures that show only a
-// part of their surfaces.
-TEST_F(Picture, DrawingIsCutOnAllSides) {
-  const auto pixelAt = [](int x, int y) { return 0xFF000001U + 16U * x + y; };
-  const ImagePtr source = Filled(Gfx::NewBuffer(9, 7), pixelAt);
-  source->SetRect({2, 1, 60, 5});
-  const Rect shown{0, 0, 7, 5};  // of the source, which ends before its rectangle
-  const Rect part{1, 2, 6, 5};   // of the target
-  std::mt19937 random(3);
-  const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
-  for (int round = 0; round < 2000; ++round) {
-    const ImagePtr target(Gfx::NewBuffer(8, 8));
-    target->SetRect(part);
-    const int width = round % 50 == 0 ? INT_MAX : below(12) - 2;
-    const Rect from{below(13) - 4, below(13) - 4, width, below(12) - 2};
-    const Rect to{below(19) - 9, below(19) - 9, 0, 0};
-    if (round % 2 == 0) {
-      EXPECT_TRUE(source->Blit(target.get(), from, to));
-    } else {
-      Gfx::CopyPixels(source.get(), from, target.get(), to.x, to.y);
-    }
-    const std::vector<std::uint32_t> pixels = PixelsOf(*target);
-    for (int i = 0; i < 8 * 8; ++i) {
-      const int x = i % 8 - part.x - to.x + from.x;
-      const int y = i / 8 - part.y - to.y + from.y;
-      const bool isDrawn =
-          part.Contains(i % 8, i / 8) && from.Contains(x, y) && shown.Contains(x, y);
-      ASSERT_EQ(pixels[i], isDrawn ? pixelAt(x + 2, y + 1) : 0) << round << " " << i;
-    }
   }
 }
 
@@ -208,22 +148,6 @@ TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
   }
 }
 
-TEST(PremultipliedAlpha, IsRoundedBothWays) {
-  for (std::uint32_t i = 0; i < 256 * 256; ++i) {
-    const std::uint32_t alpha = i >> 8;
-    const std::uint32_t color = i & 0xFF;
-    std::uint32_t pixel = alpha << 24 | color << 16 | 0xFF00 | color;
-    std::uint32_t back = pixel;
-    sdl::PremultiplyRow(&pixel, 1);
-    const auto product = static_cast<std::uint32_t>(std::lround(color * alpha / 255.0));
-    ASSERT_EQ(pixel, alpha << 24 | product << 16 | alpha << 8 | product);
-    sdl::UnpremultiplyRow(&back, 1);
-    const double quotient = alpha == 0 ? 0 : std::min(color * 255.0 / alpha, 255.0);
-    ASSERT_NEAR(back & 0xFF, quotient, 0.51) << alpha << " " << color;
-    ASSERT_EQ(back >> 16 & 0xFF, back & 0xFF);
-  }
-}
-
 // The colours in the middle of the four quarters, row by row: r, g, b, "." for transparent.
 std::string Quarters(const ImagePtr& picture) {
   std::string letters;
@@ -261,13 +185,6 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
     const ImagePtr beyond(sheet->Scale(80, 56));
     EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy from before";
     EXPECT_EQ(beyond->GetPixel(40, 0).r, 0);
-  }
-}
-
-TEST_F(Picture, SidesAreOneTo8192) {
-  for (const auto& [width, made] : {std::pair{8192, 8192}, {8193, 0}, {0, 0}}) {
-    EXPECT_EQ(ImagePtr(Gfx::NewBuffer(width, 1))->GetWidth(), made);
-    EXPECT_EQ(ImagePtr(Gfx::NewBuffer(1, width))->GetHeight(), made);
   }
 }
 

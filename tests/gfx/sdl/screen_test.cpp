@@ -1,6 +1,5 @@
-// The screen's picture and its dirty rectangles, the video calls, and saving pictures.
+// The screen's picture and its dirty rectangles, and saving pictures.
 
-#include "kernel/applicationfactory.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 
@@ -28,13 +27,6 @@ TEST_F(Screen, CountsAsChangedWhenTheListIsFull) {
   EXPECT_TRUE(myPicture.IsUpdateAll());
   myPicture.Flip();
   EXPECT_FALSE(myPicture.IsUpdateAll());
-  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
-  console.Execute("gfx_flip_rects_size = 0", false);
-  for (int i = 0; i < 100; ++i) {
-    myPicture.AddDirtyRect({0, 0, 1, 1});
-  }
-  console.Execute("gfx_flip_rects_size = 75", false);
-  EXPECT_EQ(myPicture.GetDirtyCount(), 100U) << "0 is no limit";
 }
 
 TEST_F(Screen, CutsDirtyRectanglesToItself) {
@@ -53,28 +45,6 @@ TEST_F(Screen, CutsDirtyRectanglesToItself) {
   myScreen.Resize(32, 24);
   EXPECT_EQ(log.Text(), "myWidth = 32\nmyHeight = 24\n");
   EXPECT_FALSE(myPicture.IsUpdateAll()) << "a new mode";
-}
-
-TEST(Video, CallsWithoutAScreenReturnNothing) {
-  struct CHolder : sdl::CScreenHolder {
-    void GiveUpScreen() override { ++taken; }
-    int taken = 0;
-  } holder;
-  EXPECT_EQ(sdl::OpenVideoMode(64, 48, 32, 0), nullptr);
-  EXPECT_EQ(sdl::GetModeDepth(64, 48, 32, 0), 0);
-  EXPECT_EQ(sdl::GetDriverName(), "");
-  const CTestScreen screen(64, 48);
-  EXPECT_EQ(sdl::GetModeDepth(64, 48, 32, 0), 32);
-  EXPECT_NE(sdl::OpenVideoMode(16383, 1, 32, 0), nullptr);
-  for (const auto& [width, height] : {std::pair{16384, 1}, {1, 16384}}) {
-    EXPECT_EQ(sdl::OpenVideoMode(width, height, 32, 0), nullptr);
-    EXPECT_EQ(sdl::GetVideoSurface(), nullptr) << "not the old one";
-  }
-  EXPECT_EQ(holder.taken, 5);
-  const unsigned quits = sdl::GetQuitCount();
-  sdl::Quit();
-  EXPECT_EQ(sdl::GetQuitCount(), quits + 1);
-  EXPECT_EQ(holder.taken, 6);
 }
 
 // A red pixel above a magenta one, which is faint, the key colour, or neither; read by SDL_image.
