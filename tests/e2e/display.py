@@ -80,14 +80,10 @@ class Display(Scoped):
         self._map_pixels()
 
     def _start_server(self, undo):
-        read, write = os.pipe()
-        with open(read) as pipe:
-            self.server = run_beside(
-                undo, ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
-                       "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
-                pass_fds=[write])
-            os.close(write)
-            number = read_line(pipe).strip()
+        self.server = run_beside(
+            undo, ["Xvfb", "-noreset", "-displayfd", "1", "-fbdir", self.folder, "-nolisten", "tcp",
+                   "-screen", "0", "{}x{}x24".format(*self.SIZE)], stdout=subprocess.PIPE, text=True)
+        number = read_line(self.server.stdout).strip()
         assert number, "Xvfb did not start"
         self.name = ":" + number
 
@@ -101,8 +97,7 @@ class Display(Scoped):
         with open(self.folder / "Xvfb_screen0", "rb") as file:
             memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
         words = struct.unpack(">25I", memory[:100])
-        start = words[0] + words[19] * 12
-        stride, height, width = words[12], words[5], words[4]
+        start, stride, height, width = words[0] + words[19] * 12, words[12], words[5], words[4]
         rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
         self.pixels = rows[:, :width * 4].reshape(height, width, 4)
 
