@@ -11,7 +11,7 @@ import time
 
 import numpy
 from Xlib import X, XK, display, error
-from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
+from Xlib.ext import xtest
 from Xlib.protocol import event
 
 
@@ -105,13 +105,6 @@ class Display(Scoped):
     def picture(self, rect):
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
-
-    # The whole screen, shrunk to the size by the nearest pixels.
-    def scaled_picture(self, width, height):
-        screen_width, screen_height = self.SIZE
-        columns = (numpy.arange(width) + 0.5) * screen_width / width
-        rows = (numpy.arange(height) + 0.5) * screen_height / height
-        return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
     # Waits until the server has done everything and has sent what came of it.
     def sync(self):
@@ -232,7 +225,6 @@ class Display(Scoped):
         window = self.root.create_window(900, 600, 200, 200, 0, X.CopyFromParent)
         window.set_wm_name("Other")
         window.map()
-        self.sync()
         wait_for(lambda: self.find_window("Other"), "another window")
         self.settle()
         return window
