@@ -1,10 +1,9 @@
 // A task type "asserter" for the stepper. Its lines:
 //
-//   Fail               fails an assertion that watches two variables: count, and limit, a constant
-//   FailWith N         fails one with a message of the numbers 1 to N, one a line
-//   FailHoldingPixels  fails one between taking the screen's pixels and writing to them
-//   Unban              lifts the ban that "Ignore All" sets
-//   Tell               prints the variable and the window's state
+//   Fail        fails an assertion that watches two variables: count, and limit, a constant
+//   FailWith N  fails one with a message of the numbers 1 to N, one a line
+//   Unban       lifts the ban that "Ignore All" sets
+//   Tell        prints the variable and the window's state
 
 #include "events/eventbridge.h"
 #include "kernel/taskfactory.h"
@@ -12,8 +11,6 @@
 
 #include <SDL.h>
 
-#include <algorithm>
-#include <cstdint>
 #include <iostream>
 #include <string>
 
@@ -41,8 +38,6 @@ class CAsserter : public vask::CTask {
       VASK_ASSERT_WATCHING(count < limit.value, count, limit);
     } else if (line.starts_with("FailWith ")) {
       FailWith(std::stoi(line.substr(9)));
-    } else if (line == "FailHoldingPixels") {
-      FailHoldingPixels();
     } else if (line == "Unban") {
       vask::BanAsserts(false);
     } else {
@@ -58,15 +53,6 @@ class CAsserter : public vask::CTask {
       message += "number " + std::to_string(i) + "\n";
     }
     VASK_ASSERT(numbers < 0, message);
-  }
-  static void FailHoldingPixels() {
-    SDL_Surface* screen = SDL_GetVideoSurface();
-    SDL_LockSurface(screen);
-    auto* pixels = static_cast<std::uint32_t*>(screen->pixels);
-    VASK_ASSERT(pixels == nullptr);
-    std::fill_n(pixels, screen->w * 10, 0x00FF00);
-    SDL_UnlockSurface(screen);
-    SDL_UpdateRect(screen, 0, 0, 0, 0);
   }
   std::string Window() const {
     const SDL_Surface* screen = SDL_GetVideoSurface();

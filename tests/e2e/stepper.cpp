@@ -40,8 +40,8 @@ class CStepper : public vask::CTask {
 
  private:
   void Obey(const std::string& order) {
-    if (order == "frame") {
-      myFrameRuns = true;
+    myFrameRuns = order == "frame";
+    if (myFrameRuns) {
       return;
     }
     if (order.starts_with("run ")) {

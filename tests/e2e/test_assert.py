@@ -1,5 +1,4 @@
-"""The window that a failed assertion opens: a real pointer on its buttons, a real keyboard in its
-fields, and what can go wrong with it, in a program whose assertions fail on order."""
+"""The window that a failed assertion opens, in a program whose assertions fail on order."""
 import contextlib
 import ctypes
 import os
@@ -159,7 +158,6 @@ class Dialog(GameTest):
 
     def test_debugger(self):
         ptrace = ctypes.CDLL(None).ptrace
-        ptrace.argtypes = [ctypes.c_long] * 4
         seize, detach = 0x4206, 17
         _, game = self.start()
         game.fail("Fail")
@@ -176,18 +174,16 @@ class Dialog(GameTest):
         game.run("mouse::CaptureInput(1)")
         before = game.do("Tell")
         self.assertIn(", full, grabbed", before)
-        game.fail("FailHoldingPixels")
+        game.fail("Fail")
         # It succeeds where nobody else has the grab.
-        wait_for(lambda: screen.root.grab_pointer(
-            False, 0, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE,
-            X.CurrentTime) == X.GrabSuccess, "the pointer to grab")
+        grab = False, 0, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE, X.CurrentTime
+        wait_for(lambda: screen.root.grab_pointer(*grab) == X.GrabSuccess, "the pointer to grab")
         screen.connection.ungrab_pointer(X.CurrentTime)
         game.close("Continue")
         # The window's events of coming and going must resize nothing afterwards, either.
         for _ in range(5):
             game.order("frame")
         self.assertEqual(game.do("Tell"), before)
-        wait_for(lambda: (game.full_screen_picture()[:8] == (0, 255, 0)).all(), "the pixels")
 
 
 # No display, or the connection cut: reported once for each place, and on it goes.

@@ -1,8 +1,6 @@
-"""Nothing that is wrong with the files, the script or the machine crashes or hangs the program.
-
-The loaders meet every kind of broken file in the unit tests; here a few go through the whole game,
-under the sanitizers.
-"""
+"""Nothing that is wrong with the files, the script or the machine crashes or hangs the program."""
+# The loaders meet every kind of broken file in the unit tests; here a few go through the whole game,
+# under the sanitizers.
 import os
 
 from case import GameTest, for_each

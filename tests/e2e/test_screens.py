@@ -1,7 +1,7 @@
-"""The screens, the focus, the use of the processor, and every way in which the program ends."""
+"""The screens, the focus, and the use of the processor."""
 import time
 
-from case import BUILDS, GameTest, for_each
+from case import GameTest, for_each
 from display import wait_for
 from library import libraries
 
@@ -23,6 +23,8 @@ class Screens(GameTest):
         game.wait_for_cursor(False)
         game.wait_for_picture("background")
         game.close_window()
+        self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
+        self.assertNotIn("Gfx::FreeImage()", game.log())
 
 
 class Focus(GameTest):
@@ -75,17 +77,3 @@ class Rest(GameTest):
         used, rests = game.processor_seconds(thread) - used, game.rests() - rested
         self.assertLess(used / rests, 0.004, f"{where}: work for a rest")
         self.assertLess(rests / (time.monotonic() - began), 2000, f"{where}: rests a second")
-
-
-class Ends(GameTest):
-    @for_each(build=BUILDS)
-    def test_closing_the_window(self, build):
-        screen, game = self.start(build)
-        game.start_playing()
-        game.point_at(30, 30)
-        game.wait_for_kitten()
-        screen.focus(screen.open_other())
-        game.settle()
-        game.close_window()
-        self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
-        self.assertNotIn("Gfx::FreeImage()", game.log())
