@@ -74,7 +74,6 @@ TEST_F(ConsoleTest, BlankLinesCommentsListsAndNamespaces) {
                  {";;echo;;word;", "bare\nword\n"},
                  {"; ;", "\n"},
                  {"space::echo(1)::echo(2)", "[n:1]"},
-                 {"a::word;echo", "word\nbare\n"},
                  {"echo(1) // a::b", ""},
                  {"echo(http://x)", "bare"}});
 }
@@ -90,7 +89,6 @@ TEST_F(ConsoleTest, AssignsAndReads) {
                  {"d = a", "7"},  // the value is executed: a variable's name gives its value
                  {"e =", ""},
                  {"g = echo (h = 3)", "[s:h = 3]"},
-                 {"k = 1; k", "1\n1\n"},
                  {"l = (m = 2", "2"},
                  {"o == 3", ""},
                  {"r=q = echo(s)", "[s:s]"},
@@ -102,10 +100,8 @@ TEST_F(ConsoleTest, AssignsAndReads) {
 }
 
 TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
-  EXPECT_EQ(myConsole.GetCommands().begin()->first, "ECHO");
   CConsole exact;
   exact.SetCaseSensitive(true);
-  EXPECT_TRUE(exact.IsCaseSensitive());
   exact.AddCommand("Echo", &myEcho);
   EXPECT_EQ(exact.Execute("echo", false), "echo");
   EXPECT_EQ(exact.Execute("Echo", false), "bare");
@@ -168,7 +164,7 @@ TEST_F(ConsoleTest, ScriptsExecuteEveryLine) {
   EXPECT_EQ(myEcho.myCalls, "[n:1]\n[s:two]\nbare\n");
   EXPECT_EQ(myConsole.GetVariable("x"), "a");
   EXPECT_EQ(myConsole.GetVariable("y"), "b\r");
-  EXPECT_TRUE(myLog.Lines().empty());
+  EXPECT_EQ(myLog.Text(), "");
 }
 
 TEST_F(ConsoleTest, ScriptsNeverNestEndlessly) {

@@ -31,7 +31,6 @@ TEST(WalkList, WalksSurviveEveryChange) {
     std::function<void(std::unique_ptr<List>&)> change;
     std::string walked, present;
   } cases[] = {
-      {.change = [](auto&) {}, .walked = "abcd", .present = "abcd"},
       {.change = [=](auto& list) { list->Remove(b); }, .walked = "abcd", .present = "abcd"},
       {.change = [=](auto& list) { list->Remove(a); }, .walked = "abcd", .present = "abcd"},
       {.change = [=](auto& list) { list->Remove(c); }, .walked = "abd", .present = "abd"},
@@ -69,7 +68,6 @@ TEST(WalkList, WhatComesBackWaitsForTheNextWalk) {
     list->AppendOnce(Item('c'));
   });
   EXPECT_EQ(visited, "abd");
-  EXPECT_EQ(list->Size(), 4U);
 }
 
 // The plain list tells what the one for very many has to do.

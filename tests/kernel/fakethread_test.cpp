@@ -93,14 +93,12 @@ TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
 
 TEST_F(CFakeThreadTest, ComparesByDeathThenPauseThenTimeLeft) {
   RunAfter(0);
-  EXPECT_TRUE(a->IsLessThan(b)) << "20 ms left against 10";
-  EXPECT_FALSE(b->IsLessThan(a));
+  const auto less = [this] { return a->IsLessThan(b) - b->IsLessThan(a); };
+  EXPECT_EQ(less(), 1) << "20 ms left against 10";
   a->Pause();
-  EXPECT_TRUE(b->IsLessThan(a));
-  EXPECT_FALSE(a->IsLessThan(b));
+  EXPECT_EQ(less(), -1);
   b->Kill();
-  EXPECT_TRUE(a->IsLessThan(b));
-  EXPECT_FALSE(b->IsLessThan(a));
+  EXPECT_EQ(less(), 1);
 }
 
 }  // namespace

