@@ -9,12 +9,15 @@
 #include "ui/desktopwidget.h"
 
 #include <cmath>
+#include <functional>
+#include <tuple>
 
 namespace brumble {
 namespace {
 
 using Ui = CBrumbleTaskImpl::CBrumbleInGameUi;
-constexpr int kLeft = vask::kLeftButton;
+constexpr int kLeft = vask::kLeftButton, kMiddle = vask::kMiddleButton;
+constexpr int kHelp = Ui::kHelpOrGameOver;
 
 class TaskTest : public test::GameTest, public vask::IMouseHardware {
  protected:
@@ -65,40 +68,38 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     int button, screen;
     std::string shown, gone;
   } const clicks[] = {
-      {.button = vask::kMiddleButton,
-       .screen = Ui::kTitle,
-       .shown = "title_screen",
-       .gone = "help_screen"},
-      {kLeft, Ui::kHelpOrGameOver, "help_bubbles", "title_screen"},
-      {vask::kWheelDown, Ui::kHelpOrGameOver, "help_screen", "background"},
+      {.button = kMiddle, .screen = Ui::kTitle, .shown = "title_screen", .gone = "help_screen"},
+      {.button = kLeft, .screen = kHelp, .shown = "help_bubbles", .gone = "title_screen"},
+      {.button = vask::kWheelDown, .screen = kHelp, .shown = "help_screen", .gone = "background"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_bubbles"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_screen"},
-      {vask::kNoButton, Ui::kHelpOrGameOver, "gameover", "title_screen"},
+      {.button = vask::kNoButton, .screen = kHelp, .shown = "gameover", .gone = "title_screen"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "gameover"},
   };
   task.Start();
   for (const auto& c : clicks) {
+    SCOPED_TRACE(c.shown);
     if (c.shown == "gameover") {
       GameState().isGameOver = true;
       Frame(101);
     }
     const int before = Screen();
     ClickOnWidget(c.button);
-    EXPECT_EQ(Screen(), before) << c.shown;
+    EXPECT_EQ(Screen(), before);
     Click(c.button);
-    EXPECT_EQ(Screen(), c.screen) << c.shown;
-    EXPECT_EQ(isCursorShown, c.screen != 0) << c.shown;
-    EXPECT_EQ(test::Shown("data/gfx/" + c.shown + ".xml").size(), 1U) << c.shown;
+    EXPECT_EQ(Screen(), c.screen);
+    EXPECT_EQ(isCursorShown, c.screen != 0);
+    EXPECT_EQ(test::Shown("data/gfx/" + c.shown + ".xml").size(), 1U);
     EXPECT_TRUE(test::Shown("data/gfx/" + c.gone + ".xml").empty()) << c.gone;
     task.ExecuteCommand("");
     task.Pause();
     EXPECT_TRUE(isCursorShown);
-    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml") << "over " << c.shown;
+    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
     task.Resume();
     EXPECT_FALSE(isCursorShown);
-    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty()) << c.shown;
+    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty());
     Frame(6);
-    EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
+    EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0);
     isCursorShown = c.screen != 0;
   }
   EXPECT_EQ(GameState().kittensLeft, 10);
@@ -158,9 +159,8 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   const auto sprites = vask::CScreenLayer::GetSingletonPtr()->GetChildren();
   for (const bool isOver : {false, true}) {
     StartGame();
-    constexpr int kSigns = 8, kLooks = 9, kBodies = 9;
-    EXPECT_GE(pictures.alive, static_cast<int>(kSpriteFiles.size()) + kSigns + kLooks + kBodies)
-        << "all are decoded before play";
+    // 8 signs, 9 looks of kittens, 9 bodies
+    EXPECT_GE(pictures.alive, static_cast<int>(kSpriteFiles.size()) + 26) << "decoded before play";
     CGameLogic::ShowSign("data/gfx/b_bashing.xml");
     CScoreBoard::ShowFloatingText({50, 150}, "+5");
     if (isOver) {
@@ -181,25 +181,19 @@ TEST_F(TaskTest, AWholeGameNeedsNoDataAndWaitsForNoKittenOutOfReach) {
   std::filesystem::remove("data");
   vask::Gfx::SetFactory(nullptr);
   StartGame();
-  while (GameState().kittensInPlay == 0) {
-    Frame(20);
-  }
-  CPhysicsBody& kitten = Bodies()[8];
-  kitten.x = 59.4F;
-  kitten.y = -62.5F;
-  kitten.angle = 0.02F;
-  for (int frame = 0; frame < 390; ++frame) {
-    Frame(20);
-  }
+  const auto play = [this](int frames, const std::function<bool()>& isDone) {
+    for (int frame = 0; frame < frames && !isDone(); ++frame) {
+      Frame(20);
+    }
+  };
+  play(50, [] { return GameState().kittensInPlay > 0; });
+  CPhysicsBody& kitten = Bodies().at(8);
+  std::tie(kitten.x, kitten.y, kitten.angle) = std::tuple(59.4F, -62.5F, 0.02F);
+  play(390, [] { return false; });
   EXPECT_NEAR(kitten.y, -62.5F, 0.1F) << "it comes to rest there";
-  for (int frame = 0; frame < 30 && kitten.vx > -20.0F; ++frame) {
-    Frame(20);
-  }
-  EXPECT_EQ(kitten.vx, -20.0F);
-  EXPECT_EQ(kitten.vy, -20.0F);
-  for (int frame = 0; frame < 10000 && Screen() == 0; ++frame) {
-    Frame(20);
-  }
+  play(30, [&] { return kitten.vx <= -20.0F; });
+  EXPECT_EQ(std::pair(kitten.vx, kitten.vy), std::pair(-20.0F, -20.0F));
+  play(10000, [&] { return Screen() != 0; });
   EXPECT_TRUE(log.Has("Gameover"));
   EXPECT_EQ(GameState().kittensLeft, 0);
 }

@@ -60,11 +60,16 @@ inline std::vector<vask::CSprite*> Shown(const std::string& name) {
   std::erase_if(found, [&](const vask::CSprite* sprite) { return sprite->GetName() != name; });
   return found;
 }
-// Where the first of them is.
-inline SScreenPoint PlaceOf(const std::string& name) {
-  const vask::CSprite& sprite = *Shown(name).at(0);
-  return {sprite.GetX(), sprite.GetY()};
+// Where the sprite, or the first of that name, is: "x,y" of its corner or of its centre.
+inline std::string PlaceOf(const vask::CSprite& sprite) {
+  return std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY());
 }
+inline std::string PlaceOf(const std::string& name) { return PlaceOf(*Shown(name).at(0)); }
+inline std::string CentreOf(vask::CSprite& sprite) {
+  const vask::CRect<int> rect = sprite.GetRect();
+  return std::to_string(rect.x + rect.w / 2) + "," + std::to_string(rect.y + rect.h / 2);
+}
+inline std::string CentreOf(const std::string& name) { return CentreOf(*Shown(name).at(0)); }
 // The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");

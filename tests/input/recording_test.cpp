@@ -64,7 +64,6 @@ TEST(Recording, IsPlayedLineByLineAtItsTimes) {
   } const files[] = {
       {.file = example, .events = WithoutSeed(example)},
       {.file = "", .events = ""},
-      {.file = "\n\n", .events = ""},
       {.file = "7", .events = ""},
       {"7\n1500 mm 20\n", "1500 mm 0 0\n"},
       {"7\n1500 mu 1\n1500 md 1", "1500 mu 1\n1500 md 1\n"},
