@@ -12,10 +12,6 @@ namespace vask {
 // Triggers what keys are bound to, and has the command "bind", which binds a key, or several that
 // are held together, to a line of the application console. A line must not contain a comma, "::",
 // ";" or "//": put such lines into a script, and load that. Task type "keyboard".
-//
-//     starttask( keyboard, keyboard, 20 )
-//     keyboard::bind( escape, quit )
-//     keyboard::bind( left_ctrl q, quit, 5 )
 class CTaskKeyboard : public CTask {
  public:
   using CTask::Start;

@@ -35,9 +35,7 @@ class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
   std::map<std::string, std::unique_ptr<IGenericMaker>> myMakers;
 };
 
-// Registers the widget class T from a static initialiser:
-//
-//     const CWidgetRegistrar<CLamp> theRegistrar("CLamp");
+// Registers the widget class T, from a static initialiser in its source file.
 template <typename T, typename Maker = CGenericMakerImpl<T>>
 class CWidgetRegistrar {
  public:

@@ -16,44 +16,36 @@ TEST(AudioFormat, NamesAndNumbersGoBothWays) {
   for (const std::string name : {"U8", "S8", "U16LSB", "S16LSB", "U16MSB", "S16MSB"}) {
     EXPECT_EQ(AudioFormatName(AudioFormatFromName(name)), name);
   }
-  EXPECT_EQ(AudioFormatFromName("s16lsb"), 0x8010);
+  EXPECT_EQ(AudioFormatFromName("s16lsb"), AUDIO_S16LSB);
   EXPECT_EQ(AudioFormatFromName("S16"), 0);
-  EXPECT_EQ(AudioFormatName(0x8020), "");
 }
 
 constexpr SAudioSettings kUsual{22050, AUDIO_S16LSB, 2, 1024, 8};
 
-TEST(AudioDevice, TheFirstHoldOpensItAndTheLastOneClosesIt) {
+TEST(AudioDevice, LaterHoldsTakeItAsItIsAndTheLastOneClosesIt) {
   const CLogCapture log;
   const SAudioSettings settings{44100, AUDIO_S8, 1, 512, 3};
-  std::unique_ptr<CAudioDevice> other;
+  std::unique_ptr<CAudioDevice> other, third;
   {
     const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, "Audio");
     EXPECT_TRUE(log.Has("with parameters frequency: 44100Hz, format: S8, channels: 1"));
     EXPECT_TRUE(log.Has("Using audiodriver: dummy"));
-    EXPECT_EQ(Mix_AllocateChannels(-1), 3);
-    other = CAudioDevice::Open(settings, "Other");
+    EXPECT_EQ(device->ChunkMilliseconds(), 12) << "512 samples, rounded up";
+    third = CAudioDevice::Open(settings, "Third");
     EXPECT_FALSE(log.Has(" shares ")) << "it has what it wanted";
+    other = CAudioDevice::Open({44100, AUDIO_S8, 1, 1024, 2}, "Other");
+    EXPECT_TRUE(
+        log.Has("Other shares the audio device as it is, with frequency: 44100Hz, format: "
+                "S8, channels: 1, chunksize: 512"));
+    EXPECT_EQ(Mix_AllocateChannels(-1), 3) << "no channels are cut off";
+    other = CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 512, 4}, "Other");
+    EXPECT_EQ(Mix_AllocateChannels(-1), 4);
   }
-  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 1);
+  third.reset();
   EXPECT_NE(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 1);
   other.reset();
   EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
-}
-
-TEST(AudioDevice, ALaterHoldTakesItAsItIsAndCutsNoChannelsOff) {
-  const CLogCapture log;
-  const auto first = CAudioDevice::Open(kUsual, "Audio");
-  EXPECT_EQ(first->ChunkMilliseconds(), 47) << "1024 samples, rounded up";
-  const auto other = CAudioDevice::Open({44100, AUDIO_U8, 1, 512, 3}, "Other");
-  EXPECT_EQ(Mix_AllocateChannels(-1), 8);
-  EXPECT_EQ(other->ChunkMilliseconds(), 47);
-  const auto third = CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 512, 12}, "Third");
-  EXPECT_EQ(Mix_AllocateChannels(-1), 12);
-  for (const std::string name : {"Other", "Third"}) {
-    EXPECT_TRUE(log.Has(name + " shares the audio device as it is, with frequency: 22050Hz, "
-                               "format: S16LSB, channels: 2, chunksize: 1024"));
-  }
 }
 
 TEST(AudioDevice, IsNullWhereThereIsNone) {

@@ -58,7 +58,6 @@ TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
   EXPECT_EQ(FaultsOf("RIFFWAVE" + broken), Both(kUnconvertible)) << "without a size";
   EXPECT_EQ(FaultsOf("WAVE....WAVE" + broken), Both(kUnconvertible));
   EXPECT_EQ(FaultsOf("RIFX....WAVE" + broken), Both(kFine)) << "SDL sees by itself";
-  EXPECT_EQ(FaultsOf("RIFF....WAVY" + broken), Both(kFine));
   EXPECT_EQ(FaultsOf(Riff(broken).substr(0, 35)), Both(kFine)) << "cut";
   EXPECT_EQ(FaultsOf(Riff(Chunk("JUNK", "12345678") + broken)),
             (Faults{kFine, "The wave file does not begin with its description"}));
@@ -72,7 +71,6 @@ TEST_F(SoundFileCheck, RefusesWhatSdlCannotConvert) {
   EXPECT_EQ(FaultsOfSound({.frequency = 2822399}), Both(kFine));
   EXPECT_EQ(FaultsOfSound({.frequency = 2822400}), myOverrun);
   EXPECT_EQ(FaultsOfSound({.frequency = 0x80000000}), myOverrun);
-  EXPECT_EQ(FaultsOfSound({.frequency = 0}), myOverrun);
   EXPECT_EQ(FaultsOfSound({.channels = 256}), myOverrun) << "SDL counts in a byte";
   EXPECT_EQ(FaultsOfSound({.encoding = 2, .blockSize = 0}), Both(kUnconvertible));
   EXPECT_EQ(FaultsOfSound({.encoding = 17, .blockSize = 256}), Both(kFine));
@@ -96,7 +94,6 @@ TEST_F(SoundFileCheck, RefusesWhatWouldBeLargerThanSdlCanCount) {
     // Eight bits become sixteen, one channel two; ADPCM becomes four times as much before.
     EXPECT_EQ(FaultsAtSize(1, kMost / 4), Both(kFine));
     EXPECT_EQ(FaultsAtSize(1, kMost / 4 + 1), (Faults{kTooLarge, kFine}));
-    EXPECT_EQ(FaultsAtSize(2, kMost / 16), Both(kFine));
     EXPECT_EQ(FaultsAtSize(2, kMost / 16 + 1), (Faults{kTooLarge, kFine}));
   }
 }

@@ -1,4 +1,3 @@
-#include "audio/audiovolume.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "support/waves.h"
@@ -30,9 +29,8 @@ TEST_F(AudioTask, StartsAsTheScriptSays) {
   EXPECT_TRUE(StartWith(myTask, "fast, foo, x, x, x"));
   ExpectLogged({"1st start-up parameter (frequency) is of wrong type, should be a number",
                 "2nd start-up parameter (format) is of wrong type, should be a string",
-                "3rd start-up parameter (num_of_channels) is of wrong type, should be a number (1 "
-                "= mono, 2 = stereo)",
-                "4th start-up parameter (chunk_size) is of wrong type, should be a number",
+                "3rd start-up parameter (num_of_channels) is of wrong type",
+                "4th start-up parameter (chunk_size) is of wrong type",
                 "5th start-up parameter (number_of_audio_channels) is of wrong type",
                 "frequency: 22050Hz, format: S16LSB, channels: 2, chunksize: 1024"});
   EXPECT_EQ(Mix_AllocateChannels(-1), 8);
@@ -47,7 +45,6 @@ TEST_F(AudioTask, HoldsItsParametersToWhatTheMixerSurvives) {
   StartWith(myTask, "192001, u16msb, 7, 8193, 257");
   StartWith(myTask, "22050, u8, 2, 500");
   ExpectLogged({"frequency: 8000Hz, format: S16LSB, channels: 1, chunksize: 256",
-                "audio channels allocated 1",
                 "1st start-up parameter (frequency) is held to 192000 instead of 192001",
                 "(format) is held to S16MSB instead of U16MSB",
                 "(num_of_channels) is held to 6 instead of 7",
@@ -76,7 +73,6 @@ TEST_F(AudioTask, CommandsComplainOfWrongParameters) {
 }
 
 TEST_F(AudioTask, CommandsReachThePlayers) {
-  Run("PlayEffect( one.wav )");  // nothing before the start
   ASSERT_TRUE(myTask.Start());
   SDL_LockAudio();  // no fade gets on
   Run("PlayMusicFadeIn( one.wav )");
@@ -110,9 +106,7 @@ TEST_F(AudioTask, UpdatesPausesAndEndsBothPlayers) {
   myTask.Exit();
   EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
   EXPECT_EQ(myLog.Count("freed CSDLMixerMusicData"), 1U);
-  myTask.Update();  // none of them does anything now
-  myTask.Pause();
-  myTask.Resume();
+  myTask.Pause();  // nothing now
 }
 
 TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
@@ -123,10 +117,6 @@ TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
       Audio::PlayEffect( "data/sfx/kitten_01.wav" )
   )");
   EXPECT_EQ(Mix_Playing(-1), 1);
-  RunScript("load( data/keys/music.txt )");
-  EXPECT_EQ(AudioVolumes().music, 0.0F);
-  RunScript("load( data/keys/music.txt )");
-  EXPECT_EQ(AudioVolumes().music, 1.0F);
   RunScript("stoptask( Audio )");
 }
 

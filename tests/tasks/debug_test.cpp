@@ -18,6 +18,7 @@
 #include <climits>
 #include <fstream>
 #include <regex>
+#include <tuple>
 
 namespace vask::test {
 namespace {
@@ -136,29 +137,21 @@ TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
 }
 
 TEST_F(Debug, CountsFramesOverAtLeastASecond) {
-  const auto expect = [](const char* shown, float average, unsigned lowest, unsigned highest) {
-    const auto& text = *CScreenLayer::GetSingletonPtr()->GetChildren()[1];
-    EXPECT_EQ(dynamic_cast<const CTextSprite&>(text).GetText(), shown);
-    EXPECT_EQ(Task().GetFrameRate().average, average) << shown;
-    EXPECT_EQ(Task().GetFrameRate().lowest, lowest) << shown;
-    EXPECT_EQ(Task().GetFrameRate().highest, highest) << shown;
-  };
-  const auto update = [this](int frames, unsigned milliseconds) {
+  // The text and the figures after so many frames.
+  const auto after = [this](int frames, unsigned milliseconds) {
     for (int i = 0; i < frames; ++i) {
       myClock.Advance(milliseconds);
       Task().Update();
     }
+    const auto& text = dynamic_cast<CTextSprite&>(*CScreenLayer::GetSingleton().GetChildren()[1]);
+    const auto [average, lowest, highest] = Task().GetFrameRate();
+    return std::tuple(text.GetText(), average, lowest, highest);
   };
-  update(60, 16);
-  expect("", 0, UINT_MAX, 0);
-  update(1, 40);
-  expect("Fps: 61", 61, 61, 61);
-  update(1, 999);
-  expect("Fps: 61", 61, 61, 61);
-  update(1, 1);
-  expect("Fps: 2", 31.5F, 2, 61);
-  update(100, 10);
-  expect("Fps: 100", 65.75F, 2, 100);
+  EXPECT_EQ(after(60, 16), std::tuple("", 0.0F, UINT_MAX, 0U));
+  EXPECT_EQ(after(1, 40), std::tuple("Fps: 61", 61.0F, 61U, 61U));
+  EXPECT_EQ(after(1, 999), std::tuple("Fps: 61", 61.0F, 61U, 61U));
+  EXPECT_EQ(after(1, 1), std::tuple("Fps: 2", 31.5F, 2U, 61U));
+  EXPECT_EQ(after(100, 10), std::tuple("Fps: 100", 65.75F, 2U, 100U));
 }
 
 TEST_F(Debug, TheFrameRateShowsAsItsVariableSays) {

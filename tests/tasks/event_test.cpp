@@ -57,12 +57,11 @@ TEST_F(EventTask, EveryEventReachesItsListeners) {
   EXPECT_EQ(Heard({Focus(0, SDL_APPINPUTFOCUS | SDL_APPACTIVE)}), "focus 0 0\n");
   EXPECT_EQ(Heard({Focus(1, SDL_APPMOUSEFOCUS | SDL_APPACTIVE)}), "");
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_a, 'A')}), "down 97 65\n");
-  EXPECT_EQ(Heard({Key(SDL_KEYUP, SDLK_a, 127)}), "up 97 127\n");
-  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_F1, 128)}), "down 282 0\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_DELETE, 127)}), "down 127 127\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYUP, SDLK_a, 128)}), "up 97 0\n");
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_QUOTE, 39, 49)}), "down 39 39\n") << "no scancode of X";
   EXPECT_EQ(Heard({{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}}),
             "move 60000 7\nby -3 4\n");
-  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONDOWN, 1)}), "press 1 0\n");
   EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONDOWN, 2)}), "press 2 0\n");
   EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 3)}), "release 4 0\n");
   EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 4)}), "release 8 0\n");
@@ -134,13 +133,10 @@ TEST(MouseTask, ConsoleLinesReachTheCursor) {
   )");
   EXPECT_EQ(wanted("CursorHide( 1, 2 )"), "hide");
   EXPECT_EQ(wanted("cursorshow"), "show");
-  EXPECT_EQ(wanted("CursorChangeTo( cursor_resize_diagonal2 )"), "type 9");
   EXPECT_EQ(wanted("CursorChangeTo( Cursor_Hand )"), "type 0");
-  EXPECT_EQ(wanted("CursorChangeTo( 4 )"), "");
   EXPECT_EQ(wanted("CursorChangeTo"), "");
   EXPECT_EQ(wanted("CaptureInput( 2.5 )"), "grab");
   EXPECT_EQ(wanted("CaptureInput( -0.9 )"), "release");
-  EXPECT_EQ(wanted("CaptureInput( yes )"), "");
   EXPECT_EQ(wanted("CaptureInput"), "");
   RunScript("stoptask( mouse )");
   EXPECT_EQ(wanted("CursorHide"), "");

@@ -3,7 +3,7 @@
 #include "console/consoleparams.h"
 #include "events/eventbridge.h"
 #include "input/keynames.h"
-#include "support/tasks.h"
+#include "kernel/applicationfactory.h"
 #include "tasks/taskkeyboard.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,6 @@ std::string Noted(const Lines& lines, const Lines& keys) {
   CKeyboard::DeleteSingleton();
   const CNote note;
   CTaskKeyboard task;
-  task.ExecuteCommand("bind(a, note(early))");  // nothing before the start
   EXPECT_TRUE(task.Start());
   for (const std::string& line : lines) {
     task.ExecuteCommand(line);
@@ -62,18 +61,6 @@ TEST(KeyboardTask, SeveralKeysRunTheirLineWhenTheLastOneGoesDown) {
   EXPECT_EQ(Noted(lines, {"a", "-a", "alt_gr"}), "");
   EXPECT_EQ(Noted(lines, {"alt_gr", "a", "-a", "-alt_gr", "a", "alt_gr"}), "xx");
   EXPECT_EQ(Noted({"bind(\"a b\" c, note(x))"}, {"a", "b", "c"}), "") << "a name with a blank";
-}
-
-TEST(KeyboardTask, AScriptBindsTheEnd) {
-  CKeyboard::DeleteSingleton();
-  RunScript(R"(
-      starttask( keyboard, keyboard, 20 )
-      keyboard::bind( escape, quit )
-      keyboard::bind( left_ctrl q, quit, 5 )
-  )");
-  CEventBridge::GetSingletonPtr()->KeyDown(KeyFromName("escape"), 0);
-  CKeyboard::GetSingletonPtr()->Update();
-  EXPECT_TRUE(IsQuitting());
 }
 
 }  // namespace

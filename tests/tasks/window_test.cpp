@@ -94,7 +94,7 @@ TEST_F(WindowTask, TakesAnIconOf32By32Pixels) {
   EXPECT_EQ(complaint(32, 33), about + "height is larger than 32 pixels \n");
 }
 
-TEST_F(WindowTask, AFailedModeIsOnlyLogged) {
+TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
   Start("100, 80, 32, 0, 0, Small");
   const CLogCapture log;
   Run("Resize(-1, -1)");
@@ -104,11 +104,6 @@ TEST_F(WindowTask, AFailedModeIsOnlyLogged) {
   EXPECT_EQ(SeenAfter("Resize(70, 60)"), "70 x 60 Small");
   EXPECT_FALSE(myTask->Start()) << "a second start changes nothing";
   EXPECT_EQ(Seen(), "70 x 60 Small");
-}
-
-TEST_F(WindowTask, AnExitEndsVideoUntilTheNextStart) {
-  Start("100, 80, 32, 0, 0, Small");
-  myTask->Exit();
   myTask->Exit();
   Run("Resize(10, 10)");
   EXPECT_FALSE(sdl::HasVideo());
