@@ -274,6 +274,18 @@ TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {
   }
 }
 
+TEST_F(RulesTest, RunsItsExamples) {
+  IKittenSpawner& spawner = *this;
+  CGameLogic logic;
+  logic.SetOwner(&spawner);
+  logic.NewGame();
+  logic.Tick();
+  EXPECT_EQ(spawned, 0);
+  vask::CSpritePtr sign = CGfxFactory::GetSingletonPtr()->LoadSprite(kScoreSignFile);
+  CDeathToASprite::TakeOver(sign, 2100);
+  EXPECT_EQ(CDeathToASprite::Count(), 1U);
+}
+
 TEST_F(RulesTest, EffectsMoveFromTheirPlaceToTheirTarget) {
   const std::string file = "data/gfx/kitten_lose_hair.xml";
   CGameLogic::ShowEffect(file, {200, 300}, {400, 100}, "t");
@@ -320,6 +332,9 @@ TEST_F(RulesTest, BoardsRunInStagesAndNeverOvershoot) {
   // What the board shows after its first run.
   const auto run = [](int start, int delta) {
     CScoreBoard board;
+    board.SetPosition(270, 560);
+    board.Add(500);
+    EXPECT_EQ(PlaceOf(board.GetSprite()), "270,560");
     board.Set(start);
     EXPECT_EQ(board.Add(delta), delta);
     board.Run();

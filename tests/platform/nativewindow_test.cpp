@@ -175,7 +175,7 @@ TEST_F(NativeWindowTest, EndsWithTheWindowOrTheConnection) {
       self.PostQuitMessage();
     };
     CNativeWindow window({"Greeting", style, ENativeCursor::kArrow, onClick});
-    window.Create("Hello", kAnywhere, kCaption);
+    window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption);
     window.SetDefaultFont();
     window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
     window.Show();
