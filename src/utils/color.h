@@ -15,12 +15,6 @@ class CColor {
   // Takes a packed colour apart by the default layout (red in the low byte).
   explicit CColor(std::uint32_t packed) { Unpack(packed); }
 
-  // The components packed by this colour's masks and shifts.
-  std::uint32_t Pack() const {
-    return (Shifted(r, rShift) & rMask) | (Shifted(g, gShift) & gMask) |
-           (Shifted(b, bShift) & bMask) | (Shifted(a, aShift) & aMask);
-  }
-
   // Sets the components from a value packed by this colour's masks and shifts.
   void Unpack(std::uint32_t packed) {
     r = static_cast<std::uint8_t>((packed & rMask) >> rShift);
@@ -41,11 +35,6 @@ class CColor {
   std::uint8_t gShift = 8;
   std::uint8_t bShift = 16;
   std::uint8_t aShift = 24;
-
- private:
-  static std::uint32_t Shifted(std::uint8_t component, std::uint8_t shift) {
-    return static_cast<std::uint32_t>(component) << shift;
-  }
 };
 
 }  // namespace vask

@@ -9,6 +9,15 @@
 
 namespace vask::test {
 
+// The colour as its picture keeps it: packed by its own masks and shifts.
+inline std::uint32_t Packed(const CColor& color) {
+  const auto place = [](std::uint8_t component, std::uint8_t shift, std::uint32_t mask) {
+    return (std::uint32_t{component} << shift) & mask;
+  };
+  return place(color.r, color.rShift, color.rMask) | place(color.g, color.gShift, color.gMask) |
+         place(color.b, color.bShift, color.bMask) | place(color.a, color.aShift, color.aMask);
+}
+
 using Gfx::ImagePtr;
 using Rect = CRect<int>;
 

@@ -76,7 +76,7 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
     const std::uint32_t pixel = SDL_MapRGBA(surface->format, 255, 16, 66, 255);
     SDL_Rect filled{2, 3, 1, 1};
     SDL_FillRect(surface, &filled, pixel);
-    EXPECT_EQ(picture->GetPixel(2, 3).Pack(), pixel);
+    EXPECT_EQ(test::Packed(picture->GetPixel(2, 3)), pixel);
     picture->SetRect({1, 2, 4, 3});
     for (int i = 0; i < 6 * 5; ++i) {
       const int x = i % 6 - 1;
@@ -84,12 +84,14 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
       const bool isInside = Rect{0, 0, 4, 3}.Contains(x, y);
       picture->PutPixel(x, y, {255, 16, 66});
       EXPECT_EQ(sdl::ReadPixel(*surface, i % 6, i / 6), isInside ? pixel : 0) << i;
-      EXPECT_EQ(picture->GetPixel(x, y).Pack(), isInside ? pixel : CColor().Pack()) << i;
+      EXPECT_EQ(test::Packed(picture->GetPixel(x, y)), isInside ? pixel : test::Packed(CColor()))
+          << i;
     }
     picture->PutPixel(0, 0, {80, 255, 100, 0});
-    EXPECT_EQ(picture->GetPixel(0, 0).Pack(), pixel) << "alpha 0 changes nothing";
+    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)), pixel) << "alpha 0 changes nothing";
     picture->PutPixel(0, 0, {80, 255, 100, 127});
-    EXPECT_EQ(picture->GetPixel(0, 0).Pack(), SDL_MapRGBA(surface->format, 168, 135, 82, 255));
+    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)),
+              SDL_MapRGBA(surface->format, 168, 135, 82, 255));
   }
 }
 

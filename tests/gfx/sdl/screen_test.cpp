@@ -80,7 +80,7 @@ TEST_F(Screen, PicturesAreSavedAsTgaOfEveryDepthElseAsBmp) {
     EXPECT_EQ(std::ifstream(name).ignore(1).get(), c.format.bits == 8 ? 1 : 0) << "a palette";
     EXPECT_EQ(std::ifstream(name).ignore(17).get(), c.alpha < 255 ? 0x28 : 0x20) << "from the top";
     const ImagePtr clone(ImagePtr(Gfx::LoadImage(name, 0))->Clone());
-    EXPECT_EQ(clone->GetPixel(0, 0).Pack(), 0xFFFF0000U);
+    EXPECT_EQ(test::Packed(clone->GetPixel(0, 0)), 0xFFFF0000U);
     EXPECT_EQ(clone->GetPixel(0, 1).a, c.alpha);
     EXPECT_FALSE(picture.SaveToFile("no/such/folder/a.tga"));
   }

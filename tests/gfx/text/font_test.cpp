@@ -78,8 +78,8 @@ TEST_F(Font, TintMultipliesTheColoursOfACopy) {
   const std::unique_ptr<CFont> font = LoadFont("numbers.ogf");
   font->WriteLine(target.get(), "+500", 0, 0);
 
-  EXPECT_EQ(target->GetPixel(0, 0).Pack(), 0xFF213200U);
-  EXPECT_EQ(font->GetSheet()->GetPixel(47, 15).Pack(), 0xFFFF3200U);
+  EXPECT_EQ(test::Packed(target->GetPixel(0, 0)), 0xFF213200U);
+  EXPECT_EQ(test::Packed(font->GetSheet()->GetPixel(47, 15)), 0xFFFF3200U);
   EXPECT_TRUE(log.Has("Red: 1.125Green: 0.5Blue: 0"));
   EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100);
 }
@@ -168,7 +168,7 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   sign->SetText("H");
   EXPECT_EQ(Drawn(*sign).w, 6);
   EXPECT_EQ(sign->GetImage()->GetPixel(0, 2).r, 255);
-  EXPECT_EQ(sign->GetImage()->GetPixel(1, 3).Pack(), 0xFF101018U) << "the shadow";
+  EXPECT_EQ(test::Packed(sign->GetImage()->GetPixel(1, 3)), 0xFF101018U) << "the shadow";
   sign->SetRotation(90.0F);
   sign->SetText("HHHH");
   EXPECT_GE(Drawn(*sign).h, 22) << "the copy that is shown is made again";
