@@ -36,7 +36,7 @@ void LogSdlError() { Log().Error() << "Error description: " << SDL_GetError() <<
 
 bool InitAudioSubsystem() {
   Log() << "Initializing audio ";
-  // Not a second time: the library over SDL 2 counts the calls, and it is shut down only once.
+  // Only once: the library over SDL 2 counts the calls, and the shutdown is a single one.
   if (SDL_WasInit(SDL_INIT_AUDIO) != 0 || SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
     Log() << "[OK]\n";
     return true;
@@ -54,7 +54,7 @@ void QuitAudioSubsystem() {
   }
 }
 
-// The device as it really is, which need not be what it was asked for; the mixer does not tell the
+// The device's actual settings, which may differ from the wanted ones. The mixer does not tell the
 // size of its chunks.
 SAudioSettings QueryDevice(int chunkSize) {
   SAudioSettings device{0, 0, 0, chunkSize, Mix_AllocateChannels(-1)};
@@ -130,8 +130,8 @@ bool CAudioDevice::OpenFirst(const SAudioSettings& wanted) {
   return true;
 }
 
-// Asked for another format than the device has, the mixer would close it under the other holders;
-// and fewer channels would cut off what they play.
+// With another format than the device has, the mixer would close it under the other holders; fewer
+// channels would cut off what they play.
 bool CAudioDevice::Join(const SAudioSettings& wanted, const std::string& holder) {
   const CLogBlock block(Log());
   const SAudioSettings device = QueryDevice(ourChunkSize);

@@ -6,7 +6,7 @@
 
 namespace vask {
 
-// How an audio task would like the sound device.
+// What an audio task wants of the sound device.
 struct SAudioSettings {
   int frequency;         // Hz
   std::uint16_t format;  // SDL's number of the sample format
@@ -15,22 +15,21 @@ struct SAudioSettings {
   int mixChannels;       // effects that play at the same time
 };
 
-// One task's hold on the sound device and on the mixer, which all audio tasks share. The first hold
-// opens the device as it likes it, a later one takes it as it is; the last one that goes closes it.
+// One task's hold on the sound device and the mixer, which all audio tasks share. The first hold
+// opens the device with its settings, later ones take it as it is; the last one to go closes it.
 //
-//   const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, GetName());
-//   if (device == nullptr) return false;
+//     const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, "Audio");
 class CAudioDevice {
  public:
-  // Null when there is no device. What came of it is logged; `holder` is named there.
+  // Null when there is no device. Logs the outcome, with the name of the holder.
   static std::unique_ptr<CAudioDevice> Open(const SAudioSettings& wanted,
                                             const std::string& holder);
-  // Nothing of the holder's may be playing or loaded any more.
+  // The holder must have stopped and freed all its sounds.
   ~CAudioDevice();
   CAudioDevice(const CAudioDevice&) = delete;
   CAudioDevice& operator=(const CAudioDevice&) = delete;
 
-  // How long a chunk is that the device was asked for; it may have taken a longer one.
+  // The length of the chunk that the first hold wanted; the device may use a longer one.
   int ChunkMilliseconds() const;
 
  private:
@@ -39,7 +38,7 @@ class CAudioDevice {
   static bool OpenFirst(const SAudioSettings& wanted);
   static bool Join(const SAudioSettings& wanted, const std::string& holder);
 
-  static int ourChunkSize;  // that the first hold asked for
+  static int ourChunkSize;  // that the first hold wanted
 };
 
 }  // namespace vask

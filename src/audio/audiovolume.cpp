@@ -23,8 +23,7 @@ class CVarRefVolume : public CVarRef<float> {
 
   void SetString(const std::string& text) override {
     CVarRef::SetString(text);
-    // In this order not-a-number is 1, too.
-    myVolume = std::max(0.0F, std::min(1.0F, myVolume));
+    myVolume = std::clamp(myVolume, 0.0F, 1.0F);
   }
 
  private:

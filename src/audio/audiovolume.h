@@ -2,8 +2,8 @@
 
 namespace vask {
 
-// How loud the music and the effects of all audio tasks are: 0 to 1 of what the files hold. The
-// players take them over in every frame.
+// The volumes of the music and the effects of all audio tasks, 0 to 1. The players read them in
+// every frame.
 struct SAudioVolumes {
   float music = 1.0F;
   float effects = 1.0F;
@@ -12,10 +12,11 @@ struct SAudioVolumes {
 SAudioVolumes& AudioVolumes();
 
 // Makes them the variables "audio_music_volume" and "audio_effect_volume" of the application
-// console. What a script has set under these names before counts. Does nothing the second time.
+// console. Values that a script has set under these names before are taken over. A second call does
+// nothing.
 void RegisterAudioVolumes();
 
-// The volume as the mixer wants it.
+// The volume on the mixer's scale.
 int ToMixerVolume(float volume);
 
 }  // namespace vask

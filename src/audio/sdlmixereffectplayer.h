@@ -9,13 +9,13 @@
 
 namespace vask {
 
-// Plays sound effects over the mixer, which must be open for as long as the player lives. An effect
-// stays in memory until everything has fallen silent, a preloaded one to the end. Several players
-// share the mixer's channels and the effects in memory.
+// Plays sound effects over the mixer, which must be open while the player lives. An effect stays in
+// memory until no effect plays, a preloaded one until the player dies. Several players share the
+// mixer's channels and the effects in memory.
 class CSDLMixerEffectPlayer {
  public:
   CSDLMixerEffectPlayer();
-  // Silences what this player plays, and frees its effects.
+  // Stops and frees this player's effects.
   ~CSDLMixerEffectPlayer();
   CSDLMixerEffectPlayer(const CSDLMixerEffectPlayer&) = delete;
   CSDLMixerEffectPlayer& operator=(const CSDLMixerEffectPlayer&) = delete;
@@ -25,7 +25,7 @@ class CSDLMixerEffectPlayer {
   // All effects of this player together.
   void Pause();
   void Resume();
-  // Follows the volume, and frees what is not needed any more.
+  // Call it in every frame: follows the volume, and frees effects that are no longer needed.
   void Update();
 
  private:

@@ -17,7 +17,7 @@ namespace {
 // The mixer fades in steps of one chunk, so a fade needs at least one.
 constexpr int kShortestFade = 100;
 // A fade-out divides by the steps of the fade-in that it cuts short. There may be none: the device
-// may have taken a chunk twice as long as it was asked for, and does not tell.
+// may use a chunk twice as long as the wanted one, and does not tell.
 constexpr int kShortestFadeInToTurn = 1000;
 // A track that does not play is tried again after a while, not in every frame.
 constexpr unsigned kRetryDelay = 1000;
@@ -51,7 +51,7 @@ void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
 
 bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
   if (Mix_FadingMusic() == MIX_FADING_OUT) {
-    Mix_HaltMusic();  // the mixer would block this thread until the fade is over
+    Mix_HaltMusic();  // or the mixer would block this thread until the fade is over
   }
   myFadeInTime = myFades ? FadeTime() : 0;
   const int result = myFades ? Mix_FadeInMusicPos(music.GetSound(), 0, myFadeInTime, 0.0)

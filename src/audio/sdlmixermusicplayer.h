@@ -8,13 +8,16 @@
 
 namespace vask {
 
-// Plays one music track at a time over the mixer, which must be open for as long as the player
-// lives. A track plays again when it has ended. Fades are in milliseconds; the first track fades in
-// over three seconds. The mixer has one track for all players: the one that was started last is
-// heard, and the others wait until its player has stopped or gone.
+// Plays one music track at a time over the mixer, which must be open while the player lives. A
+// track that ends starts again. Fades are in milliseconds; the first track fades in over three
+// seconds. The mixer has one track for all players: the one that was started last is heard, and the
+// others wait until its player has stopped or died.
+//
+//     CSDLMixerMusicPlayer player(device->ChunkMilliseconds());
+//     player.PlayFadeIn("one.wav", 2000);
 class CSDLMixerMusicPlayer {
  public:
-  // A fade shorter than the mixer's chunk is none.
+  // A fade shorter than the mixer's chunk is left out.
   explicit CSDLMixerMusicPlayer(int chunkMilliseconds);
   // Silences and frees this player's music.
   ~CSDLMixerMusicPlayer();
@@ -28,7 +31,7 @@ class CSDLMixerMusicPlayer {
   void StopFadeOut(int milliseconds);
   void Pause();
   void Resume();
-  // Follows the volume, and starts a track that has ended again.
+  // Call it in every frame: follows the volume, and restarts a track that has ended.
   void Update();
 
  private:
@@ -42,7 +45,8 @@ class CSDLMixerMusicPlayer {
   bool WaitsForAnother() const;
   void ApplyVolume();
 
-  static inline const CSDLMixerMusicPlayer* ourLast = nullptr;  // that has started a track
+  static inline const CSDLMixerMusicPlayer* ourLast =
+      nullptr;  // that has started a track; null for none
 
   CSmartPtr<CSDLMixerMusicData> myMusic;  // current
   int myState = kPaused;

@@ -53,7 +53,7 @@ struct SDescription {
   bool IsAdpcm() const { return encoding == kMsAdpcm || encoding == kImaAdpcm; }
 };
 
-// Fewer at the end of the file.
+// Returns fewer at the end of the file.
 std::string ReadBytes(std::istream& file, Offset at, std::size_t count) {
   std::string bytes(count, '\0');
   file.clear();
@@ -144,8 +144,9 @@ int CountRateSteps(int from, int to, int most) {
   return steps;
 }
 
-// Whether SDL has a plan for the sound. SDL 1.2 itself would go on planning for ever, behind its
-// own table, where there is none; so that is asked only for what it cannot get wrong.
+// Whether SDL can plan the conversion. Where it cannot, SDL 1.2 would go on planning for ever,
+// beyond its own table; so it plans here only without a change of the frequency, which is always
+// safe.
 bool CanPlan(const SDescription& sound, const SDL_AudioSpec& device) {
   if (SDL_Linked_Version()->patch >= kFirstOverSdl2) {
     return true;
@@ -174,7 +175,7 @@ bool HasData(std::istream& file, Offset at) {
   return chunk && chunk->size <= kMostBytes;
 }
 
-// Why sound of that description must be kept from SDL; null when it need not be.
+// Why sound of that description must be kept from SDL; null for none.
 const char* FindFault(const SDescription& sound, Offset fileSize, EUse use) {
   const SDL_AudioSpec device = QueryDevice();
   if (!CanPlan(sound, device) || (sound.IsAdpcm() && sound.blockSize == 0)) {
@@ -188,7 +189,7 @@ const char* FindFault(const SDescription& sound, Offset fileSize, EUse use) {
   return size > kMostBytes ? "The wave file is too large" : nullptr;
 }
 
-// The same of a file, which SDL may also refuse by itself.
+// The same for a file; null also where SDL itself reports the fault.
 const char* FindFault(std::istream& file, EUse use) {
   const std::optional<SChunk> chunk = FindDescription(file);
   const Offset size = SizeOf(file);
@@ -232,7 +233,7 @@ bool Check(const std::string& fileName, EUse use) {
   if (const char* fault = FindFault(file, use)) {
     return Refuse(fault);
   }
-  SDL_SetError("nothing");  // until it gives a reason, which it does not always
+  SDL_SetError("nothing");  // in case that SDL fails and gives no reason
   return true;
 }
 

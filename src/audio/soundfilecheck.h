@@ -4,10 +4,10 @@
 
 namespace vask {
 
-// Whether a file may be handed to SDL, as an effect or as music; the mixer must be open. SDL trusts
-// what a wave file tells of itself and writes behind its tables, divides by zero, frees twice or
-// waits for ever where that does not hold. Such a file is refused, and one that cannot be opened;
-// all else passes, because SDL plays it or refuses it by itself. Sets SDL's error when refused.
+// Whether a file may be passed to SDL, as an effect or as music; the mixer must be open. SDL trusts
+// the description in a wave file, and where it is wrong writes beyond its tables, divides by zero,
+// frees twice or loops for ever. Such a file fails the check, as does one that cannot be opened.
+// All others pass: SDL plays them or reports them itself. A failure sets SDL's error.
 bool CheckEffectFile(const std::string& fileName);
 bool CheckMusicFile(const std::string& fileName);
 

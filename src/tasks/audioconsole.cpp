@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kDefaultFadeIn = 1000;  // milliseconds
 
-// Logs a complaint; answers the empty result.
+// Logs a complaint; returns the empty result.
 std::string Warn(const std::string& complaint) {
   CLog::GetSingletonPtr()->Warning() << complaint << "\n";
   return {};

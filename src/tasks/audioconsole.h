@@ -12,7 +12,7 @@ class CConsole;
 class CConsoleCommand;
 
 // The audio task's own commands: "PlayMusic", "PlayMusicFadeIn", "StopMusic", "StopMusicFadeOut",
-// "PlayEffect" and "PreloadEffect". What is wrong with a call is logged; every answer is empty.
+// "PlayEffect" and "PreloadEffect". Wrong calls are logged; every result is empty.
 class CTaskAudioSDLMixer::CAudioConsoleImpl {
  public:
   // The players must outlive the console.

@@ -15,7 +15,7 @@ void RegisterSdlTasks() {
   types.Register<CTaskGfxSDL>("gfx");
 }
 
-const CTaskLibraryRegistrar ourRegistrar("sdl", &RegisterSdlTasks);
+const CTaskLibraryRegistrar theRegistrar("sdl", &RegisterSdlTasks);
 
 }  // namespace
 

@@ -25,9 +25,9 @@ void RegisterSdlMixerTasks() {
   RegisterAudioVolumes();
 }
 
-const CTaskLibraryRegistrar registrar("sdl_mixer", &RegisterSdlMixerTasks);
+const CTaskLibraryRegistrar theRegistrar("sdl_mixer", &RegisterSdlMixerTasks);
 
-// A number among the start-up parameters, and the range to which it is held.
+// A number among the start-up parameters, and the range to which it is clamped.
 struct SStartNumber {
   int index;
   const char* name;
@@ -39,7 +39,7 @@ struct SStartNumber {
 
 // What the mixer survives: it divides by the whole milliseconds of a chunk, trusts the number of
 // mixing channels when it allocates them, and waits for a whole chunk before it closes the device.
-// SDL 1.2 opens no device with more output channels, and the library over SDL 2 writes behind its
+// SDL 1.2 opens no device with more output channels, and the library over SDL 2 writes beyond its
 // buffers when a chunk is no power of two.
 constexpr SStartNumber kFrequency{0, " 1st start-up parameter (frequency)", "a number", 8000,
                                   192000};

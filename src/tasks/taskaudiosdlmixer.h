@@ -12,15 +12,15 @@ class CAudioDevice;
 class CSDLMixerEffectPlayer;
 class CSDLMixerMusicPlayer;
 
-// Plays sound effects and music. Task type "audio" of the task library "sdl_mixer"; other code
+// Plays sound effects and music. Task type "audio" of the task library "sdl_mixer". Other code
 // plays sounds by console lines to the task, which is therefore started under the name "Audio":
 //
-//   taskload( sdl_mixer )
-//   starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
-//   Audio::PlayEffect( "data/sfx/hit.wav" )
+//     taskload( sdl_mixer )
+//     starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
+//     Audio::PlayEffect( "data/sfx/kitten_01.wav" )
 //
-// The variables "audio_music_volume" and "audio_effect_volume" say how loud. Without an audio
-// device the game plays on in silence. Several audio tasks share the device and the mixing
+// The variables "audio_music_volume" and "audio_effect_volume" set the volumes. Without an audio
+// device the game goes on in silence. Several audio tasks share the device and the mixing
 // channels; each has its own effects and its own music, of which the one that was started last is
 // heard.
 class CTaskAudioSDLMixer : public CTask {
@@ -31,10 +31,10 @@ class CTaskAudioSDLMixer : public CTask {
   ~CTaskAudioSDLMixer() override;
 
   // The frequency, the name of the sample format, the number of output channels, the chunk size and
-  // the number of mixing channels; each may be left out from the end. A number out of its range is
-  // held to it, and one of the wrong kind passed over, each with a line in the log.
+  // the number of mixing channels; the last ones may be left out. A number out of its range is
+  // clamped, one of the wrong kind ignored, each with a line in the log.
   bool Start(CConsoleParams* params) override;
-  // True when the mixer is running.
+  // Returns whether the mixer is running.
   bool Start() override;
   void Update() override;
   void Exit() override;
@@ -45,7 +45,7 @@ class CTaskAudioSDLMixer : public CTask {
  private:
   void ReadFormat(const CConsoleParams& params);
 
-  std::unique_ptr<CAudioDevice> myDevice;  // goes after all that plays on it
+  std::unique_ptr<CAudioDevice> myDevice;  // outlives all that plays on it
   std::unique_ptr<CSDLMixerMusicPlayer> myMusicPlayer;
   std::unique_ptr<CSDLMixerEffectPlayer> myEffectPlayer;
   std::unique_ptr<CAudioConsoleImpl> myAudioConsole;

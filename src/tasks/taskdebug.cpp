@@ -18,17 +18,16 @@
 namespace vask {
 namespace {
 
-const CTaskTypeRegistrar<CTaskDebug> registrar("debug");
+const CTaskTypeRegistrar<CTaskDebug> theRegistrar("debug");
 
 int theFrameRateShows = 1;
-const CConsoleVariableRegistrar variableRegistrar("debug_show_fps", theFrameRateShows);
+const CConsoleVariableRegistrar theVariableRegistrar("debug_show_fps", theFrameRateShows);
 
 constexpr unsigned kSecond = 1000;  // milliseconds
 
 constexpr int kTextWidth = 75;
 constexpr int kTextHeight = 20;
-// Over the game, whose pictures lie further back, and under every widget: a console that meets the
-// text covers it whole.
+// In front of the game's pictures and behind every widget, so that a console covers the text.
 constexpr int kTextDepth = 0;
 // From the upper right corner of the screen, where no console opens.
 constexpr int kTextMargin = 10;
@@ -36,7 +35,7 @@ constexpr int kBackdropWidth = 125;
 constexpr int kBackdropHeight = 25;
 constexpr int kBackdropAlpha = 128;
 
-// The text is white, and stands on whatever the game shows.
+// The text is white, and may be over any picture of the game.
 Gfx::ImagePtr NewBackdrop() {
   const CColor dark(16, 16, 24);
   const Gfx::ImagePtr picture(Gfx::NewBuffer(kBackdropWidth, kBackdropHeight));
@@ -90,7 +89,7 @@ bool CTaskDebug::Start() {
   return true;
 }
 
-// The playback comes last: what hears of its events may stop the task.
+// The playback comes last: a listener of its events may stop the task.
 void CTaskDebug::Update() {
   if (myConsoleWindow != nullptr && myConsoleWindow->IsClosed()) {
     myConsoleWindow.reset();

@@ -16,19 +16,19 @@
 
 namespace vask {
 
-// Tools of the developer, in the running game: a console window, the frame rate on the screen, a
-// recorder and player of mouse input. Task type "debug". Several may run at the same time.
+// Developer tools in the running game: a console window, the frame rate on the screen, and
+// recording and playback of mouse input. Task type "debug". Several may run at the same time.
 //
 // The frame rate shows unless the variable "debug_show_fps" of the application console is 0.
 //
-//   starttask( debug, debug, 60 )
-//   debug::ToggleConsole
-//   debug::RecordInput( "game.rec" )
+//     starttask( debug, debug, 60 )
+//     debug::ToggleConsole
+//     debug::RecordInput( "game.rec" )
 class CTaskDebug : public CTask {
  public:
-  // What the frames of the seconds so far were, each counted over at least a second.
+  // Statistics of the frame counts so far, each over at least a second.
   struct SFrameRate {
-    float average = 0.0F;  // the younger the second, the more it counts
+    float average = 0.0F;  // weighted towards the latest
     unsigned lowest = std::numeric_limits<unsigned>::max();
     unsigned highest = 0;
   };
@@ -42,9 +42,10 @@ class CTaskDebug : public CTask {
   void Exit() override;
   bool ExecuteCommand(const std::string& line) override;
 
-  // What the commands do. A console window that is executing a line stays until the next update.
+  // The operations of the commands. A console window that is executing a line stays until the next
+  // update.
   void ToggleConsole();
-  // Each replaces the recording or playback that was going on.
+  // Each ends the recording or playback before it.
   void RecordInput(const std::string& fileName);
   void PlaybackInput(const std::string& fileName);
 
@@ -55,7 +56,7 @@ class CTaskDebug : public CTask {
   void CountFrame();
   void ShowFrameRate();
 
-  std::unique_ptr<CConsole> myCommands;             // null outside of start and exit
+  std::unique_ptr<CConsole> myCommands;             // null before the start and after the exit
   std::unique_ptr<CConsoleWindow> myConsoleWindow;  // null while the console is closed
   CSpritePtr myFrameRateText;
   std::unique_ptr<zogui::CGuiElement> myFrameRateElement;  // drags the text
@@ -66,14 +67,13 @@ class CTaskDebug : public CTask {
   CTimer myTimer;
 };
 
-// A command of the debug tasks. There is one of each kind for the process, entered in the consoles
-// of all debug tasks: each task takes them for itself before it executes a line. Without a task
-// they do nothing to it.
+// A command of the debug tasks. There is one of each kind for the process, registered in the
+// consoles of all debug tasks: each task sets itself as theirs before it executes a line.
 class CDebugCommand : public CConsoleCommand {
  public:
   // Not owned.
   void SetTask(CTaskDebug* task) { myTask = task; }
-  // Nothing when another task has taken the command meanwhile.
+  // Clears the task unless another one has been set meanwhile.
   void ForgetTask(const CTaskDebug* task);
 
  protected:
@@ -90,7 +90,7 @@ class CConsoleCmdToggleConsole : public CDebugCommand {
   std::string Execute() override;
 };
 
-// Takes a number: 0 lets failed assertions speak, any other silences them.
+// Takes a number: 0 allows the dialog of a failed assertion, any other bans it.
 class CConsoleCmdBanAsserts : public CDebugCommand {
  public:
   std::string Execute(CConsoleParams* params) override;

@@ -42,7 +42,7 @@ int ToButton(int sdlButton) {
   }
 }
 
-// SDL forgets it when its video subsystem starts, which may happen after the task did.
+// SDL forgets this when its video subsystem starts, which may be after the task's start.
 void AskForCharacters() { SDL_EnableUNICODE(1); }
 
 }  // namespace
@@ -80,8 +80,8 @@ void CTaskEventSDL::Pause() { StopListening(); }
 
 void CTaskEventSDL::Resume() { myIsListening = true; }
 
-// What a listener does to the task waits for the end of the update: the others have yet to hear of
-// the press.
+// When a listener stops the task, the releases wait for the end of the update: the other listeners
+// have yet to be told of the press.
 void CTaskEventSDL::StopListening() {
   myIsListening = false;
   if (!myIsUpdating) {

@@ -10,9 +10,9 @@ namespace vask {
 
 class CEventBridge;
 
-// Hands SDL's events to the event bridge (task type "event"), and drives the cursor and the input
-// grab for it. Keys and buttons that are held count as released when the focus goes, SDL's video
-// ends, or the task pauses or ends: nobody may ever tell of their release.
+// Passes SDL's events to the event bridge (task type "event"), and drives the cursor and the input
+// grab for it. Held keys and buttons count as released when the focus is lost, SDL's video ends, or
+// the task pauses or ends: no event may ever report their release.
 class CTaskEventSDL : public CTask, public IMouseHardware {
  public:
   CTaskEventSDL();
@@ -28,7 +28,7 @@ class CTaskEventSDL : public CTask, public IMouseHardware {
 
   void ShowCursor() override;
   void HideCursor() override;
-  // Types without an image, and the current one, leave the cursor as it is.
+  // The current type and types without an image change nothing.
   void ChangeCursor(int type) override;
   void GrabInput(bool on) override;
 

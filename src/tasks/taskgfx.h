@@ -5,8 +5,8 @@
 
 namespace vask {
 
-// The part of the graphics task that knows no platform: one frame advances the animations and draws
-// the screen layer.
+// The platform-independent part of the graphics task: a frame advances the animations and draws the
+// screen layer.
 class CTaskGfx : public CTask {
  public:
   CTaskGfx();
@@ -18,7 +18,7 @@ class CTaskGfx : public CTask {
   void Exit() override;
 
  private:
-  CTimer myTimer;  // animation time: stands still without the focus
+  CTimer myTimer;  // animation time; stopped without the focus
 };
 
 }  // namespace vask

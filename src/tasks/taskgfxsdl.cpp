@@ -13,7 +13,7 @@ namespace vask {
 namespace {
 
 // How many of these tasks own a factory: a script may start two.
-constinit int ourFactoryCount = 0;
+constinit int theFactoryCount = 0;
 
 }  // namespace
 
@@ -23,7 +23,7 @@ CTaskGfxSDL::~CTaskGfxSDL() { Shutdown(); }
 
 bool CTaskGfxSDL::Start() {
   FollowScreenSize();
-  ourFactoryCount += myFactory == nullptr ? 1 : 0;
+  theFactoryCount += myFactory == nullptr ? 1 : 0;
   myFactory = std::make_unique<CGfxFactorySDL>();
   Gfx::SetFactory(myFactory.get());
   myScreen = std::make_unique<CPixelScreenSDL>();
@@ -91,14 +91,14 @@ void CTaskGfxSDL::Shutdown() {
     Gfx::SetFactory(nullptr);
   }
   myFactory.reset();
-  --ourFactoryCount;
+  --theFactoryCount;
   if (Gfx::GetScreen() == myScreen.get()) {
     Gfx::SetScreen(nullptr);
   }
   myScreen.reset();
   myVideoSurface = nullptr;
-  // A factory that somebody put into the place of ours has no other owner.
-  if (ourFactoryCount == 0) {
+  // A factory that was set in place of ours has no other owner.
+  if (theFactoryCount == 0) {
     delete Gfx::GetFactory();
     Gfx::SetFactory(nullptr);
   }

@@ -23,7 +23,7 @@ class CTaskGfxSDL : public CTaskGfx {
   void Update() override;
   void Exit() override;
 
-  // Takes the screen over anew and asks for a full redraw: setting a mode clears the screen, even
+  // Takes the new screen surface and requests a full redraw: setting a mode clears the screen, even
   // at the same size.
   void OnResize(int width, int height);
 

@@ -17,7 +17,7 @@ namespace vask {
 
 namespace {
 
-const CTaskTypeRegistrar<CTaskKeyboard> registrar("keyboard");
+const CTaskTypeRegistrar<CTaskKeyboard> theRegistrar("keyboard");
 
 constexpr int kDefaultPriority = 10;
 

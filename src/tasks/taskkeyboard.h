@@ -9,14 +9,9 @@
 
 namespace vask {
 
-// Hands the keys on to what they are bound to, and gives the console its command "bind", which
-// binds a key, or several that are held together, to a line of the application console. A line may
-// hold no comma, "::", ";" or "//": what needs them stands in a script that the line loads. Task
-// type "keyboard".
-//
-//   starttask( keyboard, keyboard, 20 )
-//   keyboard::bind( escape, quit )
-//   keyboard::bind( left_ctrl q, quit, 5 )
+// Triggers what keys are bound to, and has the command "bind", which binds a key, or several that
+// are held together, to a line of the application console. A line must not contain a comma, "::",
+// ";" or "//": put such lines into a script, and load that. Task type "keyboard".
 class CTaskKeyboard : public CTask {
  public:
   using CTask::Start;

@@ -12,7 +12,7 @@ namespace vask {
 
 namespace {
 
-const CTaskTypeRegistrar<CTaskMouse> registrar("mouse");
+const CTaskTypeRegistrar<CTaskMouse> theRegistrar("mouse");
 
 class CConsoleCommandCursorHide : public CConsoleCommand {
  public:

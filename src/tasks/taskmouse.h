@@ -10,11 +10,11 @@ namespace vask {
 class CConsole;
 class CConsoleCommand;
 
-// Gives the console its commands over the mouse cursor and the input grab: "CursorHide",
-// "CursorShow", "CursorChangeTo" and "CaptureInput". Task type "mouse".
+// Has the commands of the mouse cursor and the input grab: "CursorHide", "CursorShow",
+// "CursorChangeTo" and "CaptureInput". Task type "mouse".
 //
-//   starttask( mouse, mouse, 10 )
-//   mouse::CursorChangeTo( cursor_hand )
+//     starttask( mouse, mouse, 10 )
+//     mouse::CursorChangeTo( cursor_hand )
 class CTaskMouse : public CTask {
  public:
   CTaskMouse();

@@ -28,9 +28,9 @@ bool IsSet(const char* variable) {
 }
 
 // Without a display SDL falls back to drivers that paint into a terminal, or nowhere, and some of
-// them write to it before they are refused. A player is not served by them; whoever wants one, or
-// another kind of display, names it in the environment. Only the compatibility library knows
-// Wayland; the classic one refuses it.
+// them write to it before they fail. These are of no use to a player; who wants one, or another
+// kind of display, names it in the environment. Only the compatibility library knows Wayland; with
+// the classic one it fails.
 void ChooseDriver() {
   const bool hasOnlyWayland = !IsSet("DISPLAY") && IsSet("WAYLAND_DISPLAY");
   if (!IsSet("SDL_VIDEODRIVER")) {

@@ -21,8 +21,8 @@ class CTaskWindowSDL : public CTask {
   ~CTaskWindowSDL() override;
 
   // Parameters: width, height, bits per pixel, full screen, resizable, caption, icon file, frames;
-  // each keeps its default when it is missing or of the wrong kind. Answers false: the window needs
-  // no updates. Without a display the kernel is asked to quit.
+  // each keeps its default when it is missing or of the wrong kind. Returns false: the window needs
+  // no updates. Without a display the kernel quits.
   bool Start(CConsoleParams* params) override;
   bool Start() override;
   void Update() override {}
@@ -89,7 +89,7 @@ class CTaskWindowSDL : public CTask {
 
   void UseDefaults();
   void ReadParams(const CConsoleParams& params);
-  // Answers why there is no video; empty when there is.
+  // Returns why there is no video; empty when there is.
   std::string InitVideo();
   void CreateWindowDescription();
   std::uint32_t BuildFlags() const;

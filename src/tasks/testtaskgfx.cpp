@@ -7,7 +7,7 @@ namespace vask {
 
 namespace {
 
-const CTaskTypeRegistrar<CTestTaskGfx> ourRegistrar("gfxtest");
+const CTaskTypeRegistrar<CTestTaskGfx> theRegistrar("gfxtest");
 
 constexpr int kSide = 96;
 constexpr int kGap = 16;

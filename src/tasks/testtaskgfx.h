@@ -5,11 +5,11 @@
 
 namespace vask {
 
-// Draws a few test pictures on the screen (task type "gfxtest"), for a look at what blends, scales,
-// rotates and fades. Start it after the graphics task.
+// Draws a few test pictures on the screen (task type "gfxtest"), to look at blending, scaling,
+// rotation and fading. Start it after the graphics task.
 class CTestTaskGfx : public CTask {
  public:
-  // An optional picture file takes the place of the built-in test picture.
+  // An optional picture file replaces the built-in test picture.
   bool Start(CConsoleParams* params) override;
   bool Start() override { return Start(nullptr); }
   void Update() override;

@@ -9,8 +9,8 @@
 
 namespace vask::ui {
 
-// Something to click, to double-click and to drag. Its sprite plays the animations "mouse_over",
-// "mouse_out", "mouse_button_down" and "mouse_button_up", as far as it has them.
+// A widget to click, double-click and drag. Its sprite plays those of the animations "mouse_over",
+// "mouse_out", "mouse_button_down" and "mouse_button_up" that it has.
 class CButtonWidget : public CWidget {
  public:
   CButtonWidget();
@@ -20,11 +20,11 @@ class CButtonWidget : public CWidget {
   void OnMouseEvent(CMouseEvent& event) override;
 
   css::CSignal& GetClickSignal() { return myClickSignal; }
-  // With two int32_t: the move that keeps the grabbed point under the pointer. The button does not
-  // move itself.
+  // Carries two int32_t: the move that keeps the grabbed point under the pointer. The button does
+  // not move itself.
   css::CSignal& GetDragSignal() { return myDragSignal; }
   css::CSignal& GetDoubleClickSignal() { return myDoubleClickSignal; }
-  // A drag that is going on ends when it is turned off.
+  // Turning it off ends a drag.
   void SetDraggable(bool on);
   void SetDoubleClickEnabled(bool on) { myDoubleClickEnabled = on; }
 
@@ -40,7 +40,7 @@ class CButtonWidget : public CWidget {
   css::CSignal myClickSignal;
   css::CSignal myDragSignal;
   css::CSignal myDoubleClickSignal;
-  std::string myText;  // for whoever wants to label the button; the button itself does not use it
+  std::string myText;               // a label for the owner; the button does not use it
   std::int32_t myClickButtons = 1;  // bits, as in the other masks of buttons
   bool myPressed = false;
   bool myDoubleClickEnabled = true;

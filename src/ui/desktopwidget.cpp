@@ -10,7 +10,7 @@
 namespace vask::ui {
 namespace {
 
-// There is only one desktop: the maker returns that one, which does not belong to the caller.
+// Returns the one desktop, which does not belong to the caller.
 class CDesktopFactoryMaker : public IGenericMaker {
  public:
   CWidget* Create() override { return CDesktopWidget::GetSingletonPtr(); }
@@ -27,7 +27,7 @@ int FitInto(int position, int extent, int desktopPosition, int desktopExtent) {
 
 }  // namespace
 
-// Keeps the desktop in memory while it hands something out.
+// Keeps the desktop in memory while it dispatches something.
 class CDesktopWidget::CDispatch {
  public:
   explicit CDispatch(CDesktopWidget& desktop) : myDesktop(&desktop) { ++desktop.myDispatches; }
@@ -95,7 +95,7 @@ void CDesktopWidget::HandleKeyboardEvent(CKeyboardEvent& event) {
   SendToKeyboardReceiver(event);
 }
 
-// To what lies under a click, or to nobody.
+// To the widget under a click, or to none.
 void CDesktopWidget::MoveFocus(SPoint point) {
   CFocusEvent request(IEvent::kFocusGained, point);
   CWidget::HandleEvent(request);

@@ -9,7 +9,7 @@
 namespace vask::ui {
 
 // The root of all widgets, created on first use with the size of the window. It keeps its children
-// on the screen, moves the focus with the clicks and repeats the keys that are held.
+// on the screen, moves the focus on clicks and repeats held keys.
 class CDesktopWidget : public CWidget, public CStaticSingleton<CDesktopWidget> {
  public:
   CDesktopWidget();
@@ -17,18 +17,17 @@ class CDesktopWidget : public CWidget, public CStaticSingleton<CDesktopWidget> {
   using CWidget::Resize;
   void HandleEvent(IEvent& event) override;
   void Resize(SSize size) override;
-  // Moves the rectangle onto the desktop; one that is larger lies at the right or lower edge.
+  // Moves the rectangle onto the desktop; a larger one is aligned to the right or lower edge.
   CRect<int> FitChildRect(const CRect<int>& rect) const override;
 
-  // Whether a widget lies at that place of the screen and takes the presses there. Changes nothing,
-  // and brings no desktop into being.
+  // Whether a widget at that point of the screen takes button presses. Does not create the desktop.
   static bool HasWidgetAt(SPoint point);
 
-  // To be called in every frame.
+  // Call it in every frame.
   void UpdateKeyRepeat();
 
-  // Forgets the desktop and all receivers at once, and deletes it, with every widget on it, as soon
-  // as it handles no event any more: a widget's handler may do this.
+  // Clears all receivers at once and deletes the desktop, with every widget on it, as soon as it
+  // handles no event: a widget's handler may call this.
   static void DeleteSingleton();
 
  private:

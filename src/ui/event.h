@@ -8,7 +8,7 @@ namespace vask::ui {
 
 class IMouse;
 
-// Something that happens to a widget. Who makes it asks afterwards whether somebody handled it.
+// Something that happens to a widget. Its maker can look afterwards whether it was handled.
 class IEvent {
  public:
   enum EType : std::int32_t {
@@ -19,14 +19,14 @@ class IEvent {
     kMouseButtonUp = 5,
     kKeyDown = 6,
     kKeyUp = 7,
-    kFocusGained = 8,  // routed through the tree, it asks who takes the focus
+    kFocusGained = 8,  // also the request for it, which is routed through the tree
     kFocusLost = 9,
   };
 
   virtual ~IEvent() = default;
 
   std::int32_t GetType() const { return myType; }
-  // Whether it goes to the widget under its position.
+  // Whether it is routed to the widget under its position.
   bool IsRouted() const {
     return myType == kMouseMove || myType == kMouseButtonDown || myType == kMouseButtonUp;
   }
@@ -45,11 +45,11 @@ class IEvent {
 
 class CMouseEvent : public IEvent {
  public:
-  // Buttons are the bits of the event bridge; those of a press and a release hold the one button.
-  // The mouse is not owned and may be null.
+  // `buttons` is a mask of the event bridge's bits; a press or release holds its one button. The
+  // mouse is not owned and may be null.
   CMouseEvent(std::int32_t type, SPoint position, std::int32_t buttons, IMouse* mouse)
       : IEvent(type), myPosition(position), myButtons(buttons), myMouse(mouse) {}
-  // An event of another type that the first has caused.
+  // An event of another type that `cause` leads to, with the same data.
   CMouseEvent(std::int32_t type, const CMouseEvent& cause)
       : CMouseEvent(type, cause.myPosition, cause.myButtons, cause.myMouse) {}
 

@@ -19,8 +19,8 @@ struct SSize {
   bool operator==(const SSize&) const = default;
 };
 
-// The value without its fraction. What 32 bits cannot hold becomes the nearest that they can, and
-// what is no number 0: layouts come from expressions that may divide and multiply at will.
+// Truncates to 32 bits: a value out of range becomes the nearest limit and NaN 0, since layouts
+// come from expressions that may divide and multiply at will.
 inline std::int32_t ToPixels(double value) {
   using Limits = std::numeric_limits<std::int32_t>;
   return std::isnan(value) ? 0

@@ -9,7 +9,7 @@
 
 namespace vask::ui {
 
-// The one door from widgets to what shows them. An empty pointer is nothing to each operation.
+// All access from widgets to their sprites. Each operation ignores an empty pointer.
 template <typename SpritePtr, typename Factory>
 class CGfxHandler : public CStaticSingleton<CGfxHandler<SpritePtr, Factory>> {
  public:
@@ -22,7 +22,7 @@ class CGfxHandler : public CStaticSingleton<CGfxHandler<SpritePtr, Factory>> {
       sprite->SetPosition(x, y);
     }
   }
-  // The size is held within what a picture can have, since that of a widget may be anything.
+  // Clamps the size to what a picture can have: a widget's may be anything.
   void SetSize(const SpritePtr& sprite, int width, int height) const {
     if (sprite) {
       sprite->SetSize(std::clamp(width, kMinSide, kMaxSide),
@@ -35,7 +35,7 @@ class CGfxHandler : public CStaticSingleton<CGfxHandler<SpritePtr, Factory>> {
       sprite->SetZ(depth);
     }
   }
-  // Nothing for a sprite without animations.
+  // A sprite without animations ignores it.
   void PlayAnimation(const SpritePtr& sprite, const std::string& name) const {
     if (sprite) {
       sprite->PlayAnimation(name);

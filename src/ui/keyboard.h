@@ -2,8 +2,8 @@
 
 namespace vask::ui {
 
-// The keyboard as widgets know it. Nothing asks for it yet: its two operations mark the place of
-// what a widget may want of a keyboard on its own accord.
+// The keyboard for widgets. Nothing uses it yet: its two operations are for a keyboard that is
+// shown on the screen.
 class IKeyboard {
  public:
   virtual ~IKeyboard() = default;

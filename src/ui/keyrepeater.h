@@ -8,14 +8,15 @@
 
 namespace vask::ui {
 
-// Types on for the keys that are held: after a delay, each of them presses itself again and again.
+// Repeats held keys: after a delay, each of them sends a press again and again.
 class CKeyRepeater {
  public:
-  // A key that is held already begins anew. Code 0 and keys outside the table are not repeated.
+  // A press of a held key starts its delay again. Code 0 and keys outside the table are not
+  // repeated.
   void Press(std::int32_t key, std::uint8_t character);
   void Release(std::int32_t key);
   void ReleaseAll();
-  // Sends the presses that are due to the keyboard receiver. That may change what is held.
+  // Sends the due presses to the keyboard receiver, which may change what is held.
   void Update();
 
  private:
@@ -31,7 +32,7 @@ class CKeyRepeater {
 
   std::array<std::optional<SPress>, kKeys> myPresses;
   CTimer myTimer;
-  unsigned myLastCheck = 0;  // in milliseconds, as the two below
+  unsigned myLastCheck = 0;  // milliseconds, as the next two
   unsigned myInterval = 25;
   unsigned myDelay = 650;
   int myHeldKeys = 0;

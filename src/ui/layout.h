@@ -15,12 +15,12 @@ struct SLayout {
   std::string width;
   std::string height;
 
-  // Whether all four are numbers, with or without a sign: then nothing has to be evaluated again.
+  // Whether all four are numbers, with or without a sign, so that nothing need be evaluated again.
   bool IsPlain() const;
   // The rectangle of a plain layout, without fractions.
   CRect<int> ToRect() const;
-  // The rectangle of a widget that has the rectangle `own` until now. Without a parent (null) its
-  // names stay in the text, where the calculator ignores them.
+  // The new rectangle of a widget whose rectangle is `own`. Without a parent (null) its names stay
+  // in the text, where the calculator ignores them.
   CRect<int> Evaluate(const CRect<int>& own, const CRect<int>* parent) const;
 };
 

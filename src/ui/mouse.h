@@ -7,21 +7,21 @@
 
 namespace vask::ui {
 
-// The mouse as widgets know it; every mouse event carries one, or null.
+// The mouse for widgets; every mouse event carries one, or null.
 class IMouse {
  public:
   virtual ~IMouse() = default;
   virtual SPoint GetPosition() const = 0;
-  // The way back to where the pointer was before its last move.
+  // The vector from the pointer back to where it was before its last move.
   virtual SPoint GetMovement() const = 0;
-  // The bits of the buttons that are held.
+  // The mask of held buttons.
   virtual std::int32_t GetButtons() const = 0;
   virtual void HideCursor() = 0;
   virtual void ShowCursor() = 0;
   virtual void ChangeCursor(std::int32_t type) = 0;
 };
 
-// The cursor types that widgets ask for, as they stand in the table of cursor names.
+// The cursor types that widgets set; their places in the table of cursor names.
 enum ECursor : std::int32_t {
   kCursorNone = 0,
   kCursorArrow = 1,
@@ -32,15 +32,15 @@ enum ECursor : std::int32_t {
   kCursorResizeDiagonal2 = 9,
 };
 
-// Nothing for a null mouse.
+// A null mouse is ignored.
 inline void ChangeCursor(IMouse* mouse, std::int32_t type) {
   if (mouse != nullptr) {
     mouse->ChangeCursor(type);
   }
 }
 
-// The arrow comes back, for a widget that goes while it has changed the cursor: no event brings it
-// a mouse then.
+// Sets the arrow again, for a widget that dies while it has changed the cursor: it has no event
+// with a mouse then.
 inline void RestoreCursor() {
   if (CEventBridge* bridge = CEventBridge::PeekSingletonPtr()) {
     bridge->ChangeCursor(kCursorArrow);

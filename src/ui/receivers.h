@@ -1,8 +1,8 @@
 #pragma once
 
-// Who gets the events that are not for whatever lies under the pointer: one focus, one keyboard
+// The receivers of events that do not go to the widget under the pointer: one focus, one keyboard
 // receiver, one widget under the mouse and one capture list for the process, since there is one
-// user interface. Nobody is owned; the dead leave by themselves.
+// user interface. None is owned; a receiver that dies is removed.
 namespace vask::ui {
 
 class CKeyboardEvent;
@@ -10,7 +10,8 @@ class CMouseEvent;
 class CWidget;
 class IEventBase;
 
-// The widget becomes the focus and the keyboard receiver; null clears both. Tells nobody.
+// The widget becomes the focus and the keyboard receiver; null clears both. Calls no
+// handler.
 void SetFocus(CWidget* widget);
 // Null for none.
 CWidget* GetFocus();
@@ -25,17 +26,18 @@ CWidget* GetMouseOver();
 void AddMouseCapture(IEventBase* receiver);
 void RemoveMouseCapture(IEventBase* receiver);
 
-// The receivers on the list get the event, in its order, but for those that leave before their
+// Sends the event to the receivers on the list, in order, except those that leave before their
 // turn.
 void SendToMouseCapture(CMouseEvent& event);
-// Nothing when there is no keyboard receiver.
+// Does nothing when there is no keyboard receiver.
 void SendToKeyboardReceiver(CKeyboardEvent& event);
 
-// Takes a receiver out of the capture list and from the keyboard.
+// Removes a receiver from the capture list, and as the keyboard receiver.
 void ForgetReceiver(IEventBase* receiver);
-// Nobody has the focus, the keyboard, the mouse over it or the capture any more. Tells nobody.
+// Clears the focus, the keyboard, the widget under the mouse and the capture list. Calls no
+// handler.
 void ClearReceivers();
-// Differs after each ClearReceivers(): who called a handler in between can tell by it.
+// Changes with each ClearReceivers(), so that the caller of a handler can tell whether it happened.
 unsigned GetReceiversGeneration();
 
 }  // namespace vask::ui

@@ -206,7 +206,7 @@ std::int32_t CTextInputWidget::Limited(std::int32_t position) const {
   return std::clamp(position, 0, Length());
 }
 
-// Also for a position that has not changed: what stands before it may have another width now.
+// Also for a position that has not changed: the text before it may have another width now.
 void CTextInputWidget::MoveCursorTo(std::int32_t position) {
   myCursor = Limited(position);
   myCursorOffset = {WidthBefore(myCursor), 0};

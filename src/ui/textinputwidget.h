@@ -16,14 +16,14 @@ namespace vask::ui {
 // One line of text to edit. The widget's sprite shows the text, a sprite of its own the cursor
 // while the widget has the focus, which a click gives it.
 //
-//   auto* input = new CTextInputWidget(area, {0, 0, 400, 20}, true, "line",
-//                                      GetGfxHandler().Load("data/gui/text_input.xml"),
-//                                      "data/gui/text_cursor.gif");
-//   input->GetKeySignal(CTextInputWidget::kReturn).Connect(this, &CConsole::Execute);
+//     auto* input = new CTextInputWidget(area, {0, 0, 400, 20}, true, "line",
+//                                        GetGfxHandler().Load("data/gui/text_input.xml"),
+//                                        "data/gui/text_cursor.gif");
+//     input->GetKeySignal(CTextInputWidget::kReturn).Connect(this, &CForm::Send);
 class CTextInputWidget : public CWidget {
  public:
-  // The keys that type nothing and set a signal off instead. Return, tab, up and down are for the
-  // owner to connect; the others edit.
+  // The keys that type nothing and emit a signal instead. The owner connects return, tab, up and
+  // down; the others edit.
   enum EKeySignal : std::uint8_t {
     kBackspace,
     kReturn,
@@ -60,21 +60,22 @@ class CTextInputWidget : public CWidget {
   virtual void CursorRight();
   virtual void CursorHome();
   virtual void CursorEnd();
-  // To where the text reaches no further than the point; nothing for a point on the left of it.
+  // Puts the cursor after the last character that ends at or before the point; a point on the left
+  // of the text changes nothing.
   virtual void SetCursorToPoint(SPoint point);
-  // Stores and shows the text, and leaves the cursor where it is.
+  // Stores and shows the text; the cursor position stays.
   virtual void ChangeText(const std::string& text);
 
   css::CSignal& GetKeySignal(EKeySignal key) { return myKeySignals[key]; }
   std::int32_t GetCursor() const { return myCursor; }
 
  protected:
-  // How many characters lie left of the widget; `current` is how many do so now. Asked after each
-  // change of text, cursor and place. None here: the text shows from its beginning.
+  // How many characters are scrolled out at the left; `current` is how many are now. Called after
+  // each change of text, cursor and rectangle. Here 0: the text shows from its beginning.
   virtual std::int32_t FirstToShow(std::int32_t current) const;
 
   std::int32_t Length() const { return static_cast<std::int32_t>(myText.size()); }
-  // Of the characters before a position, in pixels.
+  // The width of the characters before a position, in pixels.
   std::int32_t WidthBefore(std::int32_t position) const;
 
  private:
@@ -93,7 +94,7 @@ class CTextInputWidget : public CWidget {
   std::string myText;
   std::string myCursorFile;
   CSpritePtr myCursorSprite;  // empty before the first focus
-  std::int32_t myCursor = 0;  // how many characters stand before it
+  std::int32_t myCursor = 0;  // how many characters are before it
   SPoint myCursorOffset;      // from the beginning of the text
   std::int32_t myFirstShown = 0;
   bool myIsCursorOn = false;

@@ -12,9 +12,9 @@
 namespace vask {
 namespace {
 
-const CTaskTypeRegistrar<CUiTask> registrar("ui");
+const CTaskTypeRegistrar<CUiTask> theRegistrar("ui");
 
-// In front of the bound lines, which stand at 10.
+// Before the bound lines, which have 10.
 constexpr int kGatePriority = 5;
 
 ui::CDesktopWidget& Desktop() { return *ui::CDesktopWidget::GetSingletonPtr(); }
@@ -25,7 +25,7 @@ CUiTask::CUiTask()
     : myMouse(std::make_unique<CVaskToUiMouse>()),
       myKeyboard(std::make_unique<CVaskToUiKeyboard>()) {}
 
-// The bases leave the event bridge and the keyboard.
+// The base classes unregister from the event bridge and the keyboard.
 CUiTask::~CUiTask() = default;
 
 bool CUiTask::Start() {

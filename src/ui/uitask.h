@@ -13,8 +13,8 @@ namespace vask {
 class CVaskToUiKeyboard;
 class CVaskToUiMouse;
 
-// Hears of keys under names of its own: a listener of keys that is also a key event would answer
-// both with the same operations, and hear of each bound key twice.
+// A keyboard listener under other names: in a class that is also a key event the two would be the
+// same operations, and be called twice for each bound key.
 class CUiKeyListener : public IKeyboardListener {
  public:
   void OnKeyDown(int key) final { OnUiKeyDown(key); }
@@ -25,11 +25,11 @@ class CUiKeyListener : public IKeyboardListener {
   virtual void OnUiKeyUp(int key) = 0;
 };
 
-// Feeds the widgets with keys, mouse and window size, repeats keys that are held, and keeps bound
-// keys back while a widget has the keyboard. Task type "ui". The desktop and all widgets on it go
-// with the task's exit. The priorities of the task and of the key event are not the same.
+// Sends keys, mouse and window size to the widgets, repeats held keys, and stops bound keys while a
+// widget has the keyboard. Task type "ui". Its exit deletes the desktop and all widgets on it. The
+// task and the key event have priorities of their own.
 //
-//   starttask( ui, ui, 70 )
+//     starttask( ui, ui, 70 )
 class CUiTask : public CTask,
                 public CUiKeyListener,
                 public IMouseListener,
@@ -64,7 +64,7 @@ class CUiTask : public CTask,
 
   std::unique_ptr<CVaskToUiMouse> myMouse;
   std::unique_ptr<CVaskToUiKeyboard> myKeyboard;
-  bool myIsRunning = false;  // from the start to the exit; outside it nothing reaches the widgets
+  bool myIsRunning = false;  // from the start to the exit; outside it no event reaches the widgets
 };
 
 }  // namespace vask

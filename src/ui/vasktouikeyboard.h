@@ -4,7 +4,7 @@
 
 namespace vask {
 
-// A keyboard of the desk is always there: nothing is shown or hidden.
+// A hardware keyboard: there is nothing to show or hide.
 class CVaskToUiKeyboard : public ui::IKeyboard {
  public:
   void ShowKeyboard() override {}

@@ -6,8 +6,8 @@
 
 namespace vask {
 
-// Gives widgets the engine's mouse. The UI task tells it what the event bridge reports; requests
-// for cursors go to the event bridge.
+// The engine's mouse for widgets. The UI task passes on what the event bridge reports; the cursor
+// operations call the event bridge.
 class CVaskToUiMouse : public ui::IMouse {
  public:
   ui::SPoint GetPosition() const override { return myPosition; }

@@ -12,8 +12,8 @@ namespace {
 
 const CWidgetRegistrar<CWidget> theRegistrar("CWidget");
 
-// A handler may delete the widget whose handler it is; a walk over its children knows of that. Or
-// the desktop, whose widgets stay in memory for a while, but nobody must hear of them any more.
+// Tells whether a handler has deleted its own widget, which a walk over the children notices, or
+// the desktop: its widgets stay in memory for a while, but must not get or send events any more.
 class CLife {
  public:
   explicit CLife(CWalkList<CWidget>& children) : myWalk(children) {}
@@ -31,8 +31,8 @@ double Factor(int newExtent, int oldExtent) {
 
 }  // namespace
 
-// What lies under a point within a widget: its children there from front to back, and the widget
-// itself at last. Nothing where the point is not inside the widget.
+// The hit test: the children under a point from front to back, then the widget itself. Empty when
+// the point is outside the widget.
 class CWidget::CHitWalk {
  public:
   CHitWalk(CWidget& widget, SPoint point)
@@ -145,8 +145,8 @@ void CWidget::ReceiveMouseEvent(CMouseEvent& event) {
   OnMouseEvent(event);
 }
 
-// A candidate that takes no focus itself is asked for what lies within it; the widget's own
-// children have been asked when its own turn comes.
+// A candidate that takes no focus itself passes the request on to its children; this widget's own
+// children have had it when its own turn comes.
 void CWidget::RouteFocusRequest(CFocusEvent& event) {
   CHitWalk walk(*this, event.GetPosition());
   while (CWidget* candidate = walk.Next()) {

@@ -17,13 +17,13 @@
 
 namespace vask::ui {
 
-// A rectangle of the screen that takes part in the user interface: it has a parent and children,
-// which move with it, and it gets events. It draws nothing; its sprite, if it has one, is moved,
-// sized and ordered along with it. Its rectangle follows the parent's by a layout, if it has one,
-// and by its resize mode otherwise.
+// A rectangle of the screen in the user interface: it has a parent and children, which move with
+// it, and it gets events. It draws nothing; its sprite, if it has one, is moved, sized and ordered
+// along with it. Its rectangle follows the parent's by a layout, if it has one, and by its resize
+// mode otherwise. Its parent owns it; a widget without a parent belongs to its creator.
 //
-//   auto* view = new CWidget(window, {0, 0, 10, 10}, true, "view", CSpritePtr());  // window owns
-//   it view->SetLayout("parent.x + 2", "parent.y + 22", "parent.w - 4", "parent.h - 24");
+//     auto* view = new CWidget(window, {0, 0, 10, 10}, true, "view", CSpritePtr());
+//     view->SetLayout("parent.x + 2", "parent.y + 22", "parent.w - 4", "parent.h - 24");
 class CWidget : public IEventBase, public css::CSignalTarget {
  public:
   // How a widget without a layout follows its parent's size.
@@ -46,14 +46,14 @@ class CWidget : public IEventBase, public css::CSignalTarget {
   void OnKeyboardEvent(CKeyboardEvent& event) override;
   void OnFocusEvent(CFocusEvent& event) override;
   virtual void MoveTo(SPoint point);
-  // Moves the widget as far as its parent allows, and all children by the same way.
+  // Moves the widget as far as its parent allows, and all children by the same distance.
   virtual void MoveBy(SPoint delta);
   virtual void Resize(SSize size);
   virtual std::int32_t GetResizeMode() const;
-  // Events of ignored types pass through to what lies behind the widget.
+  // Events of ignored types go to the widget behind this one.
   virtual bool IgnoresEvent(std::int32_t type) const;
   virtual void SetIgnoreEvent(std::int32_t type, bool on);
-  // What the widget makes of a rectangle that a child asks for.
+  // The rectangle that a child gets when it wants this one.
   virtual CRect<int> FitChildRect(const CRect<int>& rect) const;
   // Takes the rectangle as it is and leaves the children where they are.
   virtual void SetRect(const CRect<int>& rect);
@@ -70,15 +70,15 @@ class CWidget : public IEventBase, public css::CSignalTarget {
   const std::string& GetName() const { return myName; }
   // From front to back.
   const std::vector<CWidget*>& GetChildren() const { return myChildren.Items(); }
-  // Takes the child over, from its old parent too, and puts it in front. Nothing for null, for the
-  // widget itself and for what it lies in.
+  // Takes the child over, from its old parent too, and puts it in front. Null, the widget itself
+  // and its ancestors are ignored.
   void AddChild(CWidget* child);
-  // The child belongs to the caller then. Nothing for what is no child.
+  // The child then belongs to the caller. What is no child is ignored.
   void RemoveChild(CWidget* child);
-  // In front of its siblings.
+  // Puts the widget in front of its siblings.
   static void RaiseToTop(CWidget* widget);
-  // Sets the rectangle, now and whenever the parent's size changes; four plain numbers only now.
-  // Children are not told: to be called before there are any.
+  // Sets the rectangle, now and whenever the parent's size changes; four plain numbers set it only
+  // now. Children are not told, so call it before there are any.
   void SetLayout(const std::string& x, const std::string& y, const std::string& width,
                  const std::string& height);
   void MoveBy(std::int32_t dx, std::int32_t dy) { MoveBy(SPoint{dx, dy}); }

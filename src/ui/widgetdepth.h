@@ -6,9 +6,9 @@ namespace vask::ui {
 
 class CWidget;
 
-// The place of a widget in the drawing order. A widget and all below it take a range of depths in
-// one piece, from its own depth downwards: children lie in front of their parent, the first of a
-// list in front of the others.
+// The place of a widget in the drawing order. A widget and its descendants take one contiguous
+// range of depths, from its own depth downwards: children are in front of their parent, the first
+// in the list in front of the others.
 class CWidgetDepth {
  public:
   explicit CWidgetDepth(CWidget& widget) : myWidget(&widget) {}
@@ -17,8 +17,7 @@ class CWidgetDepth {
 
   std::int32_t GetDepth() const { return myDepth; }
   // Gives the children depths in the order of their list, then does so at each ancestor, whose
-  // other children may have to make room. Widgets hear of it (OnDepthChanged), and must not change
-  // the tree meanwhile.
+  // other children may have to shift. Calls OnDepthChanged, which must not change the tree.
   void Renumber();
 
  private:

@@ -24,8 +24,6 @@ class CGenericMakerImpl : public IGenericMaker {
 };
 
 // Makes widgets by the names of their classes, which register themselves and are not known here.
-//
-//     CWidget* const made = CWidgetFactory::GetSingletonPtr()->Create("CButtonWidget");
 class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
  public:
   // The first registration of a name wins.
@@ -37,9 +35,7 @@ class CWidgetFactory : public CStaticSingleton<CWidgetFactory> {
   std::map<std::string, std::unique_ptr<IGenericMaker>> myMakers;
 };
 
-// Registers the widget class T from a static initialiser:
-//
-//     const CWidgetRegistrar<CLamp> theRegistrar("CLamp");
+// Registers the widget class T, from a static initialiser in its source file.
 template <typename T, typename Maker = CGenericMakerImpl<T>>
 class CWidgetRegistrar {
  public:

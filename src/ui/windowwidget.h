@@ -18,7 +18,6 @@ class CWindowWidget : public CWidget {
   CWindowWidget();
   CWindowWidget(CWidget* parent, const CRect<int>& rect, bool relative, const std::string& name,
                 const CSpritePtr& sprite);
-
   ~CWindowWidget() override;
 
   void HandleEvent(IEvent& event) override;
@@ -30,7 +29,8 @@ class CWindowWidget : public CWidget {
   void SetClosed(bool closed) { myClosed = closed; }
   void Raise() { RaiseToTop(this); }
   bool IsMaximised() const { return myMaximised; }
-  // Between the whole of the parent and what the window was before. Nothing without a parent.
+  // Switches between the parent's whole rectangle and the window's earlier one. Does nothing
+  // without a parent.
   void ToggleMaximise();
 
  private:
@@ -51,7 +51,7 @@ class CWindowWidget : public CWidget {
   void DragEdges(SPoint pointer);
   void TakeRect(const CRect<int>& rect);
 
-  // Children, which the widget owns as such.
+  // Children, owned as such.
   CButtonWidget* myMaximiseButton = nullptr;
   CButtonWidget* myCloseButton = nullptr;
   CButtonWidget* myTitleBar = nullptr;

@@ -2,14 +2,26 @@
 
 #include "console/console.h"
 #include "console/consolecommand.h"
+#include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/task.h"
+#include "support/paths.h"
 
+#include <filesystem>
+#include <sstream>
 #include <string>
 
 namespace vask::test {
 
-// Starts the task with parameters as they stand in a script, and answers what the start answers.
+// The game's data files in the test's folder, under the name by which the program opens them.
+class CDataFolder {
+ public:
+  CDataFolder() { std::filesystem::create_directory_symlink(SourcePath("runtime/data"), "data"); }
+  ~CDataFolder() { std::filesystem::remove("data"); }
+  CDataFolder& operator=(CDataFolder&&) = delete;  // neither moved nor copied
+};
+
+// Starts the task with parameters as they stand in a script, and returns what the start returns.
 inline bool StartWith(CTask& task, const std::string& params) {
   struct CStart : CConsoleCommand {
     explicit CStart(CTask& t) : task(t) {}
@@ -25,6 +37,14 @@ inline bool StartWith(CTask& task, const std::string& params) {
   console.AddCommand("start", &command);
   console.Execute("start(" + params + ")", false);
   return command.isRunning;
+}
+
+// Executes each line of a script in the application console.
+inline void RunScript(const std::string& lines) {
+  std::istringstream script(lines);
+  for (std::string line; std::getline(script >> std::ws, line);) {
+    CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+  }
 }
 
 // Whether somebody has asked the kernel to quit: a run of it lasts one frame then.

@@ -1,16 +1,16 @@
 #include "events/eventrecorder.h"
 #include "gfx/text/textsprite.h"
 #include "input/keyboard.h"
-#include "kernel/applicationfactory.h"
+#include "input/keynames.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "support/testpicture.h"
 #include "tasks/taskdebug.h"
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
-#include "ui/windowwidget.h"
 #include "utils/assert.h"
 
 #include <gtest/gtest.h>
@@ -18,36 +18,38 @@
 #include <climits>
 #include <fstream>
 #include <regex>
+#include <tuple>
 
 namespace vask::test {
+namespace {
 
 // A run with the UI task and two debug tasks. As the name of a stopped task is taken for good, all
 // names hold the number of the run, for which "%" stands.
-struct CRun {
-  CRun() {
-    Execute("starttask(ui, ui%, 7);starttask(debug, debug%, 6);starttask(debug, other%, 6)");
-  }
-  ~CRun() {
-    Execute("stoptask(ui%);stoptask(debug%);stoptask(other%);stoptask(new%)"), ++ourNumber;
+class Debug : public testing::Test {
+ protected:
+  Debug() { Run("starttask(ui, ui%, 7);starttask(debug, debug%, 6);starttask(debug, other%, 6)"); }
+  ~Debug() override {
+    Run("stoptask(ui%);stoptask(debug%);stoptask(other%);stoptask(new%)");
+    ++ourNumber;
   }
 
   static std::string Numbered(const std::string& line) {
     return std::regex_replace(line, std::regex("%"), std::to_string(ourNumber));
   }
-  static void Execute(const std::string& line) {
-    CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(Numbered(line), false);
-  }
+  static void Run(const std::string& line) { RunScript(Numbered(line)); }
   static CTaskDebug& Task(const std::string& name = "debug%") {
     return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered(name)));
   }
-  static const auto& Windows() { return ui::CDesktopWidget::GetSingletonPtr()->GetChildren(); }
-  // Types into the line of the frontmost console and answers what it shows then; "^", "_" and "<"
-  // are the keys up, down and left.
+  // The consoles, while there is a desktop.
+  static std::size_t CountWindows() {
+    return ui::CDesktopWidget::GetSingletonPtr()->GetChildren().size();
+  }
+  static ui::CWidget& Window() { return *ui::CDesktopWidget::GetSingleton().GetChildren().front(); }
+  // Types into the line of the frontmost console and returns what it shows then.
   static std::string Type(const std::string& keys) {
-    SetFocus(Windows().front()->GetChildren().front()->GetChildren().front());
+    SetFocus(Window().GetChildren().front()->GetChildren().front());
     for (const char key : Numbered(keys)) {
-      const int code = key == '^' ? 273 : key == '_' ? 274 : key == '<' ? 276 : key;
-      ui::CKeyboardEvent event(ui::IEvent::kKeyDown, code, static_cast<std::uint8_t>(key));
+      ui::CKeyboardEvent event(ui::IEvent::kKeyDown, key, static_cast<std::uint8_t>(key));
       ui::CDesktopWidget::GetSingletonPtr()->HandleEvent(event);
     }
     const auto* line = dynamic_cast<ui::CTextInputWidget*>(ui::GetFocus());
@@ -55,191 +57,197 @@ struct CRun {
   }
 
   static inline int ourNumber = 0;
-  CFakeClock clock;
-  CTestScreen screen{200, 60};
+  CFakeClock myClock;
+  CTestScreen myScreen{200, 60};
 };
 
-struct CBinding : IKeyEvent {
+struct SBinding : IKeyEvent {
   bool Trigger(int) override { return ++fired > 0; }
   int fired = 0;
 };
 
-TEST(Debug, EscapeAndF1CloseTheConsolesAndReachNoBinding) {
-  const CRun run;
-  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
-  const CSmartPtr<IKeyEvent> event(new CBinding);
-  int& fired = static_cast<CBinding&>(*event).fired;
-  for (const int key : {27, 282}) {
-    keyboard.BindKey(key, event, -1000);
-    for (const int how : {0, 1, 2, 3}) {
-      const bool hasFocus = (how & 1) != 0;
-      const bool debugComesFirst = (how & 2) != 0;
-      run.Execute("debug%::ToggleConsole;other%::ToggleConsole");
-      EXPECT_EQ(hasFocus ? run.Type("`") : "`", "`");
-      CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
-      EXPECT_TRUE(dynamic_cast<ui::CWindowWidget&>(*run.Windows().front()).IsClosed());
-      debugComesFirst ? void() : keyboard.Update();
-      run.Task().Update();
-      run.Task("other%").Update();
-      keyboard.Update();
-      EXPECT_TRUE(run.Windows().empty()) << key << " " << how;
-      EXPECT_EQ(fired, 0) << key << " " << how;
-    }
+class DebugKeys : public Debug {
+ protected:
+  // How often the line that the key is bound to has run after another press.
+  int CountFiredAfter(int key) {
+    CKeyboard::GetSingletonPtr()->BindKey(key, myEvent, -1000);
     CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
-    keyboard.Update();
-    EXPECT_EQ(std::exchange(fired, 0), 1) << "no console is open";
+    CKeyboard::GetSingletonPtr()->Update();
+    return static_cast<SBinding&>(*myEvent).fired;
   }
-  run.Execute("debug%::ToggleConsole");
-  CEventBridge::GetSingletonPtr()->KeyDown(282, 0);
-  CEventBridge::GetSingletonPtr()->KeyDown(27, 0);
-  keyboard.Update();
-  EXPECT_EQ(fired, 0) << "it is closed, but stands while its task is paused";
-  run.Execute("debug%::ToggleConsole");
-  EXPECT_TRUE(run.Windows().empty());
+  ~DebugKeys() override { CKeyboard::DeleteSingleton(); }
+  const CSmartPtr<IKeyEvent> myEvent{new SBinding};
+};
+
+TEST_F(Debug, ACommandOpensTheConsole) {
+  RunScript(R"(
+      starttask( debug, debug, 60 )
+      debug::ToggleConsole
+      debug::RecordInput( "game.rec" )
+  )");
+  EXPECT_EQ(CountWindows(), 1U);
+  RunScript("stoptask(debug)");
 }
 
-TEST(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
-  const CRun run;
+TEST_F(DebugKeys, EscapeClosesTheConsolesAndFiresNothing) {
+  Run("debug%::ToggleConsole;other%::ToggleConsole");
+  EXPECT_EQ(CountFiredAfter(kEscapeKey), 0);
+  Task().Update();
+  Task("other%").Update();
+  EXPECT_EQ(CountWindows(), 0U);
+  EXPECT_EQ(CountFiredAfter(kEscapeKey), 1);
+}
+
+TEST_F(DebugKeys, F1ClosesAConsoleThatHasTheFocusAndFiresNothing) {
+  Run("debug%::ToggleConsole");
+  EXPECT_EQ(Type("`"), "`");
+  EXPECT_EQ(CountFiredAfter(kF1Key), 0);
+  EXPECT_EQ(CountFiredAfter(kEscapeKey), 0) << "it has not gone";
+  EXPECT_EQ(CountFiredAfter(kF1Key), 1) << "so the task hears of it while it pauses";
+  Task().Update();
+  EXPECT_EQ(CountWindows(), 0U);
+}
+
+TEST_F(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
   const CNotingHardware pointer;
-  run.Execute("starttask(mouse, mouse%, 5);mouse%::CursorHide");
-  for (const auto& [line, asked] : {std::pair("debug%::ToggleConsole", "show"),
-                                    {"other%::ToggleConsole;mouse%::CursorHide", "show"},
-                                    {"debug%::ToggleConsole", "show"},
-                                    {"other%::ToggleConsole", "hide"},
-                                    {"other%::ToggleConsole;mouse%::CursorShow", "show"},
-                                    {"other%::ToggleConsole", "show"}}) {
-    run.Execute(line);
-    EXPECT_EQ(pointer.last, asked) << line;
-  }
-  run.Execute("stoptask(mouse%)");
+  Run("starttask(mouse, mouse%, 5);mouse%::CursorHide");
+  Run("debug%::ToggleConsole");
+  EXPECT_EQ(pointer.last, "show");
+  Run("other%::ToggleConsole;mouse%::CursorHide;debug%::ToggleConsole");
+  EXPECT_EQ(pointer.last, "show") << "the other one is open";
+  Run("other%::ToggleConsole");
+  EXPECT_EQ(pointer.last, "hide");
+  Run("other%::ToggleConsole;mouse%::CursorShow;other%::ToggleConsole");
+  EXPECT_EQ(pointer.last, "show");
+  Run("stoptask(mouse%)");
 }
 
-TEST(Debug, ConsoleBrowsesItsHistoryAndCompletes) {
-  CRun run;
-  CLogCapture log;
-  run.Execute("debris = 1");
-  // Each in a console of its own: keys, and the text after them.
-  // clang-format off
-  const std::pair<const char*, const char*> cases[] = {
-      {"a\rb\r^", "a"}, {"a\rb\r^^", "a"}, {"a\rb\r^^_", "b"}, {"a\rb\r^^__", "b"}, {"b\r^", "b"}, {"a\r_", ""},
-      {"a\rb\rc^", "b"}, {"a\rb\rc^_", "c"}, {"a\rb\rc^_^", "c"}, {"a\r\r^", "a"}, {"^", ""}, {"QUI\t", "quit"}, {"a\rb\rc\r^^\r^", "c"},
-      {"debug%::ToggleConsole;debug%::ToggleConsole\rb\r^", "debug%::ToggleConsole;debug%::ToggleConsole"},
-      {"x = DEBR\t", "x = debris"}, {"help(qui)<\t", "help(quit)"}, {"a;oth\t", "a;other%::"}, {"f(oth\t", "f(other%"},
-      {"f(1);oth\t", "f(1);other%::"}, {"OTH\t", "OTH"}, {"other%::qui\t", "other%::qui"}, {"de\t", "deb"}};
-  // clang-format on
-  for (const auto& [keys, text] : cases) {
-    run.Execute("debug%::ToggleConsole");
-    EXPECT_EQ(run.Type(keys), run.Numbered(text));
-    run.Execute("debug%::ToggleConsole");
-    EXPECT_TRUE(run.Windows().empty());
-  }
-  EXPECT_NE(log.Text().find("a\na\nb\nb\na\n"), std::string::npos) << "lines and results";
-  EXPECT_TRUE(log.Has(run.Numbered("debris  debug%::"))) << "choices";
+TEST_F(Debug, ALineMayCloseAndOpenConsoles) {
+  Run("debug%::ToggleConsole");
+  Type("debug%::ToggleConsole;debug%::ToggleConsole\r");
+  Task().Update();
+  EXPECT_EQ(CountWindows(), 1U);
+  Type("other%::ToggleConsole\r");
+  EXPECT_EQ(CountWindows(), 2U);
+  Run("other%::ToggleConsole");
+  Type("debug%::ToggleConsole\r");
+  Task().Update();
+  EXPECT_EQ(CountWindows(), 0U);
 }
 
-TEST(Debug, ExecutedLinesMayEndWhatExecutesThem) {
-  // What is typed; how many windows there are after the next frame (9: there is none); whose
-  // console is opened again.
-  // clang-format off
-  const std::tuple<std::string, std::size_t, std::string> cases[] = {
-      {"debug%::ToggleConsole", 0, "debug%"}, {"debug%::ToggleConsole;debug%::ToggleConsole", 1, ""},
-      {"other%::ToggleConsole", 2, ""}, {"stoptask(debug%)", 0, "other%"}, {"stoptask(ui%)", 0, "debug%"},
-      {"stoptask(ui%)", 9, "debug%"}, {"stoptask(ui%);debug%::ToggleConsole", 0, "debug%"},
-      {"stoptask(debug%);debug%::ToggleConsole;stoptask(ui%)", 0, "other%"}, {"stoptask(ui%);stoptask(debug%)", 0, "other%"},
-      {"stoptask(ui%);starttask(ui, new%, 70)", 0, "debug%"},
-      {"stoptask(debug%);starttask(debug, new%, 60);new%::ToggleConsole", 1, ""}};
-  // clang-format on
-  for (const auto& [typed, windows, again] : cases) {
-    CRun run;
-    run.Execute("debug%::ToggleConsole"), run.Type(typed + "\r");
-    windows < 9 ? run.Task().Update() : void();
-    EXPECT_EQ(run.Windows().size(), windows % 9) << typed;
-    run.Execute(again + "::ToggleConsole");
-    EXPECT_EQ(run.Type("x"), "x") << typed;
-  }
+TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
+  Run("debug%::ToggleConsole");
+  Type("stoptask(ui%);starttask(ui, new%, 70)\r");
+  EXPECT_EQ(CountWindows(), 0U);
+  Run("debug%::ToggleConsole");
+  EXPECT_EQ(Type("x"), "x") << "another console";
+  Type(";stoptask(debug%);other%::ToggleConsole\r");
+  EXPECT_EQ(CountWindows(), 1U);
+  EXPECT_EQ(Type("x"), "x") << "the other task's";
 }
 
-TEST(Debug, CountsFrames) {
-  CRun run;
-  const std::vector<CSprite*>& sprites = CScreenLayer::GetSingletonPtr()->GetChildren();
-  CScreenLayer::GetSingletonPtr()->DrawFrame();
-  EXPECT_EQ(sprites[1]->GetRect(), (CRect<int>{115, 10, 75, 20}));
-  EXPECT_NE(run.screen.At(185, 20), 0) << "has a backdrop";
-  // Frames and their length in milliseconds; text and figures after them.
-  // clang-format off
-  const std::tuple<int, unsigned, std::string, float, unsigned, unsigned> cases[] = {
-      {60, 16, "", 0, UINT_MAX, 0}, {1, 40, "Fps: 61", 61, 61, 61}, {1, 999, "Fps: 61", 61, 61, 61},
-      {1, 1, "Fps: 2", 31.5F, 2, 61}, {100, 10, "Fps: 100", 65.75F, 2, 100}};
-  // clang-format on
-  for (const auto& [frames, length, shown, average, lowest, highest] : cases) {
+TEST_F(Debug, CountsFramesOverAtLeastASecond) {
+  // The text and the figures after so many frames.
+  const auto after = [this](int frames, unsigned milliseconds) {
     for (int i = 0; i < frames; ++i) {
-      run.clock.Advance(length), run.Task().Update();
+      myClock.Advance(milliseconds);
+      Task().Update();
     }
-    const auto [mean, least, most] = run.Task().GetFrameRate();
-    EXPECT_EQ(dynamic_cast<CTextSprite&>(*sprites[1]).GetText(), shown);
-    EXPECT_TRUE(mean == average && least == lowest && most == highest) << shown;
-  }
-  run.Execute("stoptask(debug%)");
-  EXPECT_EQ(sprites.size(), 1U) << "that of the other task";
+    const auto& text = dynamic_cast<CTextSprite&>(*CScreenLayer::GetSingleton().GetChildren()[1]);
+    const auto [average, lowest, highest] = Task().GetFrameRate();
+    return std::tuple(text.GetText(), average, lowest, highest);
+  };
+  EXPECT_EQ(after(60, 16), std::tuple("", 0.0F, UINT_MAX, 0U));
+  EXPECT_EQ(after(1, 40), std::tuple("Fps: 61", 61.0F, 61U, 61U));
+  EXPECT_EQ(after(1, 999), std::tuple("Fps: 61", 61.0F, 61U, 61U));
+  EXPECT_EQ(after(1, 1), std::tuple("Fps: 2", 31.5F, 2U, 61U));
+  EXPECT_EQ(after(100, 10), std::tuple("Fps: 100", 65.75F, 2U, 100U));
 }
 
-TEST(Debug, TheFrameRateShowsAsItsVariableSaysAndUnderTheConsole) {
-  CEventBridge::GetSingletonPtr()->Resize(800, 600);
-  const CRun run;
+TEST_F(Debug, TheFrameRateShowsAsItsVariableSays) {
   const auto& texts = CScreenLayer::GetSingletonPtr()->GetChildren();
-  for (const auto& [line, shown] :
-       {std::pair("", 2U), {"debug_show_fps = 0", 1}, {"debug_show_fps = 1", 2}}) {
-    run.Execute(line);
-    run.Task().Update();
-    EXPECT_EQ(texts.size(), shown) << line;
-  }
-  CSprite* text = texts.front();
-  run.Execute("debug%::ToggleConsole");
-  EXPECT_LT(run.Windows().front()->GetDepth(), text->GetZ());
-  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
-  bridge.MouseMove(120, 15, 0, 0);
-  bridge.MouseButtonDown(1);
-  bridge.MouseMove(130, 25, 10, 10);
-  bridge.MouseButtonUp(1);
-  EXPECT_EQ(run.Windows().front()->GetRect().x, 20);
-  EXPECT_EQ(text->GetX(), 115) << "the console lies over it";
+  Run("debug_show_fps = 0");
+  Task().Update();
+  EXPECT_EQ(texts.size(), 1U) << "that of the other task";
+  Run("debug_show_fps = 1");
+  Task().Update();
+  EXPECT_EQ(texts.front()->GetRect(), (CRect<int>{115, 10, 75, 20}));
+  CScreenLayer::GetSingletonPtr()->DrawFrame();
+  EXPECT_NE(myScreen.At(185, 20), 0U) << "its backdrop";
+  Run("stoptask(debug%)");
+  EXPECT_EQ(texts.size(), 1U);
 }
 
-TEST(Debug, CommandsReachTheirOwnTaskOrComplain) {
-  CRun run;
-  // A line, what it complains of, whether assertions are banned after it.
-  // clang-format off
-  const std::string ban = "BanAsserts - command, need atleast on parameter. 1 = ban assert dialog box, 0 = allow assert dialog box.\n";
-  const std::string file = "Input -command, requires atleast one parameter, the file recording is saved to.\n";
-  const std::tuple<const char*, std::string, bool> cases[] = {
-      {"BanAsserts(1)", "", true}, {"BanAsserts", ban, true}, {"BanAsserts(off)", ban, true}, {"BanAsserts(0.9)", "", false},
-      {"banasserts(-2)", "", true}, {"BanAsserts(0)", "", false}, {"RecordInput", "Record" + file, false},
-      {"RecordInput(5)", "Record" + file, false}, {"PlaybackInput(5)", "Playback" + file, false}};
-  // clang-format on
-  for (const auto& [line, complaint, isBanned] : cases) {
-    CLogCapture log;
-    EXPECT_TRUE(run.Task().ExecuteCommand(line) && AreAssertsBanned() == isBanned) << line;
-    EXPECT_EQ(log.Text(), complaint) << line;
-    EXPECT_TRUE(complaint.empty() || log.Lines()[0].level == kLogError);
-  }
+TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
+  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
+  bridge.Resize(800, 600);
+  const CSprite& text = *CScreenLayer::GetSingletonPtr()->GetChildren().front();
+  const auto dragged = [&](int x) {
+    bridge.MouseMove(x, 15, 0, 0);
+    bridge.MouseButtonDown(1);
+    bridge.MouseMove(x + 10, 25, 10, 10);
+    bridge.MouseButtonUp(1);
+    return text.GetX();
+  };
+  Run("debug%::ToggleConsole");
+  EXPECT_LT(Window().GetDepth(), text.GetZ());
+  EXPECT_EQ(dragged(120), 115);
+  Run("debug%::ToggleConsole");
+  EXPECT_EQ(dragged(120), 125);
+}
+
+TEST_F(Debug, BansAssertions) {
+  const auto isBannedAfter = [](const char* line) {
+    EXPECT_TRUE(Task().ExecuteCommand(line));
+    return AreAssertsBanned();
+  };
+  const CLogCapture log;
+  EXPECT_TRUE(isBannedAfter("BanAsserts(1)"));
+  EXPECT_FALSE(isBannedAfter("BanAsserts(0.9)"));
+  EXPECT_TRUE(isBannedAfter("banasserts(-2)"));
+  EXPECT_TRUE(log.Lines().empty());
+  EXPECT_TRUE(isBannedAfter("BanAsserts"));
+  EXPECT_TRUE(isBannedAfter("BanAsserts(off)"));
+  EXPECT_EQ(log.Count("BanAsserts - command, need atleast on parameter. 1 = ban assert dialog box, "
+                      "0 = allow assert dialog box."),
+            2U);
+  EXPECT_FALSE(isBannedAfter("BanAsserts(0)"));
+}
+
+TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
+  const CLogCapture log;
+  Run("debug%::RecordInput;debug%::RecordInput(5);debug%::PlaybackInput;debug%::PlaybackInput(5)");
+  const std::string usage =
+      "Input -command, requires atleast one parameter, the file recording is saved to.";
+  EXPECT_EQ(log.Count("Record" + usage), 2U);
+  EXPECT_EQ(log.Count("Playback" + usage), 2U);
   std::ofstream("game.rec") << "1\n0 mm 3 4\n7 md 1\n";
-  run.Execute("debug%::PlaybackInput(game.rec);other%::RecordInput(copy.rec)");
-  run.Task().Update();
+  Run("debug%::PlaybackInput(game.rec);other%::RecordInput(copy.rec)");
+  Task().Update();
   const auto playbackClock = GetGlobalTimerImpl();
-  run.Execute("debug%::RecordInput(new.rec)");
+  Run("debug%::RecordInput(new.rec)");
   EXPECT_FALSE(GetGlobalTimerImpl() == playbackClock) << "the playback has ended";
   CEventBridge::GetSingletonPtr()->MouseMove(5, 6, 0, 0);
-  run.Execute("other%::ToggleConsole;stoptask(debug%)");
+  Run("stoptask(debug%)");
   CEventBridge::GetSingletonPtr()->MouseButtonUp(1);
   std::stringstream records;
   records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
   const std::regex seedOrTime("(^|\n)[0-9]+");
   EXPECT_EQ(std::regex_replace(records.str(), seedOrTime, ""), " mm 5 6 mm 3 4 mm 5 6 mu 1\n");
-  GetDebugCommands()[0].command->Execute();
-  EXPECT_TRUE(run.Windows().empty()) << "the commands are still the other task's";
-  run.Execute("stoptask(other%)");
-  GetDebugCommands()[0].command->Execute();
-  EXPECT_TRUE(run.Windows().empty() && !run.Task().ExecuteCommand("ToggleConsole"));
 }
 
+TEST_F(Debug, AnExitTakesNoCommandFromTheOtherTask) {
+  CConsoleCommand& toggle = *GetDebugCommands()[0].command;
+  Run("other%::BanAsserts(0);stoptask(debug%)");
+  toggle.Execute();
+  EXPECT_EQ(CountWindows(), 1U) << "it is still the other's";
+  Run("stoptask(other%)");
+  EXPECT_EQ(toggle.Execute(), "");
+  EXPECT_EQ(CountWindows(), 0U);
+  EXPECT_FALSE(Task().ExecuteCommand("ToggleConsole"));
+  EXPECT_TRUE(Task().Start()) << "it wants updates";
+  Task().Exit();
+}
+
+}  // namespace
 }  // namespace vask::test

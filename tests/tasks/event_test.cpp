@@ -7,151 +7,140 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace vask::test {
+namespace {
 
-class CEventTest : public testing::Test {
+SDL_Event Focus(int gain, int state) {
+  return {.active = {SDL_ACTIVEEVENT, static_cast<Uint8>(gain), static_cast<Uint8>(state)}};
+}
+SDL_Event Key(int type, SDLKey key, int character = 0, int scancode = 0) {
+  return {.key = {static_cast<Uint8>(type),
+                  0,
+                  0,
+                  {static_cast<Uint8>(scancode), key, KMOD_NONE, static_cast<Uint16>(character)}}};
+}
+SDL_Event Button(int type, int button) {
+  return {.button = {static_cast<Uint8>(type), 0, static_cast<Uint8>(button), 0, 0, 0}};
+}
+
+class EventTask : public testing::Test {
  protected:
-  CEventTest() {
+  EventTask() {
     SDL_Init(SDL_INIT_VIDEO);
     sdl::OpenVideoMode(32, 32, 32, 0);
     myTask.Start();
     myTask.Update();  // the window's own first events
+    myRecord.clear();
   }
-  ~CEventTest() override {
+  ~EventTask() override {
     myTask.Exit();
     SDL_Quit();
   }
 
-  void Hear(std::vector<SDL_Event> events) {
-    for (SDL_Event& event : events) {
-      ASSERT_EQ(SDL_PushEvent(&event), 0);
-    }
+  static void Push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
+  // What the bridge tells its listeners of the events, and has told them before.
+  std::string Heard(const std::vector<SDL_Event>& events) {
+    std::ranges::for_each(events, Push);
     myTask.Update();
+    return std::exchange(myRecord, {});
   }
 
   CEventBridge& myBridge = *CEventBridge::GetSingletonPtr();
   CTaskEventSDL myTask;
+  std::string myRecord;
+  CEventRecorder myRecorder{"", myRecord};
 };
 
-const SDL_Event kReturnDown{.key = {SDL_KEYDOWN, 0, 0, {36, SDLK_RETURN, KMOD_NONE, 0}}};
-const SDL_Event kReturnUp{.key = {SDL_KEYUP, 0, 0, {36, SDLK_RETURN, KMOD_NONE, 0}}};
-const SDL_Event kUnknownDown{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_UNKNOWN, KMOD_NONE, '^'}}};
-const SDL_Event kFocusLost{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS}};
-const SDL_Event kRightDown{.button = {SDL_MOUSEBUTTONDOWN, 0, 3, 0, 0, 0}};
-const SDL_Event kRightUp{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}};
-
-TEST_F(CEventTest, EveryEventReachesItsListeners) {
-  // clang-format off
-  const std::pair<SDL_Event, const char*> cases[] = {
-      {{.active = {SDL_ACTIVEEVENT, 1, SDL_APPINPUTFOCUS}}, "focus 1 0\n"},
-      {{.active = {SDL_ACTIVEEVENT, 0, SDL_APPINPUTFOCUS | SDL_APPACTIVE}}, "focus 0 0\n"},
-      {{.active = {SDL_ACTIVEEVENT, 1, SDL_APPMOUSEFOCUS | SDL_APPACTIVE}}, ""},
-      {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_a, KMOD_NONE, 'A'}}}, "down 97 65\n"},
-      {{.key = {SDL_KEYUP, 0, 0, {0, SDLK_a, KMOD_NONE, 127}}}, "up 97 127\n"},
-      {{.key = {SDL_KEYDOWN, 0, 0, {0, SDLK_F1, KMOD_NONE, 128}}}, "down 282 0\n"},
-      {{.key = {SDL_KEYDOWN, 0, 0, {49, SDLK_QUOTE, KMOD_NONE, 39}}}, "down 39 39\n"},  // no key code of X
-      {{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}, "move 60000 7\nby -3 4\n"},
-      {{.button = {SDL_MOUSEBUTTONDOWN, 0, 1, 0, 0, 0}}, "press 1 0\n"},
-      {{.button = {SDL_MOUSEBUTTONDOWN, 0, 2, 0, 0, 0}}, "press 2 0\n"},
-      {{.button = {SDL_MOUSEBUTTONUP, 0, 3, 0, 0, 0}}, "release 4 0\n"},
-      {{.button = {SDL_MOUSEBUTTONUP, 0, 5, 0, 0, 0}}, "release 16 0\n"},
-      {{.button = {SDL_MOUSEBUTTONUP, 0, 6, 0, 0, 0}}, "release 0 0\n"},
-      {{.resize = {SDL_VIDEORESIZE, 70, 50}}, "resize 70 50\n"},
-      {{.resize = {SDL_VIDEORESIZE, 70, 50}}, ""},
-      {{.expose = {SDL_VIDEOEXPOSE}}, ""}, {{.quit = {SDL_QUIT}}, ""},
-  };
-  // clang-format on
-  std::string record;
-  std::string expected;
-  const CEventRecorder recorder("", record);
-  for (auto [event, heard] : cases) {
-    ASSERT_EQ(SDL_PushEvent(&event), 0);
-    expected += heard;
-  }
-  myTask.Update();
-  EXPECT_EQ(record, expected);
+TEST_F(EventTask, EveryEventReachesItsListeners) {
+  EXPECT_EQ(Heard({Focus(1, SDL_APPINPUTFOCUS)}), "focus 1 0\n");
+  EXPECT_EQ(Heard({Focus(0, SDL_APPINPUTFOCUS | SDL_APPACTIVE)}), "focus 0 0\n");
+  EXPECT_EQ(Heard({Focus(1, SDL_APPMOUSEFOCUS | SDL_APPACTIVE)}), "");
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_a, 'A')}), "down 97 65\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_DELETE, 127)}), "down 127 127\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYUP, SDLK_a, 128)}), "up 97 0\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_QUOTE, 39, 49)}), "down 39 39\n") << "no scancode of X";
+  EXPECT_EQ(Heard({{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}}),
+            "move 60000 7\nby -3 4\n");
+  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONDOWN, 2)}), "press 2 0\n");
+  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 3)}), "release 4 0\n");
+  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 4)}), "release 8 0\n");
+  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 5)}), "release 16 0\n");
+  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 6)}), "release 0 0\n");
+  EXPECT_EQ(Heard({{.resize = {SDL_VIDEORESIZE, 70, 50}}}), "resize 70 50\n");
+  EXPECT_EQ(Heard({{.resize = {SDL_VIDEORESIZE, 70, 50}}}), "") << "it has that size";
+  EXPECT_EQ(Heard({{.resize = {SDL_VIDEORESIZE, 70, 60}}}), "resize 70 60\n");
   EXPECT_EQ(SDL_EnableUNICODE(-1), 1);
+  EXPECT_EQ(Heard({{.quit = {SDL_QUIT}}}), "");
   EXPECT_TRUE(IsQuitting());
 }
 
-TEST_F(CEventTest, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
+TEST_F(EventTask, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
   const struct {
     const char* name;
-    std::function<void()> lose, comeBack;
+    std::function<void()> lose;
+    std::function<void()> comeBack;
   } losses[] = {
-      {"the focus goes", [&] { Hear({kFocusLost}); }, [] {}},
+      {"the focus goes", [] { Push(Focus(0, SDL_APPINPUTFOCUS)); }, [] {}},
       {"the task pauses", [&] { myTask.Pause(); }, [&] { myTask.Resume(); }},
       {"the task ends", [&] { myTask.Exit(); }, [&] { myTask.Start(); }},
       {"video ends", sdl::Quit, [] { SDL_Init(SDL_INIT_VIDEO); }},
-      {"video starts anew",
-       [] {
-         sdl::Quit();
-         SDL_Init(SDL_INIT_VIDEO);
-       },
-       [] {}},
   };
+  const SDL_Event down = Key(SDL_KEYDOWN, SDLK_RETURN), up = Key(SDL_KEYUP, SDLK_RETURN);
+  myBridge.RemoveWindowListener(&myRecorder);
   for (const auto& loss : losses) {
     SCOPED_TRACE(loss.name);
-    std::string record;
-    CEventRecorder recorder("", record);
-    myBridge.RemoveWindowListener(&recorder);
-    Hear({kReturnDown, kUnknownDown, kRightDown});
+    Heard({down, Key(SDL_KEYDOWN, SDLK_UNKNOWN, '^'), Button(SDL_MOUSEBUTTONDOWN, 3)});
     loss.lose();
-    Hear({});
-    EXPECT_EQ(record, "down 13 0\ndown 0 94\npress 4 0\nup 13 0\nrelease 4 0\n");
-    record.clear();
+    EXPECT_EQ(Heard({}), "up 13 0\nrelease 4 0\n");
     loss.comeBack();
-    Hear({kReturnUp, kRightUp, kReturnDown, kReturnUp});
-    EXPECT_EQ(record, "down 13 0\nup 13 0\n");
+    EXPECT_EQ(Heard({up, Button(SDL_MOUSEBUTTONUP, 3)}), "");
+    EXPECT_EQ(Heard({down, up}), "down 13 0\nup 13 0\n");
   }
 }
 
-TEST_F(CEventTest, AListenerThatPausesTheTaskKeepsNoPressFromTheOthers) {
-  std::string record;
-  CEventRecorder pauser("a ", record);
-  const CEventRecorder other("b ", record);
-  pauser.react = [&] { myTask.Pause(); };
-  Hear({kReturnDown, kRightDown});
-  EXPECT_EQ(record, "a down 13 0\nb down 13 0\na up 13 0\nb up 13 0\n");
+TEST_F(EventTask, AListenerThatPausesItKeepsNoPressFromTheOthers) {
+  const CEventRecorder other("other ", myRecord);
+  myRecorder.react = [&] { myTask.Pause(); };
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_RETURN), Button(SDL_MOUSEBUTTONDOWN, 3)}),
+            "down 13 0\nother down 13 0\nup 13 0\nother up 13 0\n");
 }
 
-TEST_F(CEventTest, CursorChangesOnlyToOtherKnownTypes) {
+TEST_F(EventTask, TheCursorChangesOnlyToOtherKnownTypes) {
   SDL_Cursor* const initial = SDL_GetCursor();
-  for (const int type : {0, -1, 10}) {
-    myBridge.ChangeCursor(type);
-    EXPECT_EQ(SDL_GetCursor(), initial) << type;
+  for (const int unknown : {0, -1, 10}) {
+    myBridge.ChangeCursor(unknown);
+    EXPECT_EQ(SDL_GetCursor(), initial) << unknown;
   }
   for (int type = 1; type <= 9; ++type) {
     const SDL_Cursor* previous = SDL_GetCursor();
     myBridge.ChangeCursor(type);
-    EXPECT_NE(SDL_GetCursor(), previous);
+    EXPECT_NE(SDL_GetCursor(), previous) << type;
   }
   myTask.Exit();
   EXPECT_EQ(SDL_GetCursor(), initial);
 }
 
-TEST(TaskMouseTest, ConsoleLinesReachTheCursorFromTheStartToTheExit) {
-  // clang-format off
-  const std::pair<const char*, const char*> cases[] = {
-      {"CursorHide( 1, 2 )", "hide"}, {"cursorshow", "show"}, {"CursorChangeTo( cursor_hand )", "type 4"},
-      {"CursorChangeTo( cursor_resize_diagonal2 )", "type 9"}, {"CursorChangeTo( Cursor_Hand )", "type 0"},
-      {"CursorChangeTo( 4 )", ""}, {"CursorChangeTo", ""}, {"CaptureInput( 2.5 )", "grab"},
-      {"CaptureInput( -0.9 )", "release"}, {"CaptureInput( yes )", ""}, {"CaptureInput()", ""},
-  };
-  // clang-format on
+TEST(MouseTask, ConsoleLinesReachTheCursor) {
   CNotingHardware hardware;
-  CTaskMouse task;
-  for (const bool isRunning : {false, true, false, true}) {
-    for (const auto& [line, expected] : cases) {
-      hardware.last.clear();
-      EXPECT_TRUE(task.ExecuteCommand(line));
-      EXPECT_EQ(hardware.last, isRunning ? expected : "") << line;
-    }
-    isRunning ? task.Exit() : static_cast<void>(task.Start());
-  }
+  const auto wanted = [&hardware](const std::string& line) {
+    RunScript("mouse::" + line);
+    return std::exchange(hardware.last, "");
+  };
+  RunScript(R"(
+      starttask( mouse, mouse, 10 )
+      mouse::CursorChangeTo( cursor_hand )
+  )");
+  EXPECT_EQ(wanted("CursorHide( 1, 2 )"), "hide");
+  EXPECT_EQ(wanted("cursorshow"), "show");
+  EXPECT_EQ(wanted("CursorChangeTo( Cursor_Hand )"), "type 0");
+  EXPECT_EQ(wanted("CursorChangeTo"), "");
+  EXPECT_EQ(wanted("CaptureInput( 2.5 )"), "grab");
+  EXPECT_EQ(wanted("CaptureInput( -0.9 )"), "release");
+  EXPECT_EQ(wanted("CaptureInput"), "");
+  RunScript("stoptask( mouse )");
+  EXPECT_EQ(wanted("CursorHide"), "");
 }
 
+}  // namespace
 }  // namespace vask::test

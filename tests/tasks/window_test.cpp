@@ -1,5 +1,7 @@
 #include "events/eventbridge.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/sdl/video.h"
+#include "support/logcapture.h"
 #include "support/tasks.h"
 #include "tasks/taskwindowsdl.h"
 
@@ -8,9 +10,10 @@
 #include <memory>
 
 namespace vask::test {
+namespace {
 
-// What there is to see.
-static std::string Seen() {
+// The size, the mode and the title of the window.
+std::string Seen() {
   char* title = nullptr;
   SDL_WM_GetCaption(&title, nullptr);
   const SDL_Surface& screen = *SDL_GetVideoSurface();
@@ -18,66 +21,89 @@ static std::string Seen() {
          ((screen.flags & SDL_FULLSCREEN) != 0 ? " full " : " ") + (title != nullptr ? title : "");
 }
 
-class CWindowTest : public testing::Test {
+class WindowTask : public testing::Test {
  protected:
-  void TearDown() override {
+  ~WindowTask() override {
     myTask.reset();
     SDL_Quit();
   }
-  void Start(const std::string& params) { EXPECT_FALSE(StartWith(*myTask, params)); }
+  void Start(const std::string& params) {
+    SDL_Quit();
+    myTask = std::make_unique<CTaskWindowSDL>();
+    EXPECT_FALSE(StartWith(*myTask, params)) << "it needs no updates";
+  }
   std::string Run(const std::string& line) { return myTask->GetConsole()->Execute(line, false); }
+  std::string SeenAfter(const std::string& line) {
+    EXPECT_EQ(Run(line), "") << line;
+    EXPECT_EQ(CEventBridge::GetSingletonPtr()->GetWidth(), SDL_GetVideoSurface()->w) << line;
+    return Seen();
+  }
 
   std::unique_ptr<CTaskWindowSDL> myTask = std::make_unique<CTaskWindowSDL>();
 };
 
-// clang-format off
-TEST_F(CWindowTest, StartsAsItsParametersSay) {
-  const std::uint32_t usual = SDL_RESIZABLE | SDL_ANYFORMAT;
-  const struct { const char* params; const char* seen; std::uint32_t flags; } cases[] = {
-      // First: the compatibility library keeps a title beyond SDL_Quit.
-      {"320, 200, 16, 0, 1, \"\", \"\", 0", "320 x 200 ", SDL_RESIZABLE | SDL_NOFRAME},
-      {"", "640 x 480 SDL Window", usual}, {"320.9, 200.9", "320 x 200 SDL Window", usual},
-      {"320, 200, 32, 0, 0, Brumble", "320 x 200 Brumble", 0},
-      {"320, 200, 0, 1, 1", "320 x 200 full SDL Window", 0},
-      {"wide, 200, deep, no, no, 7, 7, no", "640 x 200 SDL Window", usual},
+TEST_F(WindowTask, StartsAsItsParametersSay) {
+  const auto expect = [this](const char* params, const char* seen, std::uint32_t flags) {
+    Start(params);
+    EXPECT_EQ(Seen(), seen);
+    EXPECT_EQ(myTask->GetFlags(), flags) << params;
   };
-  for (const auto& c : cases) {
-    SDL_Quit();
-    myTask = std::make_unique<CTaskWindowSDL>();
-    Start(c.params);
-    EXPECT_EQ(Seen(), c.seen);
-    EXPECT_EQ(myTask->GetFlags(), c.flags) << c.params;
+  constexpr std::uint32_t kUsual = SDL_RESIZABLE | SDL_ANYFORMAT;
+  // First: the compatibility library keeps a title beyond SDL_Quit.
+  expect(R"(320, 200, 16, 0, 1, "", "", 0)", "320 x 200 ", SDL_RESIZABLE | SDL_NOFRAME);
+  expect("", "640 x 480 SDL Window", kUsual);
+  expect("320.9, 200.9", "320 x 200 SDL Window", kUsual);
+  expect("320, 200, 32, 0, 0, Brumble", "320 x 200 Brumble", 0);
+  expect("320, 200, 0, 1, 1", "320 x 200 full SDL Window", 0);
+  expect("wide, 200, deep, no, no, 7, 7, no", "640 x 200 SDL Window", kUsual);
+}
+
+TEST_F(WindowTask, CommandsChangeTheWindow) {
+  const CLogCapture log;
+  EXPECT_TRUE(myTask->ExecuteCommand("Fullscreen")) << "nothing before the start";
+  Start("100, 80, 32, 0, 0, Small, start.bmp");
+  EXPECT_EQ(Gfx::NewSurfaceFlags(), 0U);
+  EXPECT_TRUE(log.Has("Valid resolutions for current flags"));
+  EXPECT_EQ(SeenAfter("SetName(\"A title\")"), "100 x 80 A title");
+  EXPECT_EQ(SeenAfter("SetName"), "100 x 80 ");
+  EXPECT_EQ(SeenAfter("Resize(120)"), "120 x 80 ");
+  EXPECT_EQ(SeenAfter("Resize(word, 90.9)"), "120 x 90 ");
+  EXPECT_EQ(SeenAfter("Fullscreen"), "120 x 90 full ");
+  EXPECT_EQ(SeenAfter("fullscreen"), "120 x 90 ");
+  EXPECT_EQ(Run("Resize"), "[ERROR] You should give atleast two parameters");
+  EXPECT_EQ(Run("SetIcon"), "[ERROR] You have to give atleast one parameter");
+  Run("SetIcon(set.bmp)");
+  for (const std::string icon : {"start.bmp", "set.bmp"}) {
+    EXPECT_TRUE(log.Has(" CApplicationSDL::WindowSetIcon() Could not load file: " + icon));
   }
 }
 
-TEST_F(CWindowTest, Commands) {
+TEST_F(WindowTask, TakesAnIconOf32By32Pixels) {
   Start("100, 80, 32");
-  const struct { const char* line; const char* answer; const char* seen; } cases[] = {
-      {"SetName(\"A title\")", "", "100 x 80 A title"}, {"SetName", "", "100 x 80 "},
-      {"Resize(120)", "", "120 x 80 "}, {"Resize(word, 90.9)", "", "120 x 90 "},
-      {"Resize", "[ERROR] You should give atleast two parameters", "120 x 90 "},
-      {"SetIcon", "[ERROR] You have to give atleast one parameter", "120 x 90 "},
-      {"Fullscreen", "", "120 x 90 full "}, {"fullscreen", "", "120 x 90 "},
+  const auto complaint = [this](int width, int height) {
+    SDL_Surface* icon = SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 24, 0, 0, 0, 0);
+    SDL_SaveBMP(icon, "icon.bmp");
+    SDL_FreeSurface(icon);
+    const CLogCapture log;
+    Run("SetIcon(icon.bmp)");
+    return log.Text();
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Run(c.line), c.answer) << c.line;
-    EXPECT_EQ(Seen(), c.seen) << c.line;
-    EXPECT_EQ(CEventBridge::GetSingletonPtr()->GetWidth(), SDL_GetVideoSurface()->w) << c.line;
-  }
+  EXPECT_EQ(complaint(32, 32), "");
+  const std::string about = " CApplicationSDL::WindowSetIcon() Image's (icon.bmp) ";
+  EXPECT_EQ(complaint(33, 32), about + "width is larger than 32 pixels \n");
+  EXPECT_EQ(complaint(32, 33), about + "height is larger than 32 pixels \n");
 }
-// clang-format on
 
-TEST_F(CWindowTest, HooksAreSafeInAnyOrderAndAFailedModeIsOnlyLogged) {
-  EXPECT_TRUE(myTask->ExecuteCommand("Fullscreen"));
+TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
   Start("100, 80, 32, 0, 0, Small");
-  for (const char* line : {"Resize(-1, -1)", "Resize(70000, 70000)"}) {
-    Run(line);
-    EXPECT_EQ(myTask->GetScreen(), nullptr);
-    EXPECT_EQ(sdl::GetVideoSurface(), nullptr);
-  }
-  Run("Resize(70, 60)");
-  EXPECT_NE(myTask->GetScreen(), nullptr);
-  myTask->Exit();
+  const CLogCapture log;
+  Run("Resize(-1, -1)");
+  Run("Resize(70000, 70000)");
+  EXPECT_EQ(myTask->GetScreen(), nullptr);
+  EXPECT_EQ(log.Count("Error creating the new window"), 2U);
+  EXPECT_EQ(SeenAfter("Resize(70, 60)"), "70 x 60 Small");
+  EXPECT_FALSE(myTask->Start()) << "a second start changes nothing";
+  EXPECT_EQ(Seen(), "70 x 60 Small");
   myTask->Exit();
   Run("Resize(10, 10)");
   EXPECT_FALSE(sdl::HasVideo());
@@ -85,4 +111,5 @@ TEST_F(CWindowTest, HooksAreSafeInAnyOrderAndAFailedModeIsOnlyLogged) {
   EXPECT_EQ(Seen(), "640 x 480 SDL Window") << "the defaults";
 }
 
+}  // namespace
 }  // namespace vask::test

@@ -1,119 +1,134 @@
 #include "ui/uitask.h"
 
-#include "events/eventbridge.h"
 #include "input/keyboard.h"
-#include "support/paths.h"
-#include "ui/desktopwidget.h"
-#include "ui/gfxhandler.h"
 #include "ui/mouse.h"
-#include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+#include "ui/uitest.h"
+#include "ui/widgetfactory.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-namespace vask {
+namespace vask::ui {
 namespace {
 
-using ui::CDesktopWidget;
+class CMouseSpy : public CWidget {
+ public:
+  CMouseSpy() : CWidget(Desktop(), {0, 0, 800, 600}, false, "", {}) {}
+  void OnMouseEvent(CMouseEvent& event) override { last = event; }
+  CMouseEvent last{0, {}, 0, nullptr};
+};
 
-constexpr int kBoundKey = 'p';
-constexpr int kFreeKey = 'q';
+TEST_F(UiTest, MouseEventsCarryTheButtonsThatAreHeld) {
+  auto* spy = new CMouseSpy;
+  const auto expect = [spy](int buttons, int held) {
+    EXPECT_EQ(spy->last.GetButtons(), buttons);
+    EXPECT_EQ(spy->last.GetMouse()->GetButtons(), held);
+  };
+  Press({100, 50});
+  expect(kLeftButton, kLeftButton);
+  Bridge().MouseButtonDown(kRightButton);
+  expect(kRightButton, kLeftButton | kRightButton);
+  Move({130, 52});
+  expect(kLeftButton | kRightButton, kLeftButton | kRightButton);
+  EXPECT_EQ(spy->last.GetPosition(), (SPoint{130, 52}));
+  EXPECT_EQ(spy->last.GetMouse()->GetMovement(), (SPoint{-30, -2})) << "the way back";
+  Release({130, 52});
+  expect(kLeftButton, kRightButton);
+}
 
-CEventBridge& Bridge() { return *CEventBridge::GetSingletonPtr(); }
-
-struct CBinding : IKeyEvent {
+struct SBinding : IKeyEvent {
   bool Trigger(int) override { return ++fired > 0; }
   int fired = 0;
 };
 
-// Writes down what the mouse events carry.
-struct CMouseLog : ui::CWidget {
-  CMouseLog()
-      : CWidget(CDesktopWidget::GetSingletonPtr(), {0, 0, 800, 600}, false, "", CSpritePtr()) {}
-  void OnMouseEvent(ui::CMouseEvent& event) override {
-    const auto number = [](int value) { return std::to_string(value) + " "; };
-    const ui::SPoint back = event.GetMouse()->GetMovement();
-    heard += number(event.GetType()) + number(event.GetPosition().x) + number(event.GetButtons()) +
-             number(back.x) + number(event.GetMouse()->GetButtons()) + "| ";
-  }
-  std::string heard;
-};
-
-class UiTask : public testing::Test {
- protected:
-  UiTask() {
-    std::filesystem::create_directory_symlink(test::SourcePath("runtime/data"), "data");
-    Bridge().Resize(800, 600);
-    task.Start();
-  }
-  ~UiTask() override {
-    task.Exit();
-    std::filesystem::remove("data");
-  }
-  static void Click(int x, int y) {
-    Bridge().MouseMove(x, y, 0, 0);
-    Bridge().MouseButtonDown(1), Bridge().MouseButtonUp(1);
-  }
-  static void Type(int key) {
-    Bridge().KeyDown(key, static_cast<unsigned char>(key));
-    Bridge().KeyUp(key, 0);
+TEST_F(UiTest, KeysTypeWithTheFocusAndFireTheirBindingsWithout) {
+  const CSmartPtr<IKeyEvent> event(new SBinding);
+  CKeyboard::GetSingletonPtr()->BindKey('p', event, 10);
+  const auto firedAfterTyping = [&event] {
+    Type('p', 'p');
     CKeyboard::GetSingletonPtr()->Update();
-  }
-  static ui::CTextInputWidget* NewInput() {
-    return new ui::CTextInputWidget(CDesktopWidget::GetSingletonPtr(), {10, 10, 400, 20}, false, "",
-                                    ui::GetGfxHandler().Load("data/gui/text_input.xml"),
-                                    "data/gui/text_cursor.gif");
-  }
-
-  CUiTask task;
-};
-
-TEST_F(UiTask, MouseEventsCarryTheButtonsThatAreHeld) {
-  auto* log = new CMouseLog;
-  Bridge().MouseMove(100, 50, 0, 0);
-  log->heard.clear();
-  Bridge().MouseButtonDown(1), Bridge().MouseButtonDown(4);
-  Bridge().MouseMove(130, 50, 30, 0);
-  Bridge().MouseButtonUp(1);
-  Bridge().MouseMove(131, 50, 1, 0);
-  EXPECT_EQ(log->heard,
-            "4 100 1 -100 1 | 4 100 4 -100 5 | 1 130 5 -30 5 | 5 130 1 -30 4 | 1 131 4 -1 4 | ");
+    return static_cast<SBinding&>(*event).fired;
+  };
+  CTextInputWidget input(Desktop(), {10, 10, 400, 20}, false, "", {}, "");
+  EXPECT_EQ(firedAfterTyping(), 1);
+  Click({20, 20});
+  EXPECT_EQ(firedAfterTyping(), 1);
+  Press({500, 500}, kRightButton);
+  EXPECT_EQ(firedAfterTyping(), 1) << "another button does not move the focus";
+  Click({500, 500});
+  EXPECT_EQ(firedAfterTyping(), 2);
+  EXPECT_EQ(input.GetText(), "pp");
 }
 
-TEST_F(UiTask, KeysTypeOrFireAsTheFocusIs) {
-  const CSmartPtr<IKeyEvent> event(new CBinding);
-  CKeyboard::GetSingletonPtr()->BindKey(kBoundKey, event, 10);
-  const auto* binding = static_cast<CBinding*>(event.Get());
-  auto* input = NewInput();
-
-  Type(kBoundKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "1");
-  Click(20, 20);
-  Type(kBoundKey), Type(kFreeKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "pq1");
-  Click(500, 500);
-  Type(kBoundKey);
-  EXPECT_EQ(input->GetText() + std::to_string(binding->fired), "pq2");
-}
-
-TEST_F(UiTask, AfterTheExitNothingReachesWidgets) {
-  NewInput();
-  Click(20, 20);
-  ASSERT_TRUE(task.StopsKey());
-  task.Exit();
-  Click(20, 20), Type(kFreeKey), task.Update();
+TEST_F(UiTest, NothingReachesWidgetsFromTheExitToTheNextStart) {
+  new CTextInputWidget(Desktop(), {10, 10, 400, 20}, false, "", {}, "");
+  Click({20, 20});
+  EXPECT_TRUE(myTask.StopsKey());
+  myTask.Exit();
+  Click({20, 20});
+  Type('q', 'q');
+  myTask.Update();
   Bridge().Resize(640, 480);
-  EXPECT_FALSE(task.StopsKey());
+  EXPECT_FALSE(myTask.StopsKey());
   EXPECT_EQ(CDesktopWidget::PeekSingletonPtr(), nullptr);
+  test::RunScript(R"(
+      starttask( ui, ui, 70 )
+  )");
+  EXPECT_EQ(Desktop()->GetRect(), (Rect{0, 0, 640, 480}));
+  test::RunScript("stoptask( ui )");
+}
 
-  task.Start();
-  EXPECT_EQ(CDesktopWidget::GetSingletonPtr()->GetRect(), (CRect<int>{0, 0, 640, 480}));
-  auto* input = NewInput();
-  Click(20, 20), Type(kFreeKey);
-  EXPECT_EQ(input->GetText(), "q");
+TEST_F(UiTest, HeldKeysRepeatAfterTheDelay) {
+  CTextInputWidget input;
+  SetFocus(&input);
+  const auto typedAfter = [&](unsigned milliseconds) {
+    myClock.Advance(milliseconds);
+    myTask.Update();
+    const std::string typed = input.GetText();
+    input.SetText("");
+    return typed;
+  };
+  constexpr int kLastKey = kKeyCount;
+  Bridge().KeyDown('a', 'a');
+  Bridge().KeyDown(kLastKey, 'z');
+  for (const int unrepeated : {-1, 0, kLastKey + 1}) {
+    Bridge().KeyDown(unrepeated, '!');
+  }
+  EXPECT_EQ(typedAfter(650), "az!!!") << "the presses themselves";
+  EXPECT_EQ(typedAfter(25), "") << "too soon after the last check";
+  EXPECT_EQ(typedAfter(1), "az");
+  Bridge().KeyUp('a', 0);
+  Bridge().KeyUp('a', 0);
+  EXPECT_EQ(typedAfter(26), "z") << "a second release counts for no other key";
+  Bridge().KeyDown(kLastKey, 'y');
+  EXPECT_EQ(typedAfter(650), "y") << "begins anew";
+  EXPECT_EQ(typedAfter(0U - 1000U), "") << "the clock is set back";
+}
+
+TEST_F(UiTest, TheDesktopKeepsWidgetsOnIt) {
+  Desktop()->SetRect({10, 20, 100, 80});
+  EXPECT_EQ(Desktop()->FitChildRect({11, 21, 99, 79}), (Rect{11, 21, 99, 79}));
+  EXPECT_EQ(Desktop()->FitChildRect({9, 19, 5, 6}), (Rect{10, 20, 5, 6}));
+  EXPECT_EQ(Desktop()->FitChildRect({50, 50, 101, 82}), (Rect{9, 18, 101, 82})) << "too large";
+}
+
+TEST_F(UiTest, TheDesktopTellsWhereAWidgetTakesPresses) {
+  auto* widget = new CWidget(Desktop(), {700, 10, 20, 20}, false, "", {});
+  EXPECT_TRUE(CDesktopWidget::HasWidgetAt({700, 29}));
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 30}));
+  widget->SetIgnoreEvent(IEvent::kMouseButtonDown, true);
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
+  CDesktopWidget::DeleteSingleton();
+  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
+}
+
+TEST_F(UiTest, TheFactoryMakesEachClass) {
+  for (const std::string name :
+       {"CWidget", "CButtonWidget", "CTextInputWidget", "CWindowWidget", "CConsoleWidget"}) {
+    const std::unique_ptr<CWidget> widget(CWidgetFactory::GetSingleton().Create(name));
+    EXPECT_TRUE(std::string(typeid(*widget).name()).ends_with(name + "E")) << name;
+  }
+  EXPECT_EQ(CWidgetFactory::GetSingleton().Create("CDesktopWidget"), Desktop());
+  EXPECT_EQ(CWidgetFactory::GetSingleton().Create("CNothing"), nullptr);
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::ui

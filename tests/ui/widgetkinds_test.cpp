@@ -1,274 +1,254 @@
-#include "events/eventbridge.h"
-#include "support/fakeclock.h"
-#include "support/paths.h"
-#include "support/testpicture.h"
+#include "gfx/text/textsprite.h"
 #include "ui/buttonwidget.h"
-#include "ui/desktopwidget.h"
 #include "ui/gfxhandler.h"
-#include "ui/mouse.h"
-#include "ui/receivers.h"
 #include "ui/textinputwidget.h"
-#include "ui/widgetfactory.h"
+#include "ui/uitest.h"
+#include "ui/vasktouimouse.h"
 #include "ui/windowwidget.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <functional>
 
 namespace vask::ui {
 namespace {
 
-using Rect = CRect<int>;
-using Event = IEvent;
-
-CDesktopWidget* Desktop() { return CDesktopWidget::GetSingletonPtr(); }
-
-// What the signals have called.
-struct CEar : css::CSignalTarget {
-  void Click() { heard += "click ", hook ? hook() : void(); }
-  void DoubleClick() { heard += "double "; }
-  void Drag(int dx, int dy) { heard += std::to_string(dx) + "," + std::to_string(dy) + " "; }
-  std::string heard;
-  std::function<void()> hook;
-};
-
-struct CCursor : IMouse {
-  SPoint GetPosition() const override { return {}; }
-  SPoint GetMovement() const override { return {}; }
-  std::int32_t GetButtons() const override { return 0; }
-  void HideCursor() override {}
-  void ShowCursor() override {}
-  void ChangeCursor(std::int32_t type) override { asked += std::to_string(type) + " "; }
-  std::string asked;
-};
-
-class WidgetKinds : public testing::Test {
+class Button : public UiTest, public css::CSignalTarget {
  protected:
-  WidgetKinds() {
-    std::filesystem::create_directory_symlink(test::SourcePath("runtime/data"), "data");
-    CEventBridge::GetSingletonPtr()->Resize(800, 600);
+  Button() {
+    button->GetClickSignal().Connect(this, &Button::NoteClick);
+    button->GetDoubleClickSignal().Connect(this, &Button::NoteDoubleClick);
+    button->GetDragSignal().Connect(this, &Button::NoteDrag);
   }
-  ~WidgetKinds() override {
-    CDesktopWidget::DeleteSingleton();
-    std::filesystem::remove("data");
+  void NoteClick() {
+    notes += "click ";
+    if (endsDesktop) {
+      CDesktopWidget::DeleteSingleton();  // and the button with it
+    }
   }
-  static CTextInputWidget* NewInput(const Rect& rect) {
-    return new CTextInputWidget(Desktop(), rect, false, "",
-                                GetGfxHandler().Load("data/gui/text_input.xml"),
-                                "data/gui/text_cursor.gif");
-  }
-
-  void Mouse(int type, int x, int y, int buttons = 1) {
-    CMouseEvent event(type, SPoint{x, y}, buttons, &myCursor);
-    Desktop()->HandleEvent(event);
-  }
-  void Click(int x, int y) {
-    Mouse(Event::kMouseButtonDown, x, y), Mouse(Event::kMouseButtonUp, x, y);
-  }
-  // From one point to the other with the left button held. Of two moves to one place the second
-  // changes nothing.
-  void Drag(SPoint from, SPoint to) {
-    myClock.Advance(1000);  // no double click
-    Mouse(Event::kMouseButtonDown, from.x, from.y);
-    Mouse(Event::kMouseMove, to.x, to.y), Mouse(Event::kMouseMove, to.x, to.y);
-    Mouse(Event::kMouseButtonUp, to.x, to.y);
-  }
-  void Key(int type, int key, char character = 0) {
-    CKeyboardEvent event(type, key, static_cast<std::uint8_t>(character));
-    Desktop()->HandleEvent(event);
+  void NoteDoubleClick() { notes += "double "; }
+  void NoteDrag(int dx, int dy) { notes += std::to_string(dx) + "," + std::to_string(dy) + " "; }
+  std::string ClickAfter(unsigned milliseconds) {
+    myClock.Advance(milliseconds);
+    Click({15, 15});
+    return std::exchange(notes, "");
   }
 
-  test::CFakeClock myClock;
-  test::CTestScreen myScreen{80, 60};
-  CCursor myCursor;
+  CButtonWidget* button = new CButtonWidget(Desktop(), {10, 10, 20, 20}, true, "", {});
+  bool endsDesktop = false;
+  std::string notes;
 };
 
-TEST_F(WidgetKinds, FactoryMakesEachClass) {
-  const CWidgetFactory& factory = CWidgetFactory::GetSingleton();
-  for (const std::string name : {"CWidget", "CButtonWidget", "CTextInputWidget", "CWindowWidget"}) {
-    const std::unique_ptr<CWidget> made(factory.Create(name));
-    const CWidget& widget = *made;
-    EXPECT_TRUE(std::string(typeid(widget).name()).ends_with(name + "E")) << name;
-  }
-  EXPECT_EQ(factory.Create("CDesktopWidget"), Desktop());
+TEST_F(Button, TwoPressesWithin300MillisecondsAreADoubleClick) {
+  button->SetDraggable(false);
+  EXPECT_EQ(ClickAfter(0), "click ");
+  EXPECT_EQ(ClickAfter(299), "double click ");
+  EXPECT_EQ(ClickAfter(0), "click ") << "the first of a new pair";
+  EXPECT_EQ(ClickAfter(300), "click ") << "too late, and no first";
+  EXPECT_EQ(ClickAfter(0), "click ");
+  button->SetDoubleClickEnabled(false);
+  EXPECT_EQ(ClickAfter(0), "click ");
 }
 
-TEST_F(WidgetKinds, HeldKeysRepeatAfterTheDelay) {
-  CTextInputWidget input;
-  SetFocus(&input);
-  const auto update = [&](unsigned later) {
-    myClock.Advance(later);
-    Desktop()->UpdateKeyRepeat();
-    const std::string typed = input.GetText();
-    input.SetText("");
-    return typed;
-  };
-  Key(Event::kKeyDown, 97, 'a'), Key(Event::kKeyDown, 323, 'z');
-  for (const int unrepeated : {-1, 0, 324}) {
-    Key(Event::kKeyDown, unrepeated, '!');
-  }
-  EXPECT_EQ(update(650), "az!!!");
-  EXPECT_EQ(update(25), "") << "too soon after the last check";
-  EXPECT_EQ(update(1), "az");
-  Key(Event::kKeyUp, 97, 'a'), Key(Event::kKeyUp, 97, 'a');
-  EXPECT_EQ(update(26), "z") << "two releases count as one";
-  Key(Event::kKeyDown, 323, 'y');
-  EXPECT_EQ(update(650), "y") << "begins anew";
-  EXPECT_EQ(update(26), "y");
-  EXPECT_EQ(update(0U - 1000U), "") << "the clock is set back";
-  myClock.Advance(1000);
-  CEar ear;
-  input.GetKeySignal(CTextInputWidget::kReturn).Connect(&ear, &CEar::Click);
-  Key(Event::kKeyDown, 13);
-  ear.hook = [] { CDesktopWidget::DeleteSingleton(); };
-  EXPECT_EQ(update(651), "") << "the desktop goes, before the turn of the other key";
-  EXPECT_TRUE(!GetFocus() && (Desktop()->GetRect() == Rect{0, 0, 800, 600}));
-}
-
-TEST_F(WidgetKinds, ButtonSignals) {
-  // The button stands at (10, 10) and does not move.
-  // clang-format off
-  const std::tuple<unsigned, int, int, int, const char*> steps[] = {
-      {0, 4, 15, 1, ""}, {0, 5, 15, 1, "click "},                // first of a pair
-      {299, 4, 15, 1, "double "}, {0, 5, 15, 1, "click "},
-      {0, 4, 15, 1, ""}, {0, 5, 15, 1, "click "},
-      {300, 4, 15, 1, ""}, {0, 5, 15, 1, "click "},              // too late, and no new pair
-      {0, 4, 15, 1, ""}, {0, 5, 15, 1, "click "},
-      {0, 4, 15, 2, ""}, {0, 5, 15, 2, ""}, {0, 5, 15, 1, ""},   // another button; no press
-      {999, 4, 15, 1, ""}, {0, 1, 18, 1, "3,0 3,0 "}, {0, 1, 90, 1, "75,0 "},  // captured, routed
-      {0, 4, 90, 2, ""}, {0, 5, 90, 1, ""}, {0, 1, 15, 0, ""},   // left while pressed: no click
-  };
-  // clang-format on
-  CEar ear;
-  auto* button = new CButtonWidget(Desktop(), {10, 10, 20, 20}, true, "", {});
-  button->GetClickSignal().Connect(&ear, &CEar::Click);
-  button->GetDoubleClickSignal().Connect(&ear, &CEar::DoubleClick);
-  button->GetDragSignal().Connect(&ear, &CEar::Drag);
-  int number = 0;
-  for (const auto& [later, type, x, buttons, heard] : steps) {
-    myClock.Advance(later);
-    Mouse(type, x, 15, buttons);
-    EXPECT_EQ(std::exchange(ear.heard, ""), heard) << "step " << number++;
-  }
-  ear.hook = [] { CDesktopWidget::DeleteSingleton(); };  // and the button with it
-  Click(15, 15);
-  EXPECT_EQ(ear.heard, "click ");
+TEST_F(Button, AClickIsAPressAndAReleaseOnIt) {
+  button->SetDraggable(false);
+  Press({15, 15}, kRightButton);
+  Release({15, 15}, kRightButton);
+  Release({15, 15});
+  EXPECT_EQ(notes, "") << "another button; no press";
+  Press({15, 15});
+  Move({70, 70});
+  Release({15, 15});
+  EXPECT_EQ(notes, "") << "left in between";
+  endsDesktop = true;
+  EXPECT_EQ(ClickAfter(300), "click ");
   EXPECT_TRUE(Desktop()->GetChildren().empty());
 }
 
-TEST_F(WidgetKinds, TextInputEditsAtItsCursor) {
-  // Key, character, text and cursor after it.
-  // clang-format off
-  const std::tuple<int, char, const char*, int> steps[] = {
-      {8, 8, "", 0}, {127, 127, "", 0}, {276, 0, "", 0}, {97, 'a', "a", 1}, {99, 'c', "ac", 2},
-      {275, 0, "ac", 2}, {276, 0, "ac", 1}, {98, 'b', "abc", 2}, {127, 0, "ab", 2}, {127, 0, "ab", 2},
-      {278, 0, "ab", 0}, {8, 0, "ab", 0}, {0, '\x01', "\x01" "ab", 1}, {279, 0, "\x01" "ab", 3},
-      {8, 0, "\x01" "a", 2}, {13, 13, "\x01" "a", 2}, {9, 9, "\x01" "a", 2}, {304, 0, "\x01" "a", 2},
-      {271, 13, "\x01" "a\r", 3},
-  };
-  // clang-format on
-  CTextInputWidget* input = NewInput({100, 40, 50, 20});
-  CEar ear;
-  input->GetKeySignal(CTextInputWidget::kReturn).Connect(&ear, &CEar::Click);
-  Click(100, 40);
-  ASSERT_EQ(GetFocus(), input);
-  for (const auto& [key, character, text, cursor] : steps) {
-    Key(Event::kKeyDown, key, character), Key(Event::kKeyUp, key, character);
-    EXPECT_EQ(input->GetText() + std::to_string(input->GetCursor()), text + std::to_string(cursor));
-  }
-  EXPECT_EQ(ear.heard, "click ") << "the return key";
-
-  input->SetText("wide text");  // characters of six pixels
-  // The point and the cursor after it, which a point on the left does not move.
-  for (const auto& [x, cursor] :
-       {std::pair{149, 8}, {100, 8}, {99, 8}, {101, 0}, {112, 2}, {117, 2}}) {
-    input->SetCursorToPoint({x, 0});
-    EXPECT_EQ(input->GetCursor(), cursor) << x;
-  }
-  input->SetText("w");
-  EXPECT_EQ(input->GetCursor(), 1);
-  Click(500, 500);
-  EXPECT_TRUE(!GetFocus() && !GetKeyboardReceiver()) << "the empty desktop takes the focus away";
-  EXPECT_EQ(myCursor.asked, "3 1 ");
+TEST_F(Button, ADragTellsTheWayToThePointer) {
+  EXPECT_EQ(button->GetResizeMode(), CWidget::kKeepCentre);
+  Press({15, 15});
+  Move({90, 12});
+  EXPECT_EQ(notes, "75,-3 ") << "also outside of it; it does not move itself";
+  Bridge().MouseButtonDown(kRightButton);
+  Bridge().MouseButtonUp(kRightButton);
+  Move({91, 12});
+  EXPECT_EQ(notes, "75,-3 76,-3 ");
+  button->SetDraggable(false);
+  Move({92, 12});
+  EXPECT_EQ(notes, "75,-3 76,-3 ");
 }
 
-TEST_F(WidgetKinds, TextCursorIsAnOwnSpriteWithinTheWidget) {
-  CTextInputWidget* input = NewInput({10, 10, 20, 20});
-  const auto isSeenAt = [&](int x, int y) {
+class CForm : public css::CSignalTarget {
+ public:
+  explicit CForm(CWidget* area) {
+    auto* input = new CTextInputWidget(area, {0, 0, 400, 20}, true, "line",
+                                       GetGfxHandler().Load("data/gui/text_input.xml"),
+                                       "data/gui/text_cursor.gif");
+    input->GetKeySignal(CTextInputWidget::kReturn).Connect(this, &CForm::Send);
+    line = input;
+  }
+  void Send() { ++sent; }
+  int sent = 0;
+  CTextInputWidget* line;
+};
+
+class Input : public UiTest {
+ protected:
+  Input() { input->MoveTo(10, 10); }
+  // What is in the line after a key, with "|" for the cursor.
+  std::string After(int key, char character = 0) {
+    Type(key, character);
+    std::string text = input->GetText();
+    return text.insert(static_cast<std::size_t>(input->GetCursor()), "|");
+  }
+  int CursorAt(int x) {
+    input->SetCursorToPoint({x, 10});
+    return input->GetCursor();
+  }
+  bool ShowsCursorAt(int x, int y) {
     CScreenLayer::GetSingletonPtr()->DrawFrame();
-    return myScreen.At(x, y) == 0xFFF3D6;
-  };
-  EXPECT_FALSE(isSeenAt(10, 10));
-  Click(11, 11);
-  EXPECT_TRUE(isSeenAt(10, 10) && isSeenAt(11, 25));
-  input->InsertCharacter(' '), input->MoveBy(5, 5);
-  EXPECT_TRUE(isSeenAt(21, 15)) << "it follows moves";
-  input->SetText("    "), input->CursorEnd();
-  EXPECT_FALSE(isSeenAt(39, 15)) << "outside the widget";
-  Click(70, 50), input->CursorHome();
-  EXPECT_FALSE(isSeenAt(15, 15)) << "without the focus";
-}
-
-TEST_F(WidgetKinds, WindowBorders) {
-  // From where to where the pointer drags, the cursor over the border, the rectangle after it. The
-  // window is (100, 100, 200, 150) each time.
-  // clang-format off
-  const std::tuple<SPoint, SPoint, std::string, Rect> cases[] = {
-      {{100, 170}, {90, 999}, "6 ", {90, 100, 210, 150}},
-      {{299, 170}, {309, 0}, "6 ", {100, 100, 210, 150}},
-      {{200, 101}, {0, 90}, "7 ", {100, 90, 200, 160}},
-      {{200, 249}, {0, 260}, "7 ", {100, 100, 200, 161}},
-      {{281, 249}, {291, 259}, "8 ", {100, 100, 210, 160}},    // within 20 of the corner
-      {{279, 249}, {300, 259}, "7 ", {100, 100, 200, 160}},    // not within
-      {{101, 119}, {91, 95}, "8 ", {91, 95, 209, 155}},
-      {{298, 119}, {303, 95}, "9 ", {100, 95, 205, 155}},
-      {{119, 249}, {90, 259}, "9 ", {90, 100, 210, 160}},
-      {{299, 249}, {50, 50}, "8 ", {100, 100, 100, 50}},       // not below the minimum
-      {{100, 100}, {290, 240}, "8 ", {200, 200, 100, 50}},     // the other edges stay
-      {{299, 170}, {899, 170}, "6 ", {0, 100, 800, 150}},      // fitted into the desktop
-      {{285, 249}, {799, 249}, "8 ", {86, 100, 714, 150}},     // and no further with each event
-      {{150, 150}, {160, 160}, "", {100, 100, 200, 150}},      // no border
-  };
-  // clang-format on
-  for (const auto& [grab, to, cursor, after] : cases) {
-    CWindowWidget window(Desktop(), {100, 100, 200, 150}, false, "", {});
-    SCOPED_TRACE(std::to_string(grab.x) + " " + std::to_string(grab.y));
-    Mouse(Event::kMouseMove, grab.x, grab.y, 0);
-    EXPECT_EQ(std::exchange(myCursor.asked, ""), cursor);
-    Drag(grab, to);
-    const Rect& rect = window.GetRect();
-    EXPECT_TRUE(rect == after) << rect.x << " " << rect.y << " " << rect.w << " " << rect.h;
-    Mouse(Event::kMouseMove, 700, 500, 0), Mouse(Event::kMouseMove, to.x, to.y, 0);
-    EXPECT_TRUE(window.GetRect() == after) << "released";
-    Mouse(Event::kMouseMove, 700, 599, 0);
-    EXPECT_EQ(myCursor.asked.ends_with("1 "), !cursor.empty()) << myCursor.asked;
-    myCursor.asked.clear();
+    return myScreen.At(x, y) == 0xFFF3D6 && myScreen.At(x - 1, y) != 0xFFF3D6;
   }
+
+  CForm form{Desktop()};
+  CTextInputWidget* input = form.line;
+};
+
+TEST_F(Input, KeysEditAtTheCursor) {
+  Click({10, 10});
+  for (const int key : {kBackspaceKey, kDeleteKey, kLeftKey, kRightKey, kReturnKey, kTabKey}) {
+    EXPECT_EQ(After(key, 'x'), "|") << key;
+  }
+  EXPECT_EQ(form.sent, 1);
+  EXPECT_EQ(After('a', 'a'), "a|");
+  EXPECT_EQ(After('c', 'c'), "ac|");
+  EXPECT_EQ(After(kLeftKey), "a|c");
+  EXPECT_EQ(After('b', 'b'), "ab|c");
+  EXPECT_EQ(After(kRightKey), "abc|");
+  EXPECT_EQ(After(kBackspaceKey), "ab|");
+  EXPECT_EQ(After(kHomeKey), "|ab");
+  EXPECT_EQ(After(kDeleteKey), "|b");
+  EXPECT_EQ(After(kEndKey), "b|");
 }
 
-TEST_F(WidgetKinds, WindowButtons) {
-  CWindowWidget window(Desktop(), {100, 100, 200, 150}, false, "", {});
+TEST_F(Input, TheCursorGoesToThePointAndStaysInTheText) {
+  input->SetText("wide text");  // characters of six pixels
+  EXPECT_EQ(CursorAt(21), 1);
+  EXPECT_EQ(CursorAt(10), 1) << "not by a point on the left";
+  EXPECT_EQ(CursorAt(11), 0);
+  EXPECT_EQ(CursorAt(64), 9);
+  input->SetText("\n\r\t");
+  EXPECT_EQ(input->GetCursor(), 3);
+  EXPECT_EQ(dynamic_cast<CTextSprite&>(*input->GetSprite()).GetText(), "\1\1\1") << "one line";
+}
+
+TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
+  EXPECT_FALSE(ShowsCursorAt(10, 10));
+  Click({11, 11});
+  EXPECT_EQ(Cursor(), "type 3");
+  EXPECT_TRUE(ShowsCursorAt(10, 10));
+  input->SetText("   ");
+  input->CursorEnd();
+  input->MoveBy(5, 5);
+  EXPECT_TRUE(ShowsCursorAt(33, 15)) << "after three characters, and moved";
+  input->SetText(" ");
+  EXPECT_TRUE(ShowsCursorAt(21, 15)) << "after what is left of the text";
+  input->Resize(6, 20);
+  EXPECT_FALSE(ShowsCursorAt(21, 15)) << "outside the widget";
+  input->CursorHome();
+  EXPECT_TRUE(ShowsCursorAt(15, 15));
+  Click({70, 50});
+  EXPECT_EQ(Cursor(), "type 1");
+  EXPECT_FALSE(ShowsCursorAt(15, 15)) << "without the focus";
+  EXPECT_EQ(GetFocus(), nullptr) << "the empty desktop takes it away";
+}
+
+class Window : public UiTest {
+ protected:
+  // The window's rectangle after a drag.
+  Rect Dragged(SPoint from, SPoint to) {
+    window.Resize(200, 150);
+    window.MoveTo(100, 100);
+    myClock.Advance(1000);  // no double click
+    Press(from);
+    Move(to);
+    Release(to);
+    return window.GetRect();
+  }
+  // What it wants over its own point, which children may cover.
+  std::string CursorAt(SPoint point) {
+    CMouseEvent event(IEvent::kMouseMove, point, 0, &myMouse);
+    window.OnMouseEvent(event);
+    return Cursor();
+  }
+
+  CVaskToUiMouse myMouse;
+  CWindowWidget window{Desktop(), {100, 100, 200, 150}, false, "", {}};
+};
+
+TEST_F(Window, BordersAreGrabbedWithinThreePixelsAndCornersWithinTwenty) {
+  const std::string horizontal = "type 6", vertical = "type 7", falling = "type 8";
+  EXPECT_EQ(CursorAt({103, 170}), "");
+  EXPECT_EQ(CursorAt({102, 170}), horizontal);
+  EXPECT_EQ(CursorAt({103, 170}), "type 1") << "the arrow again";
+  EXPECT_EQ(CursorAt({297, 170}), horizontal);
+  EXPECT_EQ(CursorAt({200, 102}), vertical);
+  EXPECT_EQ(CursorAt({279, 247}), vertical);
+  EXPECT_EQ(CursorAt({280, 249}), falling);
+  EXPECT_EQ(CursorAt({101, 119}), falling);
+  EXPECT_EQ(CursorAt({101, 120}), horizontal);
+  EXPECT_EQ(CursorAt({298, 119}), "type 9");
+  EXPECT_EQ(CursorAt({300, 170}), "type 1") << "outside";
+}
+
+TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
+  EXPECT_EQ(Dragged({100, 170}, {90, 999}), (Rect{90, 100, 210, 150}));
+  EXPECT_EQ(Dragged({299, 170}, {309, 0}), (Rect{100, 100, 210, 150}));
+  EXPECT_EQ(Dragged({200, 101}, {0, 90}), (Rect{100, 90, 200, 160}));
+  EXPECT_EQ(Dragged({200, 249}, {0, 260}), (Rect{100, 100, 200, 161}));
+  EXPECT_EQ(Dragged({299, 249}, {50, 50}), (Rect{100, 100, 100, 50})) << "not below the minimum";
+  EXPECT_EQ(Dragged({100, 100}, {290, 240}), (Rect{200, 200, 100, 50})) << "not pushed away";
+  EXPECT_EQ(Dragged({299, 170}, {899, 170}), (Rect{0, 100, 800, 150})) << "onto the desktop";
+  EXPECT_EQ(Dragged({100, 100}, {-30, -20}), (Rect{0, 0, 330, 270})) << "over the upper left";
+  EXPECT_EQ(Dragged({285, 249}, {799, 249}), (Rect{86, 100, 714, 150})) << "once only";
+  EXPECT_EQ(Dragged({150, 150}, {160, 160}), (Rect{100, 100, 200, 150})) << "no border";
+}
+
+TEST_F(Window, OnlyTheLeftButtonResizes) {
+  Press({299, 170}, kRightButton);
+  Move({309, 170});
+  EXPECT_EQ(window.GetRect().w, 200);
+  Press({299, 170});
+  Release({299, 170}, kRightButton);
+  Move({309, 170});
+  EXPECT_EQ(window.GetRect().w, 210);
+  Release({309, 170});
+  Move({320, 170});
+  EXPECT_EQ(window.GetRect().w, 210);
+}
+
+TEST_F(Window, ItsTitleBarMovesItOverTheDesktop) {
   CWindowWidget other(Desktop(), {150, 150, 200, 150}, false, "", {});
-  Drag({160, 110}, {150, 115});
-  EXPECT_TRUE((window.GetRect() == Rect{90, 105, 200, 150}));
+  EXPECT_EQ(Dragged({160, 110}, {150, 115}), (Rect{90, 105, 200, 150}));
   EXPECT_EQ(Desktop()->GetChildren().front(), &window) << "raised by the press";
-  Drag({150, 115}, {790, 115});
-  EXPECT_TRUE((window.GetRect() == Rect{600, 105, 200, 150})) << "stops at the edge";
-  Click(760, 115);  // maximise
-  EXPECT_TRUE((window.GetRect() == Rect{0, 0, 800, 600}) && window.IsMaximised());
-  Mouse(Event::kMouseMove, 400, 599, 0);
-  Drag({799, 300}, {500, 300});
-  EXPECT_EQ(myCursor.asked, "") << "no borders now";
-  Desktop()->Resize(1024, 768);
-  EXPECT_TRUE((window.GetClientArea()->GetRect() == Rect{2, 22, 1020, 744})) << "follows";
+  EXPECT_EQ(Dragged({160, 110}, {-500, -500}), (Rect{0, 0, 200, 150}));
+  EXPECT_EQ(Dragged({160, 110}, {900, 900}), (Rect{600, 450, 200, 150}));
+}
+
+TEST_F(Window, IsMaximisedAndRestoredAndClosed) {
+  Click({260, 110});
+  EXPECT_TRUE(window.IsMaximised());
+  EXPECT_EQ(window.GetRect(), (Rect{0, 0, 800, 600}));
+  EXPECT_EQ(CursorAt({799, 300}), "") << "no borders now";
+  Bridge().Resize(1024, 768);
+  EXPECT_EQ(window.GetClientArea()->GetRect(), (Rect{2, 22, 1020, 744}));
   myClock.Advance(1000);
-  Click(300, 10), Click(300, 10);
-  EXPECT_TRUE((window.GetRect() == Rect{600, 105, 200, 150})) << "restored by a double click";
+  Click({300, 10});
+  Click({300, 10});
+  EXPECT_EQ(window.GetRect(), (Rect{100, 100, 200, 150})) << "by a double click";
+  EXPECT_EQ(CursorAt({299, 170}), "type 6");
+  Bridge().Resize(250, 768);
+  EXPECT_EQ(window.GetRect(), (Rect{50, 100, 200, 150})) << "keeps its size";
   EXPECT_FALSE(window.IsClosed());
-  Click(780, 115);
+  Click({230, 110});
   EXPECT_TRUE(window.IsClosed());
-  EXPECT_TRUE((Desktop()->FitChildRect({-5, 700, 1100, 900}) == Rect{-76, -132, 1100, 900}));
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ void CConsoleInput::InsertCharacter(char character) {
   }
 }
 
-// Scrolls no further than the cursor makes it, and leaves no room behind the end of the text.
+// Scrolls no further than the cursor needs, and leaves no space after the end of the text.
 std::int32_t CConsoleInput::FirstToShow(std::int32_t current) const {
   const std::int32_t cursor = std::min(GetCursor(), Length());
   return std::min(

@@ -18,16 +18,16 @@ class CConsoleInput : public ui::CTextInputWidget {
   void InsertCharacter(char character) override;
 
   std::string GetTextBeforeCursor() const;
-  // Types the text over so many characters before the cursor.
+  // Replaces that many characters before the cursor by the text.
   void TypeOver(std::size_t characters, const std::string& text);
-  // Carries -1 for a page up, 1 for a page down.
+  // Carries an int32_t: -1 for page up, 1 for page down.
   css::CSignal& GetPageSignal() { return myPageSignal; }
 
  protected:
   std::int32_t FirstToShow(std::int32_t current) const override;
 
  private:
-  // The first character that still shows when the cursor at a position is at the right edge.
+  // The first visible character when a cursor at `position` is at the right edge.
   std::int32_t FirstWithCursorAt(std::int32_t position) const;
 
   css::CSignal myPageSignal;

@@ -14,8 +14,8 @@ class CLotsATextSprite;
 
 namespace vask::ui {
 
-// Shows the log while it is written, over the whole of its parent but a line at the bottom. The
-// wheel scrolls it.
+// Shows the log while it is written, over its whole parent except a line at the bottom. The wheel
+// scrolls it.
 class CConsoleWidget : public CWidget {
  public:
   CConsoleWidget();
@@ -24,18 +24,18 @@ class CConsoleWidget : public CWidget {
 
   void OnMouseEvent(CMouseEvent& event) override;
 
-  // Down for positive numbers. A page is what the widget shows but for one line.
+  // Positive numbers scroll down. A page is the widget's height less one line.
   void ScrollLines(std::int32_t lines);
   void ScrollPages(std::int32_t pages);
 
  private:
   void ScrollBy(std::int32_t pixels);
-  // Null when somebody has given the widget another sprite.
+  // Null when the widget has been given another sprite.
   CLotsATextSprite* TextSprite() const;
 
   std::unique_ptr<CFont> myFont;
   CLogView myView;
-  CSpritePtr myText;  // as made here: others may hold it for longer than the view lives
+  CSpritePtr myText;  // as made here; others may hold it longer than the view lives
 };
 
 }  // namespace vask::ui

@@ -80,8 +80,8 @@ void CConsoleWindow::Build() {
   myInput->GetPageSignal().Connect(view, &ui::CConsoleWidget::ScrollPages);
 }
 
-// The signals that the slots are connected to are the input line's, and go with it. Those of a
-// desktop that has been forgotten are on their way.
+// The slots are connected to the input line's signals, which die with it. Widgets of a forgotten
+// desktop are still there, but will be deleted soon.
 bool CConsoleWindow::HasWidgets() const {
   return GetConnectionCount() > 0 && ui::GetReceiversGeneration() == myGeneration;
 }
@@ -102,7 +102,7 @@ bool CConsoleWindow::TakesPress(int key) {
     myWindow->Close();
     return true;
   }
-  // The owner, who may be paused, has yet to delete it: what F1 is bound to tells it to.
+  // Its owner, which may be paused, has yet to delete it; the line that F1 is bound to tells it to.
   return key == kEscapeKey;
 }
 

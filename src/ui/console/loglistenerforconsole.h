@@ -13,20 +13,19 @@ class CFont;
 
 namespace ui {
 
-// Keeps every line of the log. The process-wide one hears the log from the start of the program to
-// its end, so that a console that is opened late shows it whole.
+// Keeps every line of the log. The process-wide one listens from the start of the program to its
+// end, so that a console that is opened late shows the whole log.
 //
-// Each console measures and paints the lines by a view of its own. What is asked of the listener
-// itself is asked of the view that was added last, or, when there is none, of one of its own.
+// Each console measures and paints the lines with its own view. The listener's own operations act
+// on the view that was added last or, when there is none, on one of its own.
 class CLogListenerForConsole : public ILogListener,
                                public ILotsATextDrawer,
                                public CStaticSingleton<CLogListenerForConsole> {
  public:
   void OnLog(const std::string& line, int level) override;
-  // Lines are kept at once: nothing to do.
+  // Does nothing: lines are kept at once.
   virtual void Flush() {}
-  // The font of all lines but those of a level with a font of its own; not owned. Null: they are
-  // kept, but not painted.
+  // The font of lines whose level has none; not owned. With null they are kept, but not painted.
   virtual void SetFont(CFont* font);
 
   int GetTextHeight() override;
@@ -36,7 +35,7 @@ class CLogListenerForConsole : public ILogListener,
   void SetLevelFont(int level, CFont* font);
 
   const SLogLines& GetLines() const { return myLog; }
-  // A view of these lines, which hears of new ones; not owned.
+  // Adds a view of these lines, which is told of new ones; not owned.
   void AddView(CLogView* view);
   void RemoveView(CLogView* view);
 

@@ -14,8 +14,8 @@ constexpr int kMinLineHeight = 1;
 
 bool EndsWord(char character) { return character == ' ' || character == '\t' || character == '\n'; }
 
-// A word that is wider than that goes on in the next line: the font would draw nothing of it, and
-// of all behind it.
+// Breaks words that are wider than `width` into lines: the font would draw nothing of them and of
+// the rest of the text.
 std::string WithWordsBroken(const std::string& text, const CFont& font, int width) {
   std::string broken;
   broken.reserve(text.size());

@@ -14,7 +14,7 @@ class CFont;
 
 namespace ui {
 
-// What is kept of a log, for all views of it. Lines are only ever added.
+// The kept lines of a log, shared by all views of it. Lines are only added.
 struct SLogLines {
   struct SLine {
     int level = 0;
@@ -25,19 +25,19 @@ struct SLogLines {
   std::map<int, CFont*> levelFonts;  // of the levels with a font of their own; not owned
 };
 
-// Paints a log for one view, whose width breaks the lines and so makes the measure of the text. It
-// never logs.
+// Paints a log for one view: lines are wrapped at its width, which decides the height of the text.
+// Never logs.
 class CLogView : public ILotsATextDrawer {
  public:
   // The log must outlive the view.
   explicit CLogView(const SLogLines& log);
 
-  // Of the lines whose level has none; not owned. Null: they are not painted, and a pixel high.
+  // The font of lines whose level has none; not owned. With null they are not painted, and one
+  // pixel high.
   void SetFont(CFont* font);
-  // To be called when a level has got another font.
+  // Call it when a level has another font.
   void RemeasureAll();
-  // To be called when lines have come, at any time: those that come while others are being painted
-  // wait until that is done.
+  // Call it when lines were added. Lines that are added during painting are taken after it.
   void TakeNewLines();
 
   int GetTextHeight() override { return myTotalHeight; }
@@ -45,12 +45,11 @@ class CLogView : public ILotsATextDrawer {
 
  private:
   CFont* FontOf(const SLogLines::SLine& line) const;
-  // Writes the line with its top at a height of the surface, which may be null; answers how high it
-  // has become.
+  // Writes the line at `top` of the surface, which may be null; returns the line's height.
   int Write(IPixel* surface, const SLogLines::SLine& line, int top) const;
   int HeightOf(std::size_t line) const;
   void Append(const SLogLines::SLine& line);
-  // Whether a line has turned out to be of another height.
+  // Returns whether a line turned out to have another height.
   bool PaintLines(IPixel* surface);
   std::size_t FirstLineAt(int y) const;
 

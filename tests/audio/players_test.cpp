@@ -1,0 +1,180 @@
+#include "audio/audiodevice.h"
+#include "audio/audiovolume.h"
+#include "audio/sdlmixereffectplayer.h"
+#include "audio/sdlmixermusicplayer.h"
+#include "console/console.h"
+#include "kernel/applicationfactory.h"
+#include "support/logcapture.h"
+#include "support/waves.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace vask::test {
+namespace {
+
+class Players : public testing::Test {
+ protected:
+  Players() {
+    WriteLongWave("one.wav");
+    WriteLongWave("two.wav");
+  }
+  ~Players() override { AudioVolumes() = {}; }
+  std::size_t CountLoads() const { return myLog.Count("new CSDLMixer"); }
+  std::size_t CountFrees() const { return myLog.Count("freed CSDLMixer"); }
+  // What is to be heard of the music.
+  static std::string Music() {
+    const std::string fading[] = {"plays", "fades out", "fades in"};
+    return Mix_PlayingMusic() == 0 ? "silence" : fading[Mix_FadingMusic()];
+  }
+
+  CLogCapture myLog;
+  const std::unique_ptr<CAudioDevice> device =
+      CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 1024, 3}, "Audio");
+};
+
+TEST_F(Players, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {
+  CSDLMixerEffectPlayer player;
+  player.Preload("two.wav");
+  for (int i = 0; i < 4; ++i) {
+    player.Play("one.wav");
+  }
+  EXPECT_EQ(myLog.Count("Could not play the effect: one.wav"), 1U) << "of four on three channels";
+  Mix_HaltChannel(0);
+  player.Update();
+  EXPECT_EQ(CountFrees(), 0U);
+  Mix_HaltChannel(-1);
+  player.Update();
+  EXPECT_EQ(CountFrees(), 1U);
+  player.Play("two.wav");
+  player.Preload("missing.wav");
+  EXPECT_TRUE(myLog.Has("Could not load effect-file  missing.wav"));
+  EXPECT_TRUE(myLog.Has("SDL_Mixer says: The file could not be opened"));
+  EXPECT_EQ(CountLoads(), 3U);
+  EXPECT_EQ(CountFrees(), 2U) << "a missing one is not kept";
+}
+
+TEST_F(Players, EffectsOfTwoPlayersAreTheirOwn) {
+  CSDLMixerEffectPlayer player;
+  player.Play("one.wav");
+  {
+    CSDLMixerEffectPlayer other;
+    other.Play("one.wav");
+    other.Play("two.wav");
+    other.Pause();
+    EXPECT_EQ(Mix_Paused(-1), 2);
+    other.Resume();
+    EXPECT_EQ(Mix_Paused(-1), 0);
+    EXPECT_EQ(Mix_Playing(-1), 3);
+  }
+  EXPECT_EQ(Mix_Playing(-1), 1);
+  EXPECT_EQ(CountFrees(), 1U);
+}
+
+TEST_F(Players, FollowTheVolumesThatAreVariablesBetweenZeroAndOne) {
+  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
+  console.Execute("audio_effect_volume = 0.25", false);  // a script that is early
+  RegisterAudioVolumes();
+  CSDLMixerEffectPlayer effects;
+  CSDLMixerMusicPlayer music(0);
+  EXPECT_EQ(Mix_Volume(-1, -1), 32);
+  const auto musicAt = [&](const std::string& value) {
+    console.Execute("audio_music_volume = " + value, false);
+    RegisterAudioVolumes();  // the second time it changes nothing
+    music.Update();
+    return Mix_VolumeMusic(-1);
+  };
+  EXPECT_EQ(musicAt("0.996"), 127) << "rounded";
+  EXPECT_EQ(musicAt("7"), 128);
+  EXPECT_EQ(musicAt("-1"), 0);
+  AudioVolumes().effects = 1.0F;
+  effects.Update();
+  EXPECT_EQ(Mix_Volume(-1, -1), 128);
+}
+
+TEST_F(Players, FadesFollowTheLastRequest) {
+  const auto before = std::chrono::steady_clock::now();
+  {
+    CSDLMixerMusicPlayer player(device->ChunkMilliseconds());
+    player.PlayFadeIn("one.wav", 2000);
+    EXPECT_EQ(Music(), "fades in");
+    player.Play("two.wav");
+    EXPECT_EQ(Music(), "plays");
+    player.StopFadeOut(20000);
+    EXPECT_EQ(Music(), "fades out");
+    player.Play("one.wav");
+    EXPECT_EQ(Music(), "fades in") << "after a fade-out";
+    for (const int tooShort : {99, 0, -7}) {
+      player.PlayFadeIn("one.wav", tooShort);
+      EXPECT_EQ(Music(), "plays") << tooShort;
+      player.StopFadeOut(tooShort);
+      EXPECT_EQ(Music(), "silence") << tooShort;
+    }
+    player.PlayFadeIn("one.wav", 100);
+    EXPECT_EQ(Music(), "fades in");
+    player.StopFadeOut(20000);
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(15))
+      << "waited for a fade";
+}
+
+TEST_F(Players, AFadeOutThatHasNoStepToGoOnFromIsAHalt) {
+  const auto afterFades = [](int chunk, int fadeIn) {
+    CSDLMixerMusicPlayer player(chunk);
+    player.PlayFadeIn("one.wav", fadeIn);
+    player.StopFadeOut(5000);
+    return Music();
+  };
+  SDL_LockAudio();  // no fade gets on
+  EXPECT_EQ(afterFades(24, 999), "silence");
+  EXPECT_EQ(afterFades(24, 1000), "fades out");
+  EXPECT_EQ(afterFades(500, 1000), "silence") << "two chunks";
+  EXPECT_EQ(afterFades(500, 1001), "fades out");
+  SDL_UnlockAudio();
+}
+
+TEST_F(Players, ATrackThatEndsStartsAgainUnlessItIsStoppedOrPaused) {
+  CSDLMixerMusicPlayer player(0);
+  const auto afterItsEnd = [&player] {
+    Mix_HaltMusic();
+    player.Update();
+    return Music();
+  };
+  player.Play("one.wav");
+  EXPECT_EQ(Music(), "fades in") << "the first one";
+  EXPECT_EQ(afterItsEnd(), "plays");
+  player.Pause();
+  EXPECT_EQ(Mix_PausedMusic(), 1);
+  EXPECT_EQ(afterItsEnd(), "silence");
+  player.Play("two.wav");
+  EXPECT_EQ(Mix_PausedMusic(), 0);
+  EXPECT_EQ(CountFrees(), 1U) << "the first track";
+  player.Play("missing.wav");
+  EXPECT_EQ(afterItsEnd(), "plays") << "a file that is no music changes nothing";
+  player.Stop();
+  player.Resume();
+  EXPECT_EQ(afterItsEnd(), "silence");
+}
+
+TEST_F(Players, ATrackWaitsForTheOneThatWasStartedLast) {
+  CSDLMixerMusicPlayer player(0);
+  player.Play("one.wav");
+  {
+    CSDLMixerMusicPlayer other(0);
+    other.Play("two.wav");
+    player.Pause();
+    player.Resume();
+    EXPECT_EQ(Music(), "fades in") << "the other's track";
+    Mix_HaltMusic();
+    player.Update();
+    EXPECT_EQ(Music(), "silence");
+  }
+  player.Update();
+  EXPECT_EQ(Music(), "plays") << "the other has gone";
+}
+
+}  // namespace
+}  // namespace vask::test

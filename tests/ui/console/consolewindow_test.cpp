@@ -1,0 +1,143 @@
+#include "ui/console/consolewindow.h"
+
+#include "gfx/text/textsprite.h"
+#include "input/keynames.h"
+#include "support/logcapture.h"
+#include "support/testpicture.h"
+#include "ui/console/consolecompletion.h"
+#include "ui/console/consoleinput.h"
+#include "ui/desktopwidget.h"
+
+#include <gtest/gtest.h>
+
+namespace vask::test {
+namespace {
+
+// Types the characters; "^", "_" and "<" are the keys up, down and left.
+void TypeInto(ui::CTextInputWidget& line, const std::string& keys) {
+  for (const char key : keys) {
+    const int code = key == '^' ? kUpKey : key == '_' ? kDownKey : key == '<' ? kLeftKey : key;
+    for (const int type : {ui::IEvent::kKeyDown, ui::IEvent::kKeyUp}) {
+      ui::CKeyboardEvent event(type, code, static_cast<std::uint8_t>(key));
+      line.OnKeyboardEvent(event);
+    }
+  }
+}
+
+// What a new console shows in its line after these keys.
+std::string Typed(const std::string& keys) {
+  const CTestScreen screen(80, 60);
+  const CConsoleWindow console;
+  const ui::CWidget& window = *ui::CDesktopWidget::GetSingleton().GetChildren().front();
+  auto& line =
+      dynamic_cast<ui::CTextInputWidget&>(*window.GetChildren().front()->GetChildren().front());
+  TypeInto(line, keys);
+  return line.GetText();
+}
+
+TEST(ConsoleWindow, BrowsesItsHistory) {
+  const CLogCapture log;
+  EXPECT_EQ(Typed("^"), "");
+  EXPECT_EQ(Typed("b\r^"), "b");
+  EXPECT_EQ(Typed("a\rb\r^"), "a") << "the line before the last one";
+  EXPECT_EQ(Typed("a\rb\r^^"), "a");
+  EXPECT_EQ(Typed("a\rb\r^_"), "b");
+  EXPECT_EQ(Typed("a\rb\r^__"), "b");
+  EXPECT_EQ(Typed("a\rb\rc^"), "b") << "what was typed is kept";
+  EXPECT_EQ(Typed("a\rb\rc^_"), "c");
+  EXPECT_EQ(Typed("a\rb\rc\r^^\r^"), "c") << "from the newest one again";
+  EXPECT_NE(log.Text().find("b\nb\n"), std::string::npos) << "lines and their results are logged";
+}
+
+TEST(ConsoleWindow, TabCompletesTheWordBeforeTheCursor) {
+  const CLogCapture log;
+  EXPECT_EQ(Typed("help(qui)<\t"), "help(quit)");
+  EXPECT_EQ(Typed("audiotest = 1\rAUDIOT\t"), "audiotest");
+  Typed("t\t");
+  EXPECT_TRUE(log.Has("taskload  toggle")) << "several to a line";
+}
+
+TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
+  const SConsoleNames names{
+      .commands = {"quit", "help"}, .variables = {"debris", "debt"}, .tasks = {"Delta", "Other"}};
+  const auto completed = [&names](const std::string& line) {
+    const SCompletion found = CompleteWord(line, names);
+    return line.substr(0, line.size() - found.typed) + found.word;
+  };
+  EXPECT_EQ(completed("QUI"), "quit");
+  EXPECT_EQ(completed("QUIT"), "quit");
+  EXPECT_EQ(completed("x = DEBR"), "x = debris");
+  EXPECT_EQ(completed("de"), "deb");
+  EXPECT_EQ(CompleteWord("de", names).choices, (std::vector<std::string>{"debris", "debt"}));
+  EXPECT_TRUE(CompleteWord("q", names).choices.empty()) << "no choice";
+  EXPECT_EQ(completed("De"), "De") << "names in different cases";
+  EXPECT_EQ(completed("none"), "none");
+  EXPECT_EQ(completed("a;Oth"), "a;Other::");
+  EXPECT_EQ(completed("f(Oth"), "f(Other") << "a parameter";
+  EXPECT_EQ(completed("f(1);Oth"), "f(1);Other::");
+  EXPECT_EQ(completed("oth"), "oth") << "tasks have their case";
+  EXPECT_EQ(completed(":qui"), ":qui") << "the task's own matter";
+}
+
+// Five characters of the system font and the cursor fit in.
+class ConsoleInput : public testing::Test {
+ protected:
+  const std::string& ShownAfter(const std::string& keys) {
+    TypeInto(myInput, keys);
+    return dynamic_cast<CTextSprite&>(*mySprite).GetText();
+  }
+  void Press(int key, int character = 0) {
+    ui::CKeyboardEvent event(ui::IEvent::kKeyDown, key, static_cast<std::uint8_t>(character));
+    myInput.OnKeyboardEvent(event);
+  }
+
+  const CTestScreen myScreen{80, 60};
+  const CSpritePtr mySprite{new CTextSprite(LoadFont("system"), 32, 20)};
+  CConsoleInput myInput{nullptr, {100, 0, 32, 20}, false, "", mySprite, ""};
+};
+
+TEST_F(ConsoleInput, ALongLineScrollsWithItsCursor) {
+  EXPECT_EQ(ShownAfter("abcde"), "abcde");
+  myInput.Resize(31, 20);
+  EXPECT_EQ(ShownAfter(""), "bcde");
+  myInput.Resize(32, 20);
+  EXPECT_EQ(ShownAfter("fg"), "cdefg");
+  EXPECT_EQ(ShownAfter("<<<<<"), "cdefg");
+  EXPECT_EQ(ShownAfter("<"), "bcdefg");
+  myInput.CursorEnd();
+  EXPECT_EQ(ShownAfter("\b"), "bcdef") << "no space is left after the end";
+  myInput.SetCursorToPoint({113, 0});
+  EXPECT_EQ(myInput.GetCursor(), 3) << "counted from the characters that are scrolled out";
+  myInput.Resize(100, 20);
+  EXPECT_EQ(ShownAfter(""), "abcdef");
+}
+
+TEST_F(ConsoleInput, ControlCharactersStayOut) {
+  Press(kEscapeKey, 27);
+  Press('_', 31);
+  Press(0, 127);
+  Press('~', '~');
+  Press(' ', ' ');
+  EXPECT_EQ(myInput.GetText(), "~ ");
+}
+
+class CPages : public css::CSignalTarget {
+ public:
+  void Turn(std::int32_t by) { turned.push_back(by); }
+  std::vector<int> turned;
+};
+
+TEST_F(ConsoleInput, ItsKeysSetOffTheirSignals) {
+  CPages pages;
+  myInput.GetPageSignal().Connect(&pages, &CPages::Turn);
+  Press(kPageUpKey);
+  Press(kPageDownKey);
+  EXPECT_EQ(pages.turned, (std::vector{-1, 1}));
+  myInput.GetKeySignal(CConsoleInput::kReturn).Connect(&myInput, &CConsoleInput::EraseBackward);
+  ShownAfter("ab");
+  Press(kKeypadEnterKey, 13);
+  EXPECT_EQ(myInput.GetText(), "a");
+}
+
+}  // namespace
+}  // namespace vask::test
