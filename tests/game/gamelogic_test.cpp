@@ -258,15 +258,15 @@ TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {
   const auto show = [this](unsigned wait, const std::string& file) {
     Pass(wait);
     CGameLogic::ShowSign(file);
-    EXPECT_EQ(PlaceOf(file), "380,-40");
+    EXPECT_EQ(PlaceOf(file), "250,-88");
     return GameState().signTargetY;
   };
-  EXPECT_EQ(show(0, "data/gfx/b_one_touch.xml"), 105);
-  EXPECT_EQ(show(999, "data/gfx/b_long_shot.xml"), 145);
-  EXPECT_EQ(show(999, "data/gfx/b_wall_bounce.xml"), 185);
-  EXPECT_EQ(show(1000, "data/gfx/b_bashing.xml"), 105);
+  EXPECT_EQ(show(0, "data/gfx/b_one_touch.xml"), 81);
+  EXPECT_EQ(show(999, "data/gfx/b_long_shot.xml"), 169);
+  EXPECT_EQ(show(999, "data/gfx/b_wall_bounce.xml"), 257);
+  EXPECT_EQ(show(1000, "data/gfx/b_bashing.xml"), 81);
   Pass(1000);
-  EXPECT_EQ(PlaceOf("data/gfx/b_bashing.xml"), "380,105") << "the curve is cut off at 1";
+  EXPECT_EQ(PlaceOf("data/gfx/b_bashing.xml"), "250,81") << "the curve is cut off at 1";
   for (const auto& [wait, count] : {std::pair{1070U, 1U}, {30U, 0U}}) {
     Pass(wait);
     vask::CFakeThread::RunThreads(0);
