@@ -24,6 +24,10 @@ namespace vask {
 //     starttask( debug, debug, 60 )
 //     debug::ToggleConsole
 //     debug::RecordInput( "game.rec" )
+//
+//     starttask( debug, debug, 60 )
+//     debug::ToggleConsole
+//     debug::RecordInput( "game.rec" )
 class CTaskDebug : public CTask {
  public:
   // Statistics of the frame counts so far, each over at least a second.
