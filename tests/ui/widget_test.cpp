@@ -210,6 +210,8 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
   ourNotes.clear();
   CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
+  ClearReceivers();
+  SendToMouseCapture(event);
   EXPECT_EQ(ourNotes, "a.move ~a c.move ");
 }
 
@@ -223,6 +225,7 @@ TEST_F(Widget, DyingLeavesNothingBehind) {
   EXPECT_EQ(signal.GetConnectionCount(), 0U);
   auto* b = new CSpy(myRoot.get(), {0, 0, 20, 10}, "b");
   SetMouseOver(myRoot.get());
+  SetFocus(b);
   ourHandler = [&](const std::string&) { delete b; };
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
 }
