@@ -16,7 +16,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "
 from Xlib.ext import damage  # noqa: E402
 
 from display import Display  # noqa: E402
-from game import Game, load_picture, matches  # noqa: E402
+from game import Game, fit, load_picture  # noqa: E402
 
 
 def resident_kib(pid):
@@ -34,7 +34,7 @@ def start_milliseconds(screen):
             time.sleep(0.002)
         game.wait_for_window()
         x, y = game.rect[:2]
-        while not matches(screen.picture((x + 300, y + 300, 20, 20)), title, 0.95):
+        while fit(screen.picture((x + 300, y + 300, 20, 20)), title) < 0.95:
             time.sleep(0.002)
         return (time.monotonic() - game.started) * 1000
 
@@ -66,7 +66,7 @@ def play_on(game, games):
     memory = []
     for number in range(games):
         game.point_at(5, 5)
-        game.wait_for_log("Gameover", 120, game.log().count("Gameover") + 1)
+        game.wait_for_log("Gameover", times=game.log().count("Gameover") + 1, seconds=120)
         time.sleep(0.5)  # the screen is loaded after that line
         memory.append(resident_kib(game.process.pid))
         print(f"  after game {number + 1}: {memory[-1]} KiB", flush=True)

@@ -11,8 +11,12 @@ namespace vask {
 // A list of pointers (not owned) that may change, or die, while it is being walked. Every list
 // whose elements are called while it is walked is one of these:
 //
-//   CWalkList<CTask>::CWalk walk(myTasks);
-//   while (CTask* task = walk.Next()) task->Update();
+//     using List = CWalkList<const char>;
+//
+//     List::CWalk walk(*list);
+//     while (const char* item = walk.Next()) {
+//       visit(item);
+//     }
 //
 // A removal moves the open walks to the successor; what is inserted after a walk's current element
 // is still visited, what is inserted before it is not.

@@ -20,9 +20,6 @@ struct SInOrderOfComing {
 // inserting, removing and finding one cost about the same however many there are. Sorted by
 // `Order`, which is evaluated when an element is inserted.
 //
-//   CWalkSet<CTask, SRunsEarlier>::CWalk walk(myTasks);
-//   while (CTask* task = walk.Next()) task->Update();
-//
 // A removal moves the open walks to the successor; what is inserted after a walk's current element
 // is still visited, what is inserted before it is not.
 template <typename T, typename Order = SInOrderOfComing>

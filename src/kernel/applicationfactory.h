@@ -47,7 +47,6 @@ class CApplicationFactory : public CStaticSingleton<CApplicationFactory> {
 
 // Enters a variable of the program into each application console that is made, before anything is
 // executed in it. For static initialisers; the variable must live to the end of the program.
-//   const CConsoleVariableRegistrar registrar("debug_show_fps", theShownNumber);
 class CConsoleVariableRegistrar {
  public:
   CConsoleVariableRegistrar(const char* name, int& variable);

@@ -21,8 +21,6 @@ class CConsoleBridge : public CConsole {
 
 // Enters a command library that each application console has. For static initialisers.
 // `addCommands` adds the commands to the CCommandFactory; it is called once, before the first load.
-//
-//   const CConsoleLibraryRegistrar ourRegistrar("basic", &RegisterBasicCommands);
 class CConsoleLibraryRegistrar {
  public:
   CConsoleLibraryRegistrar(const char* library, void (*addCommands)());

@@ -124,7 +124,6 @@ void CKernel::ResumeTask(CTask* task) {
   if (task->IsDead()) {
     return;
   }
-  myFocusPausedTasks.Remove(task);
   if (!myPausedTasks.Remove(task)) {
     myTimedTasks.ResumeTask(task);
     return;
@@ -135,7 +134,6 @@ void CKernel::ResumeTask(CTask* task) {
 }
 
 void CKernel::KillTask(CTask* task) {
-  myFocusPausedTasks.Remove(task);
   myRemovePending = true;
   if (task->IsTimed()) {
     myTimedTasks.KillTask(task);

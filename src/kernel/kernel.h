@@ -17,8 +17,8 @@ class CConsoleParams;
 // runs the cooperative threads. It does not own the tasks. Tasks may start, pause, resume and kill
 // tasks, themselves included, from any hook.
 //
-//   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
-//   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
+//     CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
+//     CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
 class CKernel : public CStaticSingleton<CKernel> {
  public:
   class CWindowFocusHandler : public IWindowListener {

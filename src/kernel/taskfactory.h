@@ -56,7 +56,8 @@ class CTaskFactory : public CStaticSingleton<CTaskFactory> {
 };
 
 // Registers a task type from a static initialiser:
-//   const CTaskTypeRegistrar<CTaskMouse> registrar("mouse");
+//
+//     const CTaskTypeRegistrar<CTaskSample> registrar("sample");
 template <typename T>
 class CTaskTypeRegistrar {
  public:

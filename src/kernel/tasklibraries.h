@@ -30,7 +30,8 @@ class CTaskLibraries : public CStaticSingleton<CTaskLibraries> {
 };
 
 // Enters a task library from a static initialiser:
-//   const CTaskLibraryRegistrar registrar("sdl", &RegisterSdlTasks);
+//
+//     const CTaskLibraryRegistrar ourLibraryRegistrar("samples", &RegisterSampleTasks);
 class CTaskLibraryRegistrar {
  public:
   CTaskLibraryRegistrar(const char* library, CTaskLibraries::Loader loader) {

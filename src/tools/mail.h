@@ -22,7 +22,6 @@ struct SMailLimits {
 // log. No name, address, subject or file name can add a header or a command of its own. The replies
 // are not checked: the text is sent even if the host rejects the recipient.
 //
-//     CMail mail;
 //     mail.SetSender("Test program", "test@example.com");
 //     mail.SetSubject("It broke");
 //     mail.SetText("This is how");

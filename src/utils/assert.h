@@ -90,7 +90,8 @@ void LogErrors(std::string_view text);
   } while (false)
 
 // The same with variables that the developer sees and, unless they are constant, may change:
-//   VASK_ASSERT_WATCHING(index < count, index, count);
+//
+//     VASK_ASSERT_WATCHING(index < count, index, count);
 #define VASK_ASSERT_WATCHING(expression, ...)                         \
   do {                                                                \
     if (!(expression)) {                                              \

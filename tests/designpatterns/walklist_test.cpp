@@ -14,48 +14,60 @@ namespace {
 
 using List = CWalkList<const char>;
 
-const char* Item(int index) { return &"abcde"[index]; }
+const char* Item(char letter) { return &"abcde"[letter - 'a']; }
 
-// clang-format off
-const struct {
-  const char* what;
-  std::function<void(std::unique_ptr<List>&)> change;  // made when the walk stands on "b" of "abcd"
-  const char* walked;
-  const char* present;  // by ForEachPresent
-} kCases[] = {
-    {"nothing", [](auto&) {}, "abcd", "abcd"},
-    {"removes itself", [](auto& l) { l->Remove(Item(1)); }, "abcd", "abcd"},
-    {"removes the one before", [](auto& l) { l->Remove(Item(0)); }, "abcd", "abcd"},
-    {"removes the next", [](auto& l) { l->Remove(Item(2)); }, "abd", "abd"},
-    {"inserts before itself", [](auto& l) { l->Insert(1, Item(4)); }, "abcd", "abcd"},
-    {"inserts behind itself", [](auto& l) { l->Insert(2, Item(4)); }, "abecd", "abcd"},
-    {"goes to the end", [](auto& l) { l->Remove(Item(1)), l->Append(Item(1)); }, "abcdb", "abcd"},
-    {"the next goes and comes", [](auto& l) { l->Remove(Item(2)), l->Append(Item(2)); }, "abdc", "abd"},
-    {"clears and refills", [](auto& l) { l->Clear(), l->Append(Item(4)); }, "abe", "ab"},
-    {"deletes the list", [](auto& l) { l.reset(); }, "ab", "ab"},
-};
-// clang-format on
+std::unique_ptr<List> NewList(const std::string& letters) {
+  auto list = std::make_unique<List>();
+  for (const char letter : letters) {
+    list->Append(Item(letter));
+  }
+  return list;
+}
 
 TEST(WalkList, WalksSurviveEveryChange) {
-  for (const auto& c : kCases) {
-    for (const bool onlyPresent : {false, true}) {
-      auto list = std::make_unique<List>();
-      for (int i = 0; i < 4; ++i) {
-        list->Append(Item(i));
+  // Changes that are made when a walk over "abcd" is at "b", and what the two kinds of walk visit.
+  const char *a = Item('a'), *b = Item('b'), *c = Item('c'), *e = Item('e');
+  const struct {
+    std::function<void(std::unique_ptr<List>&)> change;
+    std::string walked, present;
+  } cases[] = {
+      {.change = [=](auto& list) { list->Remove(b); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Remove(a); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Remove(c); }, .walked = "abd", .present = "abd"},
+      {.change = [=](auto& list) { list->Insert(1, e); }, .walked = "abcd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Insert(2, e); }, .walked = "abecd", .present = "abcd"},
+      {.change = [=](auto& list) { list->Clear(); }, .walked = "ab", .present = "ab"},
+      {.change = [=](auto& list) { list.reset(); }, .walked = "ab", .present = "ab"}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE("row " + std::to_string(&row - cases));
+    std::unique_ptr<List> list = NewList("abcd");
+    std::string visited;
+    const auto visit = [&](const char* item) {
+      visited += *item;
+      if (visited == "ab") {
+        row.change(list);
       }
-      std::string walked;
-      const auto visit = [&](const char* item) {
-        walked += *item;
-        walked == "ab" ? c.change(list) : void();
-      };
-      List::CWalk walk(*list);
-      onlyPresent ? list->ForEachPresent(visit) : void();
-      while (const char* item = onlyPresent ? nullptr : walk.Next()) {
-        visit(item);
-      }
-      EXPECT_EQ(walked, onlyPresent ? c.present : c.walked) << c.what;
+    };
+    List::CWalk walk(*list);
+    while (const char* item = walk.Next()) {
+      visit(item);
     }
+    EXPECT_EQ(std::exchange(visited, {}), row.walked);
+    list = NewList("abcd");
+    list->ForEachPresent(visit);
+    EXPECT_EQ(visited, row.present);
   }
+}
+
+TEST(WalkList, WhatComesBackWaitsForTheNextWalk) {
+  const std::unique_ptr<List> list = NewList("abcd");
+  std::string visited;
+  list->ForEachPresent([&](const char* item) {
+    visited += *item;
+    list->Remove(Item('c'));
+    list->AppendOnce(Item('c'));
+  });
+  EXPECT_EQ(visited, "abd");
 }
 
 // The plain list tells what the one for very many has to do.
@@ -73,14 +85,14 @@ TEST(WalkSet, BehavesLikeASortedWalkList) {
   auto setWalk = std::make_unique<Set::CWalk>(*set);
   for (int step = 0; step < 30'000; ++step) {
     const char* item = &ranks[random() % ranks.size()];
-    if (list.Contains(item)) {
-      list.Remove(item);
+    EXPECT_EQ(set->Contains(item), list.Contains(item));
+    if (list.Remove(item)) {
       EXPECT_TRUE(set->Remove(item));
     } else if (step < 10'000) {  // from then on they only go
       const auto [begin, end] = std::ranges::equal_range(list.Items(), item, SByRank());
       const bool isFirst = step % 2 == 0;
       list.Insert(static_cast<std::size_t>((isFirst ? begin : end) - list.Items().begin()), item);
-      isFirst ? set->Prepend(item) : set->Append(item);
+      (set.get()->*(isFirst ? &Set::Prepend : &Set::Append))(item);
     }
     const char* next = listWalk->Next();
     ASSERT_EQ(setWalk->Next(), next) << "step " << step;

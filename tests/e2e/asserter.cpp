@@ -1,11 +1,9 @@
 // A task type "asserter" for the stepper. Its lines:
 //
-//   Fail               fails an assertion that watches two variables: count, and limit, a constant
-//   FailElsewhere      fails another one, with a message
-//   FailWith N         fails one with a message of the numbers 1 to N, one a line
-//   FailHoldingPixels  fails one between taking the screen's pixels and writing to them
-//   Unban              lifts the ban that "Ignore All" sets
-//   Tell               prints the variable and the window's state
+//   Fail        fails an assertion that watches two variables: count, and limit, a constant
+//   FailWith N  fails one with a message of the numbers 1 to N, one a line
+//   Unban       lifts the ban that "Ignore All" sets
+//   Tell        prints the variable and the window's state
 
 #include "events/eventbridge.h"
 #include "kernel/taskfactory.h"
@@ -13,8 +11,6 @@
 
 #include <SDL.h>
 
-#include <algorithm>
-#include <cstdint>
 #include <iostream>
 #include <string>
 
@@ -40,12 +36,8 @@ class CAsserter : public vask::CTask {
     const STouchy limit{2};
     if (line == "Fail") {
       VASK_ASSERT_WATCHING(count < limit.value, count, limit);
-    } else if (line == "FailElsewhere") {
-      VASK_ASSERT(count < 0, "There is too much of it.");
-    } else if (line.rfind("FailWith ", 0) == 0) {
+    } else if (line.starts_with("FailWith ")) {
       FailWith(std::stoi(line.substr(9)));
-    } else if (line == "FailHoldingPixels") {
-      FailHoldingPixels();
     } else if (line == "Unban") {
       vask::BanAsserts(false);
     } else {
@@ -62,18 +54,10 @@ class CAsserter : public vask::CTask {
     }
     VASK_ASSERT(numbers < 0, message);
   }
-  static void FailHoldingPixels() {
-    SDL_Surface* screen = SDL_GetVideoSurface();
-    SDL_LockSurface(screen);
-    auto* pixels = static_cast<std::uint32_t*>(screen->pixels);
-    VASK_ASSERT(pixels == nullptr);
-    std::fill_n(pixels, screen->w * 10, 0x00FF00);
-    SDL_UnlockSurface(screen);
-    SDL_UpdateRect(screen, 0, 0, 0, 0);
-  }
   std::string Window() const {
-    const bool isFull = myResizes > 0 && (SDL_GetVideoSurface()->flags & SDL_FULLSCREEN) != 0;
-    const bool isGrabbed = myResizes > 0 && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
+    const SDL_Surface* screen = SDL_GetVideoSurface();
+    const bool isFull = screen != nullptr && (screen->flags & SDL_FULLSCREEN) != 0;
+    const bool isGrabbed = screen != nullptr && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
     return std::string(isFull ? ", full" : "") + (isGrabbed ? ", grabbed" : "") + ", resized " +
            std::to_string(myResizes);
   }

@@ -1,9 +1,6 @@
 """The developer console of a running game, as a person sees and uses it."""
-import numpy
-
 from game import fit, load_picture
 
-TITLE_HEIGHT = 22  # with the border above it
 INPUT_HEIGHT = 20
 
 
@@ -34,9 +31,7 @@ class Console:
             return None
         return left - 2, top, right - left + 2, int(lines[-1]) + INPUT_HEIGHT + 2
 
-    def wait_until_closed(self):
-        self.game.wait_for(lambda: self.rect() is None, "the end of the console")
-
+    # None: until it is closed.
     def wait_for_rect(self, rect):
         self.game.wait_for(lambda: self.rect() == rect, f"a console at {rect}")
 
@@ -44,15 +39,14 @@ class Console:
         self.screen.tap("F1")
         self.wait_for_rect((10, 10, 400, 200))
 
-    def enter(self, *lines):
-        for line in lines:
-            self.screen.type(line)
-            self.screen.tap("Return")
+    def enter(self, line):
+        self.screen.type(line)
+        self.screen.tap("Return")
+        self.game.wait_for_log(f"( ) {line}\n")
 
     def click(self, x, y):
         self.game.point_at(x + 5, y)  # a pointer that does not move reports no place
-        self.game.point_at(x, y)
-        self.screen.click()
+        self.game.click_at(x, y)
         self._let_it_be_no_double_click()
 
     def click_input(self):
@@ -65,12 +59,8 @@ class Console:
         for step in range(1, 9):
             self.game.point_at(*(a + (b - a) * step // 8 for a, b in zip(start, end)))
         self.screen.release(1)
-        self._leave()
+        self.screen.move_pointer(5, 5)  # where it covers nothing
         self._let_it_be_no_double_click()
-
-    # Moves the pointer out of the window, where it covers nothing.
-    def _leave(self):
-        self.screen.move_pointer(5, 5)
 
     def _let_it_be_no_double_click(self):
         self.game.settle()
@@ -78,32 +68,9 @@ class Console:
 
     # Waits until the text in the input line is that many pixels wide.
     def wait_for_input(self, width):
-        self._leave()
+        x, y, w, h = self.rect()
 
         def is_wide():
-            x, y, w, h = self.rect()
-            line = self.game.picture()[y + h - INPUT_HEIGHT + 2:y + h - 4, x + 4:x + w - 4]
-            written = (line != line[:, -1:]).any(axis=(0, 2)).nonzero()[0]
-            return len(written) and written[-1] > width
+            shown = self.game.picture()[y + h - INPUT_HEIGHT + 2:y + h - 4, x + 4:x + w - 4]
+            return (shown[:, width:] != shown[:, -1:]).any()
         self.game.wait_for(is_wide, "the typed text")
-
-    # Over the view of the log.
-    def turn_wheel(self, button):
-        x, y, w, _ = self.rect()
-        self.game.point_at(x + w // 2, y + TITLE_HEIGHT + 10)
-        self.screen.click(button)
-        self._leave()
-
-    # The view of the log.
-    def view(self):
-        x, y, w, h = self.rect()
-        return self.game.picture()[y + TITLE_HEIGHT:y + h - INPUT_HEIGHT - 2, x + 2:x + w - 2]
-
-    def view_is(self, shown):
-        return numpy.array_equal(self.view(), shown)
-
-    # Waits until the view no longer shows that; returns what it shows then.
-    def wait_for_change(self, shown):
-        self.game.wait_for(lambda: not self.view_is(shown), "another view")
-        self.game.settle()
-        return self.view()

@@ -11,7 +11,7 @@ import time
 
 import numpy
 from Xlib import X, XK, display, error
-from Xlib.ext import xfixes, xtest  # noqa: F401  (they register themselves)
+from Xlib.ext import xtest
 from Xlib.protocol import event
 
 
@@ -51,18 +51,9 @@ class Scoped:
 
 # A process that is ended with the scope.
 def run_beside(undo, command, **how):
-    process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **how)
-    undo.callback(end_process, process)
+    process = undo.enter_context(subprocess.Popen(command, stderr=subprocess.DEVNULL, **how))
+    undo.callback(process.terminate)
     return process
-
-
-def end_process(process):
-    process.terminate()
-    try:
-        process.wait(LIMIT)
-    except subprocess.TimeoutExpired:
-        process.kill()
-        process.wait()
 
 
 # Xvfb with openbox.
@@ -89,14 +80,10 @@ class Display(Scoped):
         self._map_pixels()
 
     def _start_server(self, undo):
-        read, write = os.pipe()
-        with open(read) as pipe:
-            self.server = run_beside(
-                undo, ["Xvfb", "-noreset", "-displayfd", str(write), "-fbdir", self.folder,
-                       "-nolisten", "tcp", "-screen", "0", "{}x{}x24".format(*self.SIZE)],
-                pass_fds=[write])
-            os.close(write)
-            number = read_line(pipe).strip()
+        self.server = run_beside(
+            undo, ["Xvfb", "-noreset", "-displayfd", "1", "-fbdir", self.folder, "-nolisten", "tcp",
+                   "-screen", "0", "{}x{}x24".format(*self.SIZE)], stdout=subprocess.PIPE, text=True)
+        number = read_line(self.server.stdout).strip()
         assert number, "Xvfb did not start"
         self.name = ":" + number
 
@@ -110,8 +97,7 @@ class Display(Scoped):
         with open(self.folder / "Xvfb_screen0", "rb") as file:
             memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
         words = struct.unpack(">25I", memory[:100])
-        start = words[0] + words[19] * 12
-        stride, height, width = words[12], words[5], words[4]
+        start, stride, height, width = words[0] + words[19] * 12, words[12], words[5], words[4]
         rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
         self.pixels = rows[:, :width * 4].reshape(height, width, 4)
 
@@ -119,13 +105,6 @@ class Display(Scoped):
     def picture(self, rect):
         x, y, w, h = rect
         return self.pixels[y:y + h, x:x + w, 2::-1].copy()
-
-    # The whole screen, shrunk to the size by the nearest pixels.
-    def scaled_picture(self, width, height):
-        screen_width, screen_height = self.SIZE
-        columns = (numpy.arange(width) + 0.5) * screen_width / width
-        rows = (numpy.arange(height) + 0.5) * screen_height / height
-        return self.pixels[rows.astype(int)][:, columns.astype(int), 2::-1]
 
     # Waits until the server has done everything and has sent what came of it.
     def sync(self):
@@ -246,7 +225,6 @@ class Display(Scoped):
         window = self.root.create_window(900, 600, 200, 200, 0, X.CopyFromParent)
         window.set_wm_name("Other")
         window.map()
-        self.sync()
         wait_for(lambda: self.find_window("Other"), "another window")
         self.settle()
         return window

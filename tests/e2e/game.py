@@ -23,7 +23,7 @@ class Game(Scoped):
 
     # `prepare` may change the copy of runtime/ before the start; then the lines are added to its
     # autoexec.txt.
-    def __init__(self, screen=None, build="release", lines="", environment=(),
+    def __init__(self, screen=None, build="release", lines="", environment={},
                  prepare=lambda runtime: None):
         self.screen, self.lines, self.prepare = screen, lines, prepare
         self.title = "Brumble"
@@ -43,14 +43,13 @@ class Game(Scoped):
         if self.lines:
             with open(self.runtime / "autoexec.txt", "a") as script:
                 script.write(self.lines + "\n")
-        environment = dict(os.environ, SDL_AUDIODRIVER="dummy",
-                           LSAN_OPTIONS=f"suppressions={SUPPRESSIONS}:print_suppressions=0")
-        for display in ("DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
-            environment.pop(display, None)
+        displays = {"DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"}
+        environment = {name: os.environ[name] for name in os.environ.keys() - displays}
         if self.screen:
             environment["DISPLAY"] = self.screen.name
-        environment.update(self.environment)
-        return self._run([self.executable], self.runtime, environment)
+        return self._run([self.executable], self.runtime, {
+            **environment, "LSAN_OPTIONS": f"suppressions={SUPPRESSIONS}:print_suppressions=0",
+            "SDL_AUDIODRIVER": "dummy", **self.environment})
 
     def _run(self, command, folder, environment):
         return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
@@ -108,9 +107,9 @@ class Game(Scoped):
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
         return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
 
-    # What the program has used of a core so far.
-    def processor_seconds(self):
-        stat = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text()
+    # What the program, or its main thread alone, has used of a core so far.
+    def processor_seconds(self, thread=""):
+        stat = pathlib.Path(f"/proc/{self.process.pid}/{thread}/stat").read_text()
         user, system = stat.rsplit(")", 1)[1].split()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
 
@@ -129,7 +128,7 @@ class Game(Scoped):
 
     # Whether the window shows most of that full-screen picture of data/gfx/.
     def shows(self, name, share=0.6):
-        return matches(self.picture(), load_picture(name), share)
+        return fit(self.picture(), load_picture(name)) >= share
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")
@@ -138,7 +137,8 @@ class Game(Scoped):
     def full_screen_picture(self):
         if self.has_classic_sdl():
             return self.screen.picture(self.screen.MIDDLE)
-        return self.screen.scaled_picture(800, 600)
+        shown = Image.fromarray(self.screen.picture((0, 0, *self.screen.SIZE)))
+        return numpy.asarray(shown.resize((800, 600), Image.Resampling.NEAREST))
 
     # Waits until that sprite of data/gfx/ shows in the place that its file gives.
     def wait_for_sprite(self, name):
@@ -148,8 +148,7 @@ class Game(Scoped):
         self.wait_for(lambda: fit(self.picture()[y:, x:], expected) > 0.9, f"the sprite {name}")
 
     def wait_for_cursor(self, is_shown):
-        self.wait_for(lambda: self.screen.cursor_is_visible() == is_shown,
-                      f"a cursor that is {'shown' if is_shown else 'hidden'}")
+        self.wait_for(lambda: self.screen.cursor_is_visible() == is_shown, f"cursor {is_shown}")
 
     # Moves the real pointer to a place in the window.
     def point_at(self, x, y):
@@ -157,6 +156,10 @@ class Game(Scoped):
 
     def click(self, button=1):
         self.screen.click(button)
+
+    def click_at(self, x, y):
+        self.point_at(x, y)
+        self.click()
 
     def wait_for_title(self):
         self.wait_for_window()
@@ -185,12 +188,12 @@ class Stepper(Game):
         super().__init__(screen, build, lines + "\nstarttask(stepper, stepper, 1)", **how)
         self.clock = 0
 
+    def send(self, line):
+        self.process.stdin.write(f"{line}\n".encode())
+
     def order(self, line):
         self.send(line)
         return self.reply()
-
-    def send(self, line):
-        self.process.stdin.write(f"{line}\n".encode())
 
     # What the program prints up to its next "ok".
     def reply(self):
@@ -250,10 +253,6 @@ def fit(shown, expected):
     return (off[expected[:, :, 3] == 255] <= 4).mean()
 
 
-def matches(shown, expected, share=0.6):
-    return shown.shape[:2] == expected.shape[:2] and fit(shown, expected) >= share
-
-
 # Whether a burst of fire is at the bottom of the pit that was not there before.
 def fire_burns(picture, before):
     now, then = picture[480:].astype(int), before[480:].astype(int)
@@ -267,25 +266,22 @@ class Digits:
     STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
 
     def __init__(self):
-        line = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0]
-        fields = line.split(";")
+        fields = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0].split(";")
         columns, _, width, height = map(int, fields[1:5])
-        sheet = load_picture("numbers")
         self.glyphs = {}
-        for index, character in enumerate(fields[7]):
+        for digit in "0123456789":
+            index = fields[7].index(digit)
             glyph_width = int(int(fields[8][2 * index:2 * index + 2]) * 0.015625 * width)
             x, y = index % columns * width, index // columns * height
-            if character.isdigit():
-                self.glyphs[character] = sheet[y:y + height, x:x + glyph_width]
+            self.glyphs[digit] = load_picture("numbers")[y:y + height, x:x + glyph_width]
 
     # The number at the board's corner; None when nothing there reads as one.
     def read(self, picture, place):
         x, y = place
         text = ""
         while True:
-            found = [((glyph[:, :, 3] == 255).sum(), character)
-                     for character, glyph in self.glyphs.items()
-                     if fit(picture[y:, x:], glyph) > 0.98]
+            found = [((glyph[:, :, 3] == 255).sum(), digit)
+                     for digit, glyph in self.glyphs.items() if fit(picture[y:, x:], glyph) > 0.98]
             if not found:
                 return int(text) if text else None
             text += max(found)[1]  # a thin one fits into others

@@ -3,10 +3,10 @@
 //
 //   run LINE      executes LINE in the application console
 //   advance MS    moves the clock on
-//   redraw        asks for a full redraw of the next frame
+//   redraw        makes the next frame a full redraw
 //   frame         lets one frame go by
 //
-// Each is answered "ok" when it is done; the end of the input quits.
+// It prints "ok" when each is done; the end of the input quits.
 
 #include "gfx/sprite/screenlayer.h"
 #include "kernel/application.h"
@@ -40,13 +40,13 @@ class CStepper : public vask::CTask {
 
  private:
   void Obey(const std::string& order) {
-    if (order == "frame") {
-      myFrameRuns = true;
+    myFrameRuns = order == "frame";
+    if (myFrameRuns) {
       return;
     }
-    if (order.rfind("run ", 0) == 0) {
+    if (order.starts_with("run ")) {
       vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(order.substr(4), false);
-    } else if (order.rfind("advance ", 0) == 0) {
+    } else if (order.starts_with("advance ")) {
       theClock->Advance(static_cast<unsigned>(std::stoul(order.substr(8))));
     } else if (order == "redraw") {
       vask::CScreenLayer::GetSingletonPtr()->RefreshAll();

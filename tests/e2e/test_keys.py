@@ -6,7 +6,7 @@ import time
 from case import GameTest, for_each
 from console import Console
 from display import wait_for
-from game import ROOT, find_kitten, load_picture, matches
+from game import ROOT, find_kitten, fit, load_picture
 from library import libraries
 from test_sound import Recorder
 
@@ -18,16 +18,20 @@ class Keys(GameTest):
             time.sleep(0.3)
         time.sleep(0.1)  # SDL takes a press that follows at once for a repetition
 
-    def test_full_screen_and_the_end(self):
-        _, game = self.start()
+    # The key for the end is one that the player's own script binds, as the console page shows.
+    def test_full_screen_and_own_lines(self):
+        page = (ROOT / "docs/console.md").read_text()
+        own = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
+        _, game = self.start(prepare=lambda runtime: (runtime / "user.txt").write_text(
+            textwrap.dedent(own)))
         game.wait_for_title()
         title = load_picture("title_screen")
         for keys in (["F11"], ["Alt_L", "Return"], ["Return", "Alt_R"]):
             self.press(*keys)
-            game.wait_for(lambda: matches(game.full_screen_picture(), title, 0.8), "full screen")
+            game.wait_for(lambda: fit(game.full_screen_picture(), title) > 0.8, "full screen")
             self.press(*keys)
             game.wait_for_picture("title_screen")
-        self.press("Escape")
+        self.press("q")
         game.wait_for_end()
 
     def test_music_and_pause(self):
@@ -37,31 +41,20 @@ class Keys(GameTest):
         for is_heard in (True, False, True):
             recorder.wait_for_sound(is_heard)
             self.press("m")
-        recorder.wait_for_sound(False)
         game.start_playing()
         game.point_at(5, 5)
         game.wait_for_kitten()
         self.press("p")
         game.wait_for_cursor(True)
+        game.wait_for_sprite("paused")
         game.settle()
         place = find_kitten(game.picture())
         game.settle()
         self.assertEqual(find_kitten(game.picture()), place)
-        game.wait_for_sprite("paused")
         recorder.wait_for_sound(False)
         self.press("Pause")
         wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
         game.wait_for_cursor(False)
-
-    # What a player writes into user.txt adds to the script, as the console page shows.
-    def test_own_lines(self):
-        page = (ROOT / "docs/console.md").read_text()
-        lines = re.search(r"## Your own lines\n[^#]*?\n\n((?:    .*\n)+)", page).group(1)
-        _, game = self.start(prepare=lambda runtime: (runtime / "user.txt").write_text(
-            textwrap.dedent(lines)))
-        game.wait_for_title()
-        self.press("q")
-        game.wait_for_end()
 
 
 class Layouts(GameTest):
@@ -80,4 +73,4 @@ class Layouts(GameTest):
             screen.tap(self.UNDER_ESCAPE)
             wait_for(console.rect, f"the console with the layout {layout}")
             screen.tap(self.UNDER_ESCAPE)
-            console.wait_until_closed()
+            console.wait_for_rect(None)

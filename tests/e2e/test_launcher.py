@@ -26,8 +26,8 @@ Report = collections.namedtuple("Report", "folder data script window_class argum
 
 class Launcher(unittest.TestCase):
     def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="brumble it's \"odd\" $HOME "))
-        self.addCleanup(shutil.rmtree, self.folder)
+        self.folder = pathlib.Path(self.enterContext(
+            tempfile.TemporaryDirectory(prefix="brumble it's \"odd\" $HOME ")))
         self.data = self.install("prefix")
         self.home = self.folder / "home"
         self.own = self.home / ".local/share/brumble"
@@ -70,17 +70,9 @@ class Launcher(unittest.TestCase):
         (self.folder / "link").symlink_to("prefix/games/brumble")
         script = self.data.parent / "autoexec.txt"
         expected = Report(*map(str, (self.own, self.data, script, "brumble", "", "\n")))
+        path = "prefix/games:" + os.environ["PATH"]
         for launcher in (self.folder / "link", "./link", "brumble"):
-            with self.subTest(launcher):
-                path = "prefix/games:" + os.environ["PATH"]
-                self.assertEqual(self.report(launcher=launcher, PATH=path), expected)
-
-    def test_the_players_folder(self):
-        elsewhere = str(self.folder / "else where")
-        for given, expected in ((elsewhere, elsewhere + "/brumble"), ("relative", str(self.own)),
-                                ("", str(self.own))):
-            with self.subTest(given):
-                self.assertEqual(self.report(XDG_DATA_HOME=given).folder, expected)
+            self.assertEqual(self.report(launcher=launcher, PATH=path), expected, launcher)
 
     def test_only_the_launchers_own_links_are_renewed(self):
         other, place, mine = self.install("other"), self.own / "data", self.folder / "my data"
@@ -90,15 +82,10 @@ class Launcher(unittest.TestCase):
                 ("a link of the player's", lambda: place.symlink_to(mine), mine),
                 ("one that dangles", lambda: place.symlink_to("nowhere"), self.data),
                 ("one to another installation", lambda: place.symlink_to(other), self.data)):
-            with self.subTest(what):
-                make()
-                self.assertEqual(self.report().data, str(expected))
-                self.assertEqual(list(other.iterdir()) + list(mine.iterdir()), [])
-                (place.unlink if place.is_symlink() else place.rmdir)()
-        script = self.own / "autoexec.txt"
-        script.unlink()
-        script.touch()
-        self.assertEqual(self.report().script, str(script))
+            make()
+            self.assertEqual(self.report().data, str(expected), what)
+            self.assertEqual([*other.iterdir(), *mine.iterdir()], [], what)
+            (place.unlink if place.is_symlink() else place.rmdir)()
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)
@@ -106,24 +93,24 @@ class Launcher(unittest.TestCase):
         temporary = self.folder / "tem porary"
         temporary.mkdir()
         for number in (0, signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
-            with self.subTest(number):
-                process = self.start(TMPDIR=temporary, SIGNAL=str(int(number)))
-                report = Report(*read_line(process.stdout).split("\t"))
-                process.send_signal(number)
-                process.communicate(timeout=LIMIT)
-                self.assertEqual(process.returncode, 40 + number)
-                self.assertEqual(pathlib.Path(report.folder).parent, temporary)
-                self.assertEqual(report.data, str(self.data))
-                self.assertEqual(list(temporary.iterdir()), [])
+            process = self.start(TMPDIR=temporary, SIGNAL=str(int(number)))
+            report = Report(*read_line(process.stdout).split("\t"))
+            process.send_signal(number)
+            process.communicate(timeout=LIMIT)
+            self.assertEqual(process.returncode, 40 + number)
+            self.assertEqual(pathlib.Path(report.folder).parent, temporary, number)
+            self.assertEqual(report.data, str(self.data), number)
+            self.assertEqual(list(temporary.iterdir()), [], number)
 
     def test_options(self):
         self.assertIn("Usage: brumble", self.run_it("--help", status=0))
-        self.assertIn("brumble ", self.run_it("--version", status=0))
         for wrong in (["--fullscreen"], ["--help", "x"], [""]):
-            with self.subTest(wrong):
-                self.assertIn("Usage: brumble", self.run_it(*wrong, status=2))
+            self.assertIn("Usage: brumble", self.run_it(*wrong, status=2), wrong)
 
     def test_the_environment(self):
+        elsewhere, own = str(self.folder / "else where"), str(self.own)
+        for given, folder in ((elsewhere, elsewhere + "/brumble"), ("relative", own), ("", own)):
+            self.assertEqual(self.report(XDG_DATA_HOME=given).folder, folder, given)
         self.assertIn("WAYLAND_DISPLAY", self.run_it(DISPLAY="", status=1))
         self.assertEqual(self.report(DISPLAY="", WAYLAND_DISPLAY="wayland-0").arguments, "")
         self.assertEqual(self.report(SDL_VIDEO_X11_WMCLASS="mine").window_class, "mine")

@@ -8,14 +8,18 @@ namespace {
 CEventBridge& Bridge() { return CEventBridge::GetSingleton(); }
 
 TEST(EventBridge, ListenersComeAndGoDuringEveryDispatch) {
-  // clang-format off
-  const std::pair<std::string, std::function<void()>> events[] = {
-      {"resize 4 5\n", [] { Bridge().Resize(4, 5); }}, {"focus 1 0\n", [] { Bridge().FocusEvent(true); }},
-      {"down 7 65\n", [] { Bridge().KeyDown(7, 'A'); }}, {"release 4 0\n", [] { Bridge().MouseButtonUp(4); }},
-      {"press 16 0\n", [] { Bridge().MouseButtonDown(16); }}, {"up 27 0\n", [] { Bridge().KeyUp(27, 0); }},
+  const struct {
+    std::string heard;
+    std::function<void()> send;
+  } events[] = {
+      {.heard = "resize 4 5\n", .send = [] { Bridge().Resize(4, 5); }},
+      {.heard = "focus 1 0\n", .send = [] { Bridge().FocusEvent(true); }},
+      {.heard = "down 7 65\n", .send = [] { Bridge().KeyDown(7, 'A'); }},
+      {.heard = "up 27 0\n", .send = [] { Bridge().KeyUp(27, 0); }},
+      {.heard = "press 16 0\n", .send = [] { Bridge().MouseButtonDown(16); }},
+      {.heard = "release 4 0\n", .send = [] { Bridge().MouseButtonUp(4); }},
   };
-  // clang-format on
-  for (const auto& [what, send] : events) {
+  for (const auto& [heard, send] : events) {
     std::string record;
     CEventRecorder first("a ", record);
     auto second = std::make_unique<CEventRecorder>("b ", record);
@@ -23,10 +27,10 @@ TEST(EventBridge, ListenersComeAndGoDuringEveryDispatch) {
     first.react = [&] { late = std::make_unique<CEventRecorder>("late ", record); };
     second->react = [&] { second.reset(); };
     send();
-    EXPECT_EQ(std::exchange(record, {}), "a " + what + "b " + what) << "the late one waits";
+    EXPECT_EQ(std::exchange(record, {}), "a " + heard + "b " + heard) << "the late one waits";
     first.react = [&] { late.reset(); };
     send();
-    EXPECT_EQ(record, "a " + what) << "the one behind has left";
+    EXPECT_EQ(record, "a " + heard) << "the one after it has left";
   }
 }
 
@@ -37,7 +41,8 @@ TEST(EventBridge, AListenerMayDieBetweenTheTwoPartsOfAMotion) {
   first->react = [&] { first.reset(); };
   Bridge().MouseMove(1, 2, -3, 4);
   EXPECT_EQ(record, "a move 1 2\nb move 1 2\nb by -3 4\n");
-  CEventBridge::DeleteSingleton();  // and the listener, who outlives it, does not raise it again
+  CEventBridge::DeleteSingleton();  // and the listener, who outlives it, does not make a new one
+  EXPECT_EQ(CEventBridge::PeekSingletonPtr(), nullptr);
 }
 
 }  // namespace

@@ -8,10 +8,11 @@
 
 namespace vask::test {
 
-// Listens to everything: writes each call down with two numbers, then does what the test wants of
-// it, once.
-struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
-  CEventRecorder(const char* itsName, std::string& itsRecord) : name(itsName), record(itsRecord) {
+// Listens to everything: writes each call down with two numbers, then calls the reaction of the
+// test, once.
+class CEventRecorder : public IWindowListener, public IKeyboardListener, public IMouseListener {
+ public:
+  CEventRecorder(const char* name, std::string& record) : myName(name), myRecord(record) {
     CEventBridge::GetSingletonPtr()->AddWindowListener(this);
     CEventBridge::GetSingletonPtr()->AddKeyboardListener(this);
     CEventBridge::GetSingletonPtr()->AddMouseListener(this);
@@ -24,18 +25,22 @@ struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
   void OnMouseMoveRelative(int x, int y) override { Note("by", x, y); }
   void OnMouseButtonDown(int button) override { Note("press", button, 0); }
   void OnMouseButtonUp(int button) override { Note("release", button, 0); }
+  std::function<void()> react;  // may delete the listener
+
+ private:
   void Note(const std::string& what, int a, int b) {
-    record += name + what + " " + std::to_string(a) + " " + std::to_string(b) + "\n";
-    const auto once = std::exchange(react, nullptr);
-    once ? once() : void();
+    myRecord += myName + what + " " + std::to_string(a) + " " + std::to_string(b) + "\n";
+    if (const auto once = std::exchange(react, nullptr)) {
+      once();
+    }
   }
-  std::string name;
-  std::string& record;
-  std::function<void()> react;
+  std::string myName;
+  std::string& myRecord;
 };
 
-// Stands in for the cursor of the screen, and notes what is asked of it.
-struct CNotingHardware : IMouseHardware {
+// Replaces the cursor of the screen; keeps the last request.
+class CNotingHardware : public IMouseHardware {
+ public:
   CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
   ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
   void ShowCursor() override { last = "show"; }

@@ -4,6 +4,9 @@
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
 
+#include <fstream>
+#include <map>
+
 namespace brumble {
 namespace {
 
@@ -19,7 +22,7 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
   void Report(float x, float y, float angle = 0.0F) {
     bridge.Update(x, y, angle, 2.5F, 2.5F, 1, 0);
   }
-  SScreenPoint Place() const { return {bridge.GetSprite()->GetX(), bridge.GetSprite()->GetY()}; }
+  std::string Place() const { return test::PlaceOf(*bridge.GetSprite()); }
 
   CGameLogic logic;
   CBrumbleGfx bridge{&logic};
@@ -27,34 +30,34 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
 
 // The very first report counts, though nothing has moved. Fractions drop after centring.
 TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
-  // clang-format off
-  const std::pair<SVec2, SScreenPoint> cases[] = {
-      {{0, 0}, {380, 280}}, {{0.25F, -0.6F}, {381, 276}}, {{-70, 0}, {-40, 280}}, {{-70.2F, 0}, {798, 598}},
-      {{70, 0}, {800, 280}}, {{70.2F, 0}, {798, 598}}, {{0, 53.4F}, {380, 600}}, {{0, 53.6F}, {798, 598}},
-      {{0, -53.6F}, {798, 598}}};
-  // clang-format on
-  for (const auto& [at, place] : cases) {
+  const std::pair<SVec2, const char*> reports[] = {
+      {{0, 0}, "380,280"},      {{0.25F, -0.6F}, "381,276"}, {{-70, 0}, "-40,280"},
+      {{-70.2F, 0}, "798,598"}, {{70, 0}, "800,280"},        {{70.2F, 0}, "798,598"},
+      {{0, 53.4F}, "380,600"},  {{0, 53.6F}, "798,598"},     {{0, -53.6F}, "798,598"},
+  };
+  for (const auto& [at, place] : reports) {
     Report(at.x, at.y);
     EXPECT_EQ(Place(), place) << at.x << ", " << at.y;
   }
 }
 
 TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
-  // clang-format off
-  const struct { float spin, health; std::string look; } steps[] = {
-      {5, 3000, "1"}, {-5.1F, 1500, "1_spinning_easy"}, {10, 1500, "1_spinning_easy"},
-      {-10.1F, 1500, "1_spinning_hard"}, {0, 1499, "2"}, {0, 3000, "2"}, {0, 0, "2"},
-      {6, -1, "3_spinning_easy"}};
-  // clang-format on
   Report(10.0F, 10.0F, 1.5707964F);
   Report(10.0F, 10.0F, 3.0F);
-  for (const auto& step : steps) {
-    bridge.myHealth = step.health;
-    bridge.SetAngularVelocity(step.spin);
-    EXPECT_EQ(bridge.GetSprite()->GetName(), "data/gfx/kitten_0" + step.look + ".xml");
-    EXPECT_EQ(Place(), (SScreenPoint{440, 340}));
+  const auto look = [this](float spin, float health) {
+    bridge.myHealth = health;
+    bridge.SetAngularVelocity(spin);
+    EXPECT_EQ(Place(), "440,340");
     EXPECT_NEAR(bridge.GetSprite()->GetRotation(), 270.0F, 0.01F);
-  }
+    return bridge.GetSprite()->GetName();
+  };
+  EXPECT_EQ(look(5, 3000), "data/gfx/kitten_01.xml");
+  EXPECT_EQ(look(-5.1F, 1500), "data/gfx/kitten_01_spinning_easy.xml");
+  EXPECT_EQ(look(10, 1500), "data/gfx/kitten_01_spinning_easy.xml");
+  EXPECT_EQ(look(-10.1F, 1500), "data/gfx/kitten_01_spinning_hard.xml");
+  EXPECT_EQ(look(0, 1499), "data/gfx/kitten_02.xml");
+  EXPECT_EQ(look(0, 0), "data/gfx/kitten_02.xml");
+  EXPECT_EQ(look(6, -1), "data/gfx/kitten_03_spinning_easy.xml");
 }
 
 TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
@@ -63,14 +66,38 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   logic.Tick();
   EXPECT_EQ(bridge.SetIndex(9), 8);
   EXPECT_EQ(logic.GetRecord(8), nullptr);
-  ASSERT_NE(logic.GetRecord(9), nullptr);
+  const CKittenRecord& record = *logic.GetRecord(9);
   Report(4.0F, 5.0F);
   CBrumbleGfx wall(&logic);
   wall.SetIndex(3);
   bridge.OnImpact(1.0F, &wall);
   bridge.OnImpact(1.0F, nullptr);
-  EXPECT_EQ(logic.GetRecord(9)->myTouches, (std::vector<int>{3, 0}));
-  EXPECT_EQ(logic.GetRecord(9)->myPosition.y, 5.0F);
+  EXPECT_EQ(record.myTouches, (std::vector<int>{3, 0}));
+  EXPECT_EQ(std::pair(record.myPosition.x, record.myPosition.y), std::pair(4.0F, 5.0F));
+  const auto lastHealth = [&](float spin, float health) {
+    bridge.SetAngularVelocity(spin);
+    bridge.myHealth = health;
+    bridge.OnDamaged();
+    return record.myLastHealth;
+  };
+  EXPECT_EQ(lastHealth(-10, 9), 3000.0F) << "bald and slow: the rules are not told";
+  EXPECT_EQ(lastHealth(-10, 10), 10.0F);
+  EXPECT_EQ(lastHealth(-10.1F, -20), -20.0F);
+}
+
+// Of two with the same handle the first counts.
+TEST_F(BridgeTest, TheSpriteTableSkipsWhatItCannotUse) {
+  std::ofstream("table.xml") << R"(<GfxFactory>
+      <Sprite handle="0" sprite_file="zero.xml"></Sprite><Other handle="1" sprite_file="a.xml"></Other>
+      <Sprite sprite_file="b.xml"></Sprite><Sprite handle="2"></Sprite>
+      <Sprite handle="three" sprite_file="c.xml"></Sprite><Sprite handle="0" sprite_file="d.xml"></Sprite>
+    </GfxFactory>)";
+  CGfxFactory table;
+  table.Load("table.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFiles(), (std::map<int, std::string>{{0, "zero.xml"}}));
+  table.Load("missing.xml", "GfxFactory");
+  EXPECT_EQ(table.GetFile(0), "zero.xml");
+  EXPECT_EQ(table.GetFile(1), "");
 }
 
 }  // namespace

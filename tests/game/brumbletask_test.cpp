@@ -3,16 +3,21 @@
 #include "events/eventbridge.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
+#include "game/gamefiles.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "ui/desktopwidget.h"
 
 #include <cmath>
+#include <functional>
 #include <tuple>
 
 namespace brumble {
 namespace {
 
 using Ui = CBrumbleTaskImpl::CBrumbleInGameUi;
+constexpr int kLeft = vask::kLeftButton, kMiddle = vask::kMiddleButton;
+constexpr int kHelp = Ui::kHelpOrGameOver;
 
 class TaskTest : public test::GameTest, public vask::IMouseHardware {
  protected:
@@ -23,7 +28,9 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
   void ChangeCursor(int) override {}
   void GrabInput(bool) override {}
 
-  static void Click(int button = 1) { vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button); }
+  static void Click(int button = kLeft) {
+    vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button);
+  }
   // On a widget over the whole screen.
   static void ClickOnWidget(int button) {
     vask::CEventBridge::GetSingletonPtr()->Resize(800, 600);
@@ -57,50 +64,56 @@ class TaskTest : public test::GameTest, public vask::IMouseHardware {
 };
 
 TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
-  // clang-format off
-  const struct { int button, screen; std::string shown, gone; } clicks[] = {
-      {2, Ui::kTitle, "title_screen", "help_screen"},
-      {1, Ui::kHelpOrGameOver, "help_bubbles", "title_screen"},
-      {16, Ui::kHelpOrGameOver, "help_screen", "background"},
-      {1, 0, "background", "help_bubbles"},
-      {1, 0, "background", "help_screen"},  // nobody hears it
-      {0, Ui::kHelpOrGameOver, "gameover", "title_screen"},
-      {1, 0, "background", "gameover"}};
-  // clang-format on
+  struct {
+    int button, screen;
+    std::string shown, gone;
+  } const clicks[] = {
+      {.button = kMiddle, .screen = Ui::kTitle, .shown = "title_screen", .gone = "help_screen"},
+      {.button = kLeft, .screen = kHelp, .shown = "help_bubbles", .gone = "title_screen"},
+      {.button = vask::kWheelDown, .screen = kHelp, .shown = "help_screen", .gone = "background"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_bubbles"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_screen"},
+      {.button = vask::kNoButton, .screen = kHelp, .shown = "gameover", .gone = "title_screen"},
+      {.button = kLeft, .screen = 0, .shown = "background", .gone = "gameover"},
+  };
   task.Start();
   for (const auto& c : clicks) {
+    SCOPED_TRACE(c.shown);
     if (c.shown == "gameover") {
       GameState().isGameOver = true;
       Frame(101);
     }
     const int before = Screen();
     ClickOnWidget(c.button);
-    EXPECT_EQ(Screen(), before) << c.shown;
+    EXPECT_EQ(Screen(), before);
     Click(c.button);
-    EXPECT_EQ(Screen(), c.screen) << c.shown;
-    EXPECT_EQ(isCursorShown, c.screen != 0) << c.shown;
-    EXPECT_EQ(test::Shown("data/gfx/" + c.shown + ".xml").size(), 1U) << c.shown;
+    EXPECT_EQ(Screen(), c.screen);
+    EXPECT_EQ(isCursorShown, c.screen != 0);
+    EXPECT_EQ(test::Shown("data/gfx/" + c.shown + ".xml").size(), 1U);
     EXPECT_TRUE(test::Shown("data/gfx/" + c.gone + ".xml").empty()) << c.gone;
     task.ExecuteCommand("");
     task.Pause();
     EXPECT_TRUE(isCursorShown);
-    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml") << "over " << c.shown;
+    EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
     task.Resume();
     EXPECT_FALSE(isCursorShown);
-    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty()) << c.shown;
+    EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty());
     Frame(6);
-    EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0) << c.shown;
+    EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0);
     isCursorShown = c.screen != 0;
   }
+  EXPECT_EQ(GameState().kittensLeft, 10);
+  EXPECT_FALSE(GameState().isGameOver) << "a new game";
 }
 
 // 6 - 5 leaves 1, 12 - 10 leaves 2, and after a fourth step in one frame the rest is dropped.
 TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
-  // clang-format off
-  const std::pair<unsigned, int> frames[] = {
-      {5, 0}, {1, 1}, {11, 3}, {3, 3}, {1, 4}, {30, 8}, {5, 8}, {20, 12}, {6, 13}};
-  // clang-format on
+  struct {
+    unsigned time;
+    int steps;
+  } const frames[] = {{5, 0}, {1, 1}, {11, 3}, {3, 3}, {1, 4}, {30, 8}, {5, 8}, {20, 12}, {6, 13}};
   StartGame();
+  vask::CEventBridge::GetSingletonPtr()->MouseMove(800, 300, 0, 0);
   task.ExecuteCommand("");
   for (const auto& [frame, steps] : frames) {
     Frame(frame);
@@ -109,6 +122,7 @@ TEST_F(TaskTest, StepsTheWorldByItsClockUnlessPaused) {
     Frame(1000);
     task.Resume();
   }
+  EXPECT_GT(Bodies()[kMonsterIndex].vx, 0.0F) << "after the pointer";
 }
 
 // The first kitten is due 600 ms after the start of the game.
@@ -145,10 +159,15 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   const auto sprites = vask::CScreenLayer::GetSingletonPtr()->GetChildren();
   for (const bool isOver : {false, true}) {
     StartGame();
-    EXPECT_GT(pictures.alive, 0);
+    // 8 signs, 9 looks of kittens, 9 bodies
+    EXPECT_GE(pictures.alive, static_cast<int>(kSpriteFiles.size()) + 26) << "decoded before play";
     CGameLogic::ShowSign("data/gfx/b_bashing.xml");
     CScoreBoard::ShowFloatingText({50, 150}, "+5");
-    isOver ? Impl().ShowGameOver() : task.Pause();
+    if (isOver) {
+      Impl().ShowGameOver();
+    } else {
+      task.Pause();
+    }
     task.Exit();
     Click();
     EXPECT_EQ(pictures.alive, 0) << isOver;
@@ -162,23 +181,19 @@ TEST_F(TaskTest, AWholeGameNeedsNoDataAndWaitsForNoKittenOutOfReach) {
   std::filesystem::remove("data");
   vask::Gfx::SetFactory(nullptr);
   StartGame();
-  while (GameState().kittensInPlay == 0) {
-    Frame(20);
-  }
-  CPhysicsBody& kitten = Bodies()[8];
+  const auto play = [this](int frames, const std::function<bool()>& isDone) {
+    for (int frame = 0; frame < frames && !isDone(); ++frame) {
+      Frame(20);
+    }
+  };
+  play(50, [] { return GameState().kittensInPlay > 0; });
+  CPhysicsBody& kitten = Bodies().at(8);
   std::tie(kitten.x, kitten.y, kitten.angle) = std::tuple(59.4F, -62.5F, 0.02F);
-  for (int frame = 0; frame < 390; ++frame) {
-    Frame(20);
-  }
+  play(390, [] { return false; });
   EXPECT_NEAR(kitten.y, -62.5F, 0.1F) << "it comes to rest there";
-  for (int frame = 0; frame < 30 && kitten.vx > -20.0F; ++frame) {
-    Frame(20);
-  }
-  EXPECT_EQ(kitten.vx, -20.0F);
-  EXPECT_EQ(kitten.vy, -20.0F);
-  for (int frame = 0; frame < 10000 && Screen() == 0; ++frame) {
-    Frame(20);
-  }
+  play(30, [&] { return kitten.vx <= -20.0F; });
+  EXPECT_EQ(std::pair(kitten.vx, kitten.vy), std::pair(-20.0F, -20.0F));
+  play(10000, [&] { return Screen() != 0; });
   EXPECT_TRUE(log.Has("Gameover"));
   EXPECT_EQ(GameState().kittensLeft, 0);
 }

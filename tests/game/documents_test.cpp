@@ -58,47 +58,55 @@ TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
   fs::remove("data");
 }
 
-TEST(Documents, LinesOfTheLanguageAnswerAsTheySay) {
+TEST(Documents, LinesOfTheLanguageReturnWhatThePageSays) {
   const vask::CApplication application;
   const std::string example = vask::test::DocExample("The language", "console.md");
   EXPECT_NE(example, "");
   std::istringstream lines(example);
   for (std::string line; std::getline(lines, line);) {
-    std::string answer =
+    std::string result =
         vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
-    std::ranges::replace(answer, '\n', ' ');
-    EXPECT_EQ(vask::Trim(answer), vask::Trim(line.substr(line.find("//") + 2))) << line;
+    std::ranges::replace(result, '\n', ' ');
+    EXPECT_EQ(vask::Trim(result), vask::Trim(line.substr(line.find("//") + 2))) << line;
   }
 }
 
-TEST(Documents, EveryCommandVariableAndKeyIsInTheConsolePage) {
+// The names in the code of a folder that the console does not list: commands of tasks, and
+// variables that are only read.
+void CollectNames(const std::string& folder, std::vector<std::string>& names) {
+  const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
+  for (const auto& entry : fs::directory_iterator(vask::test::SourcePath(folder))) {
+    const std::string code = ReadAll(entry.path());
+    for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
+      names.push_back(it->format("$1$2$3"));
+    }
+  }
+}
+
+TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const vask::CApplication application;
   const vask::test::CTestScreen screen(8, 6);
   vask::CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");
   const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   std::vector<std::string> names = console.GetCommandNames();
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
-  // The tasks' own commands, and the variables that are only read, stand in the code alone.
-  const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
-  for (const char* module : {"tasks", "tools"}) {
-    for (const auto& entry :
-         fs::directory_iterator(vask::test::SourcePath("src/" + std::string(module)))) {
-      const std::string code = ReadAll(entry.path());
-      for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
-        names.push_back(it->format("$1$2$3"));
-      }
-    }
-  }
+  CollectNames("src/tasks", names);
+  CollectNames("src/tools", names);
   const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
   }
-  // A key is there by its name, or between two that are.
-  std::set<int> keys;
+}
+
+// A key is there by its name, or between two that are: `a` to `z`.
+TEST(Documents, EveryKeyIsInTheConsolePage) {
+  const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
   const std::regex shown("`(\\S+)`(?: to `(\\S+)`)?");
+  std::set<int> keys;
   for (std::sregex_iterator it(page.begin(), page.end(), shown), end; it != end; ++it) {
     const int first = vask::KeyFromName((*it)[1].str());
-    for (int key = first; key <= std::max(first, vask::KeyFromName((*it)[2].str())); ++key) {
+    const int last = std::max(first, vask::KeyFromName((*it)[2].str()));
+    for (int key = first; key <= last; ++key) {
       keys.insert(key);
     }
   }

@@ -2,6 +2,7 @@
 
 #include "game/deathtoasprite.h"
 #include "game/gamestate.h"
+#include "game/physics/screentransform.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
@@ -27,7 +28,11 @@ class CFakePictures : public vask::CGfxFactory {
   IPixel* NewBuffer(IPixel*) override { return NewBuffer(40, 40); }
   IPixel* LoadImage(const std::string&, const vask::CColor&) override { return NewBuffer(40, 40); }
   IPixel* Reserved() override { return nullptr; }
-  void FreeImage(IPixel* image) override { delete (image->IsStatic() ? nullptr : image); }
+  void FreeImage(IPixel* image) override {
+    if (!image->IsStatic()) {
+      delete image;
+    }
+  }
 
   int alive = 0;
 
@@ -55,7 +60,17 @@ inline std::vector<vask::CSprite*> Shown(const std::string& name) {
   std::erase_if(found, [&](const vask::CSprite* sprite) { return sprite->GetName() != name; });
   return found;
 }
-// The newest first.
+// Where the sprite, or the first of that name, is: "x,y" of its corner or of its centre.
+inline std::string PlaceOf(const vask::CSprite& sprite) {
+  return std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY());
+}
+inline std::string PlaceOf(const std::string& name) { return PlaceOf(*Shown(name).at(0)); }
+inline std::string CentreOf(vask::CSprite& sprite) {
+  const vask::CRect<int> rect = sprite.GetRect();
+  return std::to_string(rect.x + rect.w / 2) + "," + std::to_string(rect.y + rect.h / 2);
+}
+inline std::string CentreOf(const std::string& name) { return CentreOf(*Shown(name).at(0)); }
+// The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");
   std::erase_if(found, [](const vask::CSprite* sprite) { return sprite->GetZ() != 20; });
@@ -70,6 +85,7 @@ class GameTest : public ::testing::Test {
     vask::Gfx::SetFactory(&pictures);
     vask::CGlobalAppTimer::GetSingletonPtr()->Reset();
     GameState() = {};
+    SetScreenTransform(kScreenOffset, kScreenScale);
     Pass(0);
   }
   ~GameTest() override {

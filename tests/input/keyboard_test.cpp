@@ -8,6 +8,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <map>
 
 namespace vask {
@@ -25,7 +26,9 @@ struct CEvent : IKeyEvent {
   explicit CEvent(char sign) : name(sign) {}
   bool Trigger(int) override {
     theRecord += name;
-    name == theKiller ? KillAndBindMore() : void();
+    if (name == theKiller) {
+      KillAndBindMore();
+    }
     return true;
   }
   bool ListensToKeyUp() override { return name < 'a'; }
@@ -33,29 +36,37 @@ struct CEvent : IKeyEvent {
   char name;
 };
 
-// Binds an event to "k" or, if its letter comes after "o", adds it for all keys.
-void Put(char name, int priority) {
-  auto* event = new CEvent(name);
-  if (std::tolower(name) < 'o') {
-    CKeyboard::GetSingletonPtr()->BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
-  } else {
-    theAdded[name].reset(event);
-    CKeyboard::GetSingletonPtr()->AddKeyEvent(event, priority);
+struct SPut {
+  char name;
+  int priority;
+};
+
+// Binds events to "k" or, if their letter comes after "o", adds them for all keys.
+void Put(std::initializer_list<SPut> puts) {
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  for (const auto& [name, priority] : puts) {
+    auto* const event = new CEvent(name);
+    if (std::tolower(name) < 'o') {
+      keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
+    } else {
+      theAdded[name].reset(event);
+      keyboard.AddKeyEvent(event, priority);
+    }
   }
 }
 
 void KillAndBindMore() {
   theKiller = ' ';
   theAdded.clear();
-  Put('n', 10), Put('t', 10);
+  Put({{'n', 10}, {'t', 10}});
 }
 
 // Lets keys go down ("+a") and up ("-a") within one frame, and answers who heard of them.
 std::string Hear(const std::string& keys) {
   CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
-  bridge.KeyDown(-1, 0), bridge.KeyDown(kKeyCount, 0);  // no keys: must go nowhere
   for (std::size_t i = 0; i < keys.size(); i += 2) {
-    keys[i] == '+' ? bridge.KeyDown(keys[i + 1], 0) : bridge.KeyUp(keys[i + 1], 0);
+    const auto handler = keys[i] == '+' ? &CEventBridge::KeyDown : &CEventBridge::KeyUp;
+    (bridge.*handler)(keys[i + 1], 0);
   }
   theRecord.clear();
   CKeyboard::GetSingletonPtr()->Update();
@@ -77,19 +88,15 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
 
 TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
   constexpr int kWorld = 218;
-  const struct {
-    const char* what;
-    int key, place, expected;
-  } cases[] = {
-      {"Russian P", kWorld, 33, 'p'},        {"Russian M", kWorld, 58, 'm'},
-      {"Greek A", kWorld, 38, 'a'},          {"French A, which types q", 'q', 38, 'q'},
-      {"beside P", kWorld, 34, kWorld},      {"beside L", kWorld, 47, kWorld},
-      {"no known place", kWorld, 0, kWorld}, {"under Escape", '\'', 49, '`'},
-      {"under Escape, dead", 0, 49, '`'},
-  };
-  for (const auto& [what, key, place, expected] : cases) {
-    EXPECT_EQ(KeyByPlace(key, place), expected) << what;
-  }
+  EXPECT_EQ(KeyByPlace(kWorld, 33), 'p') << "Russian P";
+  EXPECT_EQ(KeyByPlace(kWorld, 58), 'm') << "Russian M";
+  EXPECT_EQ(KeyByPlace(kWorld, 38), 'a') << "Greek A";
+  EXPECT_EQ(KeyByPlace('q', 38), 'q') << "French A, which types q";
+  EXPECT_EQ(KeyByPlace(kWorld, 34), kWorld) << "beside P";
+  EXPECT_EQ(KeyByPlace(kWorld, 47), kWorld) << "beside L";
+  EXPECT_EQ(KeyByPlace(kWorld, 0), kWorld) << "no known place";
+  EXPECT_EQ(KeyByPlace('\'', 49), kBackquoteKey) << "under Escape";
+  EXPECT_EQ(KeyByPlace(0, 49), kBackquoteKey) << "under Escape, dead";
 }
 
 // SDL may forget the place by then, or have two keys of one code.
@@ -103,20 +110,19 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
 }
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
-  Put('c', 10), Put('b', 10), Put('a', 5), Put('q', 10), Put('R', 10), Put('p', 5), Put('s', 30);
+  Put({{'c', 10}, {'b', 10}, {'a', 5}, {'q', 10}, {'R', 10}, {'p', 5}, {'s', 30}});
   const CSmartPtr<IKeyEvent> last(new CEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
-  const std::tuple<char, const char*, const char*> cases[] = {
-      {'q', "+k", "paq"},
-      {'a', "+k", "paqRs"},  // a bound event keeps it from bound ones only
-      {'R', "-k", "R"},
-      {' ', "-k+k", "paqRbcZsRZ"},  // down before up; of equals: added ones, newest bound one
-      {' ', "+j-j", ""},            // nothing is bound to it
-  };
-  for (const auto& [stopper, keys, heard] : cases) {
+  const auto hear = [](char stopper, const std::string& keys) {
     theStopper = stopper;
-    EXPECT_EQ(Hear(keys), heard);
-  }
+    return Hear(keys);
+  };
+  EXPECT_EQ(hear('q', "+k"), "paq");
+  EXPECT_EQ(hear('a', "+k"), "paqRs") << "a bound event stops bound ones only";
+  EXPECT_EQ(hear('R', "-k"), "R");
+  EXPECT_EQ(hear(' ', "-k+k"), "paqRbcZsRZ")
+      << "down before up; of equals: the added ones, then the newest bound one";
+  EXPECT_EQ(hear(' ', "+j-j"), "") << "nothing is bound to it";
   // Further bindings change priorities; each event gets a key once all the same.
   CKeyboard::GetSingletonPtr()->AddKeyEvent(theAdded['s'].get(), 1);
   CKeyboard::GetSingletonPtr()->BindKeys({'j', 'k', 'j'}, last, 7);
@@ -124,11 +130,32 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   CKeyboard::DeleteSingleton();
 }
 
+// The interceptor leaves the keyboard when it dies.
+TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
+  struct CMyEvent : CEvent {
+    CMyEvent() : CEvent('E') {}
+  };
+  struct CTaker : IKeyInterceptor {
+    bool TakesPress(int key) override { return key == kEscapeKey; }
+  };
+  CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
+  keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
+  keyboard.Update();
+  const std::string pressAndRelease = {'+', kEscapeKey, '-', kEscapeKey};
+  {
+    CTaker taker;
+    keyboard.AddInterceptor(&taker);
+    EXPECT_EQ(Hear(pressAndRelease), "E");
+  }
+  EXPECT_EQ(Hear(pressAndRelease), "EE");
+  CKeyboard::DeleteSingleton();
+}
+
 TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   const std::pair<char, const char*> cases[] = {{'p', "pb"}, {'q', "pqb"}, {'r', "pqbr"}};
   for (const auto& [killer, heard] : cases) {
     theKiller = killer;
-    Put('b', 10), Put('p', 5), Put('q', 5), Put('r', 15);
+    Put({{'b', 10}, {'p', 5}, {'q', 5}, {'r', 15}});
     EXPECT_EQ(Hear("+k"), heard) << "newcomers wait for the next key";
     EXPECT_EQ(Hear("+k"), "tnb");
     CKeyboard::DeleteSingleton();

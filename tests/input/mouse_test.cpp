@@ -16,7 +16,7 @@ struct CTarget : CMouseableImpl {
       : name(sign), record(sink), rect(place), blocking(blocks) {}
   void OnMouseMove(int, int) override { Note('m'); }
   void OnMouseMoveRelative(int dx, int dy) override { Note('r', dx * 10 + dy); }
-  void OnMouseOut(int, int) override { Note('o'); }
+  void OnMouseOut(int x, int y) override { Note('o', x * 10 + y); }
   void OnMouseButtonDown(int button) override { Note('d', button); }
   void OnMouseButtonUp(int button) override { Note('u', button); }
   bool IsBlocking() override { return blocking; }
@@ -24,7 +24,9 @@ struct CTarget : CMouseableImpl {
   void Note(char event, int number = 0) {
     record += std::string{name, event} + (number != 0 ? std::to_string(number) : "") + " ";
     const auto hook = onEvent;  // a copy: the hook may delete this object
-    hook ? hook() : void();
+    if (hook) {
+      hook();
+    }
   }
   char name;
   std::string& record;
@@ -60,7 +62,9 @@ class MouseTest : public ::testing::Test {
         events >> comma >> y;
         myBridge->MouseMove(number, y, 0, 0);
       } else {
-        kind == 'd' ? myBridge->MouseButtonDown(number) : myBridge->MouseButtonUp(number);
+        const auto event =
+            kind == 'd' ? &CEventBridge::MouseButtonDown : &CEventBridge::MouseButtonUp;
+        (myBridge->*event)(number);
       }
     }
     return myRecord;
@@ -72,32 +76,40 @@ class MouseTest : public ::testing::Test {
   std::vector<std::unique_ptr<CTarget>> myTargets;
 };
 
-// clang-format off
 TEST_F(MouseTest, ObjectsUnderThePointerHearWhatConcernsThem) {
-  struct SObject { CRect<int> rect; bool blocking; };
-  // The objects, a and b from front to back; what happens; what is heard.
-  const std::tuple<std::vector<SObject>, std::string, std::string> scenes[] = {
-      {{{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1", "am ad1 "},
-      {{{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60 m10,20 m39,59", "am am "},
-      {{{kLeft, false}, {kLeft, true}}, "m1,1 m500,1", "am bm bo "},
-      {{{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1", "am bm ao bm "},
-      {{{kLeft, true}}, "m1,1 d4 m500,1 u4 u4", "am ad4 ao au4 "},
-      {{{kLeft, true}}, "m1,1 d1 u1", "am ad1 au1 "},
-      {{{kLeft, false}}, "m1,1 d1 m500,1 u1", "am ad1 "},
-  };
-  for (const auto& [objects, events, heard] : scenes) {
-    for (const SObject& object : objects) {
-      Add(myTargets.empty() ? 'a' : 'b', object.rect, object.blocking);
-    }
-    EXPECT_EQ(Hear(events), heard) << events;
+  // From front to back, and whether they block.
+  using Objects = std::vector<std::pair<CRect<int>, bool>>;
+  const auto hear = [this](const Objects& objects, const std::string& events) {
     myTargets.clear();
-  }
+    for (const auto& [rect, isBlocking] : objects) {
+      Add(myTargets.empty() ? 'a' : 'b', rect, isBlocking);
+    }
+    return Hear(events);
+  };
+  EXPECT_EQ(hear({{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1"), "am ad1 ");
+  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60"), "");
+  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m10,20 m39,59"), "am am ");
+  EXPECT_EQ(hear({{kLeft, false}, {kLeft, true}}, "m1,1 m500,1"), "am bm bo5001 ");
+  EXPECT_EQ(hear({{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1"), "am bm ao2011 bm ");
+  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d4 m500,1 u4 u4"), "am ad4 ao5001 au4 ");
+  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d1 u1"), "am ad1 au1 ");
+  EXPECT_EQ(hear({{kLeft, false}}, "m1,1 d1 m500,1 u1"), "am ad1 ");
 }
-// clang-format on
+
+TEST_F(MouseTest, RunsItsExample) {
+  CTarget* const button = Add('b', kLeft, true);
+  CTarget* const knob = Add('k', kRight, true);
+  CMouse& mouse = *CMouse::GetSingletonPtr();
+  mouse.AddMouseable(button);
+  mouse.AddDragged(knob);
+  mouse.RemoveDragged(knob);
+  EXPECT_EQ(Hear("m1,1"), "bm ");
+}
 
 TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
   CTarget* dragged = Add('a', {}, false);
-  myMouse->AddDragged(dragged), myMouse->AddDragged(dragged);
+  myMouse->AddDragged(dragged);
+  myMouse->AddDragged(dragged);
   dragged->onEvent = [&] { myRecord += std::to_string(myMouse->GetPointerX()) + " "; };
   myBridge->MouseMove(7, 8, -2, 3);
   EXPECT_EQ(myRecord, "am 0 am 0 ar-17 7 ar-17 7 ") << "moved from the position before";
@@ -126,7 +138,9 @@ TEST_F(MouseTest, EveryHandlerMayDeleteAnyObject) {
       Hear("m1,1 d1");
       targets[at % 4]->onEvent = [=, this] {
         for (unsigned i = 0; i < 4; ++i) {
-          (victims >> i & 1) != 0 ? Delete(targets[i]) : void();
+          if ((victims >> i & 1) != 0) {
+            Delete(targets[i]);
+          }
         }
       };
       Hear(std::string(event) + " m500,300 u1");

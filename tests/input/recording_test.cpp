@@ -1,4 +1,5 @@
 #include "events/eventbridge.h"
+#include "input/buttons.h"
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
 #include "platform/wallclock.h"
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 namespace vask {
@@ -45,7 +47,8 @@ TEST(Recording, IsPlayedBack) {
   test::CFakeClock clock(1000);
   CEventBridge::GetSingleton().MouseMove(20, -1, 1, 2);
   clock.Advance(7);
-  CEventBridge::GetSingleton().MouseButtonDown(4), CEventBridge::GetSingleton().MouseButtonUp(4);
+  CEventBridge::GetSingleton().MouseButtonDown(kRightButton);
+  CEventBridge::GetSingleton().MouseButtonUp(kRightButton);
   const std::string file = FileText("game.rec");
   EXPECT_EQ(file, "4000000000\n1000 mm 20 -1\n1007 md 4\n1007 mu 4\n");
   const test::CLogCapture log;
@@ -54,23 +57,27 @@ TEST(Recording, IsPlayedBack) {
   EXPECT_EQ(CRandomState::GetSingleton().Next(), number);
 }
 
-// clang-format off
 TEST(Recording, IsPlayedLineByLineAtItsTimes) {
   const std::string example = test::DocExample("Input records");
-  const std::pair<std::string, std::string> files[] = {
-      {example, WithoutSeed(example)}, {"", ""}, {"\n\n", ""}, {"7", ""},
-      {"7\n1500 mm 20\n", "1500 mm 0 0\n"}, {"7\n1500 mu 1\n1500 md 1", "1500 mu 1\n1500 md 1\n"},
+  struct {
+    std::string file, events;
+  } const files[] = {
+      {.file = example, .events = WithoutSeed(example)},
+      {.file = "", .events = ""},
+      {.file = "7", .events = ""},
+      {"7\n1500 mm 20\n", "1500 mm 0 0\n"},
+      {"7\n1500 mu 1\n1500 md 1", "1500 mu 1\n1500 md 1\n"},
       {"\xFF\n\nmm\n5\n5 mx 1 2\n5 md\n5 MD 1\n \t9 \t mu  8 7\r\n", "9 mu 8\n"},
       {"x\nx mm y z\nx md \xFF" + std::string(1, '\0'), "0 mm 0 0\n0 md 0\n"},
       {"7\n1 mm 99999999999999999999 -2147483648\n", "1 mm 1000000 -1000000\n"},
       {"7\n50 md 1\n20 md 2\n60 mu 1\n", "50 md 1\n50 md 2\n60 mu 1\n"},
-      {"7\n2000000000 md 1\n4000000000 md 2\n5 md 4\n", "2000000000 md 1\n4000000000 md 2\n5 md 4\n"},
+      {"7\n2000000000 md 1\n4000000000 md 2\n5 md 4\n",
+       "2000000000 md 1\n4000000000 md 2\n5 md 4\n"},
   };
   for (const auto& [file, events] : files) {
     EXPECT_EQ(PlayBack(file), events) << file;
   }
 }
-// clang-format on
 
 TEST(Recording, PutsTheRealClockBackUnlessAnotherIsInstalled) {
   struct CEnder : CRecordMouse {
@@ -85,6 +92,10 @@ TEST(Recording, PutsTheRealClockBackUnlessAnotherIsInstalled) {
   ender.playback->Update();
   EXPECT_EQ(GetGlobalTime(), 77U);
   EXPECT_EQ(WithoutSeed(FileText("heard.rec")), "") << "played on after its end";
+  std::filesystem::rename("played.rec", "game.rec");
+  auto device = std::make_unique<CPlaybackMouse>("game.rec");
+  device->Update();
+  device.reset();
   ender.playback = std::make_unique<CPlaybackMouse>("missing.rec");
   const test::CFakeClock other(99);
   ender.playback.reset();

@@ -6,6 +6,7 @@
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 
 #include <gtest/gtest.h>
 
@@ -14,77 +15,137 @@
 namespace vask::test {
 namespace {
 
-std::string scripted;
+std::string ourRecord;
 
-// A task as the script starts one: it records its parameters and has a console line to itself.
-class CScripted : public CTask {
+// Writes down how it is started, what is sent to it, and that it ends.
+class CTaskSample : public CTask {
  public:
   using CTask::Start;
   bool Start(CConsoleParams* params) override {
-    scripted += GetName() + "@" + std::to_string(GetPriority());
+    ourRecord += GetName() + "@" + std::to_string(GetPriority());
     for (int i = 0; i < params->Size(); ++i) {
-      scripted += "," + params->GetString(i);
+      ourRecord += "," + params->GetString(i);
     }
-    scripted += " ";
+    ourRecord += " ";
     return true;
   }
   void Update() override {}
-  void Exit() override { scripted += GetName() + ".exit "; }
+  void Exit() override { ourRecord += GetName() + ".exit "; }
   bool ExecuteCommand(const std::string& line) override {
-    scripted += GetName() + "<" + line + "> ";
-    return line != "refused";
+    ourRecord += GetName() + "<" + line + "> ";
+    return line != "unknown";
   }
 };
 
-TEST(Application, BasicCommandsAnswerAndAct) {
-  CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<CScripted>("scripted");
-  // clang-format off
-  const struct { const char* line; const char* result; std::string logged; const char* record; } cases[] = {
-      {"starttask(\"scripted\")", "scripted started", "", "scripted@100 "},
-      {"STARTTASK(scripted, a, -5.9, 1, x)", "a started", "", "a@-5,1,x "},
-      {"starttask(scripted, 5)", "scripted started", "", "scripted@5 "},
-      {"starttask(scripted, big, 99999999999, 7)", "big started", "", "big@2147483647,7 "},
-      {"starttask(100%d, n)", "failed to start n",
-       "[ERROR] Trying to start a task 100%d that doesn't exist.\n", ""},
-      {"pausetask(%s)", "", "[ERROR] Trying to pause a task %s that doesn't exist.\n", ""},
-      {"resumetask(A)", "", "[ERROR] Trying to resume a task A that doesn't exist.\n", ""},
-      {"stoptask(z)", "",
-       "CTaskFactory::StopTask() called[ERROR] Trying to stop a task z that doesn't exist.\n", ""},
-      {"a::do(1, 2)", "", "", "a<do(1, 2)> "},
-      {"a::refused", "No namespace named space\n", "", "a<refused> "},
-      {"b::do", "No namespace named space\n", "[ERROR] Sorry the namespace or task b doesn't exist.\n", ""},
-      {"stoptask(a)", "", "CTaskFactory::StopTask() called", "a.exit "},
-      {"load", "Error: Load() You need to give a filename as a parameter.", "", ""},
-      {"taskload(none)", "", "", ""}, {"quit", "bye bye", "", ""},
-  };
-  // clang-format on
-  for (const auto& c : cases) {
-    const CLogCapture log;
-    EXPECT_EQ(CApplicationFactory::GetSingleton().GetConsole()->Execute(c.line, false), c.result);
-    CLog::GetSingletonPtr()->Write("|\n");  // ends what is pending
-    EXPECT_EQ(log.Text(), c.logged + "|\n") << c.line;
-    EXPECT_EQ(std::exchange(scripted, {}), c.record) << c.line;
+void RegisterSampleTasks() { const CTaskTypeRegistrar<CTaskSample> registrar("loaded"); }
+const CTaskLibraryRegistrar ourLibraryRegistrar("samples", &RegisterSampleTasks);
+
+class Application : public testing::Test {
+ protected:
+  ~Application() override {
+    CTaskFactory::DeleteSingleton();
+    CKernel::DeleteSingleton();
+    CApplicationFactory::DeleteSingleton();
+    ourRecord.clear();
   }
-  CTaskFactory::DeleteSingleton();
-  CKernel::DeleteSingleton();
-  CApplicationFactory::DeleteSingleton();
+  static std::string Execute(const std::string& line) {
+    return CApplicationFactory::GetSingleton().GetConsole()->Execute(line, false);
+  }
+};
+
+TEST_F(Application, BasicCommandsReachTheTasks) {
+  const CTaskTypeRegistrar<CTaskSample> registrar("sample");
+  const CLogCapture log;
+  // The result of a line, and what the tasks wrote down.
+  const auto outcome = [](const std::string& line) {
+    const std::string result = Execute(line);
+    return result + " | " + std::exchange(ourRecord, {});
+  };
+  EXPECT_EQ(outcome("starttask(\"sample\")"), "sample started | sample@100 ");
+  EXPECT_EQ(outcome("STARTTASK(sample, a, -5.9, 1, x)"), "a started | a@-5,1,x ");
+  EXPECT_EQ(outcome("starttask(sample, 5)"), "sample started | sample@5 ");
+  EXPECT_EQ(outcome("starttask(sample, b, 99999999999, 7)"), "b started | b@2147483647,7 ");
+  EXPECT_EQ(outcome("a::do(1, 2)"), " | a<do(1, 2)> ");
+  EXPECT_EQ(outcome("a::unknown"), "No namespace named space\n | a<unknown> ");
+  EXPECT_EQ(outcome("pausetask(a); resumetask(a)"), "\n\n | ");
+  EXPECT_EQ(outcome("stoptask(a)"), " | a.exit ");
+  EXPECT_EQ(outcome("stoptask(a)"), " | ") << "ended already";
+  EXPECT_EQ(outcome("stoptask(1, b)"),
+            "Error: StopTask( taskname ) requires atleast one parameter. | ");
+  EXPECT_EQ(outcome("taskload(none)"), " | ");
+  EXPECT_EQ(outcome("quit"), "bye bye | ");
+  EXPECT_FALSE(log.Has("[ERROR]")) << log.Text();
 }
 
-TEST(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
-  const CTaskLibraryRegistrar registrar("lib", [] {
-    CTaskFactory::GetSingletonPtr()->GetPlugFactory().Register<CScripted>("loaded");
-  });
-  std::ofstream("autoexec.txt") << "starttask(loaded, early)\ntaskload(lib)\n"
-                                << "starttask(loaded, l)\nkernel_frame_sleep = -7\nquit";
+TEST_F(Application, UnknownNamesAreLogged) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"starttask(100%d, n)", "[ERROR] Trying to start a task 100%d that doesn't exist."},
+      {"pausetask(%s)", "[ERROR] Trying to pause a task %s that doesn't exist."},
+      {"resumetask(A)", "[ERROR] Trying to resume a task A that doesn't exist."},
+      {"stoptask(z)",
+       "CTaskFactory::StopTask() called[ERROR] Trying to stop a task z that doesn't exist."},
+      {"b::do", "[ERROR] Sorry the namespace or task b doesn't exist."}};
+  for (const auto& [line, logged] : cases) {
+    const CLogCapture log;
+    Execute(line);
+    EXPECT_TRUE(log.Text().ends_with(std::string(logged) + "\n")) << log.Text();
+  }
+  EXPECT_EQ(Execute("starttask(none, n)"), "failed to start n");
+}
+
+TEST_F(Application, ToggleRunsItsLinesInTurnAndKeepsItsState) {
+  EXPECT_EQ(Execute("toggle(_On, Z = one, z = two)"), "one");
+  EXPECT_EQ(Execute("_on"), "1");
+  EXPECT_EQ(Execute("TOGGLE(_on, z = one, z = two)"), "two");
+  EXPECT_EQ(Execute("_on"), "0");
+  EXPECT_EQ(Execute("toggle(_on, _on = -0.5, two)"), "-0.5") << "the line may say otherwise";
+  EXPECT_EQ(Execute("toggle(_on, one, help(z))"), "z is a variable: two");
+}
+
+TEST_F(Application, ToggleNeedsAVariableAndTwoLines) {
+  const std::string error = "Error: Toggle( variable, line, line ) requires a variable and two ";
+  for (const char* line : {"toggle", "toggle(_on, one)", "toggle(_on, f(1, 2), g)",
+                           "toggle(_on, one, 2)", "toggle(\"\", one, two)"}) {
+    EXPECT_EQ(Execute(line), error + "lines without a comma.") << line;
+  }
+  EXPECT_EQ(Execute("_on"), "_on") << "still no variable";
+}
+
+TEST_F(Application, HelpListsAndExplains) {
+  EXPECT_EQ(Execute("z = 1; help"),
+            "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
+            "toggle\nVariables: z\nhelp(name) tells more of one.\n");
+  EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
+  const auto names = CApplicationFactory::GetSingleton().GetConsole()->GetCommandNames();
+  for (const std::string& name : names) {
+    EXPECT_TRUE(Execute("help(" + name + ")").starts_with(name)) << name;
+  }
+  EXPECT_FALSE(IsQuitting());
+}
+
+TEST_F(Application, TheEchoGoesToTheLog) {
+  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
+  const CLogCapture log;
+  EXPECT_EQ(console.Execute("word", true), "word");
+  EXPECT_EQ(console.Execute("// none", true), "");
+  EXPECT_EQ(log.Text(), "word\nword\n// none\n");
+}
+
+TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
+  std::ofstream("autoexec.txt") << "starttask(loaded, early)\ntaskload(samples)\n"
+                                << "starttask(loaded, l)\nkernel_frame_sleep = -7\n"
+                                << "load(more.txt)\nquit";
+  std::ofstream("more.txt") << "starttask(loaded, more)";
   // The task factory serves the next application, too, and knows the library's type by then.
-  for (const char* expected : {"l@100 l.exit ", "early@100 l@100 l.exit early.exit "}) {
+  for (const char* expected : {"l@100 more@100 more.exit l.exit ",
+                               "early@100 l@100 more@100 more.exit l.exit early.exit "}) {
     {
       CApplication application;
       EXPECT_EQ(application.Run(), 0);
       EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 0);  // held in its range
     }
-    EXPECT_EQ(std::exchange(scripted, {}), expected);
-    EXPECT_TRUE(!CKernel::PeekSingletonPtr() && !CApplicationFactory::PeekSingletonPtr());
+    EXPECT_EQ(std::exchange(ourRecord, {}), expected);
+    EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);
     EXPECT_EQ(CLog::PeekSingletonPtr(), nullptr);
   }
 }

@@ -6,48 +6,100 @@
 
 #include <functional>
 
-namespace vask {
+namespace vask::test {
 namespace {
 
-std::string record;
+std::string ourRecord;
 
-struct CThread : CFakeThread {
-  CThread(char itsName, int interval) : name(itsName) { SetInterval(interval), Start(); }
-  ~CThread() override { record += std::string("~") + name; }
-  void Update() override {
-    record += name;
-    const auto once = std::exchange(react, nullptr);
-    once ? once() : void();
+// Writes its letter down when it runs, and "~" and its letter when it is deleted.
+class CThread : public CFakeThread {
+ public:
+  CThread(char name, int interval) : myName(name) {
+    SetInterval(interval);
+    Start();
   }
-  char name;
-  std::function<void()> react;
+  ~CThread() override { ourRecord += std::string("~") + myName; }
+  void Update() override {
+    ourRecord += myName;
+    if (const auto reaction = std::exchange(myReaction, nullptr)) {
+      reaction();
+    }
+  }
+
+  std::function<void()> myReaction;  // called once; may delete the thread
+
+ private:
+  char myName;
 };
 
-TEST(FakeThread, RunsEveryIntervalOfItsTimeAndHoldsBackTheYounger) {
-  test::CFakeClock clock(0xFFFFFFF0U);
-  auto* a = new CThread('a', 20);
-  auto* b = new CThread('b', 10);
-  // clang-format off
-  const struct { std::function<void()> act; unsigned wait; const char* ran; } steps[] = {
-      {[] {}, 0, "ab"}, {[] {}, 19, ""}, {[] {}, 1, "ab"}, {[] {}, 100, "ab"}, {[] {}, 19, ""},
-      {[&] { a->Pause(); }, 500, ""}, {[&] { a->Resume(); }, 0, ""}, {[] {}, 1, "ab"},
-      {[&] { b->Pause(); }, 30, "a"}, {[&] { b->Kill(), a->Pause(); }, 30, ""},
-      {[&] { a->Start(); }, 0, "a~b"},  // from 0, and due at once
-      {[&] { a->react = [&] { b = new CThread('b', 10); }; }, 20, "ab"},
-      {[&] { a->react = [&] { delete b, new CThread('c', 10); }; }, 20, "a~bc"},
-      {[&] { a->react = [&] { a->Kill(); }; }, 20, "a~ac"},
-      {[] { new CThread('d', 10); }, 20, "cd"},
-      {[] { static_cast<CThread*>(CFakeThread::GetList().Front())->react = [] {
-          while (CFakeThread::PeekList()) { delete CFakeThread::GetList().Front(); } }; }, 20, "c~c~d"},
-  };
-  // clang-format on
-  for (const auto& step : steps) {
-    step.act();
-    clock.Advance(step.wait);
-    CFakeThread::RunThreads(0);
-    EXPECT_EQ(std::exchange(record, {}), step.ran) << "step " << &step - steps;
+// What a pass over the threads runs when the clock has gone on by so many milliseconds.
+class CFakeThreadTest : public testing::Test {
+ protected:
+  ~CFakeThreadTest() override {
+    DeleteAll();
+    ourRecord.clear();
   }
+  static void DeleteAll() {
+    while (CFakeThread::PeekList() != nullptr) {
+      delete CFakeThread::GetList().Front();
+    }
+  }
+  std::string RunAfter(unsigned milliseconds) {
+    myClock.Advance(milliseconds);
+    CFakeThread::RunThreads(0);
+    return std::exchange(ourRecord, {});
+  }
+
+  CFakeClock myClock{0xFFFFFFF0U};  // wraps soon
+  CThread* a = new CThread('a', 20);
+  CThread* b = new CThread('b', 10);
+};
+
+TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYounger) {
+  EXPECT_EQ(RunAfter(0), "ab");
+  EXPECT_EQ(RunAfter(19), "");
+  EXPECT_EQ(RunAfter(1), "ab");
+  EXPECT_EQ(RunAfter(100), "ab");
+  EXPECT_EQ(RunAfter(19), "");
+}
+
+TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
+  RunAfter(0);
+  myClock.Advance(19);
+  a->Pause();
+  EXPECT_EQ(RunAfter(500), "");
+  a->Resume();
+  EXPECT_EQ(RunAfter(0), "");
+  EXPECT_EQ(RunAfter(1), "ab");
+  a->Pause();
+  a->Start();
+  EXPECT_EQ(RunAfter(0), "a") << "its time begins anew";
+}
+
+TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
+  a->myReaction = [this] {
+    delete b;
+    b = new CThread('c', 10);
+  };
+  EXPECT_EQ(RunAfter(20), "a~bc");
+  a->myReaction = [this] { a->Kill(); };
+  EXPECT_EQ(RunAfter(20), "a~ac");
+  b->Kill();
+  a = new CThread('d', 10);
+  EXPECT_EQ(RunAfter(20), "~cd");
+  a->myReaction = &DeleteAll;
+  EXPECT_EQ(RunAfter(20), "d~d");
+}
+
+TEST_F(CFakeThreadTest, ComparesByDeathThenPauseThenTimeLeft) {
+  RunAfter(0);
+  const auto less = [this] { return a->IsLessThan(b) - b->IsLessThan(a); };
+  EXPECT_EQ(less(), 1) << "20 ms left against 10";
+  a->Pause();
+  EXPECT_EQ(less(), -1);
+  b->Kill();
+  EXPECT_EQ(less(), 1);
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

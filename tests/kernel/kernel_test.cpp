@@ -7,253 +7,274 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
+#include <chrono>
 #include <functional>
+#include <regex>
+#include <sstream>
 
 namespace vask::test {
 namespace {
 
-std::string record;
+std::string ourRecord;
 
-// Writes its hooks down as "name.hook " and does in them what the test wants. An update is written
-// as the name alone.
-struct CRecorder : CTask {
+// Writes its hooks down as "name.hook ", an update as the name alone.
+class CRecorder : public CTask {
+ public:
   using CTask::Start;
   bool Start() override {
-    const bool result = runs;  // the reaction may delete the task
+    const bool runs = myRuns;  // the reaction may delete the task
     Note("start", ".start");
-    return result;
+    return runs;
   }
   void Update() override { Note("update", ""); }
   void Exit() override { Note("exit", ".exit"); }
   void Pause() override { Note("pause", ".pause"); }
   void Resume() override { Note("resume", ".resume"); }
-  bool PauseOnFocusLost() const override { return pausesOnFocusLost; }
+  bool PauseOnFocusLost() const override { return myPausesOnFocusLost; }
 
+  bool myRuns = true;
+  bool myPausesOnFocusLost = false;
+  // Called once, in the hook of that name; may delete the task.
+  std::map<std::string, std::function<void()>> myReactions;
+
+ private:
   void Note(const std::string& hook, const std::string& written) {
-    record += GetName() + written + " ";
-    auto reaction = reactions.extract(hook);
-    reaction ? reaction.mapped()() : void();
+    ourRecord += GetName() + written + " ";
+    if (auto reaction = myReactions.extract(hook)) {
+      reaction.mapped()();
+    }
   }
-
-  bool runs = true;
-  bool pausesOnFocusLost = false;
-  // Done once, in the hook of that name. May delete the task.
-  std::map<std::string, std::function<void()>> reactions;
 };
 
-// A world of its own: a fresh kernel on a clock that stands, and tasks that record.
+// A fresh kernel, a clock that only the test moves, and tasks that record.
 class CKernelTest : public testing::Test {
  protected:
   CKernelTest() { Clean(); }
   ~CKernelTest() override { Clean(); }
 
   void Clean() {
-    tasks.clear();
-    record.clear();
+    myTasks.clear();
+    ourRecord.clear();
     CTaskFactory::DeleteSingleton();
     CKernel::DeleteSingleton();
     CApplicationFactory::DeleteSingleton();
   }
 
   static CKernel& Kernel() { return CKernel::GetSingleton(); }
-  static void Focus(bool gained) { CEventBridge::GetSingleton().FocusEvent(gained); }
-  void Pause(const std::string& name) { Kernel().PauseTask(tasks[name].get()); }
-  void Resume(const std::string& name) { Kernel().ResumeTask(tasks[name].get()); }
-  void Kill(const std::string& name) { Kernel().KillTask(tasks[name].get()); }
 
   CRecorder& Make(const std::string& name, int priority, unsigned interval = 0) {
-    CRecorder& task = *(tasks[name] = std::make_unique<CRecorder>());
-    task.SetName(name), task.SetPriority(priority), task.SetTimedInterval(interval);
+    CRecorder& task = *(myTasks[name] = std::make_unique<CRecorder>());
+    task.SetName(name);
+    task.SetPriority(priority);
+    task.SetTimedInterval(interval);
     return task;
   }
 
   CRecorder& Start(const std::string& name, int priority, unsigned interval = 0, bool runs = true) {
-    CRecorder& task = Make(name, priority, interval);
-    task.runs = runs;
-    Kernel().StartTask(&task, nullptr);
-    return task;
+    Make(name, priority, interval).myRuns = runs;
+    Kernel().StartTask(myTasks[name].get(), nullptr);
+    return *myTasks[name];
   }
 
-  // Runs so many frames, calling `onFrame` at the front of each, then quits. Answers what the
-  // frames recorded; `record` then holds the frame of the quitting.
-  static std::string RunFrames(int frames, const std::function<void(int)>& onFrame) {
+  // Does what the words say: each time a verb and a task, with "@" and a number where one belongs.
+  // Nothing happens to a task that was deleted.
+  void Do(const std::string& acts) {
+    std::istringstream words(acts);
+    for (std::string verb, name; words >> verb >> name;) {
+      const std::size_t at = name.find('@');
+      const int number = at == std::string::npos ? 0 : std::stoi(name.substr(at + 1));
+      myVerbs.at(verb)(name.substr(0, at), number);
+    }
+  }
+
+  void To(const std::string& name, void (CKernel::*act)(CTask*)) {
+    if (myTasks[name] != nullptr) {
+      (Kernel().*act)(myTasks[name].get());
+    }
+  }
+
+  // Lets the task do something, once, in its hook of that name.
+  void React(const std::string& name, const std::string& hook, const std::string& acts) {
+    myTasks[name]->myReactions[hook] = [=, this] { Do(acts); };
+  }
+
+  // Runs a frame for each of the acts, which are done at its start, then quits. Returns what the
+  // frames recorded, each after a "| "; ourRecord then holds the frame in which the kernel quits.
+  std::string RunFrames(const std::vector<std::string>& acts) {
     struct CDriver : CTask {
-      void Update() override { onFrame(); }
-      std::function<void()> onFrame;
+      void Update() override { act(); }
+      std::function<void()> act;
     } driver;
+    std::string ran;
     driver.SetPriority(-1000);
-    std::string recorded;
-    driver.onFrame = [&, frame = 0]() mutable {
-      if (frame < frames) {
-        return onFrame(frame++);
+    driver.act = [&, frame = acts.begin()]() mutable {
+      if (frame == acts.end()) {
+        ran = std::exchange(ourRecord, {});
+        return Kernel().Quit();
       }
-      recorded = std::exchange(record, {});
-      Kernel().Quit();
+      ourRecord += "| ";
+      Do(*frame++);
     };
-    record.clear();
+    ourRecord.clear();
     Kernel().StartTask(&driver, nullptr);
     EXPECT_EQ(Kernel().Run(), 0);
-    return recorded;
+    return ran;
   }
 
-  CFakeClock clock;
-  std::map<std::string, std::unique_ptr<CRecorder>> tasks;
+  CFakeClock myClock;
+  std::map<std::string, std::unique_ptr<CRecorder>> myTasks;
+  const std::map<std::string, std::function<void(const std::string&, int)>> myVerbs = {
+      {"wait", [this](auto&, int time) { myClock.Advance(static_cast<unsigned>(time)); }},
+      {"lose", [](auto&, int) { CEventBridge::GetSingleton().FocusEvent(false); }},
+      {"gain", [](auto&, int) { CEventBridge::GetSingleton().FocusEvent(true); }},
+      {"start", [this](auto& name, int priority) { Start(name, priority); }},
+      {"park", [this](auto& name, int priority) { Start(name, priority, 0, false); }},
+      {"pause", [this](auto& name, int) { To(name, &CKernel::PauseTask); }},
+      {"resume", [this](auto& name, int) { To(name, &CKernel::ResumeTask); }},
+      {"kill", [this](auto& name, int) { To(name, &CKernel::KillTask); }},
+      {"delete", [this](auto& name, int) { myTasks[name].reset(); }},
+      {"priority", [this](auto& name, int priority) { myTasks[name]->SetPriority(priority); }},
+      {"interval", [this](auto& name, int time) { myTasks[name]->SetTimedInterval(time); }}};
 };
 
-// clang-format off
-TEST_F(CKernelTest, TasksMayChangeTheListsWhileTheyAreWalked) {
-  // b makes the change; what two frames then run of plain tasks, and of timed ones if that differs.
-  const struct { const char* what; std::function<void()> change; std::string plain, timed; } cases[] = {
-      {"nothing", [] {}, "| a b c d | a b c d ", ""},
-      {"starts one behind", [this] { Start("x", 25); }, "| a b x.start x c d | a b x c d ", "-"},
-      {"starts an equal", [this] { Start("x", 20); }, "| a b x.start c d | a x b c d ", "-"},
-      {"starts a parked one", [this] { Start("x", 25, 0, false); }, "| a b x.start c d | a b c d ", "-"},
-      {"pauses itself", [this] { Pause("b"), Pause("b"); }, "| a b b.pause c d | a c d ", ""},
-      {"pauses the next", [this] { Pause("c"); }, "| a b c.pause d | a b d ", ""},
-      {"pauses the one before", [this] { Pause("a"); }, "| a b a.pause c d | b c d ", ""},
-      {"comes back", [this] { Pause("b"), Resume("b"), Resume("b"); },
-       "| a b b.pause b.resume c d | a b c d ", "| a b b.pause b.resume c d | a c b d "},
-      {"comes back at the end", [this] { Pause("b"), tasks["b"]->SetPriority(90), Resume("b"); },
-       "| a b b.pause b.resume c d | a c d b ", "-"},
-      {"kills itself", [this] { Kill("b"); }, "| a b b.exit c d | a c d ", ""},
-      {"kills the next", [this] { Kill("c"), Kill("c"); }, "| a b c.exit d | a b d ", ""},
-      {"deletes itself", [this] { tasks["b"].reset(); }, "| a b c d | a c d ", ""},
-      {"deletes the next two", [this] { tasks["c"].reset(), tasks["d"].reset(); }, "| a b | a b ", ""},
-      {"gives its interval up", [this] { tasks["b"]->SetTimedInterval(0); }, "-", "| a b c d | a c d "},
-      {"wants the longest", [this] { tasks["b"]->SetTimedInterval(~0U); }, "-", "| a b c d | a c d "},
-  };
-  for (const auto& c : cases) {
-    for (const bool timed : {false, true}) {
+TEST_F(CKernelTest, RunsUntilOnlyParkedTasksAreLeft) {
+  Start("timed", 10, 10, false);
+  Do("park parked@10");
+  CRecorder& task = Make("a", 10);
+  React("a", "update", "kill a");
+  CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
+  CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
+  EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit parked.exit timed.exit ");
+}
+
+TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
+  const std::vector<unsigned> plain = {0}, timed = {1};
+  // What b does in the first of two frames of the tasks a to d, and what the two frames run.
+  const struct {
+    std::string act, ran;
+    std::vector<unsigned> kinds = {0, 1};
+  } cases[] = {
+      {.act = "", .ran = "| a b c d | a b c d "},
+      {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = plain},
+      {.act = "start x@20", .ran = "| a b x.start c d | a x b c d ", .kinds = plain},
+      {.act = "park x@25", .ran = "| a b x.start c d | a b c d ", .kinds = plain},
+      {.act = "pause b pause b", .ran = "| a b b.pause c d | a c d "},
+      {.act = "pause c", .ran = "| a b c.pause d | a b d "},
+      {.act = "pause a", .ran = "| a b a.pause c d | b c d "},
+      {.act = "pause c resume c", .ran = "| a b c.pause c.resume c d | a b c d ", .kinds = plain},
+      {.act = "pause b resume b", .ran = "| a b b.pause b.resume c d | a c b d ", .kinds = timed},
+      {.act = "kill b", .ran = "| a b b.exit c d | a c d "},
+      {.act = "kill c kill c", .ran = "| a b c.exit d | a b d "},
+      {.act = "delete b", .ran = "| a b c d | a c d "},
+      {.act = "delete c delete d", .ran = "| a b | a b "},
+      {.act = "interval b@0", .ran = "| a b c d | a c d ", .kinds = timed},
+      {.act = "interval b@-1", .ran = "| a b c d | a c d ", .kinds = timed}};  // the longest
+  for (const auto& row : cases) {
+    for (const unsigned isTimed : row.kinds) {
+      SCOPED_TRACE((isTimed != 0 ? "timed" : "plain") + (" tasks, b does: " + row.act));
       Clean();
-      for (const auto& [name, priority] : {std::pair("d", 40), {"b", 20}, {"c", 30}, {"a", 10}}) {
-        Start(name, priority, timed ? 100U + static_cast<unsigned>(priority) : 0);
-      }
-      tasks["b"]->reactions["update"] = c.change;
-      const std::string ran = RunFrames(2, [this](int) { record += "| ", clock.Advance(150); });
-      const std::string& expected = timed && !c.timed.empty() ? c.timed : c.plain;
-      EXPECT_TRUE(expected == "-" || ran == expected) << c.what << ": " << ran;
+      Start("d", 40, isTimed * 140);
+      Start("b", 20, isTimed * 120);
+      Start("c", 30, isTimed * 130);
+      Start("a", 10, isTimed * 110);
+      React("b", "update", row.act);
+      EXPECT_EQ(RunFrames({"wait clock@150", "wait clock@150"}), row.ran);
     }
   }
 }
 
-TEST_F(CKernelTest, EveryHookMayDoAnythingToItsTask) {
-  const std::pair<const char*, std::function<void()>> acts[] = {
-      {"pause", [this] { Pause("t"); }},         {"resume", [this] { Resume("t"); }},
-      {"kill", [this] { Kill("t"); }},           {"delete", [this] { tasks["t"].reset(); }},
-      {"start", [this] { Start("other", 50); }}, {"focus", [] { Focus(false); }},
-  };
-  const auto drive = [this](int frame) {
-    clock.Advance(15);
-    if (tasks["t"] != nullptr) {
-      frame == 1 ? Pause("t") : frame == 3 ? Resume("t") : frame == 5 ? Kill("t") : void();
-    }
-  };
+TEST_F(CKernelTest, AResumedTaskTakesThePlaceOfItsPriority) {
+  Start("a", 10);
+  Start("b", 20);
+  EXPECT_EQ(RunFrames({"pause a priority a@90", "resume a resume a"}),
+            "| a.pause b | a.resume b a ");
+}
+
+TEST_F(CKernelTest, NoHookIsCalledAfterTheExit) {
+  const std::vector<std::string> frames = {"wait clock@15", "wait clock@15 pause t",
+                                           "wait clock@15", "wait clock@15 resume t",
+                                           "wait clock@15", "kill t"};
+  const std::regex late("t\\.exit .*\\bt\\b");
   for (const unsigned interval : {0U, 10U}) {
     for (const char* hook : {"start", "update", "pause", "resume", "exit"}) {
-      for (const auto& [name, act] : acts) {
+      for (const char* act :
+           {"pause t", "resume t", "kill t", "delete t", "start other@50", "lose focus"}) {
         Clean();
-        Make("t", 20, interval).pausesOnFocusLost = true;
-        tasks["t"]->reactions[hook] = act;
-        Kernel().StartTask(tasks["t"].get(), nullptr);
-        const std::string started = record;
-        const std::string ran = started + RunFrames(6, drive);
-        const std::size_t exit = ran.find("t.exit");
-        EXPECT_TRUE(tasks["t"] == nullptr || exit != std::string::npos) << name << " in " << hook;
-        const bool goesOn = exit != std::string::npos && ran.find("t.", exit + 1) != std::string::npos;
-        EXPECT_FALSE(goesOn) << name << " in " << hook << ": " << ran;
+        Make("t", 20, interval).myPausesOnFocusLost = true;
+        React("t", hook, act);
+        Kernel().StartTask(myTasks["t"].get(), nullptr);
+        const std::string ran = std::string(ourRecord) + RunFrames(frames);
+        EXPECT_FALSE(std::regex_search(ran, late)) << act << " in " << hook << ": " << ran;
       }
     }
   }
 }
-// clang-format on
 
 TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
-  Start("first", 1), Start("gfx", 80), Start("timed", 7, 20), Start("window", 1000, 0, false);
-  Start("game", 50).pausesOnFocusLost = true;
-  Start("scripted", 60), Pause("scripted");
-  Start("dead", 70), Kill("dead");
-  // An Exit that takes others along, or starts a task, must not be followed into them.
-  tasks["first"]->reactions["exit"] = [this] { tasks["scripted"].reset(), Start("late", 5); };
-  Focus(false);
-  RunFrames(0, nullptr);
-  EXPECT_EQ(record, "first gfx first.exit game.exit gfx.exit timed.exit window.exit ");
+  Start("timed", 7, 20);
+  Do("start first@1 start gfx@80 park window@1000");
+  Start("game", 50).myPausesOnFocusLost = true;
+  Do("start scripted@60 pause scripted start dead@70 kill dead");
+  // An Exit that deletes others, or starts a task, must not lead into them.
+  React("first", "exit", "delete scripted start late@5");
+  Do("lose focus");
+  RunFrames({});
+  EXPECT_EQ(ourRecord, "first gfx first.exit game.exit gfx.exit timed.exit window.exit ");
+  EXPECT_TRUE(myTasks["late"]->IsDead());
+  EXPECT_FALSE(Start("next", 1).IsDead()) << "the kernel has ended, and may begin anew";
 }
 
-// Whoever looks through all tasks for each that starts or ends asks each as often.
-TEST_F(CKernelTest, VeryManyTasksAreAskedFewTimesEach) {
-  static int asked = 0;
-  struct CAsked : CTask {
-    void Update() override {}
-    bool IsDead() const override {
-      ++asked;
-      return CTask::IsDead();
-    }
-    bool IsLessThan(const CTask* other) const override {
-      ++asked;
-      return CTask::IsLessThan(other);
-    }
-  };
-  std::deque<CAsked> many(3000);
-  for (std::size_t i = 0; i < many.size(); ++i) {
-    many[i].SetPriority(static_cast<int>(i));
-    many[i].SetTimedInterval(i % 2 == 0 ? 10 : 0);
-    Kernel().StartTask(&many[i], nullptr);
-  }
-  RunFrames(1, [this](int) { clock.Advance(15); });
-  EXPECT_LT(asked, 3000 * 40);
-}
-
-TEST_F(CKernelTest, ParkedTasksDoNotKeepTheProgramAlive) {
-  Start("timed", 10, 10, false), Start("parked", 10, 0, false);
-  EXPECT_EQ(Kernel().Run(), 0);
-  EXPECT_EQ(record, "timed.start parked.start parked.exit timed.exit ");
-}
-
-TEST_F(CKernelTest, TheFocusPausesWhoAsksAndWakesOnlyThem) {
-  const auto nothing = [] {};
-  // clang-format off
-  const struct { const char* what; std::function<void()> before, during; const char* hooks; } cases[] = {
-      {"lost twice", nothing, [] { Focus(false); }, "game.pause game.resume game other "},
-      {"paused before", [this] { Pause("game"); }, nothing, "game.pause other "},
-      {"paused meanwhile", nothing, [this] { Pause("game"); }, "game.pause other "},
-      {"resumed meanwhile", nothing, [this] { Resume("game"); }, "game.pause game.resume game other "},
-      {"resumed and paused meanwhile", nothing, [this] { Resume("game"), Pause("game"); },
-       "game.pause game.resume game.pause other "},
-      {"killed meanwhile", nothing, [this] { Kill("game"); }, "game.pause game.exit other "},
-      {"deleted meanwhile", nothing, [this] { tasks["game"].reset(); }, "game.pause other "},
-      {"killed before", [this] { Kill("game"); }, nothing, "game.exit other "},
-  };
-  // clang-format on
-  for (const auto& c : cases) {
+TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
+  const struct {
+    std::string acts, ran;
+  } cases[] = {
+      {.acts = "lose focus gain focus", .ran = "game.pause game.resume game other "},
+      {.acts = "pause game lose focus gain focus", .ran = "game.pause other "},
+      {.acts = "lose focus pause game gain focus", .ran = "game.pause other "},
+      {.acts = "lose focus resume game gain focus", .ran = "game.pause game.resume game other "},
+      {.acts = "lose focus resume game pause game gain focus",
+       .ran = "game.pause game.resume game.pause other "},
+      {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "},
+      {.acts = "lose focus delete game gain focus", .ran = "game.pause other "},
+      {.acts = "kill game lose focus gain focus", .ran = "game.exit other "}};
+  for (const auto& row : cases) {
     Clean();
-    Start("game", 50).pausesOnFocusLost = true;
+    Start("game", 50).myPausesOnFocusLost = true;
     Start("other", 60);
-    const std::string ran =
-        RunFrames(1, [&](int) { c.before(), Focus(false), c.during(), Focus(true); });
-    EXPECT_EQ(ran, c.hooks) << c.what;
+    EXPECT_EQ(RunFrames({row.acts}), "| " + row.ran) << row.acts;
   }
 }
 
 TEST_F(CKernelTest, TimedTasksCatchUpInTheOrderOfTheirDueTimes) {
-  CFakeClock late(0xFFFFFFFFU - 120);  // wraps on the way
-  Start("slow", 10, 100), Start("fast", 99, 50);
-  const unsigned waits[] = {0, 100, 1, 250, 50};
-  const std::string ran =
-      RunFrames(5, [&](int frame) { record += "| ", late.Advance(waits[frame]); });
+  myClock.Advance(0xFFFFFFFFU - 120 - myClock.Now());  // wraps on the way
+  Start("slow", 10, 100);
+  Start("fast", 99, 50);
   // A task is due only past its time. Of two that are due at once, the one that ran comes first.
-  EXPECT_EQ(ran, "| | fast | fast slow | fast fast slow fast fast slow fast | fast slow ");
+  EXPECT_EQ(RunFrames({"", "wait clock@100", "wait clock@1", "wait clock@250", "wait clock@50"}),
+            "| | fast | fast slow | fast fast slow fast fast slow fast | fast slow ");
 }
 
 TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
   Start("t", 10, 100);
-  const std::string ran = RunFrames(4, [this](int frame) {
-    frame == 1 ? Pause("t") : Resume("t");  // which does nothing if it is not paused
-    clock.Advance(90);
-    record += "| ";
-  });
-  // Started at 0 and paused at 90, resumed at 180: due past 280 and not before.
-  EXPECT_EQ(ran, "| t.pause | t.resume | | t ");
+  // A task that is not paused cannot be resumed. Paused after 90 ms, resumed after 180.
+  EXPECT_EQ(RunFrames({"resume t wait clock@90", "pause t wait clock@90", "resume t wait clock@100",
+                       "wait clock@1"}),
+            "| | t.pause | t.resume | t ");
+}
+
+TEST_F(CKernelTest, TasksCompareByTheirIntervalsIfTheyAreTimed) {
+  EXPECT_TRUE(Make("fast", 9, 200).IsLessThan(&Make("slow", 5, 300)));
+  EXPECT_FALSE(Make("slow", 5, 300).IsLessThan(&Make("fast", 9, 200)));
+}
+
+TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
+  Kernel().FrameSleep() = 5000;
+  const auto start = std::chrono::steady_clock::now();
+  RunFrames({});
+  const auto rest = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(rest, std::chrono::milliseconds(100));
+  EXPECT_LT(rest, std::chrono::milliseconds(5000));
+  EXPECT_EQ(Kernel().FrameSleep(), 100);
 }
 
 }  // namespace

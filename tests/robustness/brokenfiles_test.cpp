@@ -11,7 +11,6 @@
 #include "support/paths.h"
 #include "support/testpicture.h"
 #include "tasks/taskaudiosdlmixer.h"
-#include "tasks/taskwindowsdl.h"
 #include "utils/log/logfile.h"
 #include "utils/xml/xml.h"
 
@@ -23,25 +22,22 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <map>
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
-
-namespace fs = std::filesystem;
 
 namespace vask::test {
 namespace {
 
+namespace fs = std::filesystem;
 using Bytes = std::string;
+using Extensions = std::set<fs::path>;
+using Reader = std::function<void(const std::string&)>;
 
 Bytes ReadAll(const fs::path& path) {
   return (std::ostringstream() << std::ifstream(path, std::ios::binary).rdbuf()).str();
-}
-
-void WriteAll(const fs::path& path, const Bytes& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 // The file with a byte in so many changed, the same ones in every run.
@@ -55,29 +51,22 @@ Bytes Scratched(Bytes bytes, unsigned seed, unsigned oneIn, std::size_t start = 
   return bytes;
 }
 
-std::map<std::string, Bytes> Broken(const Bytes& whole) {
+std::vector<std::pair<std::string, Bytes>> Broken(const Bytes& whole) {
   return {{"empty", ""},
           {"half", whole.substr(0, whole.size() / 2)},
           {"all but the end", whole.substr(0, whole.size() - 3)},
           {"noise", Scratched(whole, 1, 1)},
           {"noise after a good start", Scratched(whole, 2, 1, 40)},
-          {"scratched", Scratched(whole, 3, 100)},
-          {"scratched elsewhere", Scratched(whole, 4, 100)}};
+          {"scratched", Scratched(whole, 3, 100)}};
 }
 
 class BrokenFiles : public ::testing::Test {
  protected:
-  BrokenFiles() {
-    fs::copy(SourcePath("runtime/data"), "data", fs::copy_options::recursive);
-    myAudio.Start();
-  }
-  ~BrokenFiles() override {
-    myAudio.Exit();
-    fs::remove_all("data");
-  }
+  BrokenFiles() { fs::copy(SourcePath("runtime/data"), "data", fs::copy_options::recursive); }
+  ~BrokenFiles() override { fs::remove_all("data"); }
 
   // The files with one of these extensions.
-  static std::vector<std::string> Files(const std::set<fs::path>& extensions) {
+  static std::vector<std::string> Files(const Extensions& extensions) {
     std::vector<std::string> files;
     for (const fs::path& file : fs::recursive_directory_iterator("data")) {
       if (extensions.contains(file.extension())) {
@@ -89,13 +78,12 @@ class BrokenFiles : public ::testing::Test {
   }
 
   // Reads each of these files in each state: broken, missing, and a pipe without a writer.
-  static void ReadEach(const std::set<fs::path>& extensions,
-                       const std::function<void(const std::string&)>& read) {
+  static void ReadEach(const Extensions& extensions, const Reader& read) {
     for (const std::string& file : Files(extensions)) {
       const Bytes whole = ReadAll(file);
       for (const auto& [how, bytes] : Broken(whole)) {
         SCOPED_TRACE(file + ", " + how);
-        WriteAll(file, bytes);
+        std::ofstream(file, std::ios::binary) << bytes;
         read(file);
       }
       fs::remove(file);
@@ -103,7 +91,7 @@ class BrokenFiles : public ::testing::Test {
       ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
       read(file);
       fs::remove(file);
-      WriteAll(file, whole);
+      std::ofstream(file, std::ios::binary) << whole;
     }
   }
 
@@ -120,7 +108,6 @@ class BrokenFiles : public ::testing::Test {
   }
 
   CTestScreen myScreen{800, 600};
-  CTaskAudioSDLMixer myAudio;
   unsigned myTime = 0;
 };
 
@@ -131,37 +118,24 @@ TEST_F(BrokenFiles, SpriteFiles) {
   });
 }
 
-TEST_F(BrokenFiles, PicturesAndIcons) {
-  CTaskWindowSDL window;
-  ReadEach({".png", ".bmp"}, [&](const std::string& file) {
-    ShowSprite(file);
-    window.WindowSetIcon(file);
-  });
+TEST_F(BrokenFiles, Pictures) {
+  ReadEach({".png", ".bmp"}, [this](const std::string& file) { ShowSprite(file); });
 }
 
 TEST_F(BrokenFiles, Fonts) {
-  ReadEach({".ogf"}, [](const std::string& file) {
-    CTextSprite(LoadFont(file), 200, 50).SetText("+0123456789 -\xff");
-  });
+  ReadEach({".ogf"}, [](const auto& file) { CTextSprite(LoadFont(file), 9, 9).SetText("+0\xff"); });
 }
 
 TEST_F(BrokenFiles, Sounds) {
-  for (const std::string command : {"PlayEffect", "PlayMusic"}) {
-    ReadEach({".wav", ".ogg"}, [&](const std::string& file) {
-      myAudio.ExecuteCommand(command + "( \"" + file + "\" )");
-      myAudio.Update();
-    });
-    myAudio.ExecuteCommand("StopMusic");
-  }
-}
-
-TEST_F(BrokenFiles, SpritesWithoutTheirPictures) {
-  for (const std::string& picture : Files({".png"})) {
-    fs::remove(picture);
-  }
-  for (const std::string& sprite : Files({".xml"})) {
-    ShowSprite(sprite);
-  }
+  CTaskAudioSDLMixer audio;
+  audio.Start();
+  ReadEach({".wav", ".ogg"}, [&](const std::string& file) {
+    for (const std::string command : {"PlayEffect", "PlayMusic"}) {
+      audio.ExecuteCommand(command + "( \"" + file + "\" )");
+      audio.Update();
+    }
+  });
+  audio.Exit();
 }
 
 // What the game ships is itself sound: every sprite file has its picture, and nothing is reported.
@@ -184,10 +158,8 @@ TEST(Pipes, AreNotWrittenTo) {
   CRecordMouse(pipe).OnMouseMove(1, 2);
   CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile(pipe);
   WriteXmlFile(CXmlElement(), pipe);
-  std::string written(80, '\0');
-  const auto count = read(reader, written.data(), written.size());
-  ASSERT_GE(count, 0);
-  EXPECT_EQ(written.substr(0, static_cast<std::size_t>(count)), "");
+  char written = 0;
+  EXPECT_EQ(read(reader, &written, 1), 0);
   close(reader);
 }
 

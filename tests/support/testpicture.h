@@ -9,6 +9,18 @@
 
 namespace vask::test {
 
+// The colour as its picture keeps it: packed by its own masks and shifts.
+inline std::uint32_t Packed(const CColor& color) {
+  const auto place = [](std::uint8_t component, std::uint8_t shift, std::uint32_t mask) {
+    return (std::uint32_t{component} << shift) & mask;
+  };
+  return place(color.r, color.rShift, color.rMask) | place(color.g, color.gShift, color.gMask) |
+         place(color.b, color.bShift, color.bMask) | place(color.a, color.aShift, color.aMask);
+}
+
+using Gfx::ImagePtr;
+using Rect = CRect<int>;
+
 inline SDL_Surface* SurfaceOf(const IPixel& picture) {
   return dynamic_cast<const CPixelSDL&>(picture).GetSurface();
 }
@@ -55,13 +67,21 @@ class CTestScreen {
   CPixelScreenSDL myScreen;
 };
 
-// A picture with an alpha channel, in one colour.
-inline IPixel* NewPicture(int width, int height, const CColor& color) {
-  IPixel* picture = Gfx::NewBuffer(width, height);
-  for (int i = 0; i < width * height; ++i) {
-    picture->PutPixel(i % width, i / width, color);
+// The picture with each pixel of its 32-bit surface made from its position.
+template <typename PixelAt>
+ImagePtr Filled(IPixel* picture, PixelAt pixelAt) {
+  for (int i = 0; i < picture->GetWidth() * picture->GetHeight(); ++i) {
+    const int x = i % picture->GetWidth();
+    const int y = i / picture->GetWidth();
+    sdl::WritePixel(*SurfaceOf(*picture), x, y, pixelAt(x, y));
   }
-  return picture;
+  return ImagePtr(picture);
+}
+
+// A picture with an alpha channel, in one colour.
+inline IPixel* NewPicture(int width, int height, const CColor& c) {
+  const std::uint32_t pixel = c.a << 24 | c.r << 16 | c.g << 8 | c.b;
+  return Filled(Gfx::NewBuffer(width, height), [=](int, int) { return pixel; }).release();
 }
 
 }  // namespace vask::test

@@ -79,6 +79,16 @@ class DebugKeys : public Debug {
   const CSmartPtr<IKeyEvent> myEvent{new SBinding};
 };
 
+TEST_F(Debug, ACommandOpensTheConsole) {
+  RunScript(R"(
+      starttask( debug, debug, 60 )
+      debug::ToggleConsole
+      debug::RecordInput( "game.rec" )
+  )");
+  EXPECT_EQ(CountWindows(), 1U);
+  RunScript("stoptask(debug)");
+}
+
 TEST_F(DebugKeys, EscapeClosesTheConsolesAndFiresNothing) {
   Run("debug%::ToggleConsole;other%::ToggleConsole");
   EXPECT_EQ(CountFiredAfter(kEscapeKey), 0);

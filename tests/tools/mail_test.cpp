@@ -42,25 +42,25 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
   EXPECT_EQ(MailAssertion(assertion, ""), "The email address  is not a valid email address");
   EXPECT_EQ(factory->PeekConsole(), nullptr);
   CConsole* console = factory->GetConsole();
+  const std::string type = typeid(name).name(), manyX(900, 'x');
   const auto mailed = [&](const std::string& settings) {
     return Serve({}, [&](int port) {
       console->Execute("mail_port = " + std::to_string(port) + ";" + settings, false);
-      EXPECT_EQ(MailAssertion(assertion, ".\n..two\rthree\r\n" + std::string(901, 'x')), "");
+      EXPECT_EQ(MailAssertion(assertion, ".\n..two\rthree\r\n" + manyX + "x"), "");
     });
   };
-  // clang-format off
   EXPECT_EQ(mailed("mail_recipient = dev@localhost; mail_sender = \"me@here\""),
-            "localhost me@here ['dev@localhost']\nMIME-Version: 1.0\r\nFrom: Cassert test program <me@here>\r\n"
-            "To: dev <dev@localhost>\r\nSubject: BUGBUG: Cassert test program\r\n"
-            "Content-type: text/plain; charset=US-ASCII\r\n\r\n"
-            "Too many\r\n\r\ncount < 3 (a.cpp:7)\r\n\r\nconst i count = 3\r\n" +
-            std::string(typeid(name).name()) + " name = h??\r\n\r\n"
-            ".\r\n..two\r\nthree\r\n" + std::string(900, 'x') + "\r\nx\r\n\r\n\r\n");
+            "localhost me@here ['dev@localhost']\nMIME-Version: 1.0\r\n"
+            "From: Cassert test program <me@here>\r\nTo: dev <dev@localhost>\r\n"
+            "Subject: BUGBUG: Cassert test program\r\n"
+            "Content-type: text/plain; charset=US-ASCII\r\n\r\nToo many\r\n\r\n"
+            "count < 3 (a.cpp:7)\r\n\r\nconst i count = 3\r\n" +
+                type + " name = h??\r\n\r\n.\r\n..two\r\nthree\r\n" + manyX + "\r\nx\r\n\r\n\r\n");
   testing::internal::CaptureStdout();
-  const std::string got = mailed("mail_recipient = a@b; mail_sender = ; mail_helo = c; mail_host = 127.0.0.1");
+  const std::string got =
+      mailed("mail_recipient = a@b; mail_sender = ; mail_helo = c; mail_host = 127.0.0.1");
   EXPECT_TRUE(got.starts_with("c brumble@localhost ['a@b']\n")) << got;
   EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("127.0.0.1\n220 "));
-  // clang-format on
 }
 
 TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
@@ -77,61 +77,70 @@ TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
     mail.AddAttachment("f\x7F\r\n.txt", std::string(5'700'001, 'i'));
     EXPECT_TRUE(mail.Send("you@b"));
   };
-  // clang-format off
   std::string expected =
-      "here  RCPT TO:all@b me@a ['you@b']\n\r\nMIME-Version: 1.0\r\nFrom: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\n"
-      "Subject: Sub  .  ject\r\nContent-type: multipart/mixed; boundart=\"stringiboundi\"\r\n--stringiboundi\r\n"
-      "Content-type: text/plain; charset=\"us-ascii\"\r\nContent-Transfer-Encoding: quoted-printable\r\n"
-      "Text\r\n\r\n--stringiboundi\r\nContent-Type: application/octet-stream; name=\"f   .txt\"\r\n"
-      "Content-Transfer-Encoding: base64\r\nContent-Disposition: attachment; filename=\"f   .txt\"\r\n\r\n";
-  // clang-format on
+      "here  RCPT TO:all@b me@a ['you@b']\n\r\nMIME-Version: 1.0\r\n"
+      "From: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\nSubject: Sub  .  ject\r\n"
+      "Content-type: multipart/mixed; boundart=\"stringiboundi\"\r\n--stringiboundi\r\n"
+      "Content-type: text/plain; charset=\"us-ascii\"\r\n"
+      "Content-Transfer-Encoding: quoted-printable\r\nText\r\n\r\n--stringiboundi\r\n"
+      "Content-Type: application/octet-stream; name=\"f   .txt\"\r\n"
+      "Content-Transfer-Encoding: base64\r\n"
+      "Content-Disposition: attachment; filename=\"f   .txt\"\r\n\r\n";
   for (int line = 0; line < 100'000; ++line) {
     expected += "aWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlp\r\n";
   }
   EXPECT_TRUE(Serve({}, send) == expected + "aQ==\r\n--stringiboundi\r\n");
 }
 
+TEST(Mail, RunsItsExample) {
+  const std::string got = Serve({}, [](int port) {
+    CMail mail;
+    mail.SetHost("127.0.0.1");
+    mail.SetPort(port);
+    mail.SetSender("Test program", "test@example.com");
+    mail.SetSubject("It broke");
+    mail.SetText("This is how");
+    mail.Send("developer@example.com");
+  });
+  EXPECT_TRUE(got.starts_with("localhost test@example.com ['developer@example.com']\n")) << got;
+}
+
 TEST(Mail, GetsAlongWithBadHosts) {
-  const std::string ok = "250 ok\r\n", go = "354 go\r\n", bye = "221 bye\r\n";
-  const std::string longLine = "250 " + std::string(5000, 'x') + "\r\n";
-  // clang-format off
-  const struct {
-    std::vector<std::string> answers;
-    std::string unanswered;  // the line of the error, empty for none
-    std::string lastReply;
-    SMailLimits limits = {60s, 60s};
-  } kCases[] = {
-      {{"", "close"}, "HELO localhost", "", {2s, 60s}},
-      {{ok, ok, "close"}, "MAIL FROM:a@b", ok},
-      {{ok, ok, ok, ok, go + "close"}, ".", go},
-      {{"", "hang"}, "HELO localhost", "", {2s, 60s}},
-      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {2s, 60s}},
-      {{ok, ok, "drip"}, "MAIL FROM:a@b", "2", {60s, 2s}},
-      {std::vector<std::string>(4 + 9 + 2 + 1, "500 no\r\n"), "", "500 no\r\n"},  // also to each line of the mail
-      {{ok, "250-a\r\n2\r\n", "250-a\r\n250-b\r\n250 c\r\n", ok, go, ok, bye}, "", bye},
-      {{"", ok + ok, ok, ok, go, ok, bye}, "", ok, {2s, 60s}},  // greets late
-      {{longLine, longLine, ok, ok, go, ok, longLine}, "", longLine.substr(0, 1024)},
-      {{ok, ok, ok, ok, go, ok, bye, "hang"}, "", bye, {2s, 60s}},
-      {{ok, ok, ok, ok, go, ok, "hang"}, "QUIT", ok, {2s, 60s}},
-  };
-  // clang-format on
-  for (const auto& row : kCases) {
-    SCOPED_TRACE(&row - kCases);
+  constexpr SMailLimits kPatient = {60s, 60s}, kHasty = {2s, 60s};
+  using Answers = std::vector<std::string>;
+  // The last reply and the error; a server that gets a whole mail sees a connection end in order.
+  const auto send = [&](const Answers& answers, const SMailLimits& limits) {
     const test::CLogCapture log;
-    CMail mail(row.limits);
+    CMail mail(limits);
     mail.SetSender("a", "a@b");
-    const bool isGood = row.unanswered.empty();
-    const std::string got = Serve(row.answers, [&](int port) {
+    bool isSent = false;
+    const std::string got = Serve(answers, [&](int port) {
       mail.SetPort(port);
       const auto start = std::chrono::steady_clock::now();
-      EXPECT_EQ(mail.Send("dev@localhost"), isGood);
+      isSent = mail.Send("dev@localhost");
       EXPECT_LT(std::chrono::steady_clock::now() - start, 50s);
     });
-    EXPECT_TRUE(mail.GetReply().starts_with(row.lastReply)) << mail.GetReply();
-    EXPECT_LE(mail.GetReply().size(), 1024U);
-    EXPECT_TRUE(got.ends_with("QUIT\r\nclosed in order") || !isGood) << got;
-    EXPECT_EQ(log.Text(), isGood ? "" : "Error on sending line: " + row.unanswered + "\n");
-  }
+    EXPECT_EQ(isSent, log.Lines().empty());
+    if (isSent) {
+      EXPECT_TRUE(got.ends_with("QUIT\r\nclosed in order")) << got;
+    }
+    return mail.GetReply() + log.Text();
+  };
+  const std::string ok = "250 ok\r\n", go = "354 go\r\n", bye = "221 bye\r\n";
+  const std::string longLine = "250 " + std::string(5000, 'x') + "\r\n";
+  const std::string lost = "Error on sending line: ";
+  EXPECT_EQ(send({"", "close"}, kHasty), lost + "HELO localhost\n");
+  EXPECT_EQ(send({ok, ok, "close"}, kPatient), ok + lost + "MAIL FROM:a@b\n");
+  EXPECT_EQ(send({ok, ok, ok, ok, go + "close"}, kPatient), go + lost + ".\n");
+  EXPECT_EQ(send({"", "hang"}, kHasty), lost + "HELO localhost\n");
+  EXPECT_EQ(send({ok, ok, "drip"}, kHasty).substr(0, 1), "2");
+  EXPECT_EQ(send({ok, ok, "drip"}, {60s, 2s}).substr(0, 1), "2");
+  EXPECT_EQ(send(Answers(4 + 9 + 2 + 1, "500 no\r\n"), kPatient), "500 no\r\n") << "to each line";
+  EXPECT_EQ(send({ok, "250-a\r\n2\r\n", "250-a\r\n250 c\r\n", ok, go, ok, bye}, kPatient), bye);
+  EXPECT_EQ(send({"", ok + ok, ok, ok, go, ok, bye}, kHasty), ok) << "greets late";
+  EXPECT_EQ(send({longLine, ok, ok, ok, go, ok, longLine}, kPatient), longLine.substr(0, 1024));
+  EXPECT_EQ(send({ok, ok, ok, ok, go, ok, bye, "hang"}, kHasty), bye);
+  EXPECT_EQ(send({ok, ok, ok, ok, go, ok, "hang"}, kHasty), ok + lost + "QUIT\n");
 }
 
 TEST(Mail, SaysWhyItConnectsNowhere) {
@@ -143,7 +152,6 @@ TEST(Mail, SaysWhyItConnectsNowhere) {
     EXPECT_FALSE(mail.Send(recipient));
     EXPECT_TRUE(log.Text().starts_with(mail.GetError()));
     EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "behind the first line";
-    EXPECT_EQ(log.Lines()[0].level, kLogError);
     return log.Text();
   };
   const std::string good = "a@127.9.9.9";

@@ -19,19 +19,28 @@ std::string Report(CTester& tester) {
   tester.RunAll();
   std::string report;
   for (const auto& line : log.Lines()) {
-    report += line.level == kLogBlockBegin ? "("
-              : line.level == kLogBlockEnd ? ")"
-                                           : std::to_string(line.level) + line.text + "\n";
+    if (line.level < 0) {
+      report += line.level == kLogBlockBegin ? "(" : ")";
+    } else {
+      report += std::to_string(line.level) + line.text + "\n";
+    }
   }
   return report;
 }
+
+int Sum(int a, int b) { return a + b; }
+
+bool TestSum(STest& test) {
+  VASK_TEST_ASSERT(test, Sum(2, 2) == 4, "2 and 2 are not 4");
+  return false;
+}
+const CTestRegistrar registrar(&TestSum, "Sum", __FILE__);
 
 const std::string kRule = "1------------------------------------------------------------------ \n";
 
 TEST(Tester, ReportsEachTestAndTheOutcome) {
   CTester tester;
   EXPECT_EQ(Report(tester), "1Vask tester...\n" + kRule + "()" + kRule + "1All tests OK\n1\n");
-
   const auto refuse = [](STest& test) {
     VASK_TEST_ASSERT(test, 1 + 1 == 3, "two\nlines");
     return false;
@@ -62,7 +71,8 @@ TEST(Tester, TheTaskRunsTheSelfTestsAndLeavesNoTrace) {
     EXPECT_EQ(console.Execute("starttask(unittest, " + std::string(name) + ")", false),
               std::string(name) + " started");
     EXPECT_TRUE(log.Has("All tests OK")) << log.Text();
-    EXPECT_EQ(log.Count(" [OK]"), 7U) << log.Text();
+    EXPECT_EQ(log.Count(" [OK]"), 7U + 1U) << log.Text();
+    EXPECT_TRUE(log.Has("Sum [OK]"));
   }
   EXPECT_EQ(CKernel::GetSingletonPtr()->Run(), 0) << "a task that does not park would run on";
   EXPECT_EQ(&*GetGlobalTimerImpl(), installed);

@@ -69,7 +69,9 @@ TEST_F(UiTest, NothingReachesWidgetsFromTheExitToTheNextStart) {
   Bridge().Resize(640, 480);
   EXPECT_FALSE(myTask.StopsKey());
   EXPECT_EQ(CDesktopWidget::PeekSingletonPtr(), nullptr);
-  test::RunScript("starttask( ui, ui, 70 )");
+  test::RunScript(R"(
+      starttask( ui, ui, 70 )
+  )");
   EXPECT_EQ(Desktop()->GetRect(), (Rect{0, 0, 640, 480}));
   test::RunScript("stoptask( ui )");
 }

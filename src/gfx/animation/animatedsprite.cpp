@@ -159,15 +159,12 @@ void CAnimatedSprite::AdvanceClock(unsigned time) {
   if (!myStarted) {
     myStarted = true;
     myTime = time;
-    myTimeRest = 0.0;
     if (myCurrentAnimation != nullptr) {
       myCurrentAnimation->Start(time);
     }
   } else {
-    const double passed = (time - myLastTime) * static_cast<double>(myTimeMultiply) + myTimeRest;
-    const double whole = std::floor(passed);
-    myTimeRest = passed - whole;
-    myTime += static_cast<unsigned>(std::fmod(whole, kTimeRange));
+    const double passed = (time - myLastTime) * static_cast<double>(myTimeMultiply);
+    myTime += static_cast<unsigned>(std::fmod(passed, kTimeRange));
   }
   myLastTime = time;
 }

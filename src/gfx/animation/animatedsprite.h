@@ -55,7 +55,6 @@ class CAnimatedSprite : public CSprite {
   unsigned myCurrentFrame = 0;
   bool myStarted = false;   // whether the clock runs
   unsigned myTime = 0;      // the sprite's clock, in its own milliseconds
-  double myTimeRest = 0.0;  // the fraction of a millisecond that myTime lacks
   unsigned myLastTime = 0;  // the scheduler's time at the last tick
   unsigned myMinimumUpdateTime = 250;
   bool myPlay = false;

@@ -36,7 +36,8 @@ using CFrameFactory = CSingletonFactory<IFrame::frame_type, IFrame>;
 // Enters a frame class into the factory. Each class has one such object in its source file; it may
 // be constructed before main.
 template <typename Frame>
-struct CFrameTypeRegistrar {
+class CFrameTypeRegistrar {
+ public:
   explicit CFrameTypeRegistrar(IFrame::frame_type type) {
     CFrameFactory::GetSingletonPtr()->Register<Frame>(type);
   }

@@ -11,6 +11,43 @@ namespace vask::sdl {
 
 namespace {
 
+void BlendPixel(std::uint32_t source, std::uint32_t* target) {
+  const std::uint32_t alpha = source >> 24;
+  if (alpha == 255) {
+    *target = (source & ~kAlphaBits) | (*target & kAlphaBits);
+    return;
+  }
+  std::uint32_t result = *target & kAlphaBits;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const auto from = static_cast<std::int32_t>(source >> shift & 0xFF);
+    const auto onto = static_cast<std::int32_t>(*target >> shift & 0xFF);
+    const std::int32_t color = onto + ((from - onto) * static_cast<std::int32_t>(alpha) >> 8);
+    result |= static_cast<std::uint32_t>(color & 0xFF) << shift;
+  }
+  *target = result;
+}
+
+void OverPixel(std::uint32_t source, std::uint32_t* target) {
+  const std::uint32_t alpha = source >> 24;
+  if (alpha == 0) {
+    return;
+  }
+  if (alpha == 255) {
+    *target = source;
+    return;
+  }
+  const std::uint32_t weight = alpha * 255 + (*target >> 24) * (255 - alpha);
+  const auto share = static_cast<std::int32_t>((alpha * 255 * 32767 + weight / 2) / weight);
+  std::uint32_t result = (weight + 127) / 255 << 24;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const auto from = static_cast<std::int32_t>(source >> shift & 0xFF);
+    const auto onto = static_cast<std::int32_t>(*target >> shift & 0xFF);
+    const std::int32_t change = (((from - onto) * 128 * share >> 16) + 32) >> 6;
+    result |= static_cast<std::uint32_t>((onto + change) & 0xFF) << shift;
+  }
+  *target = result;
+}
+
 #if defined(__SSE2__)
 
 // Four pixels at a time: a sprite is mostly runs of transparent and of opaque pixels, and one test
@@ -53,7 +90,7 @@ __m128i BlendChannels(__m128i source, __m128i target, __m128i alpha) {
   return _mm_and_si128(sum, _mm_set1_epi16(0x00FF));
 }
 
-void BlendStep(const std::uint32_t* source, std::uint32_t* target) {
+void BlendFour(const std::uint32_t* source, std::uint32_t* target) {
   const __m128i from = Load(source);
   const __m128i alpha = _mm_srli_epi32(from, 24);
   if (AllSet(_mm_cmpeq_epi32(alpha, _mm_setzero_si128()))) {
@@ -81,7 +118,7 @@ __m128i OverChannels(__m128i source, __m128i target, __m128i share) {
   return _mm_add_epi16(target, _mm_srai_epi16(change, 6));
 }
 
-void OverStep(const std::uint32_t* source, std::uint32_t* target) {
+void OverFour(const std::uint32_t* source, std::uint32_t* target) {
   const __m128i from = Load(source);
   const __m128i alpha = _mm_srli_epi32(from, 24);
   if (AllSet(_mm_cmpeq_epi32(alpha, _mm_setzero_si128()))) {
@@ -109,66 +146,7 @@ void OverStep(const std::uint32_t* source, std::uint32_t* target) {
   Store(target, Select(topByte, _mm_slli_epi32(newAlpha, 24), _mm_packus_epi16(low, high)));
 }
 
-#else
-
-constexpr int kStep = 1;
-
-void BlendStep(const std::uint32_t* source, std::uint32_t* target) {
-  const std::uint32_t alpha = *source >> 24;
-  if (alpha == 255) {
-    *target = (*source & ~kAlphaBits) | (*target & kAlphaBits);
-    return;
-  }
-  std::uint32_t result = *target & kAlphaBits;
-  for (int shift = 0; shift < 24; shift += 8) {
-    const auto from = static_cast<std::int32_t>(*source >> shift & 0xFF);
-    const auto onto = static_cast<std::int32_t>(*target >> shift & 0xFF);
-    const std::int32_t color = onto + ((from - onto) * static_cast<std::int32_t>(alpha) >> 8);
-    result |= static_cast<std::uint32_t>(color & 0xFF) << shift;
-  }
-  *target = result;
-}
-
-void OverStep(const std::uint32_t* source, std::uint32_t* target) {
-  const std::uint32_t alpha = *source >> 24;
-  if (alpha == 0) {
-    return;
-  }
-  if (alpha == 255) {
-    *target = *source;
-    return;
-  }
-  const std::uint32_t weight = alpha * 255 + (*target >> 24) * (255 - alpha);
-  const auto share = static_cast<std::int32_t>((alpha * 255 * 32767 + weight / 2) / weight);
-  std::uint32_t result = (weight + 127) / 255 << 24;
-  for (int shift = 0; shift < 24; shift += 8) {
-    const auto from = static_cast<std::int32_t>(*source >> shift & 0xFF);
-    const auto onto = static_cast<std::int32_t>(*target >> shift & 0xFF);
-    const std::int32_t change = (((from - onto) * 128 * share >> 16) + 32) >> 6;
-    result |= static_cast<std::uint32_t>((onto + change) & 0xFF) << shift;
-  }
-  *target = result;
-}
-
 #endif
-
-// Applies a step to the whole row; what is left at the end goes through a step's worth of padding.
-template <typename Step>
-void ForRow(const std::uint32_t* source, std::uint32_t* target, int count, Step step) {
-  int x = 0;
-  for (; x + kStep <= count; x += kStep) {
-    step(source + x, target + x);
-  }
-  const int rest = count - x;
-  if (rest > 0) {
-    std::array<std::uint32_t, kStep> from{};
-    std::array<std::uint32_t, kStep> onto{};
-    std::copy_n(source + x, rest, from.begin());
-    std::copy_n(target + x, rest, onto.begin());
-    step(from.data(), onto.data());
-    std::copy_n(onto.begin(), rest, target + x);
-  }
-}
 
 // Replaces the three colours of each partly transparent pixel by what `convert(color, alpha)` makes
 // of them; fully transparent pixels become 0.
@@ -204,11 +182,27 @@ const std::array<std::uint32_t, 256>& Reciprocals() {
 }  // namespace
 
 void BlendRow(const std::uint32_t* source, std::uint32_t* target, int count) {
-  ForRow(source, target, count, BlendStep);
+  int x = 0;
+#if defined(__SSE2__)
+  for (; x + kStep <= count; x += kStep) {
+    BlendFour(source + x, target + x);
+  }
+#endif
+  for (; x < count; ++x) {
+    BlendPixel(source[x], &target[x]);
+  }
 }
 
 void OverRow(const std::uint32_t* source, std::uint32_t* target, int count) {
-  ForRow(source, target, count, OverStep);
+  int x = 0;
+#if defined(__SSE2__)
+  for (; x + kStep <= count; x += kStep) {
+    OverFour(source + x, target + x);
+  }
+#endif
+  for (; x < count; ++x) {
+    OverPixel(source[x], &target[x]);
+  }
 }
 
 void PremultiplyRow(std::uint32_t* pixels, int count) {

@@ -6,11 +6,11 @@
 
 namespace vask {
 
-struct CSDLSurfaceReleaser {
+struct SSDLSurfaceReleaser {
   void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
 
 // The surfaces of all pictures that come from files.
-using CSDLTextures = CTextureManager<SDL_Surface*, CSDLSurfaceReleaser>;
+using CSDLTextures = CTextureManager<SDL_Surface*, SSDLSurfaceReleaser>;
 
 }  // namespace vask

@@ -21,7 +21,7 @@ class ILotsATextDrawer {
 // as the text grows. Once it is scrolled up, it stays where it is. A text that is shorter than the
 // view is shown at its bottom.
 //
-//     auto* view = new CLotsATextSprite(20, 20);
+//     auto* view = new CLotsATextSprite(30, 20);
 //     view->SetDrawer(&drawer);  // called every 100 ms
 //     const CSpritePtr sprite(view);
 //     sprite->SetParent(CScreenLayer::GetSingletonPtr());

@@ -8,7 +8,7 @@ namespace vask::tester {
 // nor moves the program's time on. It goes on by `step` milliseconds each time it is read.
 class CStandInClock {
  public:
-  explicit CStandInClock(unsigned step) : myClock(new CClock) {
+  explicit CStandInClock(unsigned step) : myClock(new SClock) {
     myClock->step = step;
     SetGlobalTimerImpl(CSmartPtr<IGlobalTimerImpl>(myClock));
   }
@@ -20,14 +20,14 @@ class CStandInClock {
   unsigned Now() const { return myClock->now; }
 
  private:
-  struct CClock : IGlobalTimerImpl {
+  struct SClock : IGlobalTimerImpl {
     unsigned GetTicks() override { return now += step; }
     unsigned now = 0xFFFFFF00U;  // the wrap comes within every test
     unsigned step = 0;
   };
 
   CSmartPtr<IGlobalTimerImpl> myPrevious = GetGlobalTimerImpl();
-  CClock* myClock;
+  SClock* myClock;
 };
 
 }  // namespace vask::tester

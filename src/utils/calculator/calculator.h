@@ -12,8 +12,8 @@ namespace vask {
 // names by number text first. Malformed input never fails, it degrades (a division by zero is 0, an
 // unknown word is ignored).
 //
-//   CCalculator<float> calculator;
-//   const float value = calculator.Calculate("3 + 4 * 2");  // 11
+//     CCalculator<float> calculator;
+//     const float value = calculator.Calculate("3 + 4 * 2");  // 11
 template <typename T>
 class CCalculator : public CPostfix<T> {
  public:

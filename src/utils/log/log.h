@@ -27,9 +27,9 @@ enum ELogLevel : int {
 // The program's one diagnostic channel. It cuts what is written into lines, gives each a level and
 // passes it to the listeners; one listener, built in, writes "log.txt" in the working directory.
 //
-//   Log() << "Loaded " << count << " files\n";
-//   Log().Error() << "Could not open " << name << "\n";
-//   Log().Print("[ERROR] No task %s\n", name.c_str());
+//     Log() << "Loaded " << count << " files\n";
+//     Log().Error() << "Could not open " << name << "\n";
+//     Log().Print("[ERROR] No task %s\n", name.c_str());
 class CLog : public CStaticSingleton<CLog> {
  public:
   CLog();

@@ -12,10 +12,10 @@ namespace vask::css {
 // The base of a class T that publishes slots. It looks them up in T's table (CSSObject<T>); T
 // itself gives each object its name.
 //
-//   class CLamp : public css::CCSSObject<CLamp> {
-//    public:
-//     std::string GetName() const override { return myName; }
-//     void Toggle();
+//     class CLamp : public css::CCSSObject<CLamp> {
+//      public:
+//       std::string GetName() const override { return myName; }
+//       void Toggle();
 template <typename T>
 class CCSSObject : public ICCSSObject {
  public:

@@ -15,10 +15,9 @@ namespace vask::css {
 
 // Something that happens to an object: others connect slots to it, and its owner emits it.
 //
-//   class CLamp : public css::CSignalTarget { public: void Toggle(); };
-//   css::CSignal clicked;                     // a member of the button
-//   clicked.Connect(&lamp, &CLamp::Toggle);
-//   clicked.Emit();                           // calls the slots in the order of connecting
+//     css::CSignal clicked;
+//     clicked.Connect(&lamp, &CLamp::Toggle);
+//     clicked.Emit();  // calls the slots in the order of connecting
 //
 // Deleting the signal or the target ends the connection. Slots may connect, delete any target and
 // delete the signal: an emission calls the slots that were connected when it began and still are

@@ -14,8 +14,8 @@ namespace vask::css {
 
 // The slots that class T publishes, one table for the process. Filled by a static initialiser:
 //
-//   const auto& theSlots = CSSObject<CLamp>::GetSingleton().SetClassName("lamp")
-//       .Add("Toggle", &CLamp::Toggle);
+//     const auto& theSlots =
+//         CSSObject<CLamp>::GetSingleton().SetClassName("lamp").Add("Toggle", &CLamp::Toggle);
 template <typename T>
 class CSSObject : public CStaticSingleton<CSSObject<T>> {
  public:

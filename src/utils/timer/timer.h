@@ -11,8 +11,8 @@ inline bool HasReached(unsigned time, unsigned due) { return static_cast<int>(ti
 // Milliseconds counted against a source timer; the root of every chain is the global clock. Timers
 // can be paused, resumed, reset, set, marked and saved. All arithmetic wraps at 2^32.
 //
-//   CTimer timer;                                  // on the global clock, starts at 0 and runs
-//   CTimer game(CGlobalAppTimer::GetSingletonPtr());  // stops without the window's focus
+//     CTimer timer;                                  // on the global clock, starts at 0 and runs
+//     CTimer game(CGlobalAppTimer::GetSingletonPtr());  // stops without the window's focus
 class CTimer {
  public:
   CTimer();

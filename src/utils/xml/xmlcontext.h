@@ -11,13 +11,13 @@ namespace vask {
 // The serialisation context: an object reads itself from a tree of elements, or writes itself into
 // one, through the same operation `Serialize(CXmlContext&)`.
 //
-//   void CThing::Serialize(CXmlContext& xml) {
-//     xml.Value("Size", mySize);                      // reads or writes, by the mode
-//     if (xml.BeginNode("Child")) {                   // reading: goes down; false when missing
-//       myChild.Serialize(xml);
-//       xml.EndNode("Child");                         // comes back just after it
+//     void CThing::Serialize(CXmlContext& xml) {
+//       xml.Value("Size", mySize);     // reads or writes, by the mode
+//       if (xml.BeginNode("Child")) {  // reading: goes down; false when missing
+//         myChild.Serialize(xml);
+//         xml.EndNode("Child");        // comes back just after it
+//       }
 //     }
-//   }
 //
 // Children are expected in document order; asking out of order works and logs one warning.
 class CXmlContext {

@@ -1,6 +1,7 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/animation/externalanimator.h"
+#include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritemasker.h"
 #include "kernel/taskfactory.h"
 #include "support/logcapture.h"
@@ -9,131 +10,169 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <functional>
 
-namespace vask {
+namespace vask::test {
 namespace {
 
 using Times = std::vector<unsigned>;
 
-// Stands in for the audio task and hears what it is sent.
+// Takes the place of the audio task: notes what it is sent, and may do something then.
 struct CAudioProbe : CTask {
-  static inline std::vector<std::string> sounds;
+  static inline std::string sounds;
+  static inline std::function<void()> onSound;
   void Update() override {}
   bool ExecuteCommand(const std::string& line) override {
-    sounds.push_back(line);
+    sounds += line + "\n";
+    onSound();
     return true;
   }
 };
-const CTaskTypeRegistrar<CAudioProbe> kRegistrar("audioprobe");
+const CTaskTypeRegistrar<CAudioProbe> theRegistrar("audioprobe");
 
 std::string Sound(const std::string& file, const std::string& element = "Frame") {
-  return "<" + element + " type=\"frame_sound\" sound_file=\"" + file + "\" ></" + element + ">";
+  return "<" + element + " type=\"frame_sound\" sound_file=\"" + file + "\"></" + element + ">";
 }
-std::string Rect(int x, int length, const std::string& wrapped = "") {
-  return "<Frame type=\"frame_rect\" ><Rect x=\"" + std::to_string(x) +
-         "\" w=\"9\" h=\"99\" ></Rect><FrameLength>" + std::to_string(length) + "</FrameLength>" +
-         wrapped + "</Frame>";
+// Shows the part of the sheet at x.
+std::string Part(int x, int length, const std::string& wrapped = "") {
+  return R"(<Frame type="frame_rect"><Rect w="9" h="99" x=")" + std::to_string(x) +
+         "\"/><FrameLength>" + std::to_string(length) + "</FrameLength>" + wrapped + "</Frame>";
 }
-std::string Wrapped(int depth, const std::string& inner = "") {
-  const std::string text = "<Wrapped type=\"frame_rect\" >" + inner + "</Wrapped>";
-  return depth > 1 ? Wrapped(depth - 1, text) : text;
-}
-std::string Named(const std::string& name, const std::string& frames, bool loop = false) {
-  return "<Animation name=\"" + name + "\" loop=\"" + (loop ? "1" : "0") + "\" >" + frames +
-         "</Animation>";
+std::string Named(const char* name, const std::string& frames, bool loop = false) {
+  const std::string attributes = std::string(name) + "\" loop=\"" + std::to_string(loop);
+  return "<Animation name=\"" + attributes + "\">" + frames + "</Animation>";
 }
 
 class Animation : public testing::Test {
  protected:
   using SpritePtr = std::unique_ptr<CAnimatedSprite>;
 
-  Animation() { CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr); }
+  Animation() {
+    CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr);
+    CAudioProbe::sounds.clear();
+    CAudioProbe::onSound = [] {};
+  }
   ~Animation() override { CAnimationUpdator::DeleteSingleton(); }
 
-  static SpritePtr Load() {
+  // A sprite file of these fields, played from the start of the animation "a".
+  static SpritePtr Read(const std::string& fields) {
+    std::ofstream("a.xml") << "<S>" + fields + "</S>";
     auto sprite = std::make_unique<CAnimatedSprite>();
     sprite->SetImage(Gfx::NewBuffer(50, 50));
     LoadXml(*sprite, "a.xml");
+    sprite->PlayAnimation("a");
     return sprite;
   }
-  static SpritePtr Read(const std::string& fields) {
-    std::ofstream("a.xml") << "<S>" + fields + "</S>";
-    return Load();
+  static void Update(const Times& times, unsigned start = 0) {
+    for (const unsigned time : times) {
+      CAnimationUpdator::GetSingletonPtr()->Update(start + time);
+    }
   }
-  static void Update(unsigned time) { CAnimationUpdator::GetSingletonPtr()->Update(time); }
   // Updates at each time and lists what is shown then.
-  static std::string Play(CAnimatedSprite& sprite, unsigned start, const Times& times) {
+  static std::string Play(const CAnimatedSprite& sprite, const Times& times, unsigned start = 0) {
     std::string shown;
     for (const unsigned time : times) {
-      sprite.IsPlaying() ? sprite.PlayAnimation("a") : void();  // changes nothing
-      Update(start + time);
+      Update({time}, start);
       shown += std::to_string(sprite.GetImageRect().x);
     }
     return shown;
   }
 
-  test::CTestScreen myScreen{20, 20};
+  CTestScreen myScreen{20, 20};
 };
 
 TEST_F(Animation, FramesFollowTheirTimes) {
-  const std::string pair = Rect(1, 100) + Rect(2, 100);
-  // Frames, loop, speed, times, what is shown at each.
-  const std::tuple<std::string, bool, float, Times, const char*> cases[] = {
-      // clang-format off
-      {pair + Rect(3, 100), true, 1, {0, 50, 99, 100, 150, 200, 299, 300, 400}, "111223312"},
-      {pair, false, 1, {0, 100, 199, 200, 900}, "12222"},
-      // Frames without a length hand over with the next update.
-      {Rect(1, 0) + Sound("") + Rect(2, 50, Sound("", "Wrapped")) + Rect(3, 30), true, 1,
-       {0, 1, 2, 3, 32, 33, 34}, "1233112"}, {"", true, 1, {0, 250, 500}, "000"},
-      {pair, true, 2, {0, 49, 50, 100, 200}, "11212"}, {pair, true, 0.5F, {0, 49, 50, 100, 200}, "11112"},
-      {pair, true, 0, {0, 49, 50, 100, 200}, "11111"}, {pair, true, NAN, {0, 49, 50, 100, 200}, "11121"}};
-  // clang-format on
+  struct SCase {
+    std::string frames = Part(1, 100) + Part(2, 100);
+    bool loop = true;
+    float speed = 1;
+    Times times = {0, 49, 50, 100, 200};
+    const char* shown;  // x at each time
+  };
+  const std::string noLength = Part(1, 0) + Sound("") + Part(2, 50, Sound("", "Wrapped"));
+  const SCase cases[] = {
+      {.times = {0, 50, 99, 100, 150, 199, 200, 300}, .shown = "11122212"},
+      {.loop = false, .times = {0, 100, 199, 200, 900}, .shown = "12222"},
+      // Frames without a length end with the next update.
+      {.frames = noLength + Part(3, 30), .times = {0, 1, 2, 3, 32, 33, 34}, .shown = "1233112"},
+      {.frames = "", .shown = "00000"},
+      {.speed = 2, .shown = "11212"},
+      {.speed = 0, .shown = "11111"},
+      {.speed = 0.3F, .times = {0, 1, 333, 334, 335}, .shown = "11122"},
+      {.speed = NAN, .shown = "11121"},
+  };
   for (const unsigned start : {0U, 5000U, 4294967200U}) {
-    for (const auto& [frames, loop, speed, times, shown] : cases) {
-      const SpritePtr sprite = Read(Named("b", Rect(9, 1)) + Named("a", frames, loop));
-      sprite->PlayAnimation("a");
-      sprite->SetTimeMultiply(speed);
-      EXPECT_EQ(Play(*sprite, start, times), shown) << frames << start;
+    for (const SCase& c : cases) {
+      SCOPED_TRACE(testing::Message() << c.frames << start << " at " << c.speed);
+      const SpritePtr sprite = Read(Named("b", Part(9, 1)) + Named("a", c.frames, c.loop));
+      sprite->SetTimeMultiply(c.speed);
+      EXPECT_EQ(Play(*sprite, c.times, start), c.shown);
+      EXPECT_EQ(sprite->IsPlaying(), c.loop);
       sprite->PlayAnimation("none");
-      EXPECT_EQ(Play(*sprite, start + 1000, {0})[0], shown[0]) << "the current one again";
+      EXPECT_EQ(Play(*sprite, {1000}, start)[0], c.shown[0]) << "the current one again";
     }
   }
 }
 
-TEST_F(Animation, BadFramesAreSkippedWithOneLine) {
-  // clang-format off
-  const std::pair<std::string, std::size_t> cases[] = {  // frames, lines in the log
-      {"<Frame></Frame>", 1}, {"<Frame type=\"frame_circle\" ></Frame>", 1}, {"<Other></Other>", 0},
-      {Rect(1, 0, "<Wrapped type=\"no\" ></Wrapped>"), 1}, {Rect(1, 0, Wrapped(16)), 0},
-      {Rect(1, 0, Wrapped(17)), 1}, {Rect(1, 0, Wrapped(3000)), 1}, {Sound(""), 0},
-      {Sound("a,b"), 1}, {Sound("a;b"), 1}, {Sound("a::b"), 1}, {Sound("a//b"), 1}};
-  // clang-format on
-  const std::string start = "<CurrentAnimation>a</CurrentAnimation><CurrentFrame>99</CurrentFrame>";
-  for (const auto& [frames, lines] : cases) {
-    const test::CLogCapture log;
-    const SpritePtr sprite = Read(start + Named("a", frames + Rect(5, 0)));
+// Two sprites that change places in the order of due times, and the sounds of both.
+TEST_F(Animation, SpritesAreWokenInTheOrderOfTheirTimes) {
+  const SpritePtr slow = Read(Named("a", Part(1, 50) + Sound("slow") + Part(2, 90)));
+  const SpritePtr quick = Read(Named("a", Part(1, 20) + Part(2, 20) + Sound("quick") + Part(3, 9)));
+  EXPECT_EQ(Play(*quick, {0, 20}), "12");
+  quick->PlayAnimation("a");  // goes on
+  EXPECT_EQ(Play(*quick, {39, 40}), "22");
+  EXPECT_EQ(Play(*slow, {41, 49, 50, 51}), "1112");
+  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"quick\" )\nPlayEffect( \"slow\" )\n");
+}
+
+TEST_F(Animation, BadFramesAreSkippedWithOneLineEach) {
+  const std::string unknown = "<Wrapped type=\"no\"/>" + Sound("", "Wrapped");
+  const std::string good = "<Other></Other>" + Sound("") + Part(1, 0);
+  const std::string bad = "<Frame></Frame><Frame type=\"frame_circle\"></Frame>" + Sound("a,b") +
+                          Sound("a;b") + Sound("a::b") + Sound("a//b") + Part(1, 0, unknown);
+  for (const auto& [frames, lines] : {std::pair{good, 0U}, {bad, 7U}}) {
+    const CLogCapture log;
+    const SpritePtr sprite =
+        Read("<CurrentFrame>99</CurrentFrame>" + Named("a", frames + Part(5, 0)));
     EXPECT_EQ(log.Lines().size(), lines) << frames << log.Text();
-    Play(*sprite, 0, {0, 10, 20, 30});
+    Update({0, 1, 2, 3, 4, 5, 6});
     EXPECT_EQ(sprite->GetImageRect(), (CRect<int>{5, 0, 9, 50})) << frames;
   }
-  EXPECT_TRUE(CAudioProbe::sounds.empty());
+  EXPECT_EQ(CAudioProbe::sounds, "");
 }
 
 TEST_F(Animation, WrittenSpriteReadsBackAndPlaysItsSoundsOnce) {
   const std::string frames =
-      Sound("a b.wav") + Rect(2, 100) + Rect(3, 10, Sound("c.wav", "Wrapped")) + Rect(4, 100);
-  const std::string fields = "<TimeMultiply>2</TimeMultiply><CurrentAnimation>a</CurrentAnimation>";
-  SaveXml(*Read(fields + Named("b", "") + Named("a", frames)), "a.xml");
-  const test::CLogCapture log;
-  const SpritePtr sprite = Load();
+      Sound("a b.wav") + Part(2, 100) + Part(3, 10, Sound("c.wav", "Wrapped")) + Part(4, 100);
+  SaveXml(*Read("<TimeMultiply>2</TimeMultiply>" + Named("b", "") + Named("a", frames)), "a.xml");
+  const CLogCapture log;
+  CAnimatedSprite sprite;
+  sprite.SetImage(Gfx::NewBuffer(50, 50));
+  LoadXml(sprite, "a.xml");
   EXPECT_EQ(log.Text(), "") << "the order of reading is the order of writing";
-  EXPECT_EQ(Play(*sprite, 0, {0, 1, 25, 50, 51, 52, 60, 200}), "22234444");
-  const std::vector<std::string> sounds = {"PlayEffect( \"a b.wav\" )", "PlayEffect( \"c.wav\" )"};
-  EXPECT_EQ(std::exchange(CAudioProbe::sounds, {}), sounds);
+  EXPECT_EQ(Play(sprite, {0, 1, 25, 50, 51, 52, 60, 200}), "22234444");
+  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"a b.wav\" )\nPlayEffect( \"c.wav\" )\n");
+}
+
+TEST_F(Animation, SoundMayRestartAndDeleteItsSprite) {
+  std::ofstream("flame.xml") << "<S type=\"sprite_animated\">" << Named("burn", Sound("f"))
+                             << "</S>";
+
+  const CSpritePtr flame(CSpriteFactory::GetSingletonPtr()->Load("flame.xml"));
+  flame->PlayAnimation("burn");
+
+  Update({0});
+  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"f\" )\n");
+  SpritePtr sprite =
+      Read(Named("a", Sound("a") + Part(2, 9)) + Named("b", Part(1, 90) + Part(3, 9)));
+  CAudioProbe::onSound = [&] { sprite->PlayAnimation("b"); };
+  EXPECT_EQ(Play(*sprite, {1, 2, 91, 92}), "0113");
+  CAudioProbe::onSound = [&] { sprite.reset(); };
+  sprite->PlayAnimation("a");
+  Update({1000});
+  EXPECT_EQ(sprite, nullptr);
 }
 
 class Animator : public Animation {
@@ -145,72 +184,99 @@ class Animator : public Animation {
     void Apply(float value) override { Action{action}(value); }  // which may delete the probe
     Action action;
   };
-  static CExternalAnimator* Start(const Action& action, CSprite* sprite, unsigned duration,
-                                  const char* expression = "", bool clamp = false) {
-    return new CExternalAnimator(new CProbe(sprite, action), duration, expression, clamp);
+  // Notes its values.
+  CExternalAnimator* Start(unsigned duration, const char* expression = "", bool clamp = false) {
+    auto* probe = new CProbe(nullptr, [this](float value) { myValues.push_back(value); });
+    return new CExternalAnimator(probe, duration, expression, clamp);
   }
+
+  std::vector<float> myValues;
 };
 
 TEST_F(Animator, ExpressionGivesTheValue) {
-  // clang-format off
-  const std::tuple<const char*, bool, unsigned, float> cases[] = {  // clamped, time of 1000000, value
-      {"t*t", false, 500000, 0.25F}, {"sin(t*3.14)*2", false, 500000, 2}, {"sin(t*3.14)*2", true, 500000, 1},
-      {"t-2", true, 500000, 0}, {"t*1000000", false, 12, 12}};  // not 1.2e-05, which no calculator reads
-  // clang-format on
-  for (const auto& [expression, clamp, time, value] : cases) {
-    float got = NAN;
-    Start([&got](float applied) { got = applied; }, nullptr, 1000000, expression, clamp);
-    Update(time);
-    EXPECT_NEAR(got, value, 1e-3F) << expression << clamp;
+  struct SCase {
+    const char* expression;
+    bool clamp = false;
+    unsigned time = 500000;  // of 1000000
+    float value;
+  };
+  const SCase cases[] = {
+      {.expression = "t*t", .value = 0.25F},
+      {.expression = "sin(t*3.14)*2", .value = 2},
+      {.expression = "sin(t*3.14)*2", .clamp = true, .value = 1},
+      {.expression = "t-2", .clamp = true, .value = 0},
+      {.expression = "t*1000000", .time = 12, .value = 12},  // no 1.2e-05: nothing reads that
+  };
+  for (const SCase& c : cases) {
+    Start(1000000, c.expression, c.clamp);
+    Update({c.time});
+    EXPECT_NEAR(myValues.back(), c.value, 1e-3F) << c.expression << c.clamp;
     CAnimationUpdator::DeleteSingleton();  // and the animator with it
   }
 }
 
 // What is done at 500 of 1000 ms keeps the value of that moment and moves the end.
 TEST_F(Animator, SpeedMovesTheEnd) {
-  // clang-format off
-  const std::pair<std::vector<float>, unsigned> cases[] = {  // factors, end
-      {{2}, 750}, {{0.5F}, 1500}, {{4, 0.5F}, 1500}, {{2, 1}, 1000}, {{2, 1, 1}, 1000}, {{0}, 1000},
-      {{-2}, 1000}, {{NAN}, 1000}, {{INFINITY}, 1000}, {{1e30F}, 501}, {{1e-40F}, 1000}};
-  // clang-format on
+  const std::pair<std::vector<float>, unsigned> cases[] = {
+      // factors, end
+      {{2}, 750},   {{0.5F}, 1500}, {{4, 0.5F}, 1500},  {{2, 1}, 1000},   {{2, 1, 1}, 1000},
+      {{-2}, 1000}, {{NAN}, 1000},  {{INFINITY}, 1000}, {{1e-40F}, 1000}, {{1e30F}, 501}};
   for (const unsigned start : {0U, 4294967000U}) {
     for (const auto& [factors, end] : cases) {
-      Update(start);
-      std::vector<float> values;
-      const auto note = [&](float value) { values.push_back(value); };
-      CExternalAnimator* animator = Start(note, nullptr, 1000);
-      Update(start + 500);
-      std::ranges::for_each(factors, [=](float factor) { animator->SetTimeMultiplier(factor); });
-      Update(start + end - 1), Update(start + end), Update(start + end + 1);
-      ASSERT_EQ(values.size(), 3U) << "it is gone at its end, " << end;
-      EXPECT_TRUE(values[0] == 0.5F && values[1] < 1.0F && values[2] == 1.0F) << end;
+      Update({start});
+      myValues.clear();
+      CExternalAnimator* animator = Start(1000);
+      Update({500}, start);
+      for (const float factor : factors) {
+        animator->SetTimeMultiplier(factor);
+      }
+      Update({end - 1, end, end + 1}, start);
+      ASSERT_EQ(myValues.size(), 3U) << "it is gone at its end, " << end;
+      EXPECT_EQ(myValues.back(), 1.0F) << end;
     }
   }
+}
+
+TEST_F(Animator, PauseDelaysTheEndAndNoDurationIsNone) {
+  Start(0);
+  CExternalAnimator* animator = Start(1000);
+  Update({400});
+  animator->Pause();
+  Update({700});
+  animator->Resume();
+  Update({1200});
+  EXPECT_EQ(myValues, (std::vector{0.4F, 0.9F}));
 }
 
 TEST_F(Animator, MaskersMoveAndFade) {
   CSprite sprite;
   sprite.SetRect({10, -20, 7, 8});
+
+  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)", true);
+
   CSpriteMoveToUpdator move(&sprite, 21, -31);
-  move.Apply(0.5F);
-  EXPECT_EQ(sprite.GetRect(), (CRect<int>{15, -25, 7, 8}));
-  move.Apply(2.0F);
-  EXPECT_EQ(sprite.GetRect(), (CRect<int>{32, -42, 7, 8}));
   sprite.SetAlpha(200);
-  CSpriteSetAlphaUpdator fade(&sprite, 0, 2);
-  std::vector<int> alphas;
-  for (const float value : {0.1F, 0.25F, 0.5F, 0.75F, 1.0F, 1.0F}) {
+  CSpriteSetAlphaUpdator fade(&sprite, 0, 2);  // every other time
+  std::string shown;
+  for (const float value : {0.1F, 0.5F, 2.0F, NAN, 1e9F}) {
     fade.Apply(value);
-    alphas.push_back(sprite.GetAlpha());
+    move.Apply(value);
+    shown += std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY()) + " " +
+             std::to_string(sprite.GetAlpha()) + "; ";
   }
-  EXPECT_EQ(alphas, (std::vector<int>{200, 150, 150, 50, 50, 0}));
+  EXPECT_EQ(shown, "11,-21 200; 15,-25 100; 32,-42 100; 10,-20 200; 1000010,-1000020 200; ");
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
-  auto first = std::make_unique<CSprite>(), second = std::make_unique<CSprite>();
+  auto first = std::make_unique<CSprite>();
+  auto second = std::make_unique<CSprite>();
   std::string log;
   const auto add = [&](CSprite* sprite, char name, const std::function<void()>& action) {
-    return Start([&log, name, action](float) { log += name, action(); }, sprite, 9);
+    const auto note = [&log, name, action](float) {
+      log += name;
+      action();
+    };
+    return new CExternalAnimator(new CProbe(sprite, note), 9, "", false);
   };
   CExternalAnimator* self = nullptr;
   add(nullptr, 'a', [&] { second.reset(); });
@@ -218,11 +284,13 @@ TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
   add(first.get(), 'b', [&] { first.reset(); });  // and with it its own place in the list
   self = add(nullptr, 'c', [&] { delete self; });
   add(nullptr, 'd', [] {});
-  Update(1);
-  EXPECT_EQ(log, "abc") << "who deletes itself ends the walk";
-  Update(2);
-  EXPECT_EQ(log, "abcad");
+
+  for (const unsigned time : {1U, 2U}) {
+    CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
+    updator.Update(time);  // once a frame
+  }
+  EXPECT_EQ(log, "abcad") << "who deletes itself ends the walk";
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

@@ -1,6 +1,9 @@
 #include "gfx/sprite/sprite.h"
 
+#include "gfx/sprite/guielement.h"
 #include "gfx/sprite/spritefactory.h"
+#include "gfx/sprite/spritetypes.h"
+#include "input/mouse.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
 
@@ -10,12 +13,10 @@
 #include <cmath>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
-namespace vask {
+namespace vask::test {
 namespace {
-
-using test::NewPicture;
-using Rect = CRect<int>;
 
 const CColor kRed(255, 0, 0);
 
@@ -23,14 +24,15 @@ CSpritePtr Load(const std::string& file) {
   return CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(file));
 }
 CSpritePtr LoadXmlText(const std::string& type, const std::string& fields) {
-  std::ofstream("s.xml") << "<Sprite type=\"sprite_" << type << "\" >" << fields << "</Sprite>";
+  std::ofstream("s.xml") << "<Sprite type=\"" << type << "\" >" << fields << "</Sprite>";
   return Load("s.xml");
 }
 
 class Sprite : public testing::Test {
  protected:
-  Sprite() { Gfx::ImagePtr(NewPicture(40, 30, kRed))->SaveToFile("a.bmp"); }
+  Sprite() { ImagePtr(NewPicture(40, 30, kRed))->SaveToFile("a.bmp"); }
 
+  // A red square at the upper left corner of the screen.
   CSpritePtr Red(int z = 100) {
     CSpritePtr sprite(new CSprite);
     sprite->SetImage(NewPicture(5, 5, kRed));
@@ -39,36 +41,73 @@ class Sprite : public testing::Test {
     return sprite;
   }
 
-  test::CTestScreen myScreen{80, 60};
+  CTestScreen myScreen{80, 60};
   CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
 };
 
+std::string State(const CSprite& sprite) {
+  const auto text = [](const Rect& r) {
+    return (std::ostringstream() << r.x << "," << r.y << " " << r.w << "x" << r.h << "; ").str();
+  };
+  return text(sprite.GetRect()) + text(sprite.GetScrollRect()) + std::to_string(sprite.GetZ()) +
+         "; " + std::to_string(sprite.GetAlpha());
+}
+
 TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
   const std::string a = "<ImageFilename>a.bmp</ImageFilename>";
-  const std::tuple<std::string, Rect, Rect, int, int> files[] = {
-      // the last two: z, alpha
-      // clang-format off
-      {"", {}, {}, 100, 255}, {a + "<Alpha>300</Alpha>", {0, 0, 40, 30}, {}, 100, 255},
-      {a + "<Alpha>-5</Alpha>", {0, 0, 40, 30}, {}, 100, 0},
-      {a + "<ImageRect x=\"7\" y=\"8\" />", {7, 8, 40, 30}, {}, 100, 255},
-      {a + "<ImageRect w=\"9\" /><Z>-3</Z><Alpha>99</Alpha>", {0, 0, 9, 30}, {}, -3, 99},
-      {a + "<ScrollRect x=\"5\" y=\"5\" w=\"0\" h=\"0\" />", {0, 0, 40, 30}, {}, 100, 255},
-      {a + "<ScrollRect w=\"6\" />", {0, 0, 40, 30}, {0, 0, 6, 0}, 100, 255},
-      {"<ImageFilename>none.bmp</ImageFilename><ImageRect w=\"9\" />", {0, 0, 9, 0}, {}, 100, 255}};
-  // clang-format on
-  for (const auto& [fields, rect, scroll, z, alpha] : files) {
-    CSpritePtr sprite = LoadXmlText("base", fields);
-    for (int round = 0; round < 2; ++round) {  // read, then written and read back
-      EXPECT_TRUE(sprite->GetRect() == rect && sprite->GetScrollRect() == scroll) << fields;
-      EXPECT_TRUE(sprite->GetZ() == z && sprite->GetAlpha() == alpha) << fields << round;
-      ASSERT_TRUE(SaveXml(*sprite, "written.xml"));
+  const std::pair<std::string, const char*> cases[] = {
+      // fields; the rectangle, the one outside which it is hidden, depth and alpha
+      {"", "0,0 0x0; 0,0 0x0; 100; 255"},
+      {"<ImageFilename>no.bmp</ImageFilename>", "0,0 0x0; 0,0 0x0; 100; 255"},
+      {a + "<Alpha>300</Alpha>", "0,0 40x30; 0,0 0x0; 100; 255"},
+      {a + "<Alpha>-5</Alpha>", "0,0 40x30; 0,0 0x0; 100; 0"},
+      {a + R"(<ImageRect x="7" y="8" />)", "7,8 40x30; 0,0 0x0; 100; 255"},
+      {a + R"(<ImageRect w="9" /><Z>-3</Z>)", "0,0 9x30; 0,0 0x0; -3; 255"},
+      {a + R"(<ScrollRect x="5" y="5" w="0" h="0" />)", "0,0 40x30; 0,0 0x0; 100; 255"},
+      {a + R"(<ScrollRect w="6" /><Alpha>99</Alpha>)", "0,0 40x30; 0,0 6x0; 100; 99"},
+  };
+  for (const auto& [fields, expected] : cases) {
+    CSpritePtr sprite = LoadXmlText("sprite_base", fields);
+    for (const char* file : {"s.xml", "written.xml"}) {
+      EXPECT_EQ(State(*sprite), expected) << fields << file;
+      EXPECT_EQ(sprite->GetName(), file);
+      SaveXml(*sprite, "written.xml");
       sprite = Load("written.xml");
     }
   }
-  int kind = 0;
-  for (const char* type : {"base", "layer", "screenlayer", "text", "animated"}) {
-    EXPECT_EQ(LoadXmlText(type, "")->GetTypeId(), kind++) << type;
+}
+
+TEST_F(Sprite, KindsAreMadeByNumberAndName) {
+  int number = 0;
+  for (const char* name :
+       {"sprite_base", "sprite_layer", "sprite_screenlayer", "sprite_text", "sprite_animated"}) {
+    const CSpritePtr sprite = LoadXmlText(name, "");
+    EXPECT_EQ(sprite->GetTypeId(), number) << name;
+    EXPECT_EQ(sprite.Get() == myLayer, number == kScreenLayerSprite.number);
+    SaveXml(*sprite, "written.xml");
+    EXPECT_EQ(Load("written.xml")->GetTypeId(), number++);
   }
+  EXPECT_EQ(LoadXmlText("sprite_none", "")->GetTypeId(), kBaseSprite.number);
+  EXPECT_TRUE(Load("none.xml")->IsEmpty());
+  EXPECT_EQ(CreateSprite(5), nullptr);
+}
+
+TEST_F(Sprite, LoadedOneIsDrawnWithTheNextFrame) {
+  ImagePtr(NewPicture(10, 20, kRed))->SaveToFile("door.bmp");
+  std::ofstream("door.xml") << "<Sprite><ImageFilename>door.bmp</ImageFilename></Sprite>";
+
+  CSpritePtr door(CSpriteFactory::GetSingletonPtr()->Load("door.xml"));
+  door->SetPosition(0, -10);
+
+  CSpriteLayer signs;
+  signs.SetZ(50);
+  signs.SetParent(CScreenLayer::GetSingletonPtr());
+  signs.AddChild(door.Get());
+
+  EXPECT_EQ(door->GetParent(), &signs);
+  myLayer->DrawFrame();
+  EXPECT_EQ(myScreen.At(9, 9), 0xFF0000U);
+  EXPECT_EQ(myScreen.At(9, 10), 0U);
 }
 
 TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
@@ -78,29 +117,37 @@ TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
   int order[] = {0, 1, 2};
   do {
     const CSpritePtr sprite = Load("a.bmp");
-    for (const int i : order) {
-      changes[i](*sprite);
-    }
-    EXPECT_LT(sprite->GetRect().w, sprite->GetRect().h) << "a wide picture, turned, is tall";
+    std::ranges::for_each(order, [&](int i) { changes[i](*sprite); });
+    EXPECT_NEAR(sprite->GetRect().w, 10, 4) << "a wide picture, turned, is tall";
+    EXPECT_NEAR(sprite->GetRect().h, 20, 4);
     EXPECT_EQ(sprite->GetImage()->GetPixel(5, 10).a, 100);
-    sprite->SetSize(40, 30), sprite->SetAlpha(255);
-    sprite->SetRotation(360.0F), sprite->SetRotation(NAN);
-    EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 42, 32})) << "SDL_gfx makes room for the turn";
-    changes[order[0]](*sprite);
     IPixel* const loaded = NewPicture(6, 7, kRed);
     sprite->SetImage(loaded);
-    EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 6, 7})) << "all three are forgotten";
-    EXPECT_EQ(sprite->GetImage()->GetPixel(3, 3).a, 255);
-    sprite->SetSize(0, 7);
-    EXPECT_TRUE(sprite->GetImage()->IsEmpty()) << "a size of nothing";
-    sprite->SetImage(loaded);
-    EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 6, 7})) << "shown again";
+    EXPECT_EQ(sprite->GetImage(), loaded) << "all three are forgotten";
   } while (std::next_permutation(std::begin(order), std::end(order)));
 }
 
-TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
+TEST_F(Sprite, ShownPictureFollowsPartTurnAndSize) {
+  const CSpritePtr sprite = Load("a.bmp");
+  for (const float degrees : {0.5F, -0.5F, NAN, INFINITY}) {
+    sprite->SetRotation(degrees);
+    EXPECT_EQ(sprite->GetRotation(), 0.0F) << degrees << " is no turn";
+  }
+  sprite->SetRotation(360.0F);
+  EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 42, 32})) << "SDL_gfx makes room for the turn";
+  sprite->SetRotation(359.4F);
+  EXPECT_EQ(sprite->GetRotation(), 359.4F);
+  sprite->SetImage(NewPicture(40, 30, kRed));
+  sprite->SetImageRect({30, 20, 90, 90});
+  EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 10, 10})) << "cut to the sheet";
+  sprite->SetSize(-1, 7);
+  EXPECT_EQ(sprite->GetRect(), Rect{}) << "a size of nothing";
+  EXPECT_FALSE(sprite->IsEmpty());
+}
+
+TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   std::vector<CSpritePtr> sprites;
-  for (const int z : {50, 100, 50, 7, 100, -2147483647 - 1, 2147483647}) {
+  for (const int z : {50, 100, 50, 7, 100, INT_MIN, INT_MAX}) {
     sprites.push_back(Red(z));
     sprites.back()->SetName(std::to_string(sprites.size() - 1));
   }
@@ -110,24 +157,36 @@ TEST_F(Sprite, StandsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
     return names;
   };
   EXPECT_EQ(order(), "5320416");
+  sprites[0]->SetZ(50);  // as before, which changes nothing
   sprites[1]->SetZ(50);
   EXPECT_EQ(order(), "5312046");
-  for (const bool visible : {false, false, true, true}) {
-    sprites[2]->SetVisible(visible), sprites[2]->SetZ(100), sprites[2]->SetX(9);
-    EXPECT_EQ(order(), visible ? "5310246" : "531046");
-  }
+  sprites[2]->SetVisible(false);
+  sprites[2]->SetZ(100);
+  EXPECT_EQ(order(), "531046") << "hidden, it is in no layer";
+  sprites[2]->SetVisible(true);
+  EXPECT_EQ(order(), "5310246");
 }
 
-TEST_F(Sprite, MayChangeAndDieAfterItsScreen) {
-  CSpritePtr sprite = Red();
-  Gfx::SetScreen(nullptr);
-  sprite->SetX(9);
-  myLayer->DrawFrame();
-  sprite.Reset();
-  Gfx::SetScreen(&myScreen.Picture());
-  myLayer->DrawFrame();
-  EXPECT_EQ(myScreen.At(2, 2), 0U) << "nobody draws it any more";
+TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {
+  CSprite sprite;
+  sprite.SetRect({10, 20, 30, 40});
+  zogui::CGuiElement element(&sprite);
+  const int left = 1;
+  const int right = 3;
+  CMouse& mouse = *CMouse::GetSingletonPtr();
+  mouse.OnMouseMove(16, 31);
+  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseMove(26, 51);
+  mouse.OnMouseButtonUp(right);
+  mouse.OnMouseMove(27, 50);
+  EXPECT_EQ(element.GetRect(), (Rect{21, 39, 30, 40}));
+  mouse.OnMouseButtonUp(left);
+  element.SetDraggable(false);
+  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseMove(50, 60);
+  EXPECT_EQ(sprite.GetRect(), (Rect{21, 39, 30, 40})) << "dropped";
+  CMouse::DeleteSingleton();
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

@@ -1,5 +1,6 @@
 #include "gfx/text/font.h"
 
+#include "gfx/sdl/sdltextures.h"
 #include "gfx/text/ogffontloader.h"
 #include "gfx/text/textsprite.h"
 #include "support/logcapture.h"
@@ -8,34 +9,29 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
+#include <set>
 
-namespace vask {
+namespace vask::test {
 namespace {
 
-using Rect = CRect<int>;
-using Ints = std::vector<int>;
-
-class FontTest : public ::testing::Test {
+class Font : public ::testing::Test {
  protected:
   // The red of the i-th cell, of three columns and two rows, is 30 + 40 i.
-  FontTest() {
-    Gfx::ImagePtr sheet(Gfx::NewBuffer(48, 16));
-    for (int i = 0; i < 48 * 16; ++i) {
-      const int cell = i / 48 / 8 * 3 + i % 48 / 16;
-      sheet->PutPixel(i % 48, i / 48, CColor(static_cast<std::uint8_t>(30 + 40 * cell), 100, 200));
-    }
-    sheet->SaveToFile("sheet.bmp");
+  Font() {
+    const auto pixelAt = [](int x, int y) {
+      return 0xFF1E64C8U + ((40U * static_cast<unsigned>(y / 8 * 3 + x / 16)) << 16);
+    };
+    Filled(Gfx::NewBuffer(48, 16), pixelAt)->SaveToFile("sheet.bmp");
   }
 
   static std::unique_ptr<CFont> FontOf(const std::string& content) {
     std::ofstream("a.ogf", std::ios::binary) << content;
     return LoadFont("a.ogf");
   }
-  // Red of the pixels of a text that is drawn at the origin of an empty picture.
-  static Ints Reds(CFont& font, const std::string& text, Ints xs) {
-    Gfx::ImagePtr target(Gfx::NewBuffer(100, 20));
+  // Red of some pixels of a text that is drawn at the origin of an empty picture.
+  static std::vector<int> Reds(CFont& font, const std::string& text, std::vector<int> xs) {
+    const ImagePtr target(Gfx::NewBuffer(100, 20));
     font.WriteLine(target.get(), text, 0, 0);
     std::ranges::transform(xs, xs.begin(), [&](int x) { return target->GetPixel(x, 1).r; });
     return xs;
@@ -43,54 +39,70 @@ class FontTest : public ::testing::Test {
   // The box that encloses what is drawn.
   static Rect Drawn(const CSprite& sprite) {
     const IPixel& image = *sprite.GetImage();
-    int left = image.GetWidth(), top = image.GetHeight(), right = 0, bottom = 0;
+    std::set<int> xs, ys;
     for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i) {
-      const int x = i % image.GetWidth(), y = i / image.GetWidth();
-      if (image.GetPixel(x, y).a != 0) {
-        left = std::min(left, x), top = std::min(top, y);
-        right = std::max(right, x + 1), bottom = std::max(bottom, y + 1);
+      if (image.GetPixel(i % image.GetWidth(), i / image.GetWidth()).a != 0) {
+        xs.insert(i % image.GetWidth());
+        ys.insert(i / image.GetWidth());
       }
     }
-    return right == 0 ? Rect{} : Rect{left, top, right - left, bottom - top};
+    return xs.empty() ? Rect{}
+                      : Rect{*xs.begin(), *ys.begin(), *xs.rbegin() - *xs.begin() + 1,
+                             *ys.rbegin() - *ys.begin() + 1};
   }
 
-  test::CTestScreen myScreen{64, 64};
+  CTestScreen myScreen{64, 64};
   const std::string myFont = "OGF;3;2;16;8;6;888;ab;c d;643200401699;sheet.bmp";
 };
 
-TEST_F(FontTest, GlyphsAreCutFromTheirCells) {
+TEST_F(Font, GlyphsAreCutFromTheirCells) {
   for (const char* lineEnd : {"", "\n", "\r\n", "\nOGF;more"}) {
-    const auto font = FontOf(myFont + lineEnd);
-    const Ints sizes = {font->GetTextWidth("a"), font->GetTextWidth(";"), font->GetTextWidth("c"),
-                        font->GetTextWidth("b dx"), font->GetLineHeight()};
-    EXPECT_EQ(sizes, (Ints{16, 0, 10, 36, 8})) << lineEnd;
-    // "x" has no glyph and takes no room; the wide "d" ends at the edge of the sheet.
+    const std::unique_ptr<CFont> font(FontOf(myFont + lineEnd)->Clone());
+    EXPECT_EQ(font->GetTextWidth(";"), 0);
+    EXPECT_EQ(font->GetTextWidth("b dx"), 36) << "with a blank of a quarter; no glyph, no space";
+    EXPECT_EQ(font->GetLineHeight(), 8);
+    // The wide "d" ends at the edge of the sheet.
     EXPECT_EQ(Reds(*font, "bxcd", {0, 7, 8, 17, 18, 33, 34}),
-              (Ints{70, 70, 150, 150, 230, 230, 0}));
+              (std::vector{70, 70, 150, 150, 230, 230, 0}));
   }
+  EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("sheet.bmp")) << "fonts free their sheet";
   const auto scaled = FontOf("OGF;3;2;8;4;6;888;ab;c d;646464646464;sheet.bmp");
-  EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (Ints{30, 150}));
-  const auto tinted = FontOf("OGF;3;2;16;8;1;940;a;64;sheet.bmp");
-  const CColor color = tinted->GetSheet()->GetPixel(47, 15);
-  EXPECT_EQ((Ints{color.r, color.g, color.b}), (Ints{255, 50, 0}));
-  EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100) << "only a copy is tinted";
+  EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (std::vector{30, 150}));
 }
 
-TEST_F(FontTest, ABadFileIsReportedInOneLineAndDrawsNothing) {
-  const std::pair<std::string, std::string> cases[] = {
-      // clang-format off
-      {"", "Could not open ogf file: a.ogf for loading"}, {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
-      {"OGF;3;2;16;8;7;888;ab;c d;6432004016;x", "a.ogfError, the char count (7) and numbers of charachters (17) don't match"},
-      {"OGF;3;2;16;8;2;888;ab;646;sheet.bmp", "a.ogf Error, the number of character width's ( 3) doesn't match the number of characters (2) times two"},
+TEST_F(Font, TintMultipliesTheColoursOfACopy) {
+  std::ofstream("numbers.ogf") << "OGF;3;2;16;8;1;940;+;64;sheet.bmp";
+  const ImagePtr target(Gfx::NewBuffer(100, 20));
+  const CLogCapture log;
+
+  const std::unique_ptr<CFont> font = LoadFont("numbers.ogf");
+  font->WriteLine(target.get(), "+500", 0, 0);
+
+  EXPECT_EQ(test::Packed(target->GetPixel(0, 0)), 0xFF213200U);
+  EXPECT_EQ(test::Packed(font->GetSheet()->GetPixel(47, 15)), 0xFFFF3200U);
+  EXPECT_TRUE(log.Has("Red: 1.125Green: 0.5Blue: 0"));
+  EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100);
+}
+
+TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
+  const std::pair<std::string, const char*> cases[] = {
+      // the file, what is logged
+      {"", "Could not open ogf file: a.ogf for loading"},
+      {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
+      {std::string(300000, 'O'), "not a ogf file"},
+      {"OGF;1;1;1;1;8;888;ab;6432;x",
+       "a.ogfError, the char count (8) and numbers of charachters (9) don't match"},
+      {"OGF;1;1;1;1;2;888;ab;646;x",
+       "a.ogf Error, the number of character width's ( 3) doesn't match"},
       {"OGF;3;2;16;8;2;888;ab;6464;none.bmp", "Could not load imagenone.bmp"},
-      {"OGF;3;2;16;8;2;88;ab;6464;sheet.bmp", "tint"}, {std::string(300000, 'O'), "not a ogf file"},
-      {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"}, {"OGF;3;2;16;8;0;888;;;sheet.bmp", "no valid size"},
-      {"OGF;65536;65536;65536;65536;2;888;ab;6464;sheet.bmp", "no valid size"}};
-  // clang-format on
+      {"OGF;3;2;16;8;2;88;ab;6464;sheet.bmp", "tint"},
+      {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"},
+      {"OGF;1;2;1;2049;1;888;a;64;sheet.bmp", "no valid size"},
+  };
   for (const auto& [content, message] : cases) {
-    const test::CLogCapture log;
+    const CLogCapture log;
     const auto font = FontOf(content);
-    EXPECT_EQ(Reds(*font, "ab", {0}), Ints{0});
+    EXPECT_EQ(Reds(*font, "ab", {0}), std::vector{0});
     font->SetAlign(3);
     font->Write(nullptr, "a b", {0, 0, -1, 10});  // must come to an end
     EXPECT_TRUE(log.Has(message)) << log.Text();
@@ -98,8 +110,8 @@ TEST_F(FontTest, ABadFileIsReportedInOneLineAndDrawsNothing) {
   }
 }
 
-TEST_F(FontTest, TextIsLaidOutByTheAlignment) {
-  struct CNotingFont : CFont {  // notes every line that it is asked to draw
+TEST_F(Font, TextIsLaidOutByTheAlignment) {
+  struct CNotingFont : CFont {  // notes every line that it draws
     SPenPosition WriteLine(IPixel* target, const std::string& text, int x, int y) override {
       lines += text + "@" + std::to_string(x) + "," + std::to_string(y) + "|";
       return CFont::WriteLine(target, text, x, y);
@@ -109,67 +121,89 @@ TEST_F(FontTest, TextIsLaidOutByTheAlignment) {
   // Widths: "x" 10, "i" 1, blank 4; lines are 12 high.
   std::ofstream("a.ogf") << "OGF;3;1;10;12;3;888;xi ;640726;sheet.bmp";
   COgfFontLoader().Load(font, "a.ogf");
-  // The alignment, where to write what, the lines that are drawn, and y at the end.
-  const std::tuple<int, Rect, const char*, const char*, int> layouts[] = {
-      // clang-format off
-      {0, {5, 7, 30, 99}, "xx xxx\nx", "xx @5,7|xxx@5,19|x@5,31|", 43}, {0, {0, 3, 99, 0}, "x", "", 3},
-      {0, {0, 0, 20, 99}, "xx \nxx ", "xx @0,0|xx @0,12|", 24}, {0, {0, 0, 50, 30}, "x xxxxxx x", "x @0,0|", 36},
-      {0, {0, 0, 99, 99}, "x\n\nx\n", "x@0,0|@0,12|x@0,24|", 36}, {0, {0, 3, 99, 99}, "", "", 3},
-      {0, {0, 0, 99, 13}, "x\nx\nx", "x@0,0|x@0,12|", 24}, {-1, {5, 7, 10, 10}, "xx xx", "xx xx@5,7|", 19},
-      {1, {0, 0, 200, 99}, "xxxxxxxxxiiiiiiiii", "xxxxxxxxxiiiiiiiii@50,0|", 12},
-      {2, {0, 0, 50, 99}, "xx xxx\nx", "xx @26,0|xxx@20,12|x@40,24|", 36},
-      {3, {0, 0, 51, 99}, "x x x xx", "x@0,0|x@20,0|x@41,0|xx@0,12|", 24},
-      {3, {0, 0, 50, 99}, "x x\nx", "x x@0,0|x@0,12|", 24}};
-  // clang-format on
-  Gfx::ImagePtr target(Gfx::NewBuffer(300, 100));
-  for (const auto& [align, rect, text, lines, endY] : layouts) {
-    font.SetAlign(align);
-    EXPECT_EQ(font.Write(target.get(), text, rect).y, endY) << text;
-    EXPECT_EQ(std::exchange(font.lines, ""), lines) << "alignment " << align;
-    // A log view measures without a picture, and must come to the same height.
-    EXPECT_EQ(font.Write(nullptr, text, rect).y, endY) << text;
+  enum { kLeft, kCenter, kRight, kJustify, kNone };
+  struct SCase {
+    int by = kLeft;
+    Rect in = {0, 0, 99, 99};
+    const char* text;
+    const char* drawn;  // the lines and where they begin; where the text ends
+  };
+  const SCase cases[] = {
+      {.in = {5, 7, 30, 99}, .text = "xx xxx\nx", .drawn = "xx @5,7|xxx@5,19|x@5,31|15,43"},
+      {.in = {0, 3, 99, 0}, .text = "x", .drawn = "0,3"},
+      {.in = {0, 0, 20, 99}, .text = "xx \nxx ", .drawn = "xx @0,0|xx @0,12|24,24"},
+      {.in = {0, 0, 50, 30}, .text = "x xxxxxx x", .drawn = "x @0,0|14,36"},
+      {.text = "x\n\nx\n", .drawn = "x@0,0|@0,12|x@0,24|10,36"},
+      {.in = {0, 0, 99, 13}, .text = "x\nx\nx", .drawn = "x@0,0|x@0,12|10,24"},
+      {.text = "x\tx", .drawn = "x    x@0,0|36,12"},
+      {.by = kNone, .in = {5, 7, 1, 1}, .text = "xx xx", .drawn = "xx xx@5,7|49,19"},
+      {.by = kCenter, .in = {0, 0, 90, 9}, .text = "xxxi", .drawn = "xxxi@29,0|60,12"},
+      {.by = kRight, .in = {3, 0, 50, 99}, .text = "xx xxx", .drawn = "xx @29,0|xxx@23,12|53,24"},
+      {.by = kJustify,
+       .in = {1, 0, 51, 9},
+       .text = "x x x xx",
+       .drawn = "x@1,0|x@21,0|x@42,0|52,12"},
+      {.by = kJustify, .in = {0, 0, 50, 99}, .text = "x x\nx", .drawn = "x x@0,0|x@0,12|10,24"},
+  };
+  const ImagePtr target(Gfx::NewBuffer(300, 100));
+  for (const SCase& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.text << " by " << c.by);
+    font.SetAlign(c.by);
+    const SPenPosition end = font.Write(target.get(), c.text, c.in);
+    EXPECT_EQ(font.lines + std::to_string(end.x) + "," + std::to_string(end.y), c.drawn);
+    EXPECT_EQ(font.Write(nullptr, c.text, c.in).y, end.y) << "measured without a picture";
     font.lines.clear();
   }
+  font.SetAlign(kRight);
+  font.Write(target.get(), "x", 5, 88);
+  EXPECT_EQ(font.lines, "x@290,88|") << "to the picture's edge";
 }
 
-TEST_F(FontTest, TextSpriteDrawsAgainWithEachTextAndSize) {
-  CTextSprite sprite(LoadFont("system"), 60, 20);
-  for (const char* text : {"HHHH", "H", ""}) {
-    sprite.SetText(text);
-    EXPECT_EQ(Drawn(sprite).w, sprite.GetFont()->GetTextWidth(text));
-  }
-  sprite.SetRotation(90.0F);
-  sprite.SetText("HHHH");
-  EXPECT_GE(Drawn(sprite).h, 22) << "the copy that is shown is made again";
+TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
+  const CSpritePtr sign(new CTextSprite(LoadFont("system"), 60, 20));
+  sign->SetParent(CScreenLayer::GetSingletonPtr());
+  sign->SetText("+500");
+
+  EXPECT_EQ(Drawn(*sign), (Rect{0, 2, 24, 8}));
+  sign->SetText("H");
+  EXPECT_EQ(Drawn(*sign).w, 6);
+  EXPECT_EQ(sign->GetImage()->GetPixel(0, 2).r, 255);
+  EXPECT_EQ(test::Packed(sign->GetImage()->GetPixel(1, 3)), 0xFF101018U) << "the shadow";
+  sign->SetRotation(90.0F);
+  sign->SetText("HHHH");
+  EXPECT_GE(Drawn(*sign).h, 22) << "the copy that is shown is made again";
 
   CTextSprite list(LoadFont("system"), 0, 0);
   list.GetFont()->SetAlign(2);
   list.SetText("HH HH");
-  const std::tuple<int, int, int> sizes[] = {
-      {100, 12, 70}, {50, 40, 20}, {20, 40, 2}, {0, 0, 0}, {100, 12, 70}};
-  for (const auto& [w, h, x] : sizes) {
-    list.SetSize(w, h);
-    EXPECT_EQ(Drawn(list).x, x) << w;
+  for (const auto& [width, x] : {std::pair{100, 70}, {50, 20}, {20, 2}}) {
+    list.SetSize(width, 40);
+    EXPECT_EQ(Drawn(list).x, x) << width;
   }
 }
 
-TEST_F(FontTest, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
-  Gfx::ImagePtr(test::NewPicture(40, 10, {10, 20, 30}))->SaveToFile("back.bmp");
-  const std::pair<std::string, Rect> cases[] = {
-      // clang-format off
-      {"", {0, 2, 12, 8}}, {"<FontRect x=\"20\" y=\"10\" w=\"5\" h=\"5\"/>", {20, 12, 12, 8}},
-      {"<FontStartPosition x=\"7\" y=\"5\"/><FontRect x=\"20\"/>", {7, 7, 12, 8}},
-      {"<BackdropFile>back.bmp</BackdropFile>", {0, 0, 40, 10}}, {"<FontRect x=\"2147483647\" w=\"-2147483648\"/>", {}}};
-  // clang-format on
+TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
+  ImagePtr(NewPicture(40, 10, {10, 20, 30}))->SaveToFile("back.bmp");
+  const std::pair<const char*, Rect> cases[] = {
+      // fields, what is drawn
+      {"", {0, 2, 12, 8}},
+      {R"(<FontRect x="20" y="10" w="5" h="5"/>)", {20, 12, 12, 8}},
+      {R"(<FontStartPosition x="7" y="5"/><FontRect x="20"/>)", {7, 7, 12, 8}},
+      {"<BackdropFile>back.bmp</BackdropFile>", {0, 0, 40, 10}},
+      {R"(<FontRect x="2147483647" w="-2147483648"/>)", {}},
+  };
   for (const auto& [fields, drawn] : cases) {
-    std::ofstream("text.xml") << "<Sprite><ImageRect x=\"3\" y=\"4\" w=\"50\" h=\"30\"/>" << fields
-                              << "<Text>HH</Text><FontFile>system</FontFile></Sprite>";
-    CTextSprite sprite;
-    EXPECT_TRUE(LoadXml(sprite, "text.xml"));
-    EXPECT_EQ(Drawn(sprite), drawn) << fields;
-    EXPECT_EQ(sprite.GetRect(), (Rect{3, 4, 50, 30})) << fields;
+    std::ofstream("text.xml") << R"(<S><ImageRect x="3" y="4" w="50" h="30"/><Text>HH</Text>)"
+                              << fields << "<FontFile>system</FontFile></S>";
+    for (const char* file : {"text.xml", "written.xml"}) {
+      CTextSprite sprite;
+      LoadXml(sprite, file);
+      EXPECT_EQ(Drawn(sprite), drawn) << fields << file;
+      EXPECT_EQ(sprite.GetRect(), (Rect{3, 4, 50, 30})) << fields;
+      EXPECT_TRUE(SaveXml(sprite, "written.xml"));
+    }
   }
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

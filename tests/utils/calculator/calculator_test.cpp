@@ -8,40 +8,63 @@
 namespace vask {
 namespace {
 
-// clang-format off
-TEST(Calculator, Evaluates) {
-  const std::pair<const char*, double> cases[] = {
-      {"", 0}, {" \t ", 0}, {"3 + 4 * 2", 11}, {"2 - 3 - 4", -5}, {"2 ^ 3 ^ 2", 64},
-      {"2 ^ 0.5", std::sqrt(2.0)}, {"-5 + 3", -2}, {"3 * -2", -6}, {"3 * - 2", -6}, {"3--2", 5},
-      {"3---2", 3},  // "--2" is a value that does not read
-      {"-(2 + 3)", -5}, {"2*-sin(1)", -std::sin(1.0)}, {"sqrt(16) * 2", 8}, {"sin(0)", 0},
-      {"cos(0) + tan(1)", 1 + std::tan(1.0)}, {"10 / 0", 0}, {"7 / 2", 3.5}, {"2 *", 0},
-      {"(1 + 2", 3}, {"1 + 2)", 3}, {"x + 1", 1}, {"distance + 1", 1}, {"+", 0}, {"1..5 + 1", 2},
-  };
-  for (const auto& [text, value] : cases) {
-    // What malformed text leaves on the stack would reach into the next case.
-    EXPECT_DOUBLE_EQ(CCalculator<double>().Calculate(text), value) << text;
-    EXPECT_FLOAT_EQ(CCalculator<float>().Calculate(text), static_cast<float>(value)) << text;
-  }
+TEST(Calculator, LeftoverValuesStayOnTheStack) {
+  CCalculator<float> calculator;
+  const float value = calculator.Calculate("3 + 4 * 2");  // 11
+  EXPECT_EQ(value, 11.0F);
+  EXPECT_EQ(calculator.Calculate("2 3"), 3.0F);
+  EXPECT_EQ(calculator.Calculate("*5"), 10.0F);
+}
+
+TEST(Calculator, ConvertsByPriority) {
+  CInfixToPostfix converter;
+  converter.AddOperator("#", 3);
+  EXPECT_EQ(converter.Convert("1 + 2 # 3 * (4 - -5)"), "1 2 3 # 4 -5 - * + ");
+  EXPECT_EQ(converter.GetPriority("?"), 0);
+}
+
+// A calculator of its own: what malformed text leaves on the stack reaches into the next text.
+double Value(const char* text) {
+  EXPECT_FLOAT_EQ(CCalculator<float>().Calculate(text),
+                  static_cast<float>(CCalculator<double>().Calculate(text)));
+  return CCalculator<double>().Calculate(text);
+}
+
+TEST(Calculator, EvaluatesFromTheLeftByPriority) {
+  EXPECT_EQ(Value("2 - 3 - 4"), -5);
+  EXPECT_EQ(Value("2 ^ 3 ^ 2"), 64);
+  EXPECT_EQ(Value("7 / 2 + sqrt(16)"), 7.5);
+  EXPECT_DOUBLE_EQ(Value("cos(0) + tan(1)"), 1 + std::tan(1.0));
+  EXPECT_EQ(Value("3 * - 2"), -6);
+  EXPECT_EQ(Value("3--2"), 5);
+  EXPECT_EQ(Value("3*-+2"), 0) << "-+2 is a value that does not read";
+  EXPECT_EQ(Value("-(2 + 3)"), -5);
+  EXPECT_DOUBLE_EQ(Value("2*-sin(1)"), -std::sin(1.0));
+}
+
+TEST(Calculator, MalformedTextDegrades) {
+  EXPECT_EQ(Value(" \t "), 0);
+  EXPECT_EQ(Value("10 / 0"), 0);
+  EXPECT_EQ(Value("2 *"), 0);
+  EXPECT_EQ(Value("(1 + 2"), 3);
+  EXPECT_EQ(Value("1 + 2)"), 3);
+  EXPECT_EQ(Value("distance + 1"), 1) << "tan is taken for the operator";
+  EXPECT_EQ(Value("3---2"), 3) << "--2 is a value that does not read";
 }
 
 TEST(Calculator, IntegersNeverTrap) {
-  const int least = std::numeric_limits<int>::min();
-  const std::pair<const char*, int> cases[] = {
-      {"7 2 /", 3}, {"-7 2 / ", -3}, {"10 0 /", 0}, {"-2147483648 -1 /", least}, {"4 -", -4},
-      {"2147483647 1 +", least}, {"65536 65536 *", 0}, {"2 0.5 ^", 0}, {"2 3 sin", 3}, {"+ 1", 1},
-  };
-  for (const auto& [postfix, value] : cases) {
-    EXPECT_EQ(CPostfix<int>().Evaluate(postfix), value) << postfix;
-  }
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  EXPECT_EQ(CPostfix<int>().Evaluate("-7 2 / "), -3);
+  EXPECT_EQ(CPostfix<int>().Evaluate("10 0 /"), 0);
+  EXPECT_EQ(CPostfix<int>().Evaluate("-2147483648 -1 /"), kLeast);
+  EXPECT_EQ(CPostfix<int>().Evaluate("2147483647 1 +"), kLeast);
+  EXPECT_EQ(CPostfix<int>().Evaluate("65536 65536 *"), 0);
+  EXPECT_EQ(CPostfix<int>().Evaluate("4 -"), -4);
 }
-// clang-format on
 
-TEST(Calculator, LeftoverValuesStayAndHugeExpressionsEnd) {
+TEST(Calculator, HugeExpressionsEnd) {
   const std::string signs(1 << 18, '-');
   CCalculator<double> calculator;
-  EXPECT_EQ(calculator.Calculate("2 3"), 3);
-  EXPECT_EQ(calculator.Calculate("*5"), 10);
   EXPECT_EQ(calculator.Calculate(signs + "5"), 0) << "one value, which does not read";
   EXPECT_EQ(calculator.Calculate(signs + "(5)"), -5) << "all but one lack an operand";
   EXPECT_EQ(calculator.Calculate(std::string(1 << 18, '(') + "6"), 6);

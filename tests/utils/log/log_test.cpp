@@ -1,11 +1,10 @@
 #include "utils/log/log.h"
 
 #include "support/logcapture.h"
-#include "utils/log/logfile.h"
+#include "utils/log/loglistenerforfile.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <regex>
@@ -18,38 +17,50 @@ std::string FileText(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(Log, FileLinesCarryMarkerAndIndentation) {
-  const std::string huge(100'000, 'x');
-  // clang-format off
-  const struct { const char* what; std::function<void(CLog&)> action; std::string expected; } cases[] = {
-      {"one line of two writes", [](CLog& l) { l.Write("abc").Write("def\n"); }, "( ) abcdef\n"},
-      {"levels fall back", [](CLog& l) { l.Error() << "e" << 1 << "\nn\n"; }, "<!> e1\n( ) n\n"},
-      {"levels", [](CLog& l) { l.Warning() << 2.5 << "\n"; l.Debug() << "d\n"; }, "(!) 2.5\n(d) d\n"},
-      {"line ends", [](CLog& l) { l.Write(std::string("a\r\nb\0c\n\n", 8)); },
-       "( ) a\n( ) \n( ) b\n( ) c\n( ) \n"},
-      {"blocks", [](CLog& l) { l.BeginBlock().BeginBlock() << "x\n"; l.EndBlock().EndBlock() << "y\n"; },
-       "( )     x\n( ) y\n"},
-      {"a block mark in the middle of a line keeps the line",
-       [](CLog& l) { (l.Error() << "a").BeginBlock().EndBlock() << "b\n"; }, "<!> ab\n"},
-      {"too many ends are forgotten by the next line",
-       [](CLog& l) { l.EndBlock() << "x\n"; l.BeginBlock() << "y\n"; l.EndBlock(); }, "( ) x\n( )   y\n"},
-      {"a tag in the text is only text", [](CLog& l) { l << "[ERROR] no\n"; }, "( ) [ERROR] no\n"},
-      {"an argument is never a format", [](CLog& l) { l.Print("%s %d\n", "%n%s", 7); }, "( ) %n%s 7\n"},
-      {"nothing is lost", [&](CLog& l) { l.Print("<%s>\n", huge.c_str()); }, "( ) <" + huge + ">\n"},
-  };
-  // clang-format on
-  CLog& log = Log();
-  for (const auto& c : cases) {
-    const std::size_t before = FileText("log.txt").size();
-    c.action(log);
-    EXPECT_EQ(FileText("log.txt").substr(before), c.expected) << c.what;
-  }
+// What the action adds to the file of the log.
+std::string Added(const std::function<void()>& action) {
+  Log();
+  const std::size_t before = FileText("log.txt").size();
+  action();
+  return FileText("log.txt").substr(before);
+}
+
+TEST(Log, TextIsCutIntoLinesAtEveryLineEnd) {
+  EXPECT_EQ(Added([] { Log().Write("abc").Write("").Write("def").Print("\n"); }), "( ) abcdef\n");
+  EXPECT_EQ(Added([] { Log().Write(std::string("a\r\nb\0c\n\n", 8)); }),
+            "( ) a\n( ) \n( ) b\n( ) c\n( ) \n");
+}
+
+TEST(Log, ALevelLastsForOneLine) {
+  EXPECT_EQ(Added([] { Log().Error() << "e" << 1 << "\nn\n"; }), "<!> e1\n( ) n\n");
+  EXPECT_EQ(Added([] { Log().Warning() << 2.5 << "\n"; }), "(!) 2.5\n");
+  EXPECT_EQ(Added([] { Log().Debug() << "d\n"; }), "(d) d\n");
+  EXPECT_EQ(Added([] { Log() << "[ERROR] no\n"; }), "( ) [ERROR] no\n") << "a tag is only text";
+}
+
+TEST(Log, BlocksIndentTheFile) {
+  EXPECT_EQ(Added([] { Log().BeginBlock().BeginBlock() << "x\n"; }), "( )     x\n");
+  EXPECT_EQ(Added([] { (Log().EndBlock().Error() << "a").EndBlock() << "b\n"; }), "<!> ab\n");
+  EXPECT_EQ(Added([] { Log().EndBlock() << "y\n"; }), "( ) y\n") << "one end too many";
+  EXPECT_EQ(Added([] { Log().BeginBlock() << "x\n"; }), "( )   x\n");
+  EXPECT_EQ(Added([] { Log().EndBlock() << "y\n"; }), "( ) y\n");
+}
+
+TEST(Log, PrintFormatsTextOfAnyLength) {
+  const std::string name = "%n%s" + std::string(100'000, 'x');
+  const int count = 7;
+  EXPECT_EQ(
+      Added([&] {
+        Log() << "Loaded " << count << " files\n";
+        Log().Error() << "Could not open " << name << "\n";
+        Log().Print("[ERROR] No task %s\n", name.c_str());
+      }),
+      "( ) Loaded 7 files\n<!> Could not open " + name + "\n( ) [ERROR] No task " + name + "\n");
 }
 
 TEST(Log, FileStartsWithItsHeader) {
   CLog::DeleteSingleton();
-  // Whatever file was started last, this one is now.
-  { CLogFile other("other_log.txt", "v", false); }
+  { CLogFile other("other_log.txt", "v", false); }  // so log.txt is not the last file any more
   std::ofstream("log.txt") << "old content\n";
   Log();
   CLog::DeleteSingleton();
@@ -63,41 +74,66 @@ TEST(Log, FileStartsWithItsHeader) {
   EXPECT_TRUE(std::regex_match(FileText("log.txt"), header)) << FileText("log.txt");
 }
 
-// Does something to the log while it is being told a line.
-class CMeddler : public ILogListener {
+TEST(Log, AFileMayEndWithASummary) {
+  {
+    CLogListenerForFile listener("kept.txt", "v1", true);
+    for (const int level : {kLogError, kLogWarning, kLogError, kLogNormal, kLogDebug}) {
+      listener.OnLog("x" + std::to_string(level) + "\n", level);
+    }
+  }
+  const std::string kept = "\\d\\d:\\d\\d:\\d\\d \\[";
+  const std::regex text("[^]*\\( \\) x1\n\n-{24}v1-{24}\n\n" + kept + "ERROR\\] x3\n\n" + kept +
+                        "WARNING\\] x2\n\n" + kept +
+                        "ERROR\\] x3\n\n\nv1 - 2 error\\(s\\), 1 warning\\(s\\)\n");
+  EXPECT_TRUE(std::regex_match(FileText("kept.txt"), text)) << FileText("kept.txt");
+}
+
+// Calls a function for each line.
+class CListener : public ILogListener {
  public:
-  explicit CMeddler(std::function<void(const std::string&)> reaction) : myReaction(reaction) {
+  explicit CListener(std::function<void(const std::string&)> reaction) : myReaction(reaction) {
     Log().AddListener(this);
   }
-  ~CMeddler() override { Log().RemoveListener(this); }
-  void OnLog(const std::string& line, int) override { myReaction(line); }
+  ~CListener() override { Log().RemoveListener(this); }
+  void OnLog(const std::string& line, int /*level*/) override { myReaction(line); }
 
  private:
   std::function<void(const std::string&)> myReaction;
 };
 
-TEST(Log, ListenersMayLogWhileCalled) {
-  const CMeddler meddler(
-      [](const std::string& line) { line == "outer\n" ? Log() << "inner\n" : Log(); });
-  const test::CLogCapture behind;
+TEST(Log, ListenersMayLogWhileTheyAreCalled) {
+  const CListener listener([](const std::string& line) {
+    if (line == "outer\n") {
+      Log() << "inner\n";
+    }
+  });
+  const test::CLogCapture next;
   Log().Error() << "outer\nnext\n";
-  EXPECT_EQ(behind.Text(), "inner\nouter\nnext\n");
-  EXPECT_EQ(behind.Lines()[1].level, kLogError);
-  const CMeddler endless([](const std::string& line) { Log() << "re: " << line; });
-  Log() << "x\n";  // comes to an end
-  EXPECT_TRUE(behind.Has("re: re: x"));
+  EXPECT_EQ(next.Text(), "inner\nouter\nnext\n");
+  EXPECT_EQ(next.Lines()[1].level, kLogError);
 }
 
-TEST(Log, ListenersMayComeAndGoWhileCalled) {
-  std::string heard;
-  std::unique_ptr<CMeddler> meddlers[3];
-  const auto third = [&](const std::string&) { heard += "3"; };
-  meddlers[0] = std::make_unique<CMeddler>(
-      [&](const std::string&) { heard += "1", meddlers[2] = std::make_unique<CMeddler>(third); });
-  meddlers[1] = std::make_unique<CMeddler>(
-      [&](const std::string&) { heard += "2", meddlers[0].reset(), meddlers[1].reset(); });
+TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
+  int calls = 0;
+  const CListener endless([&](const std::string&) { Log() << "line " << ++calls << "\n"; });
   Log() << "x\n";
-  EXPECT_EQ(heard, "12") << "the new listener was called too early";
+  EXPECT_EQ(calls, 8);
+}
+
+TEST(Log, ListenersMayComeAndGoWhileTheyAreCalled) {
+  std::string heard;
+  std::unique_ptr<CListener> first, second, third;
+  first = std::make_unique<CListener>([&](const std::string&) {
+    heard += "1";
+    third = std::make_unique<CListener>([&](const std::string&) { heard += "3"; });
+  });
+  second = std::make_unique<CListener>([&](const std::string&) {
+    heard += "2";
+    first.reset();
+    second.reset();
+  });
+  Log() << "x\n";
+  EXPECT_EQ(heard, "12") << "the new listener waits for the next line";
   Log() << "y\n";
   EXPECT_EQ(heard, "123");
 }

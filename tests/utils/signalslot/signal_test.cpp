@@ -12,31 +12,36 @@
 #include <map>
 #include <sstream>
 
-namespace vask::css {
+namespace vask::test {
 namespace {
 
 std::string ourRecord;
 
-struct CPad {
-  virtual ~CPad() = default;
+// A first base of some size, so that what is connected does not begin where the object does.
+struct SPad {
+  virtual ~SPad() = default;
   int pad = 0;
 };
 
-// Records its letter when it is called, and does once what the test wants. Its own part does not
-// begin where the object does.
-struct CReceiver : CPad, CSignalTarget {
-  explicit CReceiver(char itsName) : name(itsName) {}
+// Records its letter when it is called, then calls the reaction of the test, once.
+class CReceiver : public SPad, public css::CSignalTarget {
+ public:
+  explicit CReceiver(char name) : myName(name) {}
   void Hear() {
-    ourRecord += name;
-    const auto once = std::exchange(react, nullptr);
-    once ? once() : void();
+    ourRecord += myName;
+    if (const auto once = std::exchange(myReaction, nullptr)) {
+      once();
+    }
   }
   void HearNumber(int n) { ourRecord += "n" + std::to_string(n) + " "; }
   void HearSwitch(bool on) { ourRecord += on ? "on " : "off "; }
   void HearText(const std::string& text) { ourRecord += "t" + text + " "; }
-  void HearTwo(int a, int b) { HearNumber(a), HearNumber(b); }
-  char name;
-  std::function<void()> react;
+  void HearTwo(int a, int b) { ourRecord += std::to_string(a) + "/" + std::to_string(b) + " "; }
+
+  std::function<void()> myReaction;
+
+ private:
+  char myName;
 };
 
 int HearFree(double a, std::string b) {
@@ -47,144 +52,173 @@ int HearFree(double a, std::string b) {
 class SignalTest : public testing::Test {
  protected:
   SignalTest() { ourRecord.clear(); }
-  void Connect(char name) {
-    targets[name] = std::make_unique<CReceiver>(name);
-    signal->Connect(targets[name].get(), &CReceiver::Hear);
+
+  // Each act is a verb and the letter of a target; "s" is the signal.
+  void Do(const std::string& acts) {
+    std::istringstream words(acts);
+    for (std::string verb, name; words >> verb >> name;) {
+      std::unique_ptr<CReceiver>& target = myTargets[name[0]];
+      if (verb == "connect") {
+        target = std::make_unique<CReceiver>(name[0]);
+        mySignal->Connect(target.get(), &CReceiver::Hear);
+      } else if (verb == "drop") {
+        target->DropConnections();
+      } else if (verb == "emit") {
+        mySignal->Emit();
+      } else if (name == "s") {
+        mySignal.reset();
+      } else {
+        target.reset();
+      }
+    }
   }
+
   std::string Emit() {
-    signal != nullptr ? signal->Emit() : void();
+    if (mySignal != nullptr) {
+      mySignal->Emit();
+    }
     return std::exchange(ourRecord, {});
   }
-  std::unique_ptr<CSignal> signal = std::make_unique<CSignal>();
-  std::map<char, std::unique_ptr<CReceiver>> targets;
+
+  std::unique_ptr<css::CSignal> mySignal = std::make_unique<css::CSignal>();
+  std::map<char, std::unique_ptr<CReceiver>> myTargets;
 };
 
 TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
-  const auto again = [&](char who, std::function<void()> act) {
-    targets[who]->react = std::move(act);
-    signal->Emit();
-  };
-  // Done by "a", the first of "a", "b" and "c"; what that emission calls, and the next one.
-  // clang-format off
-  const struct { std::function<void()> act; const char* during; const char* after; } cases[] = {
-      {[] {}, "abc", "abc"},
-      {[&] { targets['a'].reset(); }, "abc", "bc"},
-      {[&] { targets['b'].reset(); }, "ac", "ac"},
-      {[&] { targets['a']->DropConnections(); }, "abc", "bc"},
-      {[&] { targets.clear(); }, "a", ""},
-      {[&] { signal.reset(); targets.clear(); }, "a", ""},
-      {[&] { Connect('d'); }, "abc", "abcd"},
-      {[&] { Connect('b'); }, "ac", "acb"},
-      {[&] { for (char d = 'd'; d <= 'z'; ++d) { Connect(d); } }, "abc", "abcdefghijklmnopqrstuvwxyz"},
-      {[&] { signal->Emit(); }, "aabcbc", "abc"},
-      {[&] { Connect('d'); signal->Emit(); }, "aabcdbc", "abcd"},
-      {[&] { again('a', [&] { targets['b'].reset(); }); }, "aacc", "ac"},
-      {[&] { again('b', [&] { signal.reset(); }); }, "aab", ""},
-  };
-  // clang-format on
-  for (std::size_t i = 0; i < std::size(cases); ++i) {
-    SCOPED_TRACE(i);
-    targets.clear();
-    signal = std::make_unique<CSignal>();
-    Connect('a'), Connect('b'), Connect('c');
-    targets['a']->react = cases[i].act;
-    EXPECT_EQ(Emit(), cases[i].during);
-    EXPECT_EQ(Emit(), cases[i].after);
-    EXPECT_TRUE(signal == nullptr ||
-                signal->GetConnectionCount() == std::string(cases[i].after).size());
+  // What "a", the first of "a", "b" and "c", does when it is called, and then "b"; whom that
+  // emission calls, and the next one.
+  const struct {
+    std::string a, called, next, b = "";
+  } cases[] = {{.a = "", .called = "abc", .next = "abc"},
+               {.a = "delete a", .called = "abc", .next = "bc"},
+               {.a = "delete b", .called = "ac", .next = "ac"},
+               {.a = "drop a", .called = "abc", .next = "bc"},
+               {.a = "delete a delete b delete c", .called = "a", .next = ""},
+               {.a = "connect d", .called = "abc", .next = "abcd"},
+               {.a = "emit s", .called = "aabcbc", .next = "abc"},
+               {.a = "emit s", .called = "aabcc", .next = "ac", .b = "delete b"},
+               {.a = "emit s", .called = "aab", .next = "", .b = "delete s"}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE("a: " + row.a + ", b: " + row.b);
+    mySignal = std::make_unique<css::CSignal>();
+    Do("connect a connect b connect c");
+    myTargets['a']->myReaction = [&] { Do(row.a); };
+    myTargets['b']->myReaction = [&] { Do(row.b); };
+    EXPECT_EQ(Emit(), row.called);
+    EXPECT_EQ(Emit(), row.next);
+    EXPECT_EQ(mySignal != nullptr ? mySignal->GetConnectionCount() : 0, row.next.size());
   }
 }
 
 TEST_F(SignalTest, ATargetHoldsNoLinkOfADeadSignal) {
-  Connect('a');
-  CSignal other;
-  other.Connect(targets['a'].get(), &CReceiver::Hear);
-  other.Connect(static_cast<CReceiver*>(nullptr), &CReceiver::Hear);
-  signal.reset();
-  EXPECT_EQ(targets['a']->GetConnectionCount(), 1U);
-  targets.clear();
-  EXPECT_EQ(other.GetConnectionCount(), 0U);
+  Do("connect a");
+  mySignal->Connect(static_cast<CReceiver*>(nullptr), &CReceiver::Hear);
+  EXPECT_EQ(myTargets['a']->GetConnectionCount(), 1U);
+  mySignal.reset();
+  EXPECT_EQ(myTargets['a']->GetConnectionCount(), 0U);
 }
 
-// clang-format off
 TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   CReceiver target('-');
-  signal->Connect(&target, &CReceiver::Hear), signal->Connect(&target, &CReceiver::HearNumber);
-  signal->Connect(&target, &CReceiver::HearSwitch), signal->Connect(&target, &CReceiver::HearText);
-  signal->Connect(&target, &CReceiver::HearTwo), signal->Connect(&HearFree);
-  using Arguments = std::vector<CAnyContainer>;
-  const std::pair<Arguments, const char*> cases[] = {
-      {{}, "-"}, {{5}, "n5 t5 "}, {{1U}, "n1 on t1 "}, {{false}, "n0 off t0 "}, {{"7 x"}, "n7 t7 x "},
-      {{"x"}, "tx "}, {{""}, "t "}, {{2.5}, "n2 t2.5 "}, {{99999999999L}, "t99999999999 "},
-      {{3, -4}, "n3 n-4 f30,-4 "}, {{"3", 4.9F}, "n3 n4 f30,4.9 "}, {{1.5, "y"}, "f15,y "}, {{"x", 1}, ""},
+  mySignal->Connect(&target, &CReceiver::Hear);
+  mySignal->Connect(&target, &CReceiver::HearNumber);
+  mySignal->Connect(&target, &CReceiver::HearSwitch);
+  mySignal->Connect(&target, &CReceiver::HearText);
+  mySignal->Connect(&target, &CReceiver::HearTwo);
+  mySignal->Connect(&HearFree);
+  const auto called = [this](const auto&... arguments) {
+    mySignal->Emit(arguments...);
+    return std::exchange(ourRecord, {});
   };
-  for (const auto& [a, called] : cases) {
-    ourRecord.clear();
-    a.empty() ? signal->Emit() : a.size() == 1 ? signal->Emit(a[0]) : signal->Emit(a[0], a[1]);
-    EXPECT_EQ(ourRecord, called);
-  }
+  EXPECT_EQ(called(), "-");
+  EXPECT_EQ(called(5), "n5 t5 ");
+  EXPECT_EQ(called(1U), "n1 on t1 ");
+  EXPECT_EQ(called(false), "n0 off t0 ");
+  EXPECT_EQ(called("7 x"), "n7 t7 x ");
+  EXPECT_EQ(called(99999999999L), "t99999999999 ");
+  EXPECT_EQ(called(3, -4), "3/-4 f30,-4 ");
+  EXPECT_EQ(called("3", 4.9F), "3/4 f30,4.9 ");
+  EXPECT_EQ(called("x", 1), "");
 }
-// clang-format on
 
-struct CNamed : CPad, CCSSObject<CNamed> {
-  explicit CNamed(std::string itsName) : name(std::move(itsName)) {}
-  std::string GetName() const override { return name; }
-  void Hear() { ourRecord += name; }
-  void Add(int number) { ourRecord += name + std::to_string(number); }
-  std::string name;
+class CLamp : public css::CCSSObject<CLamp> {
+ public:
+  std::string GetName() const override { return myName; }
+  void Toggle();
+
+  explicit CLamp(std::string name) : myName(std::move(name)) {}
+  void Burn() {}  // not published
+  void Dim(int percent) { ourRecord += myName + std::to_string(percent) + " "; }
+
+ private:
+  std::string myName;
 };
 
-std::string Written(CSignal& signal) {
-  CXmlElement root("r");
-  CXmlContext xml(&root, CXmlContext::kWriting);
-  CSignalWiring(signal).Serialize(xml);
-  std::ostringstream stream;
-  WriteXml(root, stream);
-  return stream.str();
-}
+void CLamp::Toggle() { ourRecord += myName + " "; }
 
-TEST_F(SignalTest, IsWiredByXml) {
-  auto& table = CSSObject<CNamed>::GetSingleton();
-  table.SetClassName("named").Add("hear", &CNamed::Hear).Add("add", &CNamed::Add);
-  CNamed a("a");
-  auto b = std::make_unique<CNamed>("b");
-  const CNamed second("a");  // the older one has the name
+using css::CSSObject;
+const auto& theSlots =
+    CSSObject<CLamp>::GetSingleton().SetClassName("lamp").Add("Toggle", &CLamp::Toggle);
 
-  const auto element = [](const std::string& target, const std::string& function) {
+class SignalWiringTest : public SignalTest {
+ protected:
+  SignalWiringTest() { CSSObject<CLamp>::GetSingleton().Add("Dim", &CLamp::Dim); }
+
+  static std::string Slot(const std::string& target, const std::string& function) {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
-  };
-  const std::string good = element("b", "hear") + element("a", "add") + element("a", "hear");
-  const auto read = [this](const std::string& text) {
+  }
+  void Read(const std::string& text) {
     std::istringstream document(text);
     const auto root = ReadXml(document);
     CXmlContext xml(root.get(), CXmlContext::kReading);
-    CSignalWiring(*signal).Serialize(xml);
-  };
-  const test::CLogCapture log;
-  read("<r>" + good + "<Else target=\"a\" function=\"hear\"></Else>" + element("z", "hear") +
-       element("a", "none") + "<Slot></Slot></r>");
+    css::CSignalWiring(*mySignal).Serialize(xml);
+  }
+  std::string Written() {
+    CXmlElement root("r");
+    CXmlContext xml(&root, CXmlContext::kWriting);
+    css::CSignalWiring(*mySignal).Serialize(xml);
+    std::ostringstream stream;
+    WriteXml(root, stream);
+    return stream.str();
+  }
+
+  CLamp a{"a"};
+  CLamp b{"b"};
+};
+
+TEST_F(SignalWiringTest, ReadsTheSlotsThatItFindsAndWritesThemBack) {
+  const CLamp second("a");  // the older one has the name
+  const std::string good = Slot("b", "Toggle") + Slot("a", "Dim") + Slot("a", "Toggle");
+  const CLogCapture log;
+  Read("<r>" + good + "<Else target=\"a\" function=\"Toggle\"></Else>" + Slot("z", "Toggle") +
+       Slot("a", "none") + "<Slot></Slot></r>");
   EXPECT_EQ(log.Count("Could not connect the slot"), 3U) << log.Text();
+  EXPECT_EQ(Written(), "<r>\n" + good + "</r>\n");
+  EXPECT_EQ(Emit(), "b a ");
+  mySignal->Emit(7);
+  EXPECT_EQ(ourRecord, "a7 ");
+}
 
-  signal->Connect(&HearFree);
-  table.SetSaved(false);
-  signal->Connect(b.get(), &CNamed::Hear);
-  table.SetSaved(true);
-  EXPECT_EQ(Written(*signal), "<r>\n" + good + "</r>\n");
-  signal->Connect(&a, &CNamed::Hear);  // has a name, however it was connected
-  EXPECT_EQ(Written(*signal), "<r>\n" + good + element("a", "hear") + "</r>\n");
-  EXPECT_EQ(Emit(), "baba");
-  auto unused = b->Connect("hear");
-  b.reset();
-  signal->Connect(std::move(unused));
-  EXPECT_EQ(Emit(), "aa");
-  signal->Emit(7);
-  EXPECT_EQ(std::exchange(ourRecord, {}), "a7");
+TEST_F(SignalWiringTest, WritesOnlyWhatIsPublishedAndSaved) {
+  mySignal->Connect(&HearFree);
+  mySignal->Connect(&a, &CLamp::Burn);
+  CSSObject<CLamp>::GetSingleton().SetSaved(false);
+  mySignal->Connect(&b, &CLamp::Toggle);
+  CSSObject<CLamp>::GetSingleton().SetSaved(true);
+  EXPECT_EQ(Written(), "<r>\n</r>\n");
+}
 
-  const CNamed lamp("lamp");
-  table.Add("toggle", &CNamed::Hear);
-  read(test::DocExample("Signal wiring"));
-  EXPECT_EQ(Emit(), "aalamp");
+TEST_F(SignalWiringTest, AnObjectConnectsItsSlotsByName) {
+  CLamp lamp("lamp");
+  EXPECT_EQ(lamp.GetClassName(), theSlots.GetClassName());
+  EXPECT_FALSE(lamp.HasSlot("dim"));
+  EXPECT_EQ(lamp.Connect("Dim")->GetSlot().GetArgumentCount(), 1);
+  css::CSignal clicked;
+  clicked.Connect(&lamp, &CLamp::Toggle);
+  clicked.Emit();  // calls the slots in the order of connecting
+  Read(DocExample("Signal wiring"));
+  EXPECT_EQ(Emit(), "lamp lamp ");
 }
 
 }  // namespace
-}  // namespace vask::css
+}  // namespace vask::test
