@@ -230,6 +230,9 @@ bool Check(const std::string& fileName, EUse use) {
   if (!file.is_open()) {
     return Refuse("The file could not be opened");
   }
+  if (file.peek() == std::ifstream::traits_type::eof()) {
+    return Refuse("The file is empty");  // as music it would cost the mixer some memory each time
+  }
   if (const char* fault = FindFault(file, use)) {
     return Refuse(fault);
   }

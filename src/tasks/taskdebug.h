@@ -20,6 +20,10 @@ namespace vask {
 // recording and playback of mouse input. Task type "debug". Several may run at the same time.
 //
 // The frame rate shows unless the variable "debug_show_fps" of the application console is 0.
+//
+//     starttask( debug, debug, 60 )
+//     debug::ToggleConsole
+//     debug::RecordInput( "game.rec" )
 class CTaskDebug : public CTask {
  public:
   // Statistics of the frame counts so far, each over at least a second.

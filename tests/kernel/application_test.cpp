@@ -55,6 +55,7 @@ class Application : public testing::Test {
 
 TEST_F(Application, BasicCommandsReachTheTasks) {
   const CTaskTypeRegistrar<CTaskSample> registrar("sample");
+  const CLogCapture log;
   // The result of a line, and what the tasks wrote down.
   const auto outcome = [](const std::string& line) {
     const std::string result = Execute(line);
@@ -66,25 +67,28 @@ TEST_F(Application, BasicCommandsReachTheTasks) {
   EXPECT_EQ(outcome("starttask(sample, b, 99999999999, 7)"), "b started | b@2147483647,7 ");
   EXPECT_EQ(outcome("a::do(1, 2)"), " | a<do(1, 2)> ");
   EXPECT_EQ(outcome("a::unknown"), "No namespace named space\n | a<unknown> ");
+  EXPECT_EQ(outcome("pausetask(a); resumetask(a)"), "\n\n | ");
   EXPECT_EQ(outcome("stoptask(a)"), " | a.exit ");
   EXPECT_EQ(outcome("stoptask(a)"), " | ") << "ended already";
   EXPECT_EQ(outcome("stoptask(1, b)"),
             "Error: StopTask( taskname ) requires atleast one parameter. | ");
   EXPECT_EQ(outcome("taskload(none)"), " | ");
   EXPECT_EQ(outcome("quit"), "bye bye | ");
+  EXPECT_FALSE(log.Has("[ERROR]")) << log.Text();
 }
 
 TEST_F(Application, UnknownNamesAreLogged) {
   const std::pair<const char*, const char*> cases[] = {
-      {"starttask(100%d, n)", "Trying to start a task 100%d that doesn't exist."},
-      {"pausetask(%s)", "Trying to pause a task %s that doesn't exist."},
-      {"resumetask(A)", "Trying to resume a task A that doesn't exist."},
-      {"stoptask(z)", "Trying to stop a task z that doesn't exist."},
-      {"b::do", "Sorry the namespace or task b doesn't exist."}};
+      {"starttask(100%d, n)", "[ERROR] Trying to start a task 100%d that doesn't exist."},
+      {"pausetask(%s)", "[ERROR] Trying to pause a task %s that doesn't exist."},
+      {"resumetask(A)", "[ERROR] Trying to resume a task A that doesn't exist."},
+      {"stoptask(z)",
+       "CTaskFactory::StopTask() called[ERROR] Trying to stop a task z that doesn't exist."},
+      {"b::do", "[ERROR] Sorry the namespace or task b doesn't exist."}};
   for (const auto& [line, logged] : cases) {
     const CLogCapture log;
     Execute(line);
-    EXPECT_TRUE(log.Text().ends_with(std::string("[ERROR] ") + logged + "\n")) << log.Text();
+    EXPECT_TRUE(log.Text().ends_with(std::string(logged) + "\n")) << log.Text();
   }
   EXPECT_EQ(Execute("starttask(none, n)"), "failed to start n");
 }

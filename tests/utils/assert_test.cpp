@@ -59,7 +59,11 @@ TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
   Log().RemoveListener(&failing);
   ASSERT_EQ(log.Lines().size(), 1U);
   EXPECT_TRUE(log.Has("Assertion failed: 1 > 2 (" __FILE__ ":"));
+  EXPECT_TRUE(log.Text().ends_with(")\n"));
+  VASK_ASSERT(1 > 2, "a message");
+  EXPECT_TRUE(log.Text().ends_with("): a message\n"));
   LogErrors("a\rb");
+  EXPECT_EQ(log.Lines().size(), 4U);
   EXPECT_EQ(log.Lines().back().level, kLogError) << "in each line";
 }
 

@@ -37,6 +37,7 @@ TEST(Calculator, EvaluatesFromTheLeftByPriority) {
   EXPECT_DOUBLE_EQ(Value("cos(0) + tan(1)"), 1 + std::tan(1.0));
   EXPECT_EQ(Value("3 * - 2"), -6);
   EXPECT_EQ(Value("3--2"), 5);
+  EXPECT_EQ(Value("3*-+2"), 0) << "-+2 is a value that does not read";
   EXPECT_EQ(Value("-(2 + 3)"), -5);
   EXPECT_DOUBLE_EQ(Value("2*-sin(1)"), -std::sin(1.0));
 }
