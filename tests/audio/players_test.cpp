@@ -154,6 +154,7 @@ TEST_F(Players, ATrackThatEndsStartsAgainUnlessItIsStoppedOrPaused) {
   EXPECT_EQ(CountFrees(), 1U) << "the first track";
   player.Play("missing.wav");
   EXPECT_EQ(afterItsEnd(), "plays") << "a file that is no music changes nothing";
+  EXPECT_FALSE(myLog.Has("Could not play music"));
   player.Stop();
   player.Resume();
   EXPECT_EQ(afterItsEnd(), "silence");

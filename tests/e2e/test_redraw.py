@@ -39,6 +39,15 @@ class Redraw(GameTest):
             self.assertTrue((shown == self.settled_picture()).all(), line)
             self.assertGreater(shown.max(), 100, line)
 
+    def test_play_goes_on_without_the_window(self):
+        _, game = self.start("asan", Stepper)
+        game.start_playing()
+        game.run("stoptask(window)")
+        game.let_pass(1)
+        game.run("quit")
+        game.send("frame")
+        game.wait_for_end(0)
+
     def settled_picture(self):
         self.game.settle()
         # Full screen has a window of another place.

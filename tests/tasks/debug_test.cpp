@@ -190,6 +190,7 @@ TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
     return text.GetX();
   };
   Run("debug%::ToggleConsole");
+  EXPECT_EQ(Window().GetRect(), (CRect<int>{10, 10, 400, 200}));
   EXPECT_LT(Window().GetDepth(), text.GetZ());
   EXPECT_EQ(dragged(120), 115);
   Run("debug%::ToggleConsole");

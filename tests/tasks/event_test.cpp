@@ -29,7 +29,7 @@ class EventTask : public testing::Test {
   EventTask() {
     SDL_Init(SDL_INIT_VIDEO);
     sdl::OpenVideoMode(32, 32, 32, 0);
-    myTask.Start();
+    EXPECT_TRUE(myTask.Start());
     myTask.Update();  // the window's own first events
     myRecord.clear();
   }

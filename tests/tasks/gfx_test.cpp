@@ -1,11 +1,14 @@
 #include "events/eventbridge.h"
 #include "gfx/sdl/pixelscreensdl.h"
+#include "gfx/sdl/surface.h"
+#include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "tasks/taskgfxsdl.h"
 #include "tasks/taskwindowsdl.h"
+#include "tasks/testtaskgfx.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +47,39 @@ TEST_F(GfxTask, FramesAreAtLeast16MillisecondsApart) {
   myBridge.FocusEvent(false);
   EXPECT_TRUE(DrawsFrame(16)) << "the pacing stood still with the application timer";
   myBridge.FocusEvent(true);
+}
+
+TEST_F(GfxTask, TheLastOfTwoTakesTheFactoryAway) {
+  CTaskGfxSDL other;
+  myTask.Start();
+  other.Start();
+  const CGfxFactory* factory = Gfx::GetFactory();
+  CScreenLayer::GetSingletonPtr();
+  myTask.Exit();
+  EXPECT_EQ(CScreenLayer::PeekSingletonPtr(), nullptr);
+  EXPECT_EQ(Gfx::GetFactory(), factory);
+  EXPECT_NE(factory, nullptr);
+  other.Exit();
+  EXPECT_EQ(Gfx::GetFactory(), nullptr);
+  EXPECT_TRUE(Gfx::GetScreen()->IsEmpty());
+}
+
+TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
+  const auto colorAt = [](int x, int y) {
+    return sdl::ReadPixel(*sdl::GetVideoSurface(), x, y) & 0xFFFFFF;
+  };
+  constexpr unsigned kGround = 0, kBar = 0xE6E6E6, kMiddle = 0x7F7FA0;
+  CTestTaskGfx pictures;
+  myTask.Start();
+  pictures.Start(nullptr);
+  pictures.Update();
+  EXPECT_EQ(colorAt(0, 0), kBar);
+  EXPECT_EQ(colorAt(16, 0), kGround);
+  EXPECT_EQ(colorAt(64, 64), kMiddle);
+  EXPECT_NEAR(colorAt(176, 64) & 0xFF, 160 * 191 / 255, 1) << "faded";
+  EXPECT_EQ(colorAt(400, 176), kMiddle) << "in its own size";
+  EXPECT_EQ(colorAt(300, 176), kGround) << "two thirds as wide";
+  EXPECT_NEAR(colorAt(64, 176) & 0xFF, 160, 8) << "turned";
 }
 
 TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {

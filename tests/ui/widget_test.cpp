@@ -68,8 +68,8 @@ class Widget : public testing::Test {
 };
 
 TEST(Layout, IsPlainWhenAllFourAreNumbers) {
-  EXPECT_TRUE((SLayout{" 10", "-20.9\t", "+30", ".5"}.IsPlain()));
-  EXPECT_EQ((SLayout{" 10", "-20.9\t", "+30", ".5"}.ToRect()), (Rect{10, -20, 30, 0}));
+  EXPECT_TRUE((SLayout{" 10", "-20.9\t", "+3", ".5"}.IsPlain()));
+  EXPECT_EQ((SLayout{" 10", "-20.9\t", "+3", ".5"}.ToRect()), (Rect{10, -20, 3, 0}));
   const SLayout huge{"99999999999", "-99999999999", "+0", "."};
   EXPECT_EQ(huge.ToRect(), (Rect{INT_MAX, INT_MIN, 0, 0}));
   EXPECT_FALSE((SLayout{"", "1", "1", "1"}.IsPlain()));
@@ -210,7 +210,11 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
   ourNotes.clear();
   CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
-  EXPECT_EQ(ourNotes, "a.move ~a c.move ");
+  SendToMouseCapture(event);
+  EXPECT_EQ(ourNotes, "a.move ~a c.move c.move ");
+  ClearReceivers();
+  SendToMouseCapture(event);
+  EXPECT_EQ(ourNotes, "a.move ~a c.move c.move ");
 }
 
 TEST_F(Widget, DyingLeavesNothingBehind) {
@@ -223,8 +227,10 @@ TEST_F(Widget, DyingLeavesNothingBehind) {
   EXPECT_EQ(signal.GetConnectionCount(), 0U);
   auto* b = new CSpy(myRoot.get(), {0, 0, 20, 10}, "b");
   SetMouseOver(myRoot.get());
+  SetFocus(b);
   ourHandler = [&](const std::string&) { delete b; };
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
+  EXPECT_EQ(GetFocus(), nullptr);
 }
 
 }  // namespace

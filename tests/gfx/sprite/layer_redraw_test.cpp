@@ -8,9 +8,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <functional>
 #include <random>
-#include <ranges>
 
 namespace vask::test {
 namespace {
@@ -150,7 +150,9 @@ void Paint(const CSprite& sprite, std::vector<std::uint32_t>& canvas) {
 }
 
 void PaintAll(CSpriteLayer& layer, std::vector<std::uint32_t>& canvas) {
-  for (CSprite* child : layer.GetChildren() | std::views::reverse) {
+  std::vector<CSprite*> children = layer.GetChildren();
+  std::ranges::reverse(children);
+  for (CSprite* child : children) {
     Paint(*child, canvas);
     if (auto* inner = dynamic_cast<CSpriteLayer*>(child)) {
       PaintAll(*inner, canvas);
@@ -162,13 +164,21 @@ TEST(LayerRedraw, ShowsWhatPaintingEverythingShows) {
   for (unsigned seed = 1; seed < 9; ++seed) {
     CTestScreen screen(kWidth, kHeight);
     CScene scene(seed);
-    for (int frame = 0; frame < 250; ++frame) {
+    CScreenLayer& layer = CScreenLayer::GetSingleton();
+    screen.Resize(kWidth, kHeight, 16);
+    for (int frame = -30; frame < 250; ++frame) {
       SCOPED_TRACE(testing::Message() << "seed " << seed << ", frame " << frame);
-      for (int changes = frame % 6; changes > 0; --changes) {
+      if (frame == 0) {  // from here on what was saved at 16 bits would lack colours
+        screen.Resize(kWidth, kHeight);
+        layer.RefreshAll();
+      }
+      for (int changes = std::abs(frame % 6); changes > 0; --changes) {
         scene.ChangeSomething();
       }
-      CScreenLayer& layer = CScreenLayer::GetSingleton();
       layer.DrawFrame();
+      if (frame < 0) {
+        continue;
+      }
       std::vector<std::uint32_t> expected(kWidth * kHeight);
       PaintAll(layer, expected);
       ASSERT_EQ(PixelsOf(screen.Picture()), expected);

@@ -42,7 +42,8 @@ class LogView : public testing::Test {
   int HeightOf(const std::string& line, int width) {
     CLogListenerForConsole log;
     log.SetFont(&myFont);
-    log.OnLog(line, kLogNormal);
+    log.OnLog("", kLogBlockBegin);
+    log.OnLog(line, kLogDebug);
     log.Draw(nullptr, {0, 0, width, 20}, false);
     return log.GetTextHeight();
   }
@@ -63,6 +64,7 @@ TEST_F(LogView, MeasuresLinesByTheirBreaks) {
   EXPECT_EQ(HeightOf("a\tb c de\n", 60), 24);
   EXPECT_EQ(HeightOf("ten_chars_\n", 60), 12);
   EXPECT_EQ(HeightOf("elevenchars\n", 60), 24) << "a word that is too long";
+  EXPECT_EQ(HeightOf("a_word_of_25_characters__\n", 60), 36);
   EXPECT_EQ(HeightOf("ab elevenchars c", 60), 36);
   EXPECT_EQ(HeightOf(std::string(400, 'a'), 60), 204) << "cut";
 }
