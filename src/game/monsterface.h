@@ -23,6 +23,7 @@ class CMonsterFace {
   // `monster` may be null, or a sprite without animations: then there are no pupils.
   void Update(vask::CSprite* monster, const std::vector<SKittenView>& kittens,
               const SGameStory& story);
+
  private:
   void ChooseAnimation(vask::CAnimatedSprite& monster, bool isKittenAbove, const SGameStory& story);
   void PlacePupils(const vask::CAnimatedSprite& monster, const SKittenView* target);
