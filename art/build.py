@@ -119,12 +119,18 @@ def sheet(name, sprite):
 
 def animation_element(animation, columns, w, h):
     out = '  <Animation name="%s" loop="%d">\n' % (animation.name, animation.loop)
+    if animation.wait:
+        out += rect_element(animation.frames[0][0], animation.wait, columns, w, h)
     if animation.sound:
         out += '    <Frame type="frame_sound" sound_file="%s/%s.wav"></Frame>\n' % (SFX, animation.sound)
     for cell, length in animation.frames:
-        out += ('    <Frame type="frame_rect">\n      <Rect x="%d" y="%d" w="%d" h="%d"></Rect>\n      <FrameLength>%d</FrameLength>\n    </Frame>\n'
-                % (cell % columns * w, cell // columns * h, w, h, length))
+        out += rect_element(cell, length, columns, w, h)
     return out + "  </Animation>\n"
+
+
+def rect_element(cell, length, columns, w, h):
+    return ('    <Frame type="frame_rect">\n      <Rect x="%d" y="%d" w="%d" h="%d"></Rect>\n      <FrameLength>%d</FrameLength>\n    </Frame>\n'
+            % (cell % columns * w, cell // columns * h, w, h, length))
 
 
 def sprite_table():

@@ -33,10 +33,11 @@ class Drawn:
 
 
 class Animation:
-    """Frames are pairs of a cell's number and a time in milliseconds.  A sound is played as the animation begins."""
+    """Frames are pairs of a cell's number and a time in milliseconds.  A sound is played as the animation begins, or
+    after a wait in which it shows its first frame."""
 
-    def __init__(self, name, loop, frames, sound=None):
-        self.name, self.loop, self.frames, self.sound = name, loop, frames, sound
+    def __init__(self, name, loop, frames, sound=None, wait=0):
+        self.name, self.loop, self.frames, self.sound, self.wait = name, loop, frames, sound, wait
 
 
 class Sheet:
@@ -49,9 +50,9 @@ class Sheet:
         self.cells = 1 + max(cell for animation in animations for cell, _ in animation.frames)
 
 
-def round_and_round(draw, size, z, name, frames, length, at=(0, 0), columns=8):
+def round_and_round(draw, size, z, name, frames, length, at=(0, 0), columns=8, sound=None):
     """What goes on for ever, drawn by a function of the part of a round from 0 to 1."""
-    return Sheet(lambda i: draw(i / float(frames), *size), size, z, [Animation(name, 1, steady(*range(frames), length=length))], at, columns)
+    return Sheet(lambda i: draw(i / float(frames), *size), size, z, [Animation(name, 1, steady(*range(frames), length=length), sound)], at, columns)
 
 
 def steady(*cells, length=100):
@@ -67,15 +68,20 @@ def effect(draw, size, z, at=(0, 0), columns=7, frames=21, length=100, sound=Non
 
 
 def sounding(source, size, z, animations, **variables):
-    """One picture whose animations differ in their sounds; they are pairs of a name and a sound."""
+    """One picture whose animations differ in their sounds; they are tuples of a name, a sound, and perhaps a wait."""
     return Sheet(lambda _: compose.picture(source, variables), size, z,
-                 [Animation(name, 0, [(0, 1000)], sound) for name, sound in animations])
+                 [Animation(name, 0, [(0, 1000)], *sound) for name, *sound in animations])
+
+
+TURN = 150  # milliseconds from one bonus's sound to the next one's, when several come at once
+TURNS = 4   # that can wait for the first one
 
 
 def sign(line1, line2, icon, face, grade):
     """A bonus; the grade (1 to 3) goes with the points in src/game/bonustable.h: from 2000 on it is 2, from 5000 on 3."""
     text = dict(SIZE="23", Y1="15", Y2="47") if line2 else dict(SIZE="31", Y1="28", Y2="0")
-    return sounding("sign.svg", (300, 88), 70 - grade, [("show", "bonus_%d" % grade)], LINE1=line1, LINE2=line2, ICON=icon, FACE=face, **text)
+    turns = [("show_%d" % turn if turn else "show", "bonus_%d" % grade, turn * TURN) for turn in range(TURNS + 1)]
+    return sounding("sign.svg", (300, 88), 70 - grade, turns, LINE1=line1, LINE2=line2, ICON=icon, FACE=face, **text)
 
 
 def caption(word, at=(0, 0)):
@@ -99,7 +105,7 @@ SPRITES = {
     "kitten_hit_big": effect(effects.hit_big, (104, 104), 51, columns=6, frames=12, length=70, sound="hit_big"),
     "kitten_lose_hair": effect(effects.lose_hair, (84, 84), 50, columns=6, frames=12, length=80, sound="lose_hair"),
     "hellfire": effect(effects.hellfire, (120, 108), 48, sound="hellfire"),
-    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 79, "breath", 16, 110, at=(0, 172)),
+    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 79, "breath", 16, 110, at=(0, 172), sound="oven_breath"),
     "lamps": Sheet(marks.lamps, marks.LAMPS, 78, [Animation("lit_%d" % n, 0, [(n, 1000)]) for n in range(5)], at=(50, 281)),
     "ghost": round_and_round(effects.ghost_rising, (40, 48), 35, "rise", 8, 110),
     "hint_spin": Sheet(marks.hint_spin, (90, 90), 55, [Animation("turn", 1, steady(*range(marks.SPIN), length=80))], columns=6),

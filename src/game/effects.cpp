@@ -10,6 +10,8 @@
 #include "utils/log/log.h"
 #include "utils/timer/globalapptimer.h"
 
+#include <algorithm>
+
 namespace brumble {
 namespace {
 
@@ -19,16 +21,33 @@ constexpr unsigned kMoveTime = 2000;
 constexpr int kSignMiddleY = 125;
 constexpr unsigned kSignStackTime = 1000;
 constexpr const char* kSignCurve = "sin(t*3.14)*2";
+constexpr unsigned kSignSoundPause = 150;  // from one sign's sound to the next one's
+constexpr unsigned kMostTurns = 4;         // for which the signs have animations
 
 void Animate(const vask::CSpritePtr& sprite, SScreenPoint target, const std::string& expression) {
   new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(sprite.Get(), target.x, target.y),
                               kMoveTime, expression, true);
 }
 
+unsigned Now() { return vask::CGlobalAppTimer::GetSingletonPtr()->GetTime(); }
+
+// How many pauses the sound of a new sign waits for those before it.
+unsigned TakeTurn() {
+  SGameState& state = GameState();
+  const unsigned now = Now();
+  unsigned turn = 0;
+  if (state.hasSign && !vask::HasReached(now, state.nextSignSound)) {
+    const unsigned wait = state.nextSignSound - now;
+    turn = std::min((wait + kSignSoundPause - 1) / kSignSoundPause, kMostTurns);
+  }
+  state.nextSignSound = now + (turn + 1) * kSignSoundPause;
+  return turn;
+}
+
 // Where the sign of that height comes to rest; remembers it for the next one.
 int PlaceSign(int height) {
   SGameState& state = GameState();
-  const unsigned now = vask::CGlobalAppTimer::GetSingletonPtr()->GetTime();
+  const unsigned now = Now();
   const bool follows = state.hasSign && now - state.signTime < kSignStackTime;
   state.signTargetY = follows ? state.signTargetY + state.signHeight : kSignMiddleY - height / 2;
   state.hasSign = true;
@@ -44,6 +63,9 @@ void ShowSign(const std::string& file) {
   if (!sprite) {
     *vask::CLog::GetSingletonPtr() << "Couldn't load sprite: " << file << "\n";
     return;
+  }
+  if (const unsigned turn = TakeTurn(); turn > 0) {
+    sprite->PlayAnimation("show_" + std::to_string(turn));
   }
   const vask::CRect<int> rect = sprite->GetRect();
   const int x = kScreenWidth / 2 - rect.w / 2;

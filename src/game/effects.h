@@ -8,7 +8,8 @@ namespace brumble {
 
 // Short-lived signs, sprites and sounds that tell the player what has happened.
 
-// Shows a sign that drops into the middle of the screen; signs in quick succession stack downward.
+// Shows a sign that drops into the middle of the screen; signs in quick succession stack downward
+// and sound one after the other.
 void ShowSign(const std::string& file);
 
 // Shows a sprite for 2.1 seconds: centred on the position unless one of its coordinates is 0, moved

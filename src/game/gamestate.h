@@ -15,7 +15,8 @@ struct SGameState {
 
   // The sign that was shown last; if the next one comes soon, it goes below.
   bool hasSign = false;
-  unsigned signTime = 0;  // application time
+  unsigned signTime = 0;       // application time
+  unsigned nextSignSound = 0;  // when the next sign may sound, application time
   int signTargetY = 0;
   int signHeight = 0;
 };

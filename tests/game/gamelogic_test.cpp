@@ -7,25 +7,12 @@
 #include "gfx/text/font.h"
 #include "gfx/text/textsprite.h"
 #include "kernel/applicationfactory.h"
-#include "kernel/taskfactory.h"
 #include "platform/random.h"
 
 #include <tuple>
 
 namespace brumble {
 namespace {
-
-std::string theSounds;
-
-// Takes the place of the task that plays the sounds.
-struct CEar : vask::CTask {
-  void Update() override {}
-  bool ExecuteCommand(const std::string& line) override {
-    theSounds += line.substr(line.find_last_of('/') + 1, 9) + " ";
-    return true;
-  }
-};
-const vask::CTaskTypeRegistrar<CEar> theEarRegistrar("ear");
 
 using test::CentreOf;
 using test::Floating;
@@ -173,13 +160,13 @@ TEST_F(RulesTest, HardTouchesOfWallsAreHeard) {
     int next = 3;
   } random;
   vask::platform::SetRandomSource(&random);
-  vask::CTaskFactory::GetSingletonPtr()->StartTask("ear", "Audio", 1, nullptr);
   Spawn();
   const auto heard = [this](unsigned wait, int toucher, float impulse) {
-    theSounds.clear();
+    audio.played.clear();
     Pass(wait);
     Hit(impulse, toucher);
-    return theSounds;
+    CDeathToASprite::DeleteAll();  // what is seen of the hit has a sound of its own
+    return audio.played;
   };
   EXPECT_EQ(heard(0, kRightWallIndex, 5000), "");
   EXPECT_EQ(heard(0, kMonsterIndex, 9000), "");
@@ -189,7 +176,7 @@ TEST_F(RulesTest, HardTouchesOfWallsAreHeard) {
   EXPECT_EQ(heard(351, kRightWallIndex, 5001), "kitten_01 ");
   rules.OnKittenInHell(8);
   rules.OnKittenInOven(8);
-  EXPECT_TRUE(theSounds.ends_with("kitten_bu kitten_bu ")) << theSounds;
+  EXPECT_EQ(audio.played, "kitten_01 kitten_burn kitten_burn ");
   vask::platform::SetRandomSource(nullptr);
 }
 
@@ -272,6 +259,24 @@ TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {
     vask::CFakeThread::RunThreads(0);
     EXPECT_EQ(CDeathToASprite::Count(), count);
   }
+}
+
+TEST_F(RulesTest, SignsOfOneMomentSoundInTurn) {
+  const auto pass = [this](unsigned milliseconds) {
+    for (const unsigned end = clock.Now() + milliseconds; clock.Now() != end;) {
+      Pass(10);
+    }
+    return audio.played;
+  };
+  for (const char* const file : {"grilled_kitten", "one_touch", "wall_bounce"}) {
+    CGameLogic::ShowSign(std::string("data/gfx/b_") + file + ".xml");
+  }
+  EXPECT_EQ(pass(140), "bonus_1 ");
+  EXPECT_EQ(pass(150), "bonus_1 bonus_3 ");
+  EXPECT_EQ(pass(150), "bonus_1 bonus_3 bonus_2 ");
+  CGameLogic::ShowSign("data/gfx/b_expert_spinner.xml");
+  EXPECT_EQ(pass(150), "bonus_1 bonus_3 bonus_2 ") << "not with the last one";
+  EXPECT_EQ(pass(150), "bonus_1 bonus_3 bonus_2 bonus_1 ");
 }
 
 TEST_F(RulesTest, RunsItsExamples) {
