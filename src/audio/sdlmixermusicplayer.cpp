@@ -2,6 +2,8 @@
 
 #include "audio/audiovolume.h"
 #include "audio/sdlmixermusicdata.h"
+#include "console/console.h"
+#include "kernel/applicationfactory.h"
 #include "utils/log/log.h"
 #include "utils/timer/globaltimerimpl.h"
 #include "utils/timer/timer.h"
@@ -47,6 +49,7 @@ void CSDLMixerMusicPlayer::Play(const std::string& fileName) {
   myFailedTime = GetGlobalTime();
   myState = kPlaying;
   myMusic = music;
+  Tell(fileName);
 }
 
 bool CSDLMixerMusicPlayer::StartMusic(const CSDLMixerMusicData& music) {
@@ -82,6 +85,11 @@ void CSDLMixerMusicPlayer::Stop() {
     }
   }
   myState = kStopped;
+  Tell("");
+}
+
+void CSDLMixerMusicPlayer::Tell(const std::string& fileName) {
+  CApplicationFactory::GetSingletonPtr()->GetConsole()->SetVariable("audio_music_file", fileName);
 }
 
 void CSDLMixerMusicPlayer::FadeOut() const {

@@ -11,7 +11,8 @@ namespace vask {
 // Plays one music track at a time over the mixer, which must be open while the player lives. A
 // track that ends starts again. Fades are in milliseconds; the first track fades in over three
 // seconds. The mixer has one track for all players: the one that was started last is heard, and the
-// others wait until its player has stopped or died.
+// others wait until its player has stopped or died. The variable "audio_music_file" of the
+// application console tells which track was started last, and is empty after a stop.
 //
 //     CSDLMixerMusicPlayer player(device->ChunkMilliseconds());
 //     player.PlayFadeIn("one.wav", 2000);
@@ -44,6 +45,7 @@ class CSDLMixerMusicPlayer {
   bool HasMixer() const { return ourLast == this; }
   bool WaitsForAnother() const;
   void ApplyVolume();
+  static void Tell(const std::string& fileName);
 
   static inline const CSDLMixerMusicPlayer* ourLast =
       nullptr;  // that has started a track; null for none

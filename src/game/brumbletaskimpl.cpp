@@ -33,6 +33,7 @@ CBrumbleTaskImpl::CBrumbleTaskImpl() {
   myScreen = std::make_unique<CBrumbleInGameUi>(this);
   myScreen->ShowTitle();
   myTitleBest.Show();
+  myTunes.Play(ETune::kTitle);  // now, so that the lines after the start of the game can stop it
   ResetClocks();
   PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();

@@ -13,6 +13,7 @@ namespace {
 constexpr unsigned kFadeTime = 400;  // milliseconds, out and in
 constexpr std::array<const char*, 3> kVariables = {"game_music_title", "game_music_play",
                                                    "game_music_last"};
+constexpr const char* kHeardVariable = "audio_music_file";
 
 // A script may write the name in quotes, which an assignment keeps.
 std::string Unquoted(const std::string& text) {
@@ -24,12 +25,15 @@ vask::CConsole& Console() { return *vask::CApplicationFactory::GetSingletonPtr()
 
 }  // namespace
 
-CTunes::CTunes() : myClock(vask::CGlobalAppTimer::GetSingletonPtr()) {}
+CTunes::CTunes()
+    : myClock(vask::CGlobalAppTimer::GetSingletonPtr()),
+      myHeard(Console().GetVariable(kHeardVariable)) {}
 
 void CTunes::Play(ETune tune) {
   const std::string file =
       Unquoted(Console().GetVariable(kVariables[static_cast<std::size_t>(tune)]));
-  if (file != myPlaying) {
+  const bool isOurs = Console().GetVariable(kHeardVariable) == myHeard;
+  if (isOurs && file != myPlaying) {
     ChangeTo(file);
   }
 }
@@ -38,7 +42,7 @@ void CTunes::Play(ETune tune) {
 void CTunes::ChangeTo(const std::string& file) {
   const std::string fade = std::to_string(kFadeTime);
   if (!myPlaying.empty() && !myIsFadingOut) {
-    Console().Execute("Audio::StopMusicFadeOut( " + fade + " );", false);
+    Order("StopMusicFadeOut( " + fade + " );");
     myClock.Reset();
     myIsFadingOut = true;
   }
@@ -48,8 +52,13 @@ void CTunes::ChangeTo(const std::string& file) {
   myIsFadingOut = false;
   myPlaying = file;
   if (!file.empty()) {
-    Console().Execute("Audio::PlayMusicFadeIn( \"" + file + "\", " + fade + " );", false);
+    Order("PlayMusicFadeIn( \"" + file + "\", " + fade + " );");
   }
+}
+
+void CTunes::Order(const std::string& command) {
+  Console().Execute("Audio::" + command, false);
+  myHeard = Console().GetVariable(kHeardVariable);
 }
 
 }  // namespace brumble
