@@ -4,8 +4,11 @@
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
 #include "game/gamefiles.h"
+#include "game/physics/physicsgfxbridge.h"
+#include "gfx/animation/animatedsprite.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
+#include "platform/wallclock.h"
 #include "ui/desktopwidget.h"
 
 #include <cmath>
@@ -174,6 +177,64 @@ TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
     EXPECT_EQ(vask::CScreenLayer::GetSingletonPtr()->GetChildren(), sprites);
   }
   EXPECT_FALSE(log.Has("FreeImage"));
+}
+
+TEST_F(TaskTest, TheCastStandsStillWhileTheGameDoes) {
+  const auto scene = [] {
+    std::string text;
+    for (vask::CSprite* sprite : vask::CScreenLayer::GetSingletonPtr()->GetChildren()) {
+      const auto* const animated = dynamic_cast<vask::CAnimatedSprite*>(sprite);
+      const unsigned frame = animated != nullptr ? animated->GetCurrentFrame() : 0;
+      text += sprite->GetName() + " " + test::PlaceOf(*sprite) + " " + std::to_string(frame) + "\n";
+    }
+    return text;
+  };
+  const auto sceneAfterAWhile = [&] {
+    for (int i = 0; i < 20; ++i) {
+      Frame(90);
+    }
+    return scene();
+  };
+  StartGame();
+  task.ExecuteCommand("");
+  const_cast<CGameLogic&>(Impl().GetGameLogic()).OnDoorOpened();
+  sceneAfterAWhile();
+  Bodies().back().bridge->myHealth = 1000.0F;  // it says something
+  Frame(90);
+  task.Pause();
+  const std::string paused = scene();
+  EXPECT_EQ(sceneAfterAWhile(), paused);
+  task.Resume();
+  EXPECT_NE(sceneAfterAWhile(), paused);
+  Impl().ShowGameOver();
+  const std::string over = scene();
+  EXPECT_EQ(sceneAfterAWhile(), over);
+}
+
+// What the cast shows must not draw from the random numbers of the game.
+TEST_F(TaskTest, AWholeGameIsTheSameWithAndWithoutPictures) {
+  vask::platform::SetWallClock([] { return std::int64_t{1}; });  // the seed
+  const auto play = [this] {
+    StartGame();
+    std::string places;
+    for (int frame = 0; frame < 5000 && Screen() == 0; ++frame) {
+      const int x = static_cast<int>(400 + 350 * std::sin(0.2 * frame));
+      const int y = static_cast<int>(400 + 150 * std::cos(0.074 * frame));
+      vask::CEventBridge::GetSingletonPtr()->MouseMove(x, y, 0, 0);
+      Frame(20);
+      for (const CPhysicsBody& body : Bodies()) {
+        places += std::to_string(body.x) + " " + std::to_string(body.angle) + " ";
+      }
+    }
+    EXPECT_NE(Screen(), 0) << "the end of the game";
+    EXPECT_GT(Impl().GetGameLogic().GetScoreBoard().GetTarget(), 0) << "all has happened";
+    task.Exit();
+    return std::hash<std::string>()(places);
+  };
+  const std::size_t withPictures = play();
+  std::filesystem::remove("data");
+  EXPECT_EQ(play(), withPictures);
+  vask::platform::SetWallClock(nullptr);
 }
 
 // The first kitten lies on the shelf between the right wall's top and the shaft.

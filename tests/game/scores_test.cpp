@@ -5,7 +5,11 @@
 #include "support/logcapture.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -74,10 +78,32 @@ TEST_F(Scores, FileThatCannotBeWrittenIsReportedAndLeftAsItIs) {
     EXPECT_EQ(EnterScore(Score(200)), 1);
   }
   EXPECT_TRUE(log.Has("Scores: scores.txt can't be written"));
-  std::filesystem::create_directory("scores.new");
+  const rlimit fullDisk = {.rlim_cur = 5, .rlim_max = RLIM_INFINITY};
+  const rlimit roomyDisk = {.rlim_cur = RLIM_INFINITY, .rlim_max = RLIM_INFINITY};
+  signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &fullDisk);
   EXPECT_EQ(EnterScore(Score(300)), 1);
+  setrlimit(RLIMIT_FSIZE, &roomyDisk);
   EXPECT_EQ(log.Lines().size(), 2U);
   EXPECT_EQ(FileText(), "100 2026-11-25 -\n");
+}
+
+TEST_F(Scores, OfTwoWritersAtOnceNoneIsLost) {
+  const auto enterFive = [] {
+    for (int points = 1; points <= 5; ++points) {
+      EnterScore(Score(points));
+    }
+  };
+  for (int round = 0; round < 20; ++round) {
+    std::filesystem::remove(kScoresFile);
+    const pid_t other = fork();
+    enterFive();
+    if (other == 0) {
+      _exit(0);
+    }
+    waitpid(other, nullptr, 0);
+    ASSERT_EQ(ReadScores().size(), 10U) << round;
+  }
 }
 
 TEST_F(Scores, TodayIsALocalDate) {
