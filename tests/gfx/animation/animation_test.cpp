@@ -117,6 +117,14 @@ TEST_F(Animation, FramesFollowTheirTimes) {
 }
 
 // Two sprites that change places in the order of due times, and the sounds of both.
+TEST_F(Animation, TheCurrentFrameShowsFromLoadingOn) {
+  const std::string current = "<CurrentAnimation>b</CurrentAnimation>";
+  const std::string animations =
+      Named("a", Part(9, 1)) + Named("b", Sound("b.wav") + Part(3, 100) + Part(4, 100));
+  EXPECT_EQ(Read(current + animations)->GetImageRect().x, 3);
+  EXPECT_EQ(Read(animations)->GetImageRect().w, 50) << "the whole sheet without an animation";
+}
+
 TEST_F(Animation, SpritesAreWokenInTheOrderOfTheirTimes) {
   const SpritePtr slow = Read(Named("a", Part(1, 50) + Sound("slow") + Part(2, 90)));
   const SpritePtr quick = Read(Named("a", Part(1, 20) + Part(2, 20) + Sound("quick") + Part(3, 9)));
