@@ -132,20 +132,6 @@ TEST_F(ConsoleTest, LinesOfAMegabyteEndSoonAndDoNotNest) {
   }
 }
 
-// As a key does that binds itself anew.
-TEST_F(ConsoleTest, ACommandMayFreeTheLineThatItIsCalledFrom) {
-  class CForget : public CConsoleCommand {
-   public:
-    std::string Execute() override {
-      std::string().swap(myLine);
-      return "forgotten";
-    }
-    std::string myLine = "forget; a rather long name = forget // and a comment";
-  } forget;
-  myConsole.AddCommand("forget", &forget);
-  EXPECT_EQ(myConsole.Execute(forget.myLine, false), "forgotten\nforgotten\n");
-}
-
 class CLoad : public CConsoleCommand {
  public:
   explicit CLoad(CConsole& console) : myConsole(console) {}

@@ -3,7 +3,6 @@
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/font.h"
-#include "input/keynames.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
@@ -18,7 +17,6 @@
 
 #include <filesystem>
 #include <regex>
-#include <set>
 #include <sstream>
 
 namespace brumble {
@@ -95,23 +93,6 @@ TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
-  }
-}
-
-// A key is there by its name, or between two that are: `a` to `z`.
-TEST(Documents, EveryKeyIsInTheConsolePage) {
-  const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
-  const std::regex shown("`(\\S+)`(?: to `(\\S+)`)?");
-  std::set<int> keys;
-  for (std::sregex_iterator it(page.begin(), page.end(), shown), end; it != end; ++it) {
-    const int first = vask::KeyFromName((*it)[1].str());
-    const int last = std::max(first, vask::KeyFromName((*it)[2].str()));
-    for (int key = first; key <= last; ++key) {
-      keys.insert(key);
-    }
-  }
-  for (int key = 1; key < vask::kKeyCount; ++key) {
-    EXPECT_TRUE(keys.contains(key) || vask::NameFromKey(key).empty()) << vask::NameFromKey(key);
   }
 }
 

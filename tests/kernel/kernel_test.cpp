@@ -262,11 +262,6 @@ TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
             "| | t.pause | t.resume | t ");
 }
 
-TEST_F(CKernelTest, TasksCompareByTheirIntervalsIfTheyAreTimed) {
-  EXPECT_TRUE(Make("fast", 9, 200).IsLessThan(&Make("slow", 5, 300)));
-  EXPECT_FALSE(Make("slow", 5, 300).IsLessThan(&Make("fast", 9, 200)));
-}
-
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
   Kernel().FrameSleep() = 5000;
   const auto start = std::chrono::steady_clock::now();

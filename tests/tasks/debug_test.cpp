@@ -122,19 +122,6 @@ TEST_F(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
   Run("stoptask(mouse%)");
 }
 
-TEST_F(Debug, ALineMayCloseAndOpenConsoles) {
-  Run("debug%::ToggleConsole");
-  Type("debug%::ToggleConsole;debug%::ToggleConsole\r");
-  Task().Update();
-  EXPECT_EQ(CountWindows(), 1U);
-  Type("other%::ToggleConsole\r");
-  EXPECT_EQ(CountWindows(), 2U);
-  Run("other%::ToggleConsole");
-  Type("debug%::ToggleConsole\r");
-  Task().Update();
-  EXPECT_EQ(CountWindows(), 0U);
-}
-
 TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
   Run("debug%::ToggleConsole");
   Type("stoptask(ui%);starttask(ui, new%, 70)\r");
@@ -235,19 +222,6 @@ TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
   records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
   const std::regex seedOrTime("(^|\n)[0-9]+");
   EXPECT_EQ(std::regex_replace(records.str(), seedOrTime, ""), " mm 5 6 mm 3 4 mm 5 6 mu 1\n");
-}
-
-TEST_F(Debug, AnExitTakesNoCommandFromTheOtherTask) {
-  CConsoleCommand& toggle = *GetDebugCommands()[0].command;
-  Run("other%::BanAsserts(0);stoptask(debug%)");
-  toggle.Execute();
-  EXPECT_EQ(CountWindows(), 1U) << "it is still the other's";
-  Run("stoptask(other%)");
-  EXPECT_EQ(toggle.Execute(), "");
-  EXPECT_EQ(CountWindows(), 0U);
-  EXPECT_FALSE(Task().ExecuteCommand("ToggleConsole"));
-  EXPECT_TRUE(Task().Start()) << "it wants updates";
-  Task().Exit();
 }
 
 }  // namespace

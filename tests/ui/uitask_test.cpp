@@ -103,13 +103,6 @@ TEST_F(UiTest, HeldKeysRepeatAfterTheDelay) {
   EXPECT_EQ(typedAfter(0U - 1000U), "") << "the clock is set back";
 }
 
-TEST_F(UiTest, TheDesktopKeepsWidgetsOnIt) {
-  Desktop()->SetRect({10, 20, 100, 80});
-  EXPECT_EQ(Desktop()->FitChildRect({11, 21, 99, 79}), (Rect{11, 21, 99, 79}));
-  EXPECT_EQ(Desktop()->FitChildRect({9, 19, 5, 6}), (Rect{10, 20, 5, 6}));
-  EXPECT_EQ(Desktop()->FitChildRect({50, 50, 101, 82}), (Rect{9, 18, 101, 82})) << "too large";
-}
-
 TEST_F(UiTest, TheDesktopTellsWhereAWidgetTakesPresses) {
   auto* widget = new CWidget(Desktop(), {700, 10, 20, 20}, false, "", {});
   EXPECT_TRUE(CDesktopWidget::HasWidgetAt({700, 29}));
