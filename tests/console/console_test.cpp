@@ -97,6 +97,9 @@ TEST_F(ConsoleTest, AssignsAndReads) {
                  {"text = number = 12.9", "12"},
                  {"text", "12"}});
   EXPECT_EQ(number, 12);
+  CVariableString text;
+  text.SetNumber(7.5);
+  EXPECT_EQ(text.GetString(), "7.5");
 }
 
 TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
@@ -105,7 +108,8 @@ TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
   exact.AddCommand("Echo", &myEcho);
   EXPECT_EQ(exact.Execute("echo", false), "echo");
   EXPECT_EQ(exact.Execute("Echo", false), "bare");
-  EXPECT_EQ(exact.GetCommandNames(), std::vector<std::string>{"Echo"});
+  EXPECT_TRUE(exact.IsCaseSensitive());
+  EXPECT_EQ(exact.GetCommands().at("Echo"), &myEcho);
 }
 
 TEST_F(ConsoleTest, ALibraryIsLoadedAndTakenBack) {

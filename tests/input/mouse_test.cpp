@@ -52,7 +52,7 @@ class MouseTest : public ::testing::Test {
     std::erase_if(myTargets, [=](const auto& owned) { return owned.get() == target; });
   }
   // Lets events happen ("m10,20": the pointer moves there, "d1", "u1": a button goes down, up) and
-  // answers what was heard.
+  // returns what was heard.
   std::string Hear(const std::string& text) {
     myRecord.clear();
     std::istringstream events(text);

@@ -24,7 +24,7 @@ std::string FileText(const char* fileName) {
 
 std::string WithoutSeed(const std::string& file) { return file.substr(file.find('\n') + 1); }
 
-// Plays the file in frames of twelve days; answers what a recorder hears of it.
+// Plays the file in frames of twelve days; returns what a recorder hears of it.
 std::string PlayBack(const std::string& file) {
   std::ofstream("played.rec") << file;
   test::CFakeClock real(0);

@@ -38,7 +38,7 @@ class CTaskSample : public CTask {
 };
 
 void RegisterSampleTasks() { const CTaskTypeRegistrar<CTaskSample> registrar("loaded"); }
-const CTaskLibraryRegistrar ourLibraryRegistrar("samples", &RegisterSampleTasks);
+const CTaskLibraryRegistrar theLibraryRegistrar("samples", &RegisterSampleTasks);
 
 class Application : public testing::Test {
  protected:
@@ -129,6 +129,7 @@ TEST_F(Application, TheEchoGoesToTheLog) {
   EXPECT_EQ(console.Execute("word", true), "word");
   EXPECT_EQ(console.Execute("// none", true), "");
   EXPECT_EQ(log.Text(), "word\nword\n// none\n");
+  EXPECT_EQ(CApplicationFactory::GetSingleton().GetLog(), CLog::PeekSingletonPtr());
 }
 
 TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {

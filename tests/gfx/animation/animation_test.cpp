@@ -252,15 +252,16 @@ TEST_F(Animator, MaskersMoveAndFade) {
   CSprite sprite;
   sprite.SetRect({10, -20, 7, 8});
 
-  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)", true);
+  auto* move = new CSpriteMoveToUpdator(&sprite, 400, 125);
+  new CExternalAnimator(move, 2000, "sin(t*3.14)", true);
 
-  CSpriteMoveToUpdator move(&sprite, 21, -31);
+  CSpriteMoveToUpdator fall(&sprite, 21, -31);
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);  // every other time
   std::string shown;
   for (const float value : {0.1F, 0.5F, 2.0F, NAN, 1e9F}) {
     fade.Apply(value);
-    move.Apply(value);
+    fall.Apply(value);
     shown += std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY()) + " " +
              std::to_string(sprite.GetAlpha()) + "; ";
   }
