@@ -160,22 +160,5 @@ TEST_F(Players, ATrackThatEndsStartsAgainUnlessItIsStoppedOrPaused) {
   EXPECT_EQ(afterItsEnd(), "silence");
 }
 
-TEST_F(Players, ATrackWaitsForTheOneThatWasStartedLast) {
-  CSDLMixerMusicPlayer player(0);
-  player.Play("one.wav");
-  {
-    CSDLMixerMusicPlayer other(0);
-    other.Play("two.wav");
-    player.Pause();
-    player.Resume();
-    EXPECT_EQ(Music(), "fades in") << "the other's track";
-    Mix_HaltMusic();
-    player.Update();
-    EXPECT_EQ(Music(), "silence");
-  }
-  player.Update();
-  EXPECT_EQ(Music(), "plays") << "the other has gone";
-}
-
 }  // namespace
 }  // namespace vask::test

@@ -80,18 +80,6 @@ TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   EXPECT_TRUE(myLog.Draw(&*other, {0, 48, 60, 20}, false));
 }
 
-TEST_F(LogView, ALineOfAnotherHeightThanMeasuredIsMeasuredAgain) {
-  Log("one two three\n");
-  Draws(0);
-  EXPECT_TRUE(Shows(*myPicture, "one two", "three"));
-  myFont.CFont::SetAlign(-1);  // which breaks no lines
-  EXPECT_TRUE(Draws(1));
-  EXPECT_EQ(myLog.GetTextHeight(), 12);
-  CPlainFont other;
-  myLog.SetLevelFont(kLogNormal, &other);
-  EXPECT_EQ(myLog.GetTextHeight(), 24) << "the font of its level";
-}
-
 class ConsoleWidget : public testing::Test {
  protected:
   static void Log(const std::string& line) { *CLog::GetSingletonPtr() << line << "\n"; }
