@@ -165,11 +165,10 @@ TEST_F(ConsoleTest, ScriptsNeverNestEndlessly) {
   second.AddCommand("load", &loadInFirst);
   second.AddCommand("echo", &myEcho);
   std::filesystem::create_symlink("self.txt", "link.txt");
-  std::ofstream("self.txt") << "load(self.txt)\nload(././self.txt)\nload(link.txt)\necho";
-  for (std::size_t round = 1; round <= 2; ++round) {  // an ended file may be executed again
-    myConsole.ExecuteFile("self.txt");
-    EXPECT_EQ(myLog.Lines().size(), 3 * round) << myLog.Text();
-  }
+  std::ofstream("self.txt") << "load(././self.txt)\nload(link.txt)\necho";
+  myConsole.ExecuteFile("self.txt");
+  myConsole.ExecuteFile("self.txt");  // an ended file may be executed again
+  EXPECT_EQ(myLog.Lines().size(), 2 * 2U) << myLog.Text();
   EXPECT_EQ(std::exchange(myEcho.myCalls, {}), "bare\nbare\n");
   for (int i = 1; i <= 66; ++i) {
     std::ofstream("deep" + std::to_string(i)) << "echo(1)\nload(deep" << i + 1 << ")\n";

@@ -102,15 +102,6 @@ TEST_F(Application, ToggleRunsItsLinesInTurnAndKeepsItsState) {
   EXPECT_EQ(Execute("toggle(_on, one, help(z))"), "z is a variable: two");
 }
 
-TEST_F(Application, ToggleNeedsAVariableAndTwoLines) {
-  const std::string error = "Error: Toggle( variable, line, line ) requires a variable and two ";
-  for (const char* line : {"toggle", "toggle(_on, one)", "toggle(_on, f(1, 2), g)",
-                           "toggle(_on, one, 2)", "toggle(\"\", one, two)"}) {
-    EXPECT_EQ(Execute(line), error + "lines without a comma.") << line;
-  }
-  EXPECT_EQ(Execute("_on"), "_on") << "still no variable";
-}
-
 TEST_F(Application, HelpListsAndExplains) {
   EXPECT_EQ(Execute("z = 1; help"),
             "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "

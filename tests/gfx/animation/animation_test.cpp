@@ -116,17 +116,6 @@ TEST_F(Animation, FramesFollowTheirTimes) {
   }
 }
 
-// Two sprites that change places in the order of due times, and the sounds of both.
-TEST_F(Animation, SpritesAreWokenInTheOrderOfTheirTimes) {
-  const SpritePtr slow = Read(Named("a", Part(1, 50) + Sound("slow") + Part(2, 90)));
-  const SpritePtr quick = Read(Named("a", Part(1, 20) + Part(2, 20) + Sound("quick") + Part(3, 9)));
-  EXPECT_EQ(Play(*quick, {0, 20}), "12");
-  quick->PlayAnimation("a");  // goes on
-  EXPECT_EQ(Play(*quick, {39, 40}), "22");
-  EXPECT_EQ(Play(*slow, {41, 49, 50, 51}), "1112");
-  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"quick\" )\nPlayEffect( \"slow\" )\n");
-}
-
 TEST_F(Animation, BadFramesAreSkippedWithOneLineEach) {
   const std::string unknown = "<Wrapped type=\"no\"/>" + Sound("", "Wrapped");
   const std::string good = "<Other></Other>" + Sound("") + Part(1, 0);

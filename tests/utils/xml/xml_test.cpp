@@ -117,6 +117,13 @@ TEST(XmlContext, ReportsWhatIsOutOfPlace) {
   }
 }
 
+TEST(XmlContext, GoesOnAfterTheElementThatItBeganIn) {
+  const auto root = Read("<r><a>1</a><b/><c>2</c><c>3</c></r>");
+  CXmlContext xml(root->GetChild(1), CXmlContext::kReading);
+  xml.EndNode("b");
+  EXPECT_EQ(xml.GetChild("c")->GetContent(), "2");
+}
+
 // Each would take minutes, or the whole stack, if the work grew faster than the input.
 TEST(Xml, HugeDocuments) {
   std::string nested, attributes = "<a";
