@@ -90,10 +90,10 @@ IPixel* NewBlob(const CRect<int>& size, std::uint8_t blue, double strength = 1.0
 
 SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
 
-// The screen, and a font for the numbers, which stand in the folder of the game.
-class SStage {
+// The screen, and a font for the numbers, which are in the folder of the game.
+class CStage {
  public:
-  SStage() {
+  CStage() {
     std::filesystem::current_path(BRUMBLE_RUNTIME_FOLDER);
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     SDL_Init(SDL_INIT_VIDEO);
@@ -101,15 +101,15 @@ class SStage {
     myScreen.Reset(SDL_SetVideoMode(kWidth, kHeight, 32, SDL_SWSURFACE));
     Gfx::SetScreen(&myScreen);
   }
-  ~SStage() {
+  ~CStage() {
     CScreenLayer::DeleteSingleton();
     Gfx::SetScreen(nullptr);
     myScreen.SetSurface(nullptr, false);
     Gfx::SetFactory(nullptr);
     SDL_Quit();
   }
-  SStage(const SStage&) = delete;
-  SStage& operator=(const SStage&) = delete;
+  CStage(const CStage&) = delete;
+  CStage& operator=(const CStage&) = delete;
 
   SDL_Surface* Screen() const { return myScreen.GetSurface(); }
 
@@ -358,7 +358,7 @@ double SecondsPerFrame(Draw draw) {
 }
 
 void BM_PlayFrame(benchmark::State& state) {
-  const SStage stage;
+  const CStage stage;
   CSpriteFrames sprites;
   CPlainFrames plain;
   CCopier copier;
@@ -453,7 +453,7 @@ BENCHMARK(BM_LivingCast)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterat
 
 // How much of a frame SDL_gfx alone takes for turning the kitten.
 void BM_Rotation(benchmark::State& state) {
-  const SStage stage;
+  const CStage stage;
   const Gfx::ImagePtr kitten(NewBlob(kKitten, 255));
   std::vector<double> ours;
   std::vector<double> plains;
@@ -488,7 +488,7 @@ std::vector<std::uint32_t> Premultiplied(const SDL_Surface& surface) {
 
 void BM_OverBlit(benchmark::State& state) {
   const CRect<int> size{0, 0, 200, 80};
-  const SStage stage;
+  const CStage stage;
   const Gfx::ImagePtr sprite(NewBlob(size, 255));
   const Gfx::ImagePtr ground(NewBlob({0, 0, 300, 200}, 30, 0.6));
   ground->SetRect({50, 60, size.w, size.h});
