@@ -129,7 +129,7 @@ void CBrumbleTaskImpl::StartNewGame() {
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
   myPhysics.ResetWorld();
   ResetClocks();
-  myCast.Begin(myGameLogic.GetStory(), BestScore() == 0);
+  myCast.Begin(myGameLogic.GetStory(), BestScore() <= 0);
   myHasExtraKittens = GetWorld().GetBodyCount() > kFirstKittenIndex;
   myPanel.reset();
   myScreen.reset();
