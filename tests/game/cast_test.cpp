@@ -161,7 +161,7 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     EXPECT_EQ(Shown(kPanelShortFile).empty(), place == 1);
     EXPECT_EQ(Shown(kPanelNewBestFile).empty(), place != 1);
     EXPECT_EQ(Shown(RankFile(3)).size(), 1U) << "of 2500 points";
-    EXPECT_EQ(Describe(kGhostFile), "180,430 rise; 270,430 rise; ");
+    EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
     Pass(4500);
     EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,-60 rise; ");
   }
