@@ -63,6 +63,14 @@ def ghost(x, y, size, opacity, flap=0.0):
             '<path d="M-3 6Q0 3.4 3 6" fill="none"/></g>') % (x, y, size, opacity, 6 * flap - 8, 6 * flap + 4, 6 * flap - 8, 6 * flap + 4)
 
 
+def cloche(x, y, size, opacity):
+    """A kitten that is served: under a dome, on a plate, as in the row of fates."""
+    return ('<g transform="translate(%.1f %.1f) scale(%.2f) translate(-8 -10)" opacity="%.2f" stroke="#4a3a40" stroke-width="1" stroke-linejoin="round">'
+            '<path d="M2.5 13Q2.5 5.5 8 5.5Q13.5 5.5 13.5 13Z" fill="#e9eef0"/><circle cx="8" cy="4" r="1.6" fill="#ffd24a"/>'
+            '<path d="M0.8 13H15.2L13.2 16.5H2.8Z" fill="#ffd24a"/><path d="M5 11Q5 8.5 7 7.8" stroke="#fff" fill="none" stroke-width="1.4"/></g>') % (
+                x, y, size, opacity)
+
+
 def swell(p, rise, fall):
     """0 to 1 and back: up during the first `rise` of the time, down after `fall`."""
     if p < rise:
@@ -100,7 +108,7 @@ def oven_burning(p, w, h):
             h - 100, flames(4, 82, 6, (w - 26) * size, 15, 9, p * 5, ends=True))
     if p > 0.34:
         q = (p - 0.34) / 0.6
-        out += ghost(58 + 6 * math.sin(q * 9), h - 40 - (h - 66) * min(q, 1), 0.9, min(1, max(0, 1.9 - 2 * q)))
+        out += cloche(58 + 6 * math.sin(q * 9), h - 40 - (h - 66) * min(q, 1), 1.9, min(1, max(0, 1.9 - 2 * q)))
     return out
 
 

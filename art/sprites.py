@@ -154,8 +154,9 @@ RANKS = (("DISHWASHER", "#5c5560"), ("FLOOR SWEEPER", "#6d5a4c"), ("POTATO PEELE
          ("WAITER", "#7d3c82"), ("GRILL COOK", "#b5341a"), ("SOUS-CHEF", "#a3245c"), ("CHEF", "#b8860b"))
 
 for number, (name, face) in enumerate(RANKS, 1):
-    SPRITES["rank_%d" % number] = Still("rank.svg", 33, at=(290, 213), FACE=face, NAME=name, ICON="rank_%d" % number,
-                                        PIPS="".join(marks.pip(i, i < number) for i in range(len(RANKS))))
+    SPRITES["rank_%d" % number] = sounding("rank.svg", (220, 40), 33, [("idle", None), ("over", "gameover"), ("best", "gameover_best")],
+                                           FACE=face, NAME=name, ICON="rank_%d" % number,
+                                           PIPS="".join(marks.pip(i, i < number) for i in range(len(RANKS))))
 
 
 def marker(hair):

@@ -75,8 +75,6 @@ inline std::string SayingFile(int number) {
   return (number < 10 ? "data/gfx/says_0" : "data/gfx/says_") + std::to_string(number) + ".xml";
 }
 
-inline constexpr const char* kGameOverSound = "data/sfx/gameover.wav";
-inline constexpr const char* kGameOverBestSound = "data/sfx/gameover_best.wav";
 inline constexpr const char* kBurnSound = "data/sfx/kitten_burn.wav";
 // Followed by the number of the sound and the ending.
 inline constexpr const char* kHitSoundStart = "data/sfx/kitten_0";

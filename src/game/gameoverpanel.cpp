@@ -49,12 +49,11 @@ int RankOf(int score) {
 void CGameOverPanel::Show(const SGameResult& result) {
   ShowCaptioned(kPanelScoreFile, result.Score(), {kLeftX, kScoreY}, kLeftNumberX);
   ShowPlace(result);
-  ShowPicture(RankFile(RankOf(result.Score())), kRankPlace);
+  ShowRank(result);
   ShowEarnings(result.story.banked);
   myFates.Begin(kFatesPlace, kFatesStep, kDepth);
   myFates.Update(result.story.fates);
   ReleaseGhosts(result.story.fates);
-  PlayEffect(result.place == 1 ? kGameOverBestSound : kGameOverSound);
 }
 
 vask::CSprite* CGameOverPanel::ShowPicture(const std::string& file, SScreenPoint place) {
@@ -75,10 +74,17 @@ void CGameOverPanel::ShowPlace(const SGameResult& result) {
   if (result.place > 0) {
     ShowCaptioned(kPanelPlaceFile, result.place, {kPlaceX, kScoreY}, kPlaceNumberX);
   }
-  if (result.place == 1) {
+  if (result.IsNewBest()) {
     ShowPicture(kPanelNewBestFile, kNewBestPlace);
   } else if (result.bestBefore > result.Score()) {
     ShowShortage(result.bestBefore - result.Score());
+  }
+}
+
+// Its animations bring the sounds of the end.
+void CGameOverPanel::ShowRank(const SGameResult& result) {
+  if (vask::CSprite* const rank = ShowPicture(RankFile(RankOf(result.Score())), kRankPlace)) {
+    rank->PlayAnimation(result.IsNewBest() ? "best" : "over");
   }
 }
 

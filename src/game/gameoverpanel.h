@@ -19,6 +19,7 @@ struct SGameResult {
   int Score() const {
     return story.banked.spins + story.banked.walls + story.banked.oven + story.banked.bonuses;
   }
+  bool IsNewBest() const { return place == 1 && Score() > 0; }
 };
 
 // The verdict on a score: 1 for the lowest rank to 8.
@@ -33,6 +34,7 @@ class CGameOverPanel {
   // Null when there is no such picture.
   vask::CSprite* ShowPicture(const std::string& file, SScreenPoint place);
   void ShowCaptioned(const char* file, int number, SScreenPoint place, int numberX);
+  void ShowRank(const SGameResult& result);
   void ShowPlace(const SGameResult& result);
   void ShowShortage(int points);
   void ShowEarnings(const SEarnings& earnings);

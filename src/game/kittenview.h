@@ -20,6 +20,8 @@ struct SKittenView {
 
 // Half the side of a kitten's picture, in pixels.
 inline constexpr float kKittenPictureHalf = 23.0F;
+// The side of the picture that marks a kitten above the screen, in pixels.
+inline constexpr int kAboveMarkerSide = 36;
 
 // The kittens that have a bridge, by their index.
 std::vector<SKittenView> KittensIn(const CPhysicsWorld& world);

@@ -69,7 +69,11 @@ bool WriteScores(const std::vector<SScore>& scores) {
     file << FormatScore(score) << "\n";
   }
   file.close();
-  return file.good() && std::rename(kNewFile, kScoresFile) == 0;
+  const bool isWritten = file.good() && std::rename(kNewFile, kScoresFile) == 0;
+  if (!isWritten) {
+    std::remove(kNewFile);
+  }
+  return isWritten;
 }
 
 }  // namespace

@@ -13,12 +13,13 @@ constexpr unsigned kSpeechTime = 1200;
 constexpr int kMostSayings = 20;  // a game
 constexpr int kBald = 3;
 
-// Over the kitten, but inside the screen.
+// Over the kitten, but inside the screen, and below the mark of one above it.
 void PlaceBubble(vask::CSprite& bubble, const SKittenView& kitten) {
   const vask::CRect<int> rect = bubble.GetRect();
   const int x = static_cast<int>(kitten.position.x) - rect.w / 2;
   const int y = static_cast<int>(kitten.position.y - kKittenPictureHalf) - rect.h;
-  bubble.SetPosition(std::clamp(x, 0, kScreenWidth - rect.w), std::max(y, 0));
+  const int top = IsAboveScreen(kitten) ? kAboveMarkerSide : 0;
+  bubble.SetPosition(std::clamp(x, 0, kScreenWidth - rect.w), std::max(y, top));
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ void CTunes::Play(ETune tune) {
   const std::string file =
       Unquoted(Console().GetVariable(kVariables[static_cast<std::size_t>(tune)]));
   const bool isOurs = Console().GetVariable(kHeardVariable) == myHeard;
-  if (isOurs && file != myPlaying) {
+  if (isOurs && (file != myPlaying || myIsFadingOut)) {
     ChangeTo(file);
   }
 }

@@ -91,15 +91,15 @@ TEST_F(Cast, TheOvenBreathesWhileItsDoorIsOpen) {
 
 TEST_F(Cast, AKittenSpeaksForAWhileWhenItLosesHair) {
   CSpeech speech;
-  const auto said = [&](unsigned time, int hair) {
-    speech.Update({Kitten(10, 5, hair)}, time);
+  const auto said = [&](unsigned time, int hair, float y = 5) {
+    speech.Update({Kitten(10, y, hair)}, time);
     return Describe(SayingFile(1)) + Describe(SayingFile(7));
   };
   EXPECT_EQ(said(0, 1), "");
   EXPECT_EQ(said(10, 2), "0,0; ") << "inside the screen";
   EXPECT_EQ(said(1209, 2), "0,0; ");
   EXPECT_EQ(said(1210, 2), "");
-  EXPECT_EQ(said(2000, 3), "0,0; ") << "bald kittens say other things";
+  EXPECT_EQ(said(2000, 3, -50), "0,36; ") << "bald kittens say other things; below its mark";
   speech.Update({}, 2010);
   EXPECT_EQ(Describe(SayingFile(7)), "") << "it has gone";
 }
@@ -160,12 +160,14 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     EXPECT_EQ(Shown(kPanelPlaceFile).size(), 1U);
     EXPECT_EQ(Shown(kPanelShortFile).empty(), place == 1);
     EXPECT_EQ(Shown(kPanelNewBestFile).empty(), place != 1);
-    EXPECT_EQ(Shown(RankFile(3)).size(), 1U) << "of 2500 points";
+    EXPECT_EQ(Describe(RankFile(3)), place == 1 ? "290,213 best; " : "290,213 over; ");
     EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
     Pass(4500);
     EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,-60 rise; ");
   }
   EXPECT_EQ(std::pair(RankOf(-5), RankOf(80000)), std::pair(1, 8));
+  result.story.banked = {};
+  EXPECT_FALSE(result.IsNewBest()) << "no points are no best";
 }
 
 }  // namespace
