@@ -11,12 +11,24 @@
 #include "game/physics/screentransform.h"
 #include "game/scores.h"
 #include "input/mouse.h"
+#include "platform/wallclock.h"
+#include "utils/timer/globalapptimer.h"
+#include "utils/timer/globaltimerimpl.h"
 
 namespace brumble {
 namespace {
 
-constexpr unsigned kGameSpeed = 3;  // the world runs faster than the clock
-constexpr int kMostSteps = 4;       // per frame
+// Everything from outside that play may know, read at this moment.
+SInput ReadInput(EInput kind) {
+  const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
+  return {.kind = kind,
+          .time = vask::GetGlobalTime(),
+          .appTime = vask::CGlobalAppTimer::GetSingletonPtr()->GetTime(),
+          .pointerX = mouse.GetPointerX(),
+          .pointerY = mouse.GetPointerY()};
+}
+
+std::uint32_t NewSeed() { return static_cast<std::uint32_t>(vask::platform::WallClockSeconds()); }
 
 }  // namespace
 
@@ -28,21 +40,16 @@ void CBrumbleTaskImpl::CMouseDeltaListener::OnMouseMoveRelative(int dx, int dy) 
 CBrumbleTaskImpl::CBrumbleTaskImpl() {
   CGfxFactory::GetSingletonPtr()->Load(kSpriteTableFile, kSpriteTableRoot);
   HoldPictures();
-  Connect();
+  vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
   SetScreenTransform(kScreenOffset, kScreenScale);
   myScreen = std::make_unique<CBrumbleInGameUi>(this);
   myScreen->ShowTitle();
   myTitleBest.Show();
   myTunes.Play(ETune::kTitle);  // now, so that the lines after the start of the game can stop it
-  ResetClocks();
-  PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 CBrumbleTaskImpl::~CBrumbleTaskImpl() {
-  if (CPhysicsWorld::GetGameLogicReceiver() == &myGameLogic) {
-    CPhysicsWorld::SetGameLogicReceiver(nullptr);
-  }
   // The effects would live for two seconds more, longer than the task that frees pictures.
   CDeathToASprite::DeleteAll();
 }
@@ -70,14 +77,6 @@ void CBrumbleTaskImpl::HoldPictures() {
   }
 }
 
-void CBrumbleTaskImpl::Connect() {
-  myPhysics.GetWorld()->SetBridgeFactory(&myGfxFactory);
-  myGfxFactory.SetGameLogic(&myGameLogic);
-  CPhysicsWorld::SetGameLogicReceiver(&myGameLogic);
-  myGameLogic.SetOwner(this);
-  vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
-}
-
 ETune CBrumbleTaskImpl::WantedTune() const {
   if (myScreen != nullptr) {
     return ETune::kTitle;
@@ -90,56 +89,44 @@ void CBrumbleTaskImpl::Update() {
   if (myScreen != nullptr) {
     return;
   }
-  RunPhysics();
-  myCast.Update(GetWorld(), myGameLogic.GetStory());
-  RunLogic();
-}
-
-void CBrumbleTaskImpl::RunPhysics() {
-  int steps = 0;
-  while (steps < kMostSteps && myPhysicsClock.GetTime() > myPhysicsStep) {
-    myPhysicsClock -= myPhysicsStep;
-    const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
-    myPhysics.SetMousePosition(mouse.GetPointerX(), mouse.GetPointerY());
-    myPhysics.Step(myPhysicsStep * kGameSpeed);
-    ++steps;
-  }
-  // A slow frame drops the rest of its backlog: catching up would only make the next one slower.
-  if (steps == kMostSteps) {
-    myPhysicsClock.Reset();
-  }
-}
-
-void CBrumbleTaskImpl::RunLogic() {
-  if (myLogicClock.GetTime() <= myLogicStep) {
-    return;
-  }
-  myLogicClock -= myLogicStep;
-  if (myGameLogic.IsGameOver()) {
+  Enter(EInput::kFrame);
+  if (myPlay.IsOver()) {
     ShowGameOver();
   } else {
-    myGameLogic.Tick();
+    myCast.Update(GetWorld(), GetGameLogic().GetStory());
+  }
+}
+
+// Nothing else may reach play.
+void CBrumbleTaskImpl::Enter(EInput kind) {
+  const SInput input = ReadInput(kind);
+  if (myPlay.IsDue(input)) {
+    myPlay.Take(input);
   }
 }
 
 void CBrumbleTaskImpl::StartNewGame() {
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
-  ResumeClocks();
-  myGameLogic.NewGame();
+  const SInput now = ReadInput(EInput::kFrame);
+  SGameStart start = myPlay.NextStart(NewSeed());
+  start.pointerX = now.pointerX;
+  start.pointerY = now.pointerY;
+  start.isPaused = myIsPaused;
+  myPlay.Read(now);
+  myPlay.Start(start);
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
-  myPhysics.ResetWorld();
-  ResetClocks();
-  myCast.Begin(myGameLogic.GetStory(), BestScore() == 0);
-  myHasExtraKittens = GetWorld().GetBodyCount() > kFirstKittenIndex;
+  myCast.Begin(GetGameLogic().GetStory(), BestScore() == 0);
+  myCast.SetPlaying(GetWorld(), !myIsPaused);
   myPanel.reset();
   myScreen.reset();
   if (myIsPaused) {
-    Pause();  // the task was paused while the screen was shown
+    ShowPaused();  // since a screen was shown
   }
 }
 
 void CBrumbleTaskImpl::ShowGameOver() {
-  PauseClocks();
+  myPlay.Stop();
+  myCast.SetPlaying(GetWorld(), false);
   myCast.EndPlay();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
   myScreen.reset();
@@ -151,9 +138,9 @@ void CBrumbleTaskImpl::ShowGameOver() {
 
 SGameResult CBrumbleTaskImpl::EnterResult() const {
   SGameResult result;
-  result.story = myGameLogic.GetStory();
+  result.story = GetGameLogic().GetStory();
   result.bestBefore = BestScore();
-  if (!myHasExtraKittens) {
+  if (!myPlay.HasExtraKittens()) {
     result.place =
         EnterScore({.score = result.Score(), .date = Today(), .recording = "-", .more = ""});
   }
@@ -161,58 +148,29 @@ SGameResult CBrumbleTaskImpl::EnterResult() const {
 }
 
 void CBrumbleTaskImpl::Pause() {
-  if (!myIsPaused) {
+  Enter(EInput::kPause);
+  myCast.SetPlaying(GetWorld(), false);
+  ShowPaused();
+}
+
+void CBrumbleTaskImpl::ShowPaused() {
+  if (!myPausedSign) {
     myPausedSign = CGfxFactory::GetSingletonPtr()->LoadSprite(kPausedFile);
   }
   myIsPaused = true;
-  PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 void CBrumbleTaskImpl::Resume() {
   myIsPaused = false;
   myPausedSign.Reset();
+  Enter(EInput::kResume);
   if (myScreen == nullptr) {
-    ResumeClocks();
+    myCast.SetPlaying(GetWorld(), true);
   }
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
 }
 
-// The bridge gets its index now and not after the next step: if another body leaves in that step,
-// the new one moves to its index, and the record must follow.
-int CBrumbleTaskImpl::SpawnKitten() {
-  const int index = myPhysics.SpawnKitten();
-  const CPhysicsBody& body = GetWorld().GetBodies()[static_cast<std::size_t>(index)];
-  if (body.bridge != nullptr) {
-    body.bridge->SetIndex(index);
-    body.bridge->Update(body.x, body.y, body.angle, body.halfWidth, body.halfHeight, body.shape,
-                        body.look);
-  }
-  return index;
-}
-
-void CBrumbleTaskImpl::DropExtraKitten() {
-  myPhysics.SpawnKitten();
-  myHasExtraKittens = true;
-}
-
-void CBrumbleTaskImpl::PauseClocks() {
-  myPhysicsClock.Pause();
-  myLogicClock.Pause();
-  myGameLogic.PauseClock();
-  myCast.SetPlaying(GetWorld(), false);
-}
-
-void CBrumbleTaskImpl::ResumeClocks() {
-  myPhysicsClock.Resume();
-  myLogicClock.Resume();
-  myGameLogic.ResumeClock();
-  myCast.SetPlaying(GetWorld(), true);
-}
-
-void CBrumbleTaskImpl::ResetClocks() {
-  myPhysicsClock.Reset();
-  myLogicClock.Reset();
-}
+void CBrumbleTaskImpl::DropExtraKitten() { Enter(EInput::kKitten); }
 
 }  // namespace brumble

@@ -55,4 +55,10 @@ void CPhysicsHandle::ResetWorld() {
   }
 }
 
+void CPhysicsHandle::ResetWorld(unsigned seed) {
+  if (myWorld != nullptr) {
+    myWorld->SetUp(seed);
+  }
+}
+
 }  // namespace brumble

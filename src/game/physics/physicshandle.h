@@ -20,10 +20,13 @@ class CPhysicsHandle {
   // Returns the new body's index, 0 without a world.
   int SpawnKitten();
   void PushKitten(int index, SVec2 velocity);
+  // With the clock for a seed, or another one.
   void ResetWorld();
+  void ResetWorld(unsigned seed);
 
   // Null without a world.
   CPhysicsWorld* GetWorld() { return myWorld.get(); }
+  const CPhysicsWorld* GetWorld() const { return myWorld.get(); }
 
  private:
   std::unique_ptr<CPhysicsWorld> myWorld;

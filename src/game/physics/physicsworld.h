@@ -34,6 +34,11 @@ class CPhysicsWorld {
   // Seeds the random numbers from the clock, resets every body and builds the arena. Kittens are
   // reset, not removed, and the door-open flag stays as it is.
   void SetUp();
+  // The same with a given seed.
+  void SetUp(unsigned seed);
+  // Removes the last kittens, or adds zeroed bodies in their place, which SetUp makes circles of.
+  // The walls and the monster stay.
+  void SetBodyCount(int count);
   // Advances by `dt` seconds, at most 0.05. Allocates nothing. OnImpact must not add bodies; the
   // other callbacks may.
   void Step(float dt);
