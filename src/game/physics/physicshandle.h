@@ -16,6 +16,9 @@ class CPhysicsHandle {
   // Drives the monster towards a point of the 800 x 600 screen; the point is squeezed inwards so
   // that the monster stays inside the walls.
   void SetMousePosition(int x, int y);
+  // Where the pointer has to be to drive the monster to a place of the world; whether that is on
+  // the screen is the caller's concern.
+  static SVec2 PointerFor(SVec2 place);
   void Step(unsigned milliseconds);
   // Returns the new body's index, 0 without a world.
   int SpawnKitten();
