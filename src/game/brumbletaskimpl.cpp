@@ -11,9 +11,15 @@
 #include "game/physics/screentransform.h"
 #include "game/scores.h"
 #include "input/mouse.h"
+#include "kernel/applicationfactory.h"
 #include "platform/wallclock.h"
+#include "utils/log/log.h"
 #include "utils/timer/globalapptimer.h"
 #include "utils/timer/globaltimerimpl.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 namespace brumble {
 namespace {
@@ -28,6 +34,11 @@ SInput ReadInput(EInput kind) {
           .pointerY = mouse.GetPointerY()};
 }
 
+CBrumbleTaskImpl* ourCurrent = nullptr;
+
+int theStopSwitch = 0;
+const vask::CConsoleVariableRegistrar theVariableRegistrar("game_replay_stop", theStopSwitch);
+
 std::uint32_t NewSeed() { return static_cast<std::uint32_t>(vask::platform::WallClockSeconds()); }
 
 }  // namespace
@@ -38,18 +49,19 @@ void CBrumbleTaskImpl::CMouseDeltaListener::OnMouseMoveRelative(int dx, int dy) 
 }
 
 CBrumbleTaskImpl::CBrumbleTaskImpl() {
+  ourCurrent = this;
   CGfxFactory::GetSingletonPtr()->Load(kSpriteTableFile, kSpriteTableRoot);
   HoldPictures();
   vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
   SetScreenTransform(kScreenOffset, kScreenScale);
-  myScreen = std::make_unique<CBrumbleInGameUi>(this);
-  myScreen->ShowTitle();
-  myTitleBest.Show();
+  ShowTitle();
   myTunes.Play(ETune::kTitle);  // now, so that the lines after the start of the game can stop it
-  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 CBrumbleTaskImpl::~CBrumbleTaskImpl() {
+  if (ourCurrent == this) {
+    ourCurrent = nullptr;
+  }
   // The effects would live for two seconds more, longer than the task that frees pictures.
   CDeathToASprite::DeleteAll();
 }
@@ -77,6 +89,15 @@ void CBrumbleTaskImpl::HoldPictures() {
   }
 }
 
+CBrumbleTaskImpl* CBrumbleTaskImpl::GetCurrent() { return ourCurrent; }
+
+void CBrumbleTaskImpl::ShowTitle() {
+  myScreen = std::make_unique<CBrumbleInGameUi>(this);
+  myScreen->ShowTitle();
+  myTitleBest.Show();
+  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
+}
+
 ETune CBrumbleTaskImpl::WantedTune() const {
   if (myScreen != nullptr) {
     return ETune::kTitle;
@@ -89,6 +110,10 @@ void CBrumbleTaskImpl::Update() {
   if (myScreen != nullptr) {
     return;
   }
+  if (myReplay != nullptr) {
+    UpdateReplay();
+    return;
+  }
   Enter(EInput::kFrame);
   if (myPlay.IsOver()) {
     ShowGameOver();
@@ -97,30 +122,41 @@ void CBrumbleTaskImpl::Update() {
   }
 }
 
-// Nothing else may reach play.
+// Nothing else may reach play. The recording has an input before it acts, so that the frame that
+// fails is in it.
 void CBrumbleTaskImpl::Enter(EInput kind) {
   const SInput input = ReadInput(kind);
-  if (myPlay.IsDue(input)) {
+  if (myReplay == nullptr && myPlay.IsDue(input)) {
+    myRecorder.Note(input);
     myPlay.Take(input);
   }
 }
 
 void CBrumbleTaskImpl::StartNewGame() {
-  vask::CEventBridge::GetSingletonPtr()->HideCursor();
   const SInput now = ReadInput(EInput::kFrame);
-  SGameStart start = myPlay.NextStart(NewSeed());
+  SGameStart start = myNextStart.value_or(myPlay.NextStart(0));
+  myNextStart.reset();
+  start.seed = NewSeed();
   start.pointerX = now.pointerX;
   start.pointerY = now.pointerY;
   start.isPaused = myIsPaused;
   myPlay.Read(now);
   myPlay.Start(start);
+  myRecorder.Begin(start, now);
+  ShowPlay(BestScore() == 0);
+}
+
+// In the place of the screen, and as it is while the task is paused.
+void CBrumbleTaskImpl::ShowPlay(bool isNovice) {
+  vask::CEventBridge::GetSingletonPtr()->HideCursor();
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
-  myCast.Begin(GetGameLogic().GetStory(), BestScore() == 0);
+  myCast.Begin(GetGameLogic().GetStory(), isNovice);
   myCast.SetPlaying(GetWorld(), !myIsPaused);
+  myTitleBest.Hide();
   myPanel.reset();
   myScreen.reset();
   if (myIsPaused) {
-    ShowPaused();  // since a screen was shown
+    ShowPaused();
   }
 }
 
@@ -136,19 +172,91 @@ void CBrumbleTaskImpl::ShowGameOver() {
   myPanel->Show(EnterResult());
 }
 
-SGameResult CBrumbleTaskImpl::EnterResult() const {
+// A replay's result is shown only.
+SGameResult CBrumbleTaskImpl::EnterResult() {
+  const std::string recording = myRecorder.End();
   SGameResult result;
   result.story = GetGameLogic().GetStory();
   result.bestBefore = BestScore();
-  if (!myPlay.HasExtraKittens()) {
+  if (!myPlay.HasExtraKittens() && myReplay == nullptr) {
     result.place =
-        EnterScore({.score = result.Score(), .date = Today(), .recording = "-", .more = ""});
+        EnterScore({.score = result.Score(), .date = Today(), .recording = recording, .more = ""});
   }
+  CGameRecorder::RemoveOld();
   return result;
+}
+
+std::string CBrumbleTaskImpl::RecordNext(const std::string& file) {
+  std::error_code ignored;
+  if (std::filesystem::exists(file, ignored)) {
+    return "Error: RecordGame() " + file + " is there already.";
+  }
+  myRecorder.NameNext(file);
+  return {};
+}
+
+std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
+  StopReplay();
+  if (myPlay.IsRunning()) {
+    return "Error: ReplayGame() A game is being played.";
+  }
+  const SGameStart next = myNextStart.value_or(myPlay.NextStart(0));
+  auto replay = std::make_unique<CReplayShow>(myPlay, file, theStopSwitch != 0);
+  if (replay->GetGame().IsDone()) {
+    return "Error: ReplayGame() " + file + ": " + replay->GetGame().GetProblem() + ".";
+  }
+  myNextStart = next;
+  myReplay = std::move(replay);
+  if (myIsPaused) {
+    myReplay->Pause();
+  }
+  ShowPlay(false);
+  return {};
+}
+
+void CBrumbleTaskImpl::UpdateReplay() {
+  myReplay->Update();
+  if (myReplay->GetGame().IsDone()) {
+    EndReplay();
+  } else {
+    myCast.Update(GetWorld(), GetGameLogic().GetStory());
+  }
+}
+
+void CBrumbleTaskImpl::EndReplay() {
+  const CReplayedGame& game = myReplay->GetGame();
+  vask::Log() << "Replay: " << (game.HasHeld() ? "held, " : "NOT held, ") << game.GetSummary()
+              << "\n";
+  for (const std::string& line : {game.GetDifference(), game.GetProblem()}) {
+    if (!line.empty()) {
+      vask::Log().Warning() << "Replay: " << line << "\n";
+    }
+  }
+  if (myPlay.IsOver()) {
+    ShowGameOver();
+    myReplay.reset();
+  } else {
+    StopReplay();
+  }
+}
+
+void CBrumbleTaskImpl::StopReplay() {
+  if (myReplay == nullptr) {
+    return;
+  }
+  myReplay.reset();
+  myPlay.SetNextStart(*myNextStart);
+  myCast.EndPlay();
+  CDeathToASprite::DeleteAll();
+  myBackground.Reset();
+  ShowTitle();
 }
 
 void CBrumbleTaskImpl::Pause() {
   Enter(EInput::kPause);
+  if (myReplay != nullptr) {
+    myReplay->Pause();
+  }
   myCast.SetPlaying(GetWorld(), false);
   ShowPaused();
 }
@@ -165,6 +273,9 @@ void CBrumbleTaskImpl::Resume() {
   myIsPaused = false;
   myPausedSign.Reset();
   Enter(EInput::kResume);
+  if (myReplay != nullptr) {
+    myReplay->Resume();
+  }
   if (myScreen == nullptr) {
     myCast.SetPlaying(GetWorld(), true);
   }

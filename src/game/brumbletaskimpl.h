@@ -2,8 +2,10 @@
 
 #include "game/cast.h"
 #include "game/gameoverpanel.h"
+#include "game/gamerecorder.h"
 #include "game/picturecache.h"
 #include "game/play.h"
+#include "game/replayshow.h"
 #include "game/titlebest.h"
 #include "game/tunes.h"
 #include "gfx/sprite/sprite.h"
@@ -11,6 +13,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace brumble {
 
@@ -45,19 +49,38 @@ class CBrumbleTaskImpl {
   // Adds a kitten beside the ten; the rules have no record of it.
   void DropExtraKitten();
 
+  // The game that runs in this process; null without one. Of several the last one that has started.
+  static CBrumbleTaskImpl* GetCurrent();
+  // Records the next game into this file, which must not exist. Returns an error, or nothing.
+  std::string RecordNext(const std::string& file);
+  // Plays a recorded game, which leaves no trace in the next one. Returns an error, or nothing; not
+  // during a game.
+  std::string StartReplay(const std::string& file);
+  // Ends it and shows the title.
+  void StopReplay();
+
   const CPhysicsWorld& GetWorld() const { return myPlay.GetWorld(); }
   const CGameLogic& GetGameLogic() const { return myPlay.GetGameLogic(); }
   // Null during play.
   const CBrumbleInGameUi* GetScreen() const { return myScreen.get(); }
+  // Null unless a recorded game plays.
+  const CReplayShow* GetReplay() const { return myReplay.get(); }
 
  private:
   void HoldPictures();
-  SGameResult EnterResult() const;
+  SGameResult EnterResult();
   ETune WantedTune() const;
   void Enter(EInput kind);
   void ShowPaused();
+  void ShowTitle();
+  void ShowPlay(bool isNovice);
+  void UpdateReplay();
+  void EndReplay();
 
   CPlay myPlay;
+  CGameRecorder myRecorder{myPlay};
+  std::unique_ptr<CReplayShow> myReplay;
+  std::optional<SGameStart> myNextStart;  // after a replay, what it must not change
   CCast myCast;
   vask::CSpritePtr myBackground;  // empty until the first game
   CMouseDeltaListener myMouseListener;

@@ -16,7 +16,7 @@ constexpr SVec2 kMiddle = {0.0F, 20.0F};
 constexpr unsigned kPatience = 25000;
 constexpr unsigned kRound = 30000;
 constexpr SVec2 kAside = {46.0F, 44.0F};
-constexpr SVec2 kPressFrom = {5.0F, 3.3F};  // the lower right of the kitten
+constexpr SVec2 kPressFrom = {3.0F, 5.5F};  // the lower right of the kitten
 
 constexpr std::array<std::string_view, 7> kNames = {"idle",    "sweeper", "chaser",  "bouncer",
                                                     "spinner", "presser", "fidgeter"};
@@ -35,8 +35,9 @@ SVec2 OnRound(unsigned time) {
 
 // The place where the kitten will be shortly.
 SVec2 Ahead(const CPhysicsBody& kitten) {
-  constexpr float kLead = 0.06F;
-  return {kitten.x + kitten.vx * kLead, kitten.y + kitten.vy * kLead};
+  constexpr float kLead = 0.18F;  // seconds of the world
+  const SVec2 fall = {0.0F, 0.5F * kGravity * kLead * kLead};
+  return SVec2{kitten.x + kitten.vx * kLead, kitten.y + kitten.vy * kLead} + fall;
 }
 
 }  // namespace
@@ -81,9 +82,7 @@ SVec2 CPilot::Serve(const CPhysicsWorld& world, SVec2 kitten, unsigned time) {
     case EManner::kSpinner:
       return {kitten.x + (time / 700 % 2 == 0 ? 4.5F : -4.5F), kitten.y + 3.0F};
     case EManner::kPresser:
-      return CPhysicsWorld::IsDoorOpen() || time / 9000 % 2 == 1
-                 ? kitten + kPressFrom
-                 : SVec2{kitten.x + 4.0F, kitten.y + 4.0F};
+      return kitten + kPressFrom;
     default:
       return world.GetBodies()[kMonsterIndex].y < kitten.y ? SVec2{kitten.x + 12.0F, 45.0F}
                                                            : kitten;

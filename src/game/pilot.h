@@ -20,7 +20,7 @@ class CPilot {
     kChaser,    // goes for the kitten
     kBouncer,   // keeps it in the air from below
     kSpinner,   // hits it on its side, so that it spins
-    kPresser,   // spins it until the door opens, then presses it up the left wall
+    kPresser,   // presses it up the left wall, which spins it, and into the oven
     kFidgeter,  // jumps about
   };
 

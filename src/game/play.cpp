@@ -38,11 +38,12 @@ SGameStart CPlay::NextStart(std::uint32_t seed) const {
 }
 
 void CPlay::SetNextStart(const SGameStart& start) {
+  Stop();
   SWorldState& state = WorldState();
   state.isDoorOpen = start.isDoorOpen;
   state.resetCounter = start.resetCounter;
   state.lookCounter = start.lookCounter;
-  myPhysics.GetWorld()->SetBodyCount(start.bodies);
+  myPhysics.GetWorld()->Clear(start.bodies);
 }
 
 void CPlay::Start(const SGameStart& start) {

@@ -31,7 +31,7 @@ class CPlay : public IKittenSpawner {
 
   // What a game that starts now would begin with. Pointer and pause are left to the caller.
   SGameStart NextStart(std::uint32_t seed) const;
-  // Makes the next game begin so, without starting it.
+  // Makes the next game begin so, without starting it: the world is empty until then.
   void SetNextStart(const SGameStart& start);
   // Starts a game at the last reading.
   void Start(const SGameStart& start);

@@ -65,7 +65,8 @@ void CPhysicsWorld::SetUp(unsigned seed) {
   BuildArena();
 }
 
-void CPhysicsWorld::SetBodyCount(int count) {
+void CPhysicsWorld::Clear(int count) {
+  myBodies.clear();
   myBodies.resize(static_cast<std::size_t>(std::max(count, kFirstKittenIndex)));
   myGenerator.Reserve(myBodies.size());
 }

@@ -36,9 +36,8 @@ class CPhysicsWorld {
   void SetUp();
   // The same with a given seed.
   void SetUp(unsigned seed);
-  // Removes the last kittens, or adds zeroed bodies in their place, which SetUp makes circles of.
-  // The walls and the monster stay.
-  void SetBodyCount(int count);
+  // Puts that many zeroed bodies, at least eight, in the place of what was there.
+  void Clear(int count);
   // Advances by `dt` seconds, at most 0.05. Allocates nothing. OnImpact must not add bodies; the
   // other callbacks may.
   void Step(float dt);
