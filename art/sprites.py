@@ -1,6 +1,6 @@
 """Every sprite of the game in one table: what it shows, where, and how far back.
 
-Depth: the greater, the further back.  The number boards stand at depth 40 and the
+Depth: the greater, the further back.  The number boards are at depth 40 and the
 floating numbers at 20; a developer console lies below 0.
 """
 import compose

@@ -1,6 +1,9 @@
+#include "gfx/animation/animatedsprite.h"
+#include "gfx/animation/animationupdator.h"
 #include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sprite/screenlayer.h"
+#include "gfx/sprite/spritefactory.h"
 #include "gfx/text/textsprite.h"
 
 #include <SDL.h>
@@ -87,10 +90,10 @@ IPixel* NewBlob(const CRect<int>& size, std::uint8_t blue, double strength = 1.0
 
 SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
 
-// The screen, and a font for the numbers, which stand in the folder of the game.
-class SStage {
+// The screen, and a font for the numbers, which are in the folder of the game.
+class CStage {
  public:
-  SStage() {
+  CStage() {
     std::filesystem::current_path(BRUMBLE_RUNTIME_FOLDER);
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     SDL_Init(SDL_INIT_VIDEO);
@@ -98,15 +101,15 @@ class SStage {
     myScreen.Reset(SDL_SetVideoMode(kWidth, kHeight, 32, SDL_SWSURFACE));
     Gfx::SetScreen(&myScreen);
   }
-  ~SStage() {
+  ~CStage() {
     CScreenLayer::DeleteSingleton();
     Gfx::SetScreen(nullptr);
     myScreen.SetSurface(nullptr, false);
     Gfx::SetFactory(nullptr);
     SDL_Quit();
   }
-  SStage(const SStage&) = delete;
-  SStage& operator=(const SStage&) = delete;
+  CStage(const CStage&) = delete;
+  CStage& operator=(const CStage&) = delete;
 
   SDL_Surface* Screen() const { return myScreen.GetSurface(); }
 
@@ -117,12 +120,15 @@ class SStage {
 
 class CSpriteFrames {
  public:
-  CSpriteFrames() {
+  // Without a kitten somebody else draws one.
+  explicit CSpriteFrames(bool hasKitten = true) {
     Add(new CSprite, 1000)->SetImage(NewBlob({0, 0, kWidth, kHeight}, 40));
     myMonster = Add(new CSprite, 65);
     myMonster->SetImage(NewBlob(kMonster, 200));
-    myKitten = Add(new CSprite, 60);
-    myKitten->SetImage(NewBlob(kKitten, 255));
+    if (hasKitten) {
+      myKitten = Add(new CSprite, 60);
+      myKitten->SetImage(NewBlob(kKitten, 255));
+    }
     for (int i = 0; i < kBoards; ++i) {
       mySprites.push_back(NewText(kBoard, BoardX(i), kBoard.y, 40));
       myBoards.push_back(mySprites.back().Get());
@@ -138,8 +144,10 @@ class CSpriteFrames {
 
   void Draw(int frame) {
     myMonster->SetPosition(MonsterX(frame), kMonster.y);
-    myKitten->SetPosition(KittenX(frame), kKitten.y);
-    myKitten->SetRotation(kTurn * static_cast<float>(frame + 1));
+    if (myKitten != nullptr) {
+      myKitten->SetPosition(KittenX(frame), kKitten.y);
+      myKitten->SetRotation(kTurn * static_cast<float>(frame + 1));
+    }
     mySign->SetPosition(kSign.x, SignY(frame));
     for (std::size_t i = 0; i < myBoards.size(); ++i) {
       myBoards[i]->SetText(BoardText(static_cast<int>(i), frame));
@@ -178,7 +186,7 @@ class CSpriteFrames {
 
   std::vector<CSpritePtr> mySprites;  // the first is the background
   CSprite* myMonster;
-  CSprite* myKitten;
+  CSprite* myKitten = nullptr;
   CSprite* mySign;
   std::vector<CSprite*> myBoards;
   std::vector<CSprite*> myNumbers;
@@ -350,7 +358,7 @@ double SecondsPerFrame(Draw draw) {
 }
 
 void BM_PlayFrame(benchmark::State& state) {
-  const SStage stage;
+  const CStage stage;
   CSpriteFrames sprites;
   CPlainFrames plain;
   CCopier copier;
@@ -382,9 +390,70 @@ void BM_PlayFrame(benchmark::State& state) {
 }
 BENCHMARK(BM_PlayFrame)->UseManualTime()->Unit(benchmark::kMicrosecond)->MinTime(0.5);
 
+// What moves in a frame of play, and with a cast that lives: the kitten's animation runs while it
+// turns, and two pupils go with the monster. Without one the kitten is a single picture.
+class CCastFrames {
+ public:
+  explicit CCastFrames(bool isLiving)
+      : myKitten(CSpriteFactory::GetSingletonPtr()->Load("data/gfx/kitten_02_spinning_hard.xml")) {
+    myKitten->SetParent(CScreenLayer::GetSingletonPtr());
+    if (!isLiving) {
+      dynamic_cast<CAnimatedSprite&>(*myKitten).Stop();
+      return;
+    }
+    for (std::size_t i = 0; i < kPupils; ++i) {
+      myPupils.emplace_back(CSpriteFactory::GetSingletonPtr()->Load("data/gfx/monster_pupil.xml"));
+      myPupils.back()->SetParent(CScreenLayer::GetSingletonPtr());
+    }
+  }
+
+  void Draw(int frame) {
+    myTime += kFrameTime;
+    CAnimationUpdator::GetSingletonPtr()->Update(myTime);
+    myKitten->SetPosition(KittenX(frame), kKitten.y);
+    myKitten->SetRotation(kTurn * static_cast<float>(frame + 1));
+    for (std::size_t i = 0; i < myPupils.size(); ++i) {
+      myPupils[i]->SetPosition(MonsterX(frame) + 25 + 20 * static_cast<int>(i), kMonster.y + 28);
+    }
+    myOthers.Draw(frame);
+  }
+
+ private:
+  static constexpr std::size_t kPupils = 2;
+  static constexpr unsigned kFrameTime = 17;  // milliseconds
+
+  CSpriteFrames myOthers{false};
+  CSpritePtr myKitten;
+  std::vector<CSpritePtr> myPupils;
+  unsigned myTime = 0;
+};
+
+void BM_LivingCast(benchmark::State& state) {
+  const SStage stage;
+  const auto measure = [](bool isLiving) {
+    CCastFrames frames(isLiving);
+    const auto draw = [&frames](int frame) { frames.Draw(frame); };
+    SecondsPerFrame(draw);  // the first one draws all
+    return SecondsPerFrame(draw);
+  };
+  std::vector<double> living;
+  std::vector<double> still;
+  std::vector<double> ratios;
+  for ([[maybe_unused]] auto _ : state) {
+    living.push_back(measure(true));
+    still.push_back(measure(false));
+    ratios.push_back(living.back() / still.back());
+    state.SetIterationTime(living.back());
+  }
+  state.counters["living_us"] = Median(living) * 1e6;
+  state.counters["still_us"] = Median(still) * 1e6;
+  state.counters["ratio"] = Median(ratios);  // at most 1.05
+}
+BENCHMARK(BM_LivingCast)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(200);
+
 // How much of a frame SDL_gfx alone takes for turning the kitten.
 void BM_Rotation(benchmark::State& state) {
-  const SStage stage;
+  const CStage stage;
   const Gfx::ImagePtr kitten(NewBlob(kKitten, 255));
   std::vector<double> ours;
   std::vector<double> plains;
@@ -419,7 +488,7 @@ std::vector<std::uint32_t> Premultiplied(const SDL_Surface& surface) {
 
 void BM_OverBlit(benchmark::State& state) {
   const CRect<int> size{0, 0, 200, 80};
-  const SStage stage;
+  const CStage stage;
   const Gfx::ImagePtr sprite(NewBlob(size, 255));
   const Gfx::ImagePtr ground(NewBlob({0, 0, 300, 200}, 30, 0.6));
   ground->SetRect({50, 60, size.w, size.h});

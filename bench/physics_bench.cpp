@@ -80,7 +80,7 @@ double SecondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-// Answers the seconds that the steps took, and notes the monster's velocity before each.
+// Returns the seconds that the steps took, and notes the monster's velocity before each.
 double RunOurs(CPhysicsWorld& world, std::vector<b2Vec2>& monsterWay) {
   const Clock::time_point start = Clock::now();
   for (int step = 0; step < kSteps; ++step) {

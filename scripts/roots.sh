@@ -53,7 +53,7 @@ refresh_expired() {
 }
 
 # enter_root FOLDER COMMAND...: runs the command in the root as its root user, with an environment of its
-# own. What it leaves running ends with it. Answers its status.
+# own. What it leaves running ends with it. Returns its status.
 enter_root() {
   local root=$1
   shift

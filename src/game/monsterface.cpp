@@ -57,9 +57,7 @@ SVec2 DirectionTo(SVec2 target, SVec2 place) {
 }  // namespace
 
 void CMonsterFace::Begin(const SGameStory& story) {
-  for (vask::CSpritePtr& pupil : myPupils) {
-    pupil = CGfxFactory::GetSingletonPtr()->LoadSprite(kMonsterPupilFile);
-  }
+  myPupils = {};
   myFates = story.fates.size();
   myDoorOpenings = story.doorOpenings;
 }
@@ -72,6 +70,7 @@ void CMonsterFace::Update(vask::CSprite* monster, const std::vector<SKittenView>
     return;
   }
   const SKittenView* const nearest = Nearest(kittens, CentreOf(monster->GetRect()));
+  LoadPupils();
   ChooseAnimation(*animated, nearest != nullptr && IsAboveScreen(*nearest), story);
   PlacePupils(*animated, nearest);
 }
@@ -91,6 +90,14 @@ void CMonsterFace::ChooseAnimation(vask::CAnimatedSprite& monster, bool isKitten
     monster.PlayAnimation(kLick);
   } else if (isWaiting) {
     monster.PlayAnimation(isKittenAbove ? kUp : kIdle);
+  }
+}
+
+void CMonsterFace::LoadPupils() {
+  for (vask::CSpritePtr& pupil : myPupils) {
+    if (!pupil) {
+      pupil = CGfxFactory::GetSingletonPtr()->LoadSprite(kMonsterPupilFile);
+    }
   }
 }
 

@@ -18,14 +18,16 @@ namespace brumble {
 // one is above the screen, licks its lips when the oven opens and winces at a kitten that burns.
 class CMonsterFace {
  public:
-  // Loads the pupils; the story so far is no news.
+  // A new game; the story so far is no news.
   void Begin(const SGameStory& story);
-  // `monster` may be null, or a sprite without animations: then there are no pupils.
+  // `monster` may be null, as before its first step, or a sprite without animations: then there are
+  // no pupils.
   void Update(vask::CSprite* monster, const std::vector<SKittenView>& kittens,
               const SGameStory& story);
 
  private:
   void ChooseAnimation(vask::CAnimatedSprite& monster, bool isKittenAbove, const SGameStory& story);
+  void LoadPupils();
   void PlacePupils(const vask::CAnimatedSprite& monster, const SKittenView* target);
 
   std::array<vask::CSpritePtr, 2> myPupils;  // left, right

@@ -128,7 +128,7 @@ void RegisterBasicCommands() {
   factory.AddCommand("basic", "stoptask", std::make_unique<CConsoleCmdStopTask>());
 }
 
-const CConsoleLibraryRegistrar ourRegistrar("basic", &RegisterBasicCommands);
+const CConsoleLibraryRegistrar theRegistrar("basic", &RegisterBasicCommands);
 
 }  // namespace
 }  // namespace vask

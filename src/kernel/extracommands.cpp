@@ -114,7 +114,7 @@ void RegisterExtraCommands() {
   factory.AddCommand("extra", "toggle", std::make_unique<CConsoleCmdToggle>());
 }
 
-const CConsoleLibraryRegistrar ourRegistrar("extra", &RegisterExtraCommands);
+const CConsoleLibraryRegistrar theRegistrar("extra", &RegisterExtraCommands);
 
 }  // namespace
 }  // namespace vask

@@ -31,7 +31,7 @@ class CTaskLibraries : public CStaticSingleton<CTaskLibraries> {
 
 // Enters a task library from a static initialiser:
 //
-//     const CTaskLibraryRegistrar ourLibraryRegistrar("samples", &RegisterSampleTasks);
+//     const CTaskLibraryRegistrar theLibraryRegistrar("samples", &RegisterSampleTasks);
 class CTaskLibraryRegistrar {
  public:
   CTaskLibraryRegistrar(const char* library, CTaskLibraries::Loader loader) {

@@ -20,8 +20,8 @@ namespace {
 
 const CTaskTypeRegistrar<CTaskDebug> theRegistrar("debug");
 
-int theFrameRateShows = 1;
-const CConsoleVariableRegistrar theVariableRegistrar("debug_show_fps", theFrameRateShows);
+int ourFrameRateShows = 1;
+const CConsoleVariableRegistrar theVariableRegistrar("debug_show_fps", ourFrameRateShows);
 
 constexpr unsigned kSecond = 1000;  // milliseconds
 
@@ -122,7 +122,7 @@ void CTaskDebug::CountFrame() {
 }
 
 void CTaskDebug::ShowFrameRate() {
-  const bool isShown = theFrameRateShows != 0;
+  const bool isShown = ourFrameRateShows != 0;
   if (myFrameRateText) {
     myFrameRateText->SetVisible(isShown);
     myFrameRateElement->SetDraggable(isShown);

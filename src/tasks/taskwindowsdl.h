@@ -44,7 +44,6 @@ class CTaskWindowSDL : public CTask {
   std::uint32_t GetFlags() const { return myFlags; }
   int GetWidth() const { return myWidth; }
   int GetHeight() const { return myHeight; }
-  bool IsFullscreen() const { return myFullscreen; }
 
  private:
   static constexpr int kDefaultWidth = 640;

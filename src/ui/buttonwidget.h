@@ -1,5 +1,6 @@
 #pragma once
 
+#include "input/buttons.h"
 #include "ui/widget.h"
 #include "utils/signalslot/signal.h"
 #include "utils/timer/timer.h"
@@ -40,15 +41,15 @@ class CButtonWidget : public CWidget {
   css::CSignal myClickSignal;
   css::CSignal myDragSignal;
   css::CSignal myDoubleClickSignal;
-  std::string myText;               // a label for the owner; the button does not use it
-  std::int32_t myClickButtons = 1;  // bits, as in the other masks of buttons
+  std::string myText;                         // a label for the owner; the button does not use it
+  std::int32_t myClickButtons = kLeftButton;  // bits, as in the other masks of buttons
   bool myPressed = false;
   bool myDoubleClickEnabled = true;
-  std::int32_t myDoubleClickButtons = 1;
+  std::int32_t myDoubleClickButtons = kLeftButton;
   CTimer myDoubleClickTimer;  // since the first click
   bool myFirstClickSeen = false;
   bool myDraggable = true;
-  std::int32_t myDragButtons = 1;
+  std::int32_t myDragButtons = kLeftButton;
   bool myDragging = false;
   SPoint myDragOffset;  // from the pointer to the corner when it was grabbed
 };

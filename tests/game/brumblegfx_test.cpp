@@ -4,9 +4,6 @@
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
 
-#include <fstream>
-#include <map>
-
 namespace brumble {
 namespace {
 
@@ -83,21 +80,6 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   EXPECT_EQ(lastHealth(-10, 9), 3000.0F) << "bald and slow: the rules are not told";
   EXPECT_EQ(lastHealth(-10, 10), 10.0F);
   EXPECT_EQ(lastHealth(-10.1F, -20), -20.0F);
-}
-
-// Of two with the same handle the first counts.
-TEST_F(BridgeTest, TheSpriteTableSkipsWhatItCannotUse) {
-  std::ofstream("table.xml") << R"(<GfxFactory>
-      <Sprite handle="0" sprite_file="zero.xml"></Sprite><Other handle="1" sprite_file="a.xml"></Other>
-      <Sprite sprite_file="b.xml"></Sprite><Sprite handle="2"></Sprite>
-      <Sprite handle="three" sprite_file="c.xml"></Sprite><Sprite handle="0" sprite_file="d.xml"></Sprite>
-    </GfxFactory>)";
-  CGfxFactory table;
-  table.Load("table.xml", "GfxFactory");
-  EXPECT_EQ(table.GetFiles(), (std::map<int, std::string>{{0, "zero.xml"}}));
-  table.Load("missing.xml", "GfxFactory");
-  EXPECT_EQ(table.GetFile(0), "zero.xml");
-  EXPECT_EQ(table.GetFile(1), "");
 }
 
 }  // namespace

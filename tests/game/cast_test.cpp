@@ -147,6 +147,7 @@ TEST_F(Cast, PupilsLookAtTheNearestKitten) {
   vask::CSpritePtr monster = CGfxFactory::GetSingletonPtr()->LoadSprite("data/gfx/monster.xml");
   monster->SetPosition(100, 100);  // its middle is at 138, 138
   face.Begin(story);
+  face.Update(nullptr, {}, story);  // as before the first step
   const struct {
     float x, y;
     std::string pupils;

@@ -3,7 +3,6 @@
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/font.h"
-#include "input/keynames.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
@@ -18,7 +17,6 @@
 
 #include <filesystem>
 #include <regex>
-#include <set>
 #include <sstream>
 
 namespace brumble {
@@ -71,18 +69,6 @@ TEST(Documents, LinesOfTheLanguageReturnWhatThePageSays) {
   }
 }
 
-// The names in the code of a folder that the console does not list: commands of tasks, and
-// variables that are only read.
-void CollectNames(const std::string& folder, std::vector<std::string>& names) {
-  const std::regex used(R"re(Add(?:Command)?\("(\w+)",|"(\w+)", new CConsoleCmd|"(mail_\w+)")re");
-  for (const auto& entry : fs::directory_iterator(vask::test::SourcePath(folder))) {
-    const std::string code = ReadAll(entry.path());
-    for (std::sregex_iterator it(code.begin(), code.end(), used), end; it != end; ++it) {
-      names.push_back(it->format("$1$2$3"));
-    }
-  }
-}
-
 TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const vask::CApplication application;
   const vask::test::CTestScreen screen(8, 6);
@@ -90,28 +76,9 @@ TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   std::vector<std::string> names = console.GetCommandNames();
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
-  CollectNames("src/tasks", names);
-  CollectNames("src/tools", names);
   const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
-  }
-}
-
-// A key is there by its name, or between two that are: `a` to `z`.
-TEST(Documents, EveryKeyIsInTheConsolePage) {
-  const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
-  const std::regex shown("`(\\S+)`(?: to `(\\S+)`)?");
-  std::set<int> keys;
-  for (std::sregex_iterator it(page.begin(), page.end(), shown), end; it != end; ++it) {
-    const int first = vask::KeyFromName((*it)[1].str());
-    const int last = std::max(first, vask::KeyFromName((*it)[2].str()));
-    for (int key = first; key <= last; ++key) {
-      keys.insert(key);
-    }
-  }
-  for (int key = 1; key < vask::kKeyCount; ++key) {
-    EXPECT_TRUE(keys.contains(key) || vask::NameFromKey(key).empty()) << vask::NameFromKey(key);
   }
 }
 

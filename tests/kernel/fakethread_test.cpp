@@ -91,15 +91,5 @@ TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
   EXPECT_EQ(RunAfter(20), "d~d");
 }
 
-TEST_F(CFakeThreadTest, ComparesByDeathThenPauseThenTimeLeft) {
-  RunAfter(0);
-  const auto less = [this] { return a->IsLessThan(b) - b->IsLessThan(a); };
-  EXPECT_EQ(less(), 1) << "20 ms left against 10";
-  a->Pause();
-  EXPECT_EQ(less(), -1);
-  b->Kill();
-  EXPECT_EQ(less(), 1);
-}
-
 }  // namespace
 }  // namespace vask::test

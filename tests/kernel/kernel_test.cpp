@@ -235,7 +235,6 @@ TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
       {.acts = "lose focus resume game pause game gain focus",
        .ran = "game.pause game.resume game.pause other "},
       {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "},
-      {.acts = "lose focus delete game gain focus", .ran = "game.pause other "},
       {.acts = "kill game lose focus gain focus", .ran = "game.exit other "}};
   for (const auto& row : cases) {
     Clean();
@@ -260,11 +259,6 @@ TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
   EXPECT_EQ(RunFrames({"resume t wait clock@90", "pause t wait clock@90", "resume t wait clock@100",
                        "wait clock@1"}),
             "| | t.pause | t.resume | t ");
-}
-
-TEST_F(CKernelTest, TasksCompareByTheirIntervalsIfTheyAreTimed) {
-  EXPECT_TRUE(Make("fast", 9, 200).IsLessThan(&Make("slow", 5, 300)));
-  EXPECT_FALSE(Make("slow", 5, 300).IsLessThan(&Make("fast", 9, 200)));
 }
 
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {

@@ -32,8 +32,8 @@ struct CCanvas : INativeCanvas {
 
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   // A text and keys: "<>^v{}#!~$" from left to select all, "_" types nothing, "+" holds the shift
-  // key from there on, "-" no more; "1" to "9" press the pointer there, 10 apart, "*" far behind;
-  // ")" drags it far behind, "(" to above and left of the field. Then what fields show that are
+  // key from there on, "-" no more; "1" to "9" press the pointer there, 10 apart, "*" far beyond;
+  // ")" drags it far beyond, "(" to above and left of the field. Then what fields show that are
   // three characters wide: one line, and two lines that wrap.
   const std::string longText = std::string(100'000, 'a') + "b";
   const struct {

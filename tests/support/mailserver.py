@@ -2,7 +2,7 @@
 # A mail server for one connection, on a free port of the loopback. Prints the port, and in the end
 # what it got. Without arguments a real one. Else it greets with the first and answers each line, or
 # the whole mail after "354", with the next; then it closes and waits for the client to do so. "close"
-# closes at once, also behind an answer, "hang" is silent, "drip" sends a byte every tenth of a second.
+# closes at once, also after an answer, "hang" is silent, "drip" sends a byte every tenth of a second.
 # Nobody may use it for longer than a minute: then it is gone.
 import asyncio
 import signal

@@ -49,21 +49,6 @@ TEST_F(GfxTask, FramesAreAtLeast16MillisecondsApart) {
   myBridge.FocusEvent(true);
 }
 
-TEST_F(GfxTask, TheLastOfTwoTakesTheFactoryAway) {
-  CTaskGfxSDL other;
-  myTask.Start();
-  other.Start();
-  const CGfxFactory* factory = Gfx::GetFactory();
-  CScreenLayer::GetSingletonPtr();
-  myTask.Exit();
-  EXPECT_EQ(CScreenLayer::PeekSingletonPtr(), nullptr);
-  EXPECT_EQ(Gfx::GetFactory(), factory);
-  EXPECT_NE(factory, nullptr);
-  other.Exit();
-  EXPECT_EQ(Gfx::GetFactory(), nullptr);
-  EXPECT_TRUE(Gfx::GetScreen()->IsEmpty());
-}
-
 TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
   const auto colorAt = [](int x, int y) {
     return sdl::ReadPixel(*sdl::GetVideoSurface(), x, y) & 0xFFFFFF;

@@ -78,22 +78,6 @@ TEST_F(WindowTask, CommandsChangeTheWindow) {
   }
 }
 
-TEST_F(WindowTask, TakesAnIconOf32By32Pixels) {
-  Start("100, 80, 32");
-  const auto complaint = [this](int width, int height) {
-    SDL_Surface* icon = SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 24, 0, 0, 0, 0);
-    SDL_SaveBMP(icon, "icon.bmp");
-    SDL_FreeSurface(icon);
-    const CLogCapture log;
-    Run("SetIcon(icon.bmp)");
-    return log.Text();
-  };
-  EXPECT_EQ(complaint(32, 32), "");
-  const std::string about = " CApplicationSDL::WindowSetIcon() Image's (icon.bmp) ";
-  EXPECT_EQ(complaint(33, 32), about + "width is larger than 32 pixels \n");
-  EXPECT_EQ(complaint(32, 33), about + "height is larger than 32 pixels \n");
-}
-
 TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
   Start("100, 80, 32, 0, 0, Small");
   const CLogCapture log;

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Runs the mail server's script, which describes the arguments, and the client; answers what the
+// Runs the mail server's script, which describes the arguments, and the client; returns what the
 // server got.
 std::string Serve(const std::vector<std::string>& answers, const std::function<void(int)>& client) {
   std::string text = test::SourcePath("tests/support/mailserver.py");
@@ -151,7 +151,7 @@ TEST(Mail, SaysWhyItConnectsNowhere) {
     mail.SetSender("a", sender);
     EXPECT_FALSE(mail.Send(recipient));
     EXPECT_TRUE(log.Text().starts_with(mail.GetError()));
-    EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "behind the first line";
+    EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "after the first line";
     return log.Text();
   };
   const std::string good = "a@127.9.9.9";

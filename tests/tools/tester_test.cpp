@@ -13,7 +13,7 @@
 namespace vask::tester {
 namespace {
 
-// The report, each line behind the digit of its level; blocks are "(" and ")".
+// The report, each line after the digit of its level; blocks are "(" and ")".
 std::string Report(CTester& tester) {
   const test::CLogCapture log;
   tester.RunAll();

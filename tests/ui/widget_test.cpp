@@ -187,14 +187,6 @@ TEST_F(Widget, TheFocusGoesToTheFrontmostThatTakesIt) {
   EXPECT_EQ(Request(5), "a.gain !");
 }
 
-TEST_F(Widget, TheFocusSurvivesWhatItsLoserDoes) {
-  CSpy loser(nullptr, {}, "loser", true);
-  auto* taker = new CSpy(myRoot.get(), {0, 0, 20, 10}, "taker", true);
-  SetFocus(&loser);
-  ourHandler = [&](const std::string&) { delete taker; };
-  EXPECT_EQ(Request(5), "loser.lose ~taker !");
-}
-
 TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
   auto* a = new CSpy(nullptr, {}, "a");
   CSpy b(nullptr, {}, "b"), c(nullptr, {}, "c");

@@ -9,8 +9,6 @@
 
 namespace vask {
 
-CAnimation::CAnimation(std::string name, bool loop) : myName(std::move(name)), myLoop(loop) {}
-
 void CAnimation::AddFrame(std::unique_ptr<IFrame> frame) {
   if (frame != nullptr) {
     myFrames.push_back(std::move(frame));

@@ -17,9 +17,6 @@ class CAnimation {
  public:
   enum class EStep { kStays, kAdvanced, kEnded };
 
-  CAnimation() = default;
-  explicit CAnimation(std::string name, bool loop = false);
-
   const std::string& GetName() const { return myName; }
   void AddFrame(std::unique_ptr<IFrame> frame);
   bool HasFrames() const { return !myFrames.empty(); }

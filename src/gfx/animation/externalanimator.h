@@ -38,8 +38,8 @@ class IExternalAnimator {
 // Runs from 0 to 1 over a duration and passes the value, or that of an expression in `t`, to a
 // masker.
 //
-//     new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)",
-//     true);
+//     auto* move = new CSpriteMoveToUpdator(&sprite, 400, 125);
+//     new CExternalAnimator(move, 2000, "sin(t*3.14)", true);
 class CExternalAnimator : public IExternalAnimator {
  public:
   // Owns the masker. The duration is in milliseconds; an empty expression is `t` itself; `clamp`

@@ -12,9 +12,6 @@ const CFrameTypeRegistrar<CFrameRect> theRegistrar(IFrame::frame_rect);
 
 }  // namespace
 
-CFrameRect::CFrameRect(const CRect<int>& rect, unsigned length, std::unique_ptr<IFrame> wrapped)
-    : myRect(rect), myFrameLength(length), myWrapped(std::move(wrapped)) {}
-
 bool CFrameRect::Apply(CSprite* sprite, unsigned elapsed) {
   sprite->SetImageRect(myRect);
   return myWrapped != nullptr ? myWrapped->Apply(sprite, elapsed) : elapsed >= myFrameLength;

@@ -11,10 +11,6 @@ namespace vask {
 // the wrapped frame's times then replace its own.
 class CFrameRect : public IFrame {
  public:
-  CFrameRect() = default;
-  // In pixels of the sheet; the length in milliseconds.
-  CFrameRect(const CRect<int>& rect, unsigned length, std::unique_ptr<IFrame> wrapped = nullptr);
-
   frame_type GetType() const override { return frame_rect; }
   bool Apply(CSprite* sprite, unsigned elapsed) override;
   unsigned GetDelay() const override;
@@ -23,8 +19,8 @@ class CFrameRect : public IFrame {
   void Show(CSprite* sprite) override;
 
  private:
-  CRect<int> myRect;
-  unsigned myFrameLength = 0;
+  CRect<int> myRect;           // in pixels of the sheet
+  unsigned myFrameLength = 0;  // in milliseconds
   std::unique_ptr<IFrame> myWrapped;
 };
 

@@ -21,9 +21,6 @@ bool FitsConsoleLine(const std::string& name) {
 
 }  // namespace
 
-CFrameSound::CFrameSound(std::string soundFile, std::unique_ptr<IFrame> wrapped)
-    : mySoundFile(std::move(soundFile)), myWrapped(std::move(wrapped)) {}
-
 bool CFrameSound::Apply(CSprite*, unsigned) {
   if (!mySoundFile.empty()) {
     const std::string line = "Audio::PlayEffect( \"" + mySoundFile + "\" );";

@@ -11,11 +11,6 @@ namespace vask {
 // at once.
 class CFrameSound : public IFrame {
  public:
-  CFrameSound() = default;
-  // The file name must not contain a quote, a comma, "::", ";" or "//", which a console line cannot
-  // carry. Of the wrapped frame only the times are used.
-  explicit CFrameSound(std::string soundFile, std::unique_ptr<IFrame> wrapped = nullptr);
-
   frame_type GetType() const override { return frame_sound; }
   bool Apply(CSprite* sprite, unsigned elapsed) override;
   unsigned GetDelay() const override;
@@ -24,8 +19,9 @@ class CFrameSound : public IFrame {
   void Show(CSprite*) override {}
 
  private:
+  // Without a quote, a comma, "::", ";" or "//", which a console line cannot carry.
   std::string mySoundFile;
-  std::unique_ptr<IFrame> myWrapped;
+  std::unique_ptr<IFrame> myWrapped;  // only its times are used
 };
 
 }  // namespace vask

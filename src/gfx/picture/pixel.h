@@ -12,7 +12,7 @@ namespace vask {
 // shows a part of its surface, the image rectangle. Pictures are made and freed by the functions of
 // gfx/picture/gfx.h; one that could not be made is the null picture, never a null pointer.
 //
-// Everything that moves pixels has one of these names:
+// What copies pixels from one picture to another has one of these names:
 //
 //   Blit, BlitTo     draws a part, or all, onto another picture: blended, less the colour key
 //   BlendOver        the blend onto a target that keeps an alpha of its own (gfx/sdl/rgbablit.h)

@@ -12,7 +12,8 @@ inline constexpr std::uint32_t kAlphaBits = 0xFF000000;
 // 255 copies. The target's top byte is kept.
 void BlendRow(const std::uint32_t* source, std::uint32_t* target, int count);
 
-// The "over" operator of Porter and Duff, with straight alpha in source and target.
+// The "over" operator of Porter and Duff ("Compositing Digital Images", 1984), with straight alpha
+// in source and target.
 void OverRow(const std::uint32_t* source, std::uint32_t* target, int count);
 
 // From straight to premultiplied alpha, and back.

@@ -6,11 +6,11 @@
 
 namespace vask {
 
-struct SSDLSurfaceReleaser {
+struct CSDLSurfaceReleaser {
   void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
 
 // The surfaces of all pictures that come from files.
-using CSDLTextures = CTextureManager<SDL_Surface*, SSDLSurfaceReleaser>;
+using CSDLTextures = CTextureManager<SDL_Surface*, CSDLSurfaceReleaser>;
 
 }  // namespace vask

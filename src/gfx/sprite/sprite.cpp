@@ -137,8 +137,14 @@ void CSprite::SetImageRect(const CRect<int>& rect) {
     return;
   }
   MarkChanged();
+  const CRect<int> before = myOriginalImage->GetRect();
   myOriginalImage->SetRect(part);
-  ShowImage();
+  // A sprite that turns gets another copy soon anyway.
+  if (myCopy != nullptr && part.w == before.w && part.h == before.h) {
+    myIsCopyOld = true;
+  } else {
+    ShowImage();
+  }
 }
 
 CRect<int> CSprite::GetImageRect() const {
@@ -167,7 +173,8 @@ void CSprite::PaintPart(CSprite* canvas, const CRect<int>& clip) {
   if (canvas == nullptr || IsEmpty()) {
     return;
   }
-  const CRect<int> shown{myRect.x, myRect.y, myImage->GetWidth(), myImage->GetHeight()};
+  const IPixel& image = *GetImage();
+  const CRect<int> shown{myRect.x, myRect.y, image.GetWidth(), image.GetHeight()};
   const CRect<int> part = ShownPart(canvas->GetRect()).Intersection(clip).Intersection(shown);
   if (part.IsEmpty()) {
     return;
@@ -360,7 +367,8 @@ void CSprite::ImageChanged() {
   ShowImage();
 }
 
-void CSprite::RenewCopy() {
+void CSprite::RenewCopy() const {
+  myIsCopyOld = false;
   SShownLook look{mySize, std::nullopt, myAlpha};
   if (myIsRotated) {
     look.degrees = myRotation;
@@ -385,7 +393,12 @@ int CSprite::GetDirtyState() const {
 
 CRect<int> CSprite::GetRectFor(int which) const { return which == 1 ? myLastRect : myRect; }
 
-IPixel* CSprite::GetImage() const { return myImage; }
+IPixel* CSprite::GetImage() const {
+  if (myIsCopyOld) {
+    RenewCopy();
+  }
+  return myImage;
+}
 
 void CSprite::ForgetBackground() {
   mySavedArea = {};

@@ -131,7 +131,7 @@ class CSprite {
 
   void TakeLoaded(IPixel* image);
   void ShowImage();
-  void RenewCopy();
+  void RenewCopy() const;
   CRect<int> ShownPart(const CRect<int>& canvas) const;
   // False when no such buffer can be made.
   bool FitBackBuffer(int width, int height);
@@ -140,8 +140,11 @@ class CSprite {
 
   CSpriteLayer* myParent = nullptr;
   CSpriteLayer* myHiddenParent = nullptr;
-  IPixel* myImage;       // what is shown: the copy, or the loaded picture; never null
-  Gfx::ImagePtr myCopy;  // sized, rotated and faded; null while the loaded picture is shown plain
+  // What is shown: the copy, or the loaded picture; never null.
+  mutable IPixel* myImage;
+  // Sized, rotated and faded; null while the loaded picture is shown plain.
+  mutable Gfx::ImagePtr myCopy;
+  mutable bool myIsCopyOld = false;  // of the right size, but to be renewed before it is shown
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
   bool myOwnsBackBuffer = true;

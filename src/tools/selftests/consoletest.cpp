@@ -12,12 +12,12 @@ namespace {
 class CEchoCommand : public CConsoleCommand {
  public:
   std::string Execute(CConsoleParams* params) override {
-    std::string answer;
+    std::string result;
     for (int i = 0; i < params->Size(); ++i) {
       const std::string text = params->GetString(i);
-      answer += params->IsType(i, CVariable::kNumber) ? "[" + text + "]" : text + ".";
+      result += params->IsType(i, CVariable::kNumber) ? "[" + text + "]" : text + ".";
     }
-    return answer;
+    return result;
   }
   std::string Execute() override { return "bare"; }
 };
@@ -26,7 +26,7 @@ class CEchoCommand : public CConsoleCommand {
 bool TestConsole(STest& test) {
   const struct {
     const char* line;
-    const char* answer;
+    const char* result;
   } cases[] = {
       {"echo", "bare"},
       {"ECHO( 10, -2.5, .5, \"two words\", 1e5,)", "[10][-2.5][0.5]two words.1e5."},
@@ -40,8 +40,8 @@ bool TestConsole(STest& test) {
   CConsole console;
   console.AddCommand("Echo", &echo);
   for (const auto& c : cases) {
-    const std::string answer = console.Execute(c.line, false);
-    VASK_TEST_ASSERT(test, answer == c.answer, std::string(c.line) + " answered " + answer);
+    const std::string result = console.Execute(c.line, false);
+    VASK_TEST_ASSERT(test, result == c.result, std::string(c.line) + " returned " + result);
   }
   return false;
 }

@@ -21,8 +21,7 @@ namespace vask::css {
 //
 // Deleting the signal or the target ends the connection. Slots may connect, delete any target and
 // delete the signal: an emission calls the slots that were connected when it began and still are
-// when their turn comes. After
-// Emit the caller itself may have been deleted.
+// when their turn comes. After Emit the caller itself may have been deleted.
 class CSignal {
  public:
   CSignal();

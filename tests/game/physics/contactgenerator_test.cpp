@@ -45,6 +45,18 @@ std::string Describe(const CContactBuffer& contacts) {
   return text.str();
 }
 
+TEST(Geometry, SegmentsAreMetCutAndLeft) {
+  const auto text = [](SVec2 v) { return std::to_string(v.x) + "," + std::to_string(v.y); };
+  EXPECT_EQ(text(ClosestPointOnSegment({0, 0}, {4, 0}, {1, 3})), text({1, 0}));
+  EXPECT_EQ(text(*IntersectSegmentPlane({0, 0}, {4, 0}, {1, 3}, {1, 0})), text({1, 0}));
+  EXPECT_FALSE(IntersectSegmentPlane({4, 0}, {4, 0}, {4, 3}, {1, 0})) << "a point";
+  EXPECT_FALSE(IntersectSegmentPlane({0, 0}, {4, 0}, {5, 3}, {1, 0})) << "it ends before";
+  EXPECT_EQ(text(ClipSegment({0, 0}, {4, 0}, {1, 3}, {1, 0}).b), text({1, 0}));
+  EXPECT_EQ(text(ClipSegment({0, 0}, {4, 0}, {1, 3}, {-1, 0}).a), text({1, 0}));
+  EXPECT_EQ(CircleBox({3, 0}, 1.1F, {0, 0}, {2, 1}, 0)->normal.x, 1.0F);
+  EXPECT_EQ(BoxBox({0, 0}, {2, 2}, 0, {2.5F, 0}, {1, 1}, 0)->count, 2);
+}
+
 class ContactTest : public testing::Test {
  protected:
   CContactGenerator myGenerator;  // kept from scene to scene, as in a world

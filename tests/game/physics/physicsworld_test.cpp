@@ -11,29 +11,11 @@
 
 #include <bit>
 #include <cmath>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
-
-namespace {
-int theAllocations = 0;
-}
-
-// Inlined into callers, they would look to the compiler like a mismatch.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-  ++theAllocations;
-  return std::malloc(size);
-}
-// The sanitizer's own would not fit the operators below.
-[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return operator new(size);
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace brumble {
 
@@ -219,19 +201,6 @@ TEST_F(CWorldTest, RunsItsExample) {
   EXPECT_NE(world->GetBodies()[7].vx, 5.0F) << "the monster is no kitten";
   EXPECT_EQ(world->GetBodies()[8].vx, 5.0F);
   EXPECT_EQ(world->GetBodies()[8].vy, 6.0F);
-}
-
-TEST_F(CWorldTest, AStepAllocatesNothing) {
-  myWorld->SetBridgeFactory(nullptr);
-  for (float k = 0.0F; k < 60.0F; k += 1.0F) {
-    myWorld->AddKittenBody(std::fmod(4.0F * k, 40.0F) - 20.0F, 0.7F * k - 20.0F, 0.0F, 0.0F);
-  }
-  const int before = theAllocations;
-  for (int step = 0; step < 100; ++step) {
-    myWorld->Step(0.015F);
-  }
-  EXPECT_GT(before, 0);
-  EXPECT_EQ(theAllocations, before);
 }
 
 struct CSolverTest : testing::Test {

@@ -116,15 +116,9 @@ TEST_F(Animation, FramesFollowTheirTimes) {
   }
 }
 
-// Two sprites that change places in the order of due times, and the sounds of both.
-TEST_F(Animation, SpritesAreWokenInTheOrderOfTheirTimes) {
-  const SpritePtr slow = Read(Named("a", Part(1, 50) + Sound("slow") + Part(2, 90)));
-  const SpritePtr quick = Read(Named("a", Part(1, 20) + Part(2, 20) + Sound("quick") + Part(3, 9)));
-  EXPECT_EQ(Play(*quick, {0, 20}), "12");
-  quick->PlayAnimation("a");  // goes on
-  EXPECT_EQ(Play(*quick, {39, 40}), "22");
-  EXPECT_EQ(Play(*slow, {41, 49, 50, 51}), "1112");
-  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"quick\" )\nPlayEffect( \"slow\" )\n");
+TEST_F(Animation, TheCurrentFrameShowsFromLoadingOn) {
+  const std::string animations = Named("a", "") + Named("b", Sound("b.wav") + Part(3, 100));
+  EXPECT_EQ(Read("<CurrentAnimation>b</CurrentAnimation>" + animations)->GetImageRect().x, 3);
 }
 
 TEST_F(Animation, BadFramesAreSkippedWithOneLineEach) {
@@ -252,15 +246,16 @@ TEST_F(Animator, MaskersMoveAndFade) {
   CSprite sprite;
   sprite.SetRect({10, -20, 7, 8});
 
-  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 400, 125), 2000, "sin(t*3.14)", true);
+  auto* move = new CSpriteMoveToUpdator(&sprite, 400, 125);
+  new CExternalAnimator(move, 2000, "sin(t*3.14)", true);
 
-  CSpriteMoveToUpdator move(&sprite, 21, -31);
+  CSpriteMoveToUpdator fall(&sprite, 21, -31);
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);  // every other time
   std::string shown;
   for (const float value : {0.1F, 0.5F, 2.0F, NAN, 1e9F}) {
     fade.Apply(value);
-    move.Apply(value);
+    fall.Apply(value);
     shown += std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY()) + " " +
              std::to_string(sprite.GetAlpha()) + "; ";
   }

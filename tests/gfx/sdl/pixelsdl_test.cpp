@@ -173,6 +173,7 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
       return part.Contains(x, y) ? quarters[quarter] : 0xFFFFFFFF;
     });
     sheet->SetRect(part);
+    EXPECT_TRUE(sheet->IsRectChanged());
     EXPECT_EQ(Quarters(ImagePtr(sheet->Clone())), "rgb.");
     EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), part);
     EXPECT_EQ(Quarters(ImagePtr(sheet->Scale(60, 10))), "rgb.");

@@ -110,6 +110,19 @@ TEST_F(Sprite, LoadedOneIsDrawnWithTheNextFrame) {
   EXPECT_EQ(myScreen.At(9, 10), 0U);
 }
 
+TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
+  const CSpritePtr sprite = Red();
+  myLayer->DrawFrame();
+  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kUnchanged);
+  sprite->SetOwnsBackBuffer(false);
+  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kChangedInPlace);
+  sprite->SetY(7);
+  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kMoved);
+  EXPECT_EQ(sprite->GetRectFor(1), (Rect{0, 0, 5, 5}));
+  EXPECT_EQ(sprite->GetRectFor(0), (Rect{0, 7, 5, 5}));
+  EXPECT_EQ(myLayer->GetDepthMark(), sprite->GetZ());
+}
+
 TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
   const std::function<void(CSprite&)> changes[] = {[](CSprite& s) { s.SetSize(20, 10); },
                                                    [](CSprite& s) { s.SetRotation(90.0F); },

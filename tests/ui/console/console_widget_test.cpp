@@ -11,25 +11,18 @@
 namespace vask::ui {
 namespace {
 
-// The system font, 6 by 12 pixels. Painting with it logs a line, once.
-class CTalkingFont : public CFont {
+// The system font, 6 by 12 pixels.
+class CPlainFont : public CFont {
  public:
-  CTalkingFont() {
+  CPlainFont() {
     CSystemFontLoader().Load(*this, "");
     SetAlign(IFontAlign::kLeft);
   }
-  SPenPosition Write(IPixel* target, const std::string& text, const CRect<int>& rect) override {
-    if (log != nullptr && target != nullptr) {
-      std::exchange(log, nullptr)->OnLog("late\n", kLogNormal);
-    }
-    return CFont::Write(target, text, rect);
-  }
-  CLogListenerForConsole* log = nullptr;
 };
 
 // Whether the picture shows the two lines from a height on, and nothing else.
 bool Shows(const IPixel& picture, const std::string& first, const std::string& second, int y = 0) {
-  CTalkingFont font;
+  CPlainFont font;
   const Gfx::ImagePtr expected(Gfx::NewBuffer(picture.GetWidth(), picture.GetHeight()));
   font.WriteLine(&*expected, first, 0, y);
   font.WriteLine(&*expected, second, 0, y + 12);
@@ -53,7 +46,7 @@ class LogView : public testing::Test {
 
   const test::CTestScreen myScreen{80, 60};
   const Gfx::ImagePtr myPicture{Gfx::NewBuffer(60, 20)};
-  CTalkingFont myFont;
+  CPlainFont myFont;
   CLogListenerForConsole myLog;
 };
 
@@ -85,27 +78,6 @@ TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   EXPECT_TRUE(Draws(48)) << "at its upper edge";
   const Gfx::ImagePtr other(Gfx::NewBuffer(60, 20));
   EXPECT_TRUE(myLog.Draw(&*other, {0, 48, 60, 20}, false));
-}
-
-TEST_F(LogView, LinesThatComeDuringThePaintingWait) {
-  Log("a\n");
-  myFont.log = &myLog;
-  EXPECT_TRUE(Draws(0));
-  EXPECT_EQ(myLog.GetTextHeight(), 24);
-  EXPECT_TRUE(Draws(0));
-  EXPECT_TRUE(Shows(*myPicture, "a", "late"));
-}
-
-TEST_F(LogView, ALineOfAnotherHeightThanMeasuredIsMeasuredAgain) {
-  Log("one two three\n");
-  Draws(0);
-  EXPECT_TRUE(Shows(*myPicture, "one two", "three"));
-  myFont.CFont::SetAlign(-1);  // which breaks no lines
-  EXPECT_TRUE(Draws(1));
-  EXPECT_EQ(myLog.GetTextHeight(), 12);
-  CTalkingFont other;
-  myLog.SetLevelFont(kLogNormal, &other);
-  EXPECT_EQ(myLog.GetTextHeight(), 24) << "the font of its level";
 }
 
 class ConsoleWidget : public testing::Test {
@@ -160,18 +132,6 @@ TEST_F(ConsoleWidget, TheWheelScrollsThreeLinesAndAPageAllButOne) {
   EXPECT_TRUE(Shows(Picture(), "6", "7")) << "stays there";
   myWidget->ScrollPages(9);
   EXPECT_TRUE(Shows(Picture(), "9", "10"));
-}
-
-TEST_F(ConsoleWidget, EachOfTwoMeasuresByItsOwnWidth) {
-  CWidget narrowParent(nullptr, {0, 0, 24, 44}, false, "", {});
-  auto* const narrow = new CConsoleWidget(&narrowParent, "");
-  Log("a b c d 1");
-  RunFor(100);
-  EXPECT_TRUE(Shows(*narrow->GetSprite()->GetImage(), "c d ", "1"));
-  CLogListenerForConsole& log = *CLogListenerForConsole::PeekSingletonPtr();
-  const int height = log.GetTextHeight();
-  delete narrow;
-  EXPECT_LT(log.GetTextHeight(), height) << "that of the wider one";
 }
 
 }  // namespace

@@ -121,23 +121,5 @@ TEST_F(ConsoleInput, ControlCharactersStayOut) {
   EXPECT_EQ(myInput.GetText(), "~ ");
 }
 
-class CPages : public css::CSignalTarget {
- public:
-  void Turn(std::int32_t by) { turned.push_back(by); }
-  std::vector<int> turned;
-};
-
-TEST_F(ConsoleInput, ItsKeysSetOffTheirSignals) {
-  CPages pages;
-  myInput.GetPageSignal().Connect(&pages, &CPages::Turn);
-  Press(kPageUpKey);
-  Press(kPageDownKey);
-  EXPECT_EQ(pages.turned, (std::vector{-1, 1}));
-  myInput.GetKeySignal(CConsoleInput::kReturn).Connect(&myInput, &CConsoleInput::EraseBackward);
-  ShownAfter("ab");
-  Press(kKeypadEnterKey, 13);
-  EXPECT_EQ(myInput.GetText(), "a");
-}
-
 }  // namespace
 }  // namespace vask::test

@@ -62,13 +62,5 @@ TEST(Calculator, IntegersNeverTrap) {
   EXPECT_EQ(CPostfix<int>().Evaluate("4 -"), -4);
 }
 
-TEST(Calculator, HugeExpressionsEnd) {
-  const std::string signs(1 << 18, '-');
-  CCalculator<double> calculator;
-  EXPECT_EQ(calculator.Calculate(signs + "5"), 0) << "one value, which does not read";
-  EXPECT_EQ(calculator.Calculate(signs + "(5)"), -5) << "all but one lack an operand";
-  EXPECT_EQ(calculator.Calculate(std::string(1 << 18, '(') + "6"), 6);
-}
-
 }  // namespace
 }  // namespace vask

@@ -120,23 +120,5 @@ TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
   EXPECT_EQ(calls, 8);
 }
 
-TEST(Log, ListenersMayComeAndGoWhileTheyAreCalled) {
-  std::string heard;
-  std::unique_ptr<CListener> first, second, third;
-  first = std::make_unique<CListener>([&](const std::string&) {
-    heard += "1";
-    third = std::make_unique<CListener>([&](const std::string&) { heard += "3"; });
-  });
-  second = std::make_unique<CListener>([&](const std::string&) {
-    heard += "2";
-    first.reset();
-    second.reset();
-  });
-  Log() << "x\n";
-  EXPECT_EQ(heard, "12") << "the new listener waits for the next line";
-  Log() << "y\n";
-  EXPECT_EQ(heard, "123");
-}
-
 }  // namespace
 }  // namespace vask

@@ -110,14 +110,6 @@ TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
   }
 }
 
-TEST_F(SignalTest, ATargetHoldsNoLinkOfADeadSignal) {
-  Do("connect a");
-  mySignal->Connect(static_cast<CReceiver*>(nullptr), &CReceiver::Hear);
-  EXPECT_EQ(myTargets['a']->GetConnectionCount(), 1U);
-  mySignal.reset();
-  EXPECT_EQ(myTargets['a']->GetConnectionCount(), 0U);
-}
-
 TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   CReceiver target('-');
   mySignal->Connect(&target, &CReceiver::Hear);
@@ -132,10 +124,8 @@ TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   };
   EXPECT_EQ(called(), "-");
   EXPECT_EQ(called(5), "n5 t5 ");
-  EXPECT_EQ(called(1U), "n1 on t1 ");
   EXPECT_EQ(called(false), "n0 off t0 ");
   EXPECT_EQ(called("7 x"), "n7 t7 x ");
-  EXPECT_EQ(called(99999999999L), "t99999999999 ");
   EXPECT_EQ(called(3, -4), "3/-4 f30,-4 ");
   EXPECT_EQ(called("3", 4.9F), "3/4 f30,4.9 ");
   EXPECT_EQ(called("x", 1), "");
@@ -147,7 +137,6 @@ class CLamp : public css::CCSSObject<CLamp> {
   void Toggle();
 
   explicit CLamp(std::string name) : myName(std::move(name)) {}
-  void Burn() {}  // not published
   void Dim(int percent) { ourRecord += myName + std::to_string(percent) + " "; }
 
  private:
@@ -197,15 +186,6 @@ TEST_F(SignalWiringTest, ReadsTheSlotsThatItFindsAndWritesThemBack) {
   EXPECT_EQ(Emit(), "b a ");
   mySignal->Emit(7);
   EXPECT_EQ(ourRecord, "a7 ");
-}
-
-TEST_F(SignalWiringTest, WritesOnlyWhatIsPublishedAndSaved) {
-  mySignal->Connect(&HearFree);
-  mySignal->Connect(&a, &CLamp::Burn);
-  CSSObject<CLamp>::GetSingleton().SetSaved(false);
-  mySignal->Connect(&b, &CLamp::Toggle);
-  CSSObject<CLamp>::GetSingleton().SetSaved(true);
-  EXPECT_EQ(Written(), "<r>\n</r>\n");
 }
 
 TEST_F(SignalWiringTest, AnObjectConnectsItsSlotsByName) {

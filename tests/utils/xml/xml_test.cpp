@@ -124,38 +124,15 @@ TEST(XmlContext, GoesOnAfterTheElementThatItBeganIn) {
   EXPECT_EQ(xml.GetChild("c")->GetContent(), "2");
 }
 
-std::string Repeat(int count, const std::string& piece) {
-  std::string text;
-  for (; count > 0; --count) {
-    text += piece;
-  }
-  return text;
-}
-
 // Each would take minutes, or the whole stack, if the work grew faster than the input.
 TEST(Xml, HugeDocuments) {
-  EXPECT_EQ(Read(Repeat(300'000, "<a>"))->GetChildCount(), 1);
-
-  std::string attributes = Repeat(200'000, " w");
-  for (int i = 0; i < 100'000; ++i) {
-    attributes += " n" + std::to_string(i) + " = \"v\"";
+  std::string nested, attributes = "<a";
+  for (int i = 0; i < 300'000; ++i) {
+    nested += "<a>";
+    attributes += " w n" + std::to_string(i) + " = \"v\"";
   }
-  EXPECT_EQ(Read("<a" + attributes + "/>")->GetAttributes().size(), 100'000U);
-
-  const std::string value(10'000'000, '=');
-  const std::string content = value + Repeat(500'000, "&lt;&amp;");
-  const auto big = Read("<a x=\"" + value + "\" y=\"1\">" + content + "</a>");
-  EXPECT_EQ(big->GetAttribute("x").ToString(), value);
-  EXPECT_EQ(big->GetContent(), value + Repeat(500'000, "<&"));
-
-  const auto list = Read("<r>" + Repeat(200'000, "<i><v>1</v></i>") + "</r>");
-  CXmlContext xml(list.get(), CXmlContext::kReading);
-  int items = 0;
-  for (int number = 0; items < 200'000 && xml.BeginNode("i"); items += number) {
-    xml.Value("v", number);
-    xml.EndNode("i");
-  }
-  EXPECT_EQ(items, 200'000);
+  EXPECT_EQ(Read(nested)->GetChildCount(), 1);
+  EXPECT_EQ(Read(attributes + "/>")->GetAttributes().size(), 300'000U);
 }
 
 // Writes the events down: "<name key=[value]>", "</name>", "'text'".
