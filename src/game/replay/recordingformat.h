@@ -8,7 +8,7 @@ namespace brumble {
 
 // A recording is a file of: the mark; a byte with the version of the format and one with that of
 // the rules; and blocks. A block is three words (how long it is packed, how long unpacked, and the
-// CRC-32 of the unpacked bytes), and the bytes as zlib packs them. The first block is the start of
+// CRC-32 of the packed bytes), and the bytes as zlib packs them. The first block is the start of
 // the game alone, the others are entries. docs/replays.md describes both.
 
 inline constexpr std::string_view kRecordingMark = "brumrec\n";

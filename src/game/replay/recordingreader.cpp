@@ -8,6 +8,8 @@
 #include <zlib.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <utility>
 
 namespace brumble {
 namespace {
@@ -33,8 +35,12 @@ std::string ReadBytes(std::istream& stream, std::size_t count) {
 
 }  // namespace
 
-CRecordingReader::CRecordingReader(const std::string& file) : myFile(vask::OpenInputFile(file)) {
-  if (!myFile.is_open()) {
+CRecordingReader::CRecordingReader(const std::string& file)
+    : CRecordingReader(std::make_unique<std::ifstream>(vask::OpenInputFile(file))) {}
+
+CRecordingReader::CRecordingReader(std::unique_ptr<std::istream> stream)
+    : myStream(std::move(stream)) {
+  if (!myStream->good()) {
     Refuse("it can't be read");
     return;
   }
@@ -45,12 +51,12 @@ CRecordingReader::CRecordingReader(const std::string& file) : myFile(vask::OpenI
 }
 
 void CRecordingReader::ReadHead() {
-  if (ReadBytes(myFile, kRecordingMark.size()) != kRecordingMark) {
+  if (ReadBytes(*myStream, kRecordingMark.size()) != kRecordingMark) {
     Refuse("it is no recording");
     return;
   }
-  const int format = myFile.get();
-  const int rules = myFile.get();
+  const int format = myStream->get();
+  const int rules = myStream->get();
   if (format != static_cast<int>(kFormatVersion)) {
     Refuse("it has version " + std::to_string(format) + " of the format, and this program reads " +
            std::to_string(kFormatVersion));
@@ -98,7 +104,7 @@ CRecordingReader::EItem CRecordingReader::Next() {
 }
 
 bool CRecordingReader::ReadBlock() {
-  const std::string head = ReadBytes(myFile, kBlockHeadBytes);
+  const std::string head = ReadBytes(*myStream, kBlockHeadBytes);
   if (head.size() < kBlockHeadBytes) {
     return false;
   }
@@ -116,14 +122,14 @@ bool CRecordingReader::ReadBlock() {
     Refuse("it is too long");
     return false;
   }
-  const std::string packed = ReadBytes(myFile, packedSize);
+  const std::string packed = ReadBytes(*myStream, packedSize);
   if (packed.size() < packedSize) {
     return false;
   }
   myBlock = Unpack(packed, size);
   const auto sum =
-      crc32(0, reinterpret_cast<const Bytef*>(myBlock.data()), static_cast<uInt>(myBlock.size()));
-  if (myBlock.size() != size || sum != checksum) {
+      crc32(0, reinterpret_cast<const Bytef*>(packed.data()), static_cast<uInt>(packed.size()));
+  if (sum != checksum || myBlock.size() != size) {
     RefuseBlock();
     return false;
   }

@@ -4,7 +4,9 @@
 #include "game/replay/gamestart.h"
 #include "game/replay/input.h"
 
-#include <fstream>
+#include <cstddef>
+#include <istream>
+#include <memory>
 #include <string>
 
 namespace brumble {
@@ -27,6 +29,7 @@ class CRecordingReader {
 
   // Opens the file and reads the start.
   explicit CRecordingReader(const std::string& file);
+  explicit CRecordingReader(std::unique_ptr<std::istream> stream);
   CRecordingReader(const CRecordingReader&) = delete;
   CRecordingReader& operator=(const CRecordingReader&) = delete;
 
@@ -53,7 +56,7 @@ class CRecordingReader {
   EItem Refuse(const std::string& reason);
   EItem RefuseBlock();
 
-  std::ifstream myFile;
+  std::unique_ptr<std::istream> myStream;
   std::string myError;
   SGameStart myStart;
   std::string myBlock;

@@ -134,7 +134,7 @@ void CRecordingWriter::Flush() {
   CByteWriter block;
   block.PutWord(static_cast<std::uint32_t>(packed.size()));
   block.PutWord(static_cast<std::uint32_t>(bytes.size()));
-  block.PutWord(Checksum(bytes));
+  block.PutWord(Checksum(packed));
   block.PutBytes(packed);
   myFile.Write(block.GetBytes());
   myBlock.Clear();
