@@ -27,7 +27,8 @@ constexpr std::string_view kUsage =
 
 constexpr unsigned kLongestGame = 3'600'000;  // milliseconds, of a pilot
 
-// The frames of a machine that isn't always equally fast, and a task that is paused at times.
+// The frames of a machine that isn't always equally fast, and a task that is paused at times; every
+// fifth seed has extra kittens.
 class CFrames {
  public:
   explicit CFrames(std::uint32_t seed) : mySeed(seed) {}
@@ -36,20 +37,24 @@ class CFrames {
     myNoise = myNoise * 1664525U + 1013904223U + mySeed;
     const unsigned roll = myNoise >> 16U;
     const bool isSlow = roll % 97 == 0;
-    const unsigned usual = 5 + mySeed % 4 * 4;  // 5, 9, 13 or 17
+    const unsigned usual = 5 + mySeed % 4 * 4;  // 5, 9, 13 or 17 milliseconds
     const unsigned wait = isSlow ? roll % 400 : usual + roll % 3;
     myInput.time += wait;
     myInput.appTime += wait;
-    myInput.kind = KindAfter(roll);
+    myInput.kind = NextKind(roll);
     return myInput;
   }
 
  private:
-  brumble::EInput KindAfter(unsigned roll) const {
+  brumble::EInput NextKind(unsigned roll) const {
     if (myInput.kind == brumble::EInput::kPause) {
       return brumble::EInput::kResume;
     }
-    return roll % 3001 == 0 ? brumble::EInput::kPause : brumble::EInput::kFrame;
+    if (roll % 3001 == 0) {
+      return brumble::EInput::kPause;
+    }
+    const bool drops = mySeed % 5 == 0 && roll % 1999 == 0;
+    return drops ? brumble::EInput::kKitten : brumble::EInput::kFrame;
   }
 
   std::uint32_t mySeed;
