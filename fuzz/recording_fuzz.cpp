@@ -44,7 +44,7 @@ std::string Block(const std::string& bytes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr std::size_t kStartBytes = 15;
+  constexpr std::size_t kStartBytes = 13;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   Read(bytes);
   brumble::CByteWriter head;

@@ -86,7 +86,6 @@ class ReplayTest : public test::GameTest {
   ~ReplayTest() override {
     task.Exit();
     vask::platform::SetWallClock(nullptr);
-    fs::remove_all(kReplayFolder);
     fs::remove(kScoresFile);
     fs::remove("game.replay");
   }

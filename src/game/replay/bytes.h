@@ -31,6 +31,7 @@ class CByteReader {
   explicit CByteReader(std::string_view bytes) : myBytes(bytes) {}
 
   unsigned TakeByte();
+  int TakeSignedByte();  // in two's complement
   std::uint32_t TakeWord();
   std::uint32_t TakeVarint();
   std::int32_t TakeSigned();

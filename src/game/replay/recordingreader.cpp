@@ -159,8 +159,8 @@ CRecordingReader::EItem CRecordingReader::TakeEntry() {
   int dx = 0;
   int dy = 0;
   if (form == kPointerMoves) {
-    dx = static_cast<std::int8_t>(myEntries.TakeByte());
-    dy = static_cast<std::int8_t>(myEntries.TakeByte());
+    dx = myEntries.TakeSignedByte();
+    dy = myEntries.TakeSignedByte();
   } else if (form == kPointerJumps) {
     dx = myEntries.TakeSigned();
     dy = myEntries.TakeSigned();
