@@ -15,6 +15,8 @@ class CConsoleCommand {
   virtual std::string Execute(CConsoleParams* params);
   // The call without a parameter list; where one is needed it returns the usage text.
   virtual std::string Execute() = 0;
+  // What "help" tells of the command; empty when it is told elsewhere, or nowhere.
+  virtual std::string GetHelp() const { return {}; }
 };
 
 }  // namespace vask

@@ -11,12 +11,35 @@
 #include "game/physics/screentransform.h"
 #include "game/scores.h"
 #include "input/mouse.h"
+#include "kernel/applicationfactory.h"
+#include "platform/wallclock.h"
+#include "utils/log/log.h"
+#include "utils/timer/globalapptimer.h"
+#include "utils/timer/globaltimerimpl.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 namespace brumble {
 namespace {
 
-constexpr unsigned kGameSpeed = 3;  // the world runs faster than the clock
-constexpr int kMostSteps = 4;       // per frame
+// Everything from outside that play may know, read at this moment.
+SInput ReadInput(EInput kind) {
+  const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
+  return {.kind = kind,
+          .time = vask::GetGlobalTime(),
+          .appTime = vask::CGlobalAppTimer::GetSingletonPtr()->GetTime(),
+          .pointerX = mouse.GetPointerX(),
+          .pointerY = mouse.GetPointerY()};
+}
+
+CBrumbleTaskImpl* ourCurrent = nullptr;
+
+int theStopSwitch = 0;
+const vask::CConsoleVariableRegistrar theVariableRegistrar("game_replay_stop", theStopSwitch);
+
+std::uint32_t NewSeed() { return static_cast<std::uint32_t>(vask::platform::WallClockSeconds()); }
 
 }  // namespace
 
@@ -26,22 +49,18 @@ void CBrumbleTaskImpl::CMouseDeltaListener::OnMouseMoveRelative(int dx, int dy) 
 }
 
 CBrumbleTaskImpl::CBrumbleTaskImpl() {
+  ourCurrent = this;
   CGfxFactory::GetSingletonPtr()->Load(kSpriteTableFile, kSpriteTableRoot);
   HoldPictures();
-  Connect();
+  vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
   SetScreenTransform(kScreenOffset, kScreenScale);
-  myScreen = std::make_unique<CBrumbleInGameUi>(this);
-  myScreen->ShowTitle();
-  myTitleBest.Show();
+  ShowTitle();
   myTunes.Play(ETune::kTitle);  // now, so that the lines after the start of the game can stop it
-  ResetClocks();
-  PauseClocks();
-  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 CBrumbleTaskImpl::~CBrumbleTaskImpl() {
-  if (CPhysicsWorld::GetGameLogicReceiver() == &myGameLogic) {
-    CPhysicsWorld::SetGameLogicReceiver(nullptr);
+  if (ourCurrent == this) {
+    ourCurrent = nullptr;
   }
   // The effects would live for two seconds more, longer than the task that frees pictures.
   CDeathToASprite::DeleteAll();
@@ -70,12 +89,13 @@ void CBrumbleTaskImpl::HoldPictures() {
   }
 }
 
-void CBrumbleTaskImpl::Connect() {
-  myPhysics.GetWorld()->SetBridgeFactory(&myGfxFactory);
-  myGfxFactory.SetGameLogic(&myGameLogic);
-  CPhysicsWorld::SetGameLogicReceiver(&myGameLogic);
-  myGameLogic.SetOwner(this);
-  vask::CMouse::GetSingletonPtr()->AddDragged(&myMouseListener);
+CBrumbleTaskImpl* CBrumbleTaskImpl::GetCurrent() { return ourCurrent; }
+
+void CBrumbleTaskImpl::ShowTitle() {
+  myScreen = std::make_unique<CBrumbleInGameUi>(this);
+  myScreen->ShowTitle();
+  myTitleBest.Show();
+  vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 ETune CBrumbleTaskImpl::WantedTune() const {
@@ -90,56 +110,59 @@ void CBrumbleTaskImpl::Update() {
   if (myScreen != nullptr) {
     return;
   }
-  RunPhysics();
-  myCast.Update(GetWorld(), myGameLogic.GetStory());
-  RunLogic();
-}
-
-void CBrumbleTaskImpl::RunPhysics() {
-  int steps = 0;
-  while (steps < kMostSteps && myPhysicsClock.GetTime() > myPhysicsStep) {
-    myPhysicsClock -= myPhysicsStep;
-    const vask::CMouse& mouse = *vask::CMouse::GetSingletonPtr();
-    myPhysics.SetMousePosition(mouse.GetPointerX(), mouse.GetPointerY());
-    myPhysics.Step(myPhysicsStep * kGameSpeed);
-    ++steps;
-  }
-  // A slow frame drops the rest of its backlog: catching up would only make the next one slower.
-  if (steps == kMostSteps) {
-    myPhysicsClock.Reset();
-  }
-}
-
-void CBrumbleTaskImpl::RunLogic() {
-  if (myLogicClock.GetTime() <= myLogicStep) {
+  if (myReplay != nullptr) {
+    UpdateReplay();
     return;
   }
-  myLogicClock -= myLogicStep;
-  if (myGameLogic.IsGameOver()) {
+  Enter(EInput::kFrame);
+  if (myPlay.IsOver()) {
     ShowGameOver();
   } else {
-    myGameLogic.Tick();
+    myCast.Update(GetWorld(), GetGameLogic().GetStory());
+  }
+}
+
+// Nothing else may reach play. The recording has an input before it acts, so that the frame that
+// fails is in it.
+void CBrumbleTaskImpl::Enter(EInput kind) {
+  const SInput input = ReadInput(kind);
+  if (myReplay == nullptr && myPlay.IsDue(input)) {
+    myRecorder.Note(input);
+    myPlay.Take(input);
   }
 }
 
 void CBrumbleTaskImpl::StartNewGame() {
+  const SInput now = ReadInput(EInput::kFrame);
+  SGameStart start = myNextStart.value_or(myPlay.NextStart(0));
+  myNextStart.reset();
+  start.seed = NewSeed();
+  start.pointerX = now.pointerX;
+  start.pointerY = now.pointerY;
+  start.isPaused = myIsPaused;
+  myPlay.Read(now);
+  myPlay.Start(start);
+  myRecorder.Begin(start, now);
+  ShowPlay(BestScore() <= 0);
+}
+
+// In the place of the screen, and as it is while the task is paused.
+void CBrumbleTaskImpl::ShowPlay(bool isNovice) {
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
-  ResumeClocks();
-  myGameLogic.NewGame();
   myBackground = CGfxFactory::GetSingletonPtr()->LoadSprite(kBackgroundFile);
-  myPhysics.ResetWorld();
-  ResetClocks();
-  myCast.Begin(myGameLogic.GetStory(), BestScore() <= 0);
-  myHasExtraKittens = GetWorld().GetBodyCount() > kFirstKittenIndex;
+  myCast.Begin(GetGameLogic().GetStory(), isNovice);
+  myCast.SetPlaying(GetWorld(), !myIsPaused);
+  myTitleBest.Hide();
   myPanel.reset();
   myScreen.reset();
   if (myIsPaused) {
-    Pause();  // the task was paused while the screen was shown
+    ShowPaused();
   }
 }
 
 void CBrumbleTaskImpl::ShowGameOver() {
-  PauseClocks();
+  myPlay.Stop();
+  myCast.SetPlaying(GetWorld(), false);
   myCast.EndPlay();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
   myScreen.reset();
@@ -149,70 +172,116 @@ void CBrumbleTaskImpl::ShowGameOver() {
   myPanel->Show(EnterResult());
 }
 
-SGameResult CBrumbleTaskImpl::EnterResult() const {
+// A replay's result is shown only.
+SGameResult CBrumbleTaskImpl::EnterResult() {
+  const std::string recording = myRecorder.End();
   SGameResult result;
-  result.story = myGameLogic.GetStory();
+  result.story = GetGameLogic().GetStory();
   result.bestBefore = BestScore();
-  if (!myHasExtraKittens) {
+  if (!myPlay.HasExtraKittens() && myReplay == nullptr) {
     result.place =
-        EnterScore({.score = result.Score(), .date = Today(), .recording = "-", .more = ""});
+        EnterScore({.score = result.Score(), .date = Today(), .recording = recording, .more = ""});
   }
+  CGameRecorder::RemoveOld();
   return result;
 }
 
+std::string CBrumbleTaskImpl::RecordNext(const std::string& file) {
+  std::error_code ignored;
+  if (std::filesystem::exists(file, ignored)) {
+    return "Error: RecordGame() " + file + " is there already.";
+  }
+  myRecorder.NameNext(file);
+  return {};
+}
+
+std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
+  StopReplay();
+  if (myPlay.IsRunning()) {
+    return "Error: ReplayGame() A game is being played.";
+  }
+  const SGameStart next = myNextStart.value_or(myPlay.NextStart(0));
+  auto replay = std::make_unique<CReplayShow>(myPlay, file, theStopSwitch != 0);
+  if (replay->GetGame().IsDone()) {
+    return "Error: ReplayGame() " + file + ": " + replay->GetGame().GetProblem() + ".";
+  }
+  myNextStart = next;
+  myReplay = std::move(replay);
+  if (myIsPaused) {
+    myReplay->Pause();
+  }
+  ShowPlay(false);
+  return {};
+}
+
+void CBrumbleTaskImpl::UpdateReplay() {
+  myReplay->Update();
+  if (myReplay->GetGame().IsDone()) {
+    EndReplay();
+  } else {
+    myCast.Update(GetWorld(), GetGameLogic().GetStory());
+  }
+}
+
+void CBrumbleTaskImpl::EndReplay() {
+  const CReplayedGame& game = myReplay->GetGame();
+  vask::Log() << "Replay: " << (game.HasHeld() ? "held, " : "NOT held, ") << game.GetSummary()
+              << "\n";
+  for (const std::string& line : {game.GetDifference(), game.GetProblem()}) {
+    if (!line.empty()) {
+      vask::Log().Warning() << "Replay: " << line << "\n";
+    }
+  }
+  if (myPlay.IsOver()) {
+    ShowGameOver();
+    myReplay.reset();
+  } else {
+    StopReplay();
+  }
+}
+
+void CBrumbleTaskImpl::StopReplay() {
+  if (myReplay == nullptr) {
+    return;
+  }
+  myReplay.reset();
+  myPlay.SetNextStart(*myNextStart);
+  myCast.EndPlay();
+  CDeathToASprite::DeleteAll();
+  myBackground.Reset();
+  ShowTitle();
+}
+
 void CBrumbleTaskImpl::Pause() {
-  if (!myIsPaused) {
+  Enter(EInput::kPause);
+  if (myReplay != nullptr) {
+    myReplay->Pause();
+  }
+  myCast.SetPlaying(GetWorld(), false);
+  ShowPaused();
+}
+
+void CBrumbleTaskImpl::ShowPaused() {
+  if (!myPausedSign) {
     myPausedSign = CGfxFactory::GetSingletonPtr()->LoadSprite(kPausedFile);
   }
   myIsPaused = true;
-  PauseClocks();
   vask::CEventBridge::GetSingletonPtr()->ShowCursor();
 }
 
 void CBrumbleTaskImpl::Resume() {
   myIsPaused = false;
   myPausedSign.Reset();
+  Enter(EInput::kResume);
+  if (myReplay != nullptr) {
+    myReplay->Resume();
+  }
   if (myScreen == nullptr) {
-    ResumeClocks();
+    myCast.SetPlaying(GetWorld(), true);
   }
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
 }
 
-// The bridge gets its index now and not after the next step: if another body leaves in that step,
-// the new one moves to its index, and the record must follow.
-int CBrumbleTaskImpl::SpawnKitten() {
-  const int index = myPhysics.SpawnKitten();
-  const CPhysicsBody& body = GetWorld().GetBodies()[static_cast<std::size_t>(index)];
-  if (body.bridge != nullptr) {
-    body.bridge->SetIndex(index);
-    body.bridge->Update(body.x, body.y, body.angle, body.halfWidth, body.halfHeight, body.shape,
-                        body.look);
-  }
-  return index;
-}
-
-void CBrumbleTaskImpl::DropExtraKitten() {
-  myPhysics.SpawnKitten();
-  myHasExtraKittens = true;
-}
-
-void CBrumbleTaskImpl::PauseClocks() {
-  myPhysicsClock.Pause();
-  myLogicClock.Pause();
-  myGameLogic.PauseClock();
-  myCast.SetPlaying(GetWorld(), false);
-}
-
-void CBrumbleTaskImpl::ResumeClocks() {
-  myPhysicsClock.Resume();
-  myLogicClock.Resume();
-  myGameLogic.ResumeClock();
-  myCast.SetPlaying(GetWorld(), true);
-}
-
-void CBrumbleTaskImpl::ResetClocks() {
-  myPhysicsClock.Reset();
-  myLogicClock.Reset();
-}
+void CBrumbleTaskImpl::DropExtraKitten() { Enter(EInput::kKitten); }
 
 }  // namespace brumble

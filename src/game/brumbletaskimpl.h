@@ -1,25 +1,27 @@
 #pragma once
 
-#include "game/brumblegfxfactory.h"
 #include "game/cast.h"
-#include "game/gamelogic.h"
 #include "game/gameoverpanel.h"
-#include "game/physics/physicshandle.h"
+#include "game/gamerecorder.h"
 #include "game/picturecache.h"
+#include "game/play.h"
+#include "game/replayshow.h"
 #include "game/titlebest.h"
 #include "game/tunes.h"
 #include "gfx/sprite/sprite.h"
 #include "input/mouseable.h"
-#include "utils/timer/timer.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace brumble {
 
-// The game while its task runs: the world, the rules, their two clocks, and the screens before and
-// after play. While a screen is shown the game does not run, even when the task is resumed.
-class CBrumbleTaskImpl : public IKittenSpawner {
+// The game while its task runs: play, what is shown of it, and the screens before and after. It is
+// the door between the game and the program: whatever reaches play is an input that is made here.
+// While a screen is shown the game does not run, even when the task is resumed.
+class CBrumbleTaskImpl {
  public:
   class CBrumbleInGameUi;
 
@@ -34,7 +36,7 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   };
 
   CBrumbleTaskImpl();
-  ~CBrumbleTaskImpl() override;
+  ~CBrumbleTaskImpl();
   CBrumbleTaskImpl(const CBrumbleTaskImpl&) = delete;
   CBrumbleTaskImpl& operator=(const CBrumbleTaskImpl&) = delete;
 
@@ -44,43 +46,48 @@ class CBrumbleTaskImpl : public IKittenSpawner {
   void ShowGameOver();
   void Pause();
   void Resume();
-  int SpawnKitten() override;
-  void PushKitten(int index, SVec2 velocity) override { myPhysics.PushKitten(index, velocity); }
   // Adds a kitten beside the ten; the rules have no record of it.
   void DropExtraKitten();
 
-  const CPhysicsWorld& GetWorld() { return *myPhysics.GetWorld(); }
-  const CGameLogic& GetGameLogic() const { return myGameLogic; }
+  // The game that runs in this process; null without one. Of several the last one that has started.
+  static CBrumbleTaskImpl* GetCurrent();
+  // Records the next game into this file, which must not exist. Returns an error, or nothing.
+  std::string RecordNext(const std::string& file);
+  // Plays a recorded game, which leaves no trace in the next one. Returns an error, or nothing; not
+  // during a game.
+  std::string StartReplay(const std::string& file);
+  // Ends it and shows the title.
+  void StopReplay();
+
+  const CPhysicsWorld& GetWorld() const { return myPlay.GetWorld(); }
+  const CGameLogic& GetGameLogic() const { return myPlay.GetGameLogic(); }
   // Null during play.
   const CBrumbleInGameUi* GetScreen() const { return myScreen.get(); }
+  // Null unless a recorded game plays.
+  const CReplayShow* GetReplay() const { return myReplay.get(); }
 
  private:
   void HoldPictures();
-  SGameResult EnterResult() const;
+  SGameResult EnterResult();
   ETune WantedTune() const;
-  void Connect();
-  void RunPhysics();
-  void RunLogic();
-  void PauseClocks();
-  void ResumeClocks();
-  void ResetClocks();
+  void Enter(EInput kind);
+  void ShowPaused();
+  void ShowTitle();
+  void ShowPlay(bool isNovice);
+  void UpdateReplay();
+  void EndReplay();
 
-  // Destroyed in the reverse order: the world with its bridges goes last.
-  CPhysicsHandle myPhysics;
-  vask::CTimer myPhysicsClock;
-  unsigned myPhysicsStep = 5;  // milliseconds of the clock
-  vask::CTimer myLogicClock;
-  unsigned myLogicStep = 100;
-  CGameLogic myGameLogic;
+  CPlay myPlay;
+  CGameRecorder myRecorder{myPlay};
+  std::unique_ptr<CReplayShow> myReplay;
+  std::optional<SGameStart> myNextStart;  // after a replay, what it must not change
   CCast myCast;
-  CBrumbleGfxFactory myGfxFactory;
   vask::CSpritePtr myBackground;  // empty until the first game
   CMouseDeltaListener myMouseListener;
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CTitleBest myTitleBest;
   CTunes myTunes;
   std::unique_ptr<CGameOverPanel> myPanel;  // null but at the end of a game
-  bool myHasExtraKittens = false;           // in this game, whose score then doesn't count
   CPictureCache myPictures;
   bool myIsPaused = false;        // the task
   vask::CSpritePtr myPausedSign;  // over everything while the task is paused, else empty

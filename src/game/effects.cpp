@@ -24,6 +24,8 @@ constexpr const char* kSignCurve = "sin(t*3.14)*2";
 constexpr unsigned kSignSoundPause = 150;  // from one sign's sound to the next one's
 constexpr unsigned kMostTurns = 4;         // for which the signs have animations
 
+bool ourAreShown = true;
+
 void Animate(const vask::CSpritePtr& sprite, SScreenPoint target, const std::string& expression) {
   new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(sprite.Get(), target.x, target.y),
                               kMoveTime, expression, true);
@@ -58,7 +60,14 @@ int PlaceSign(int height) {
 
 }  // namespace
 
+void SetEffectsShown(bool areShown) { ourAreShown = areShown; }
+
+bool AreEffectsShown() { return ourAreShown; }
+
 void ShowSign(const std::string& file) {
+  if (!ourAreShown) {
+    return;
+  }
   const vask::CSpritePtr sprite = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
   if (!sprite) {
     *vask::CLog::GetSingletonPtr() << "Couldn't load sprite: " << file << "\n";
@@ -76,6 +85,9 @@ void ShowSign(const std::string& file) {
 
 void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint target,
                 const std::string& expression) {
+  if (!ourAreShown) {
+    return;
+  }
   const vask::CSpritePtr sprite = CGfxFactory::GetSingletonPtr()->LoadSprite(file);
   if (!sprite) {
     return;
@@ -91,6 +103,9 @@ void ShowEffect(const std::string& file, SScreenPoint position, SScreenPoint tar
 }
 
 void PlayEffect(const std::string& file) {
+  if (!ourAreShown) {
+    return;
+  }
   vask::CConsole* const console = vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   console->Execute("Audio::PlayEffect( \"" + file + "\" );", false);
 }

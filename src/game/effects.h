@@ -8,6 +8,11 @@ namespace brumble {
 
 // Short-lived signs, sprites and sounds that tell the player what has happened.
 
+// Whether signs, sprites and sounds come at all; they do at the start. Without them a game takes
+// the same course.
+void SetEffectsShown(bool areShown);
+bool AreEffectsShown();
+
 // Shows a sign that drops into the middle of the screen; signs in quick succession stack downward
 // and sound one after the other.
 void ShowSign(const std::string& file);

@@ -47,7 +47,9 @@ const char* WallHitEffect(int points, float health) {
 
 }  // namespace
 
-CGameLogic::CGameLogic() : myClock(vask::CGlobalAppTimer::GetSingletonPtr()) { NewGame(); }
+CGameLogic::CGameLogic(vask::CTimer* source) : myClock(source) { NewGame(); }
+
+CGameLogic::CGameLogic() : CGameLogic(vask::CGlobalAppTimer::GetSingletonPtr()) {}
 
 CGameLogic::~CGameLogic() = default;
 

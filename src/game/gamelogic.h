@@ -33,6 +33,9 @@ class IKittenSpawner {
 //     logic.Tick();              // every 100 ms
 class CGameLogic : public IGameLogicReceiver {
  public:
+  // The clock's source is not owned and must outlive the rules.
+  explicit CGameLogic(vask::CTimer* source);
+  // On the application timer.
   CGameLogic();
   ~CGameLogic() override;
   CGameLogic(const CGameLogic&) = delete;

@@ -1,6 +1,7 @@
 #include "game/scoreboard.h"
 
 #include "game/deathtoasprite.h"
+#include "game/effects.h"
 #include "game/gamefiles.h"
 #include "gfx/animation/externalanimator.h"
 #include "gfx/sprite/screenlayer.h"
@@ -96,6 +97,9 @@ void CScoreBoard::Run() {
 void CScoreBoard::ShowNumber() { mySprite->SetText(std::to_string(myShown)); }
 
 void CScoreBoard::ShowFloatingText(SScreenPoint position, const std::string& text) {
+  if (!AreEffectsShown()) {
+    return;
+  }
   std::unique_ptr<vask::CFont> font = vask::LoadFont(kDigitsFontFile);
   if (font->GetSheet()->IsEmpty()) {
     return;

@@ -38,7 +38,7 @@ class CScoreBoard : public vask::CFakeThread {
   const vask::CTextSprite& GetSprite() const { return *myTextSprite; }
 
   // Shows a text that rises and fades; `position` is its centre. Does nothing without the digits
-  // font or above the screen.
+  // font, above the screen, and while no effects are shown.
   static void ShowFloatingText(SScreenPoint position, const std::string& text);
 
  private:

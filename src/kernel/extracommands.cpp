@@ -50,6 +50,10 @@ std::string Join(const std::vector<std::string>& names) {
 }
 
 std::string UsageOf(const std::string& command) {
+  const std::string own = CConsoleBridge::Application().GetCommand(command)->GetHelp();
+  if (!own.empty()) {
+    return own;
+  }
   const auto isIt = [&](const SUsage& usage) {
     return CConsoleBridge::Application().GetCommand(std::string(usage.command)) ==
            CConsoleBridge::Application().GetCommand(command);

@@ -1,5 +1,7 @@
 #include "platform/process.h"
 
+#include <unistd.h>
+
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -23,6 +25,8 @@ bool IsTraced() {
 }
 
 }  // namespace
+
+int ProcessNumber() { return static_cast<int>(getpid()); }
 
 void YieldTimeSlice() { std::this_thread::yield(); }
 

@@ -4,6 +4,9 @@ namespace vask::platform {
 
 // What the program asks of its own process.
 
+// The number of this process in the system.
+int ProcessNumber();
+
 // Gives up the rest of this thread's time slice; returns at once when nobody else wants it.
 void YieldTimeSlice();
 

@@ -15,6 +15,7 @@ class CBuiltInSource : public IRandomSource {
     myState = myState * 1103515245U + 12345U;
     return static_cast<int>((myState >> 16U) & 0x7FFFU);
   }
+  unsigned GetState() const override { return myState; }
 
  private:
   std::uint32_t myState = 1;
@@ -35,6 +36,8 @@ IRandomSource& Current() {
 int Rand() { return Current().Next(); }
 
 void SeedRand(unsigned seed) { Current().Seed(seed); }
+
+unsigned RandState() { return Current().GetState(); }
 
 IRandomSource* SetRandomSource(IRandomSource* source) { return std::exchange(Installed(), source); }
 

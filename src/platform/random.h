@@ -11,6 +11,8 @@ class IRandomSource {
   virtual ~IRandomSource() = default;
   virtual void Seed(unsigned seed) = 0;
   virtual int Next() = 0;
+  // What all further numbers depend on; 0 for a source that doesn't tell.
+  virtual unsigned GetState() const { return 0; }
 };
 
 // The next number of the current source, 0 to kRandMax.
@@ -18,6 +20,9 @@ int Rand();
 
 // Starts the current source again: equal seeds give equal sequences.
 void SeedRand(unsigned seed);
+
+// The state of the current source: where it is equal, equal numbers follow.
+unsigned RandState();
 
 // Replaces the source (not owned; null restores the built-in one) and returns the one before, null
 // for the built-in one.

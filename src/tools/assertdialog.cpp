@@ -69,7 +69,8 @@ bool HasMessage(const CAssertion& assertion) {
 
 std::string AssertionText(const CAssertion& assertion) {
   const std::string message = HasMessage(assertion) ? assertion.GetMessage() : "Assertion failed:";
-  return message + "\n" + Position(assertion) + "\n\n" + assertion.GetExpression();
+  const std::string note = GetAssertNote().empty() ? "" : "\n\n" + GetAssertNote();
+  return message + "\n" + Position(assertion) + "\n\n" + assertion.GetExpression() + note;
 }
 
 platform::SBox Lower(const platform::SBox& box, int by) {
@@ -109,6 +110,7 @@ void CAssertDialog::OnAssertFailed(const CAssertion& assertion) {
 }
 
 std::string CAssertDialog::Show() {
+  LogErrors(GetAssertNote());
   const int height = kHeight + static_cast<int>(myCurrent->GetVariables().size()) * kRowHeight;
   CNativeWindow window({"CAssertError",
                         platform::kRedrawOnWidth | platform::kRedrawOnHeight | platform::kNoClose,
@@ -212,6 +214,9 @@ void CAssertDialog::Report(const std::string& reason) {
   for (const auto& variable : myCurrent->GetVariables()) {
     report +=
         "  " + ConstPrefix(*variable) + variable->GetName() + " = " + variable->GetString() + "\n";
+  }
+  if (!GetAssertNote().empty()) {
+    report += "  " + GetAssertNote() + "\n";
   }
   report += "  It can't be shown in a window (" + reason +
             "). The program goes on; this place is not reported again.\n";

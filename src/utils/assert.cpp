@@ -16,6 +16,27 @@ constexpr std::string_view kLineEnds("\n\r\0", 3);
 IAssertHandler* ourHandler = nullptr;
 bool ourBan = false;
 
+// Never destroyed, since static destructors may still assert.
+struct SNote {
+  AssertNote ask;
+  std::string answer;
+  bool isAsked = false;  // at this moment
+};
+SNote& Note() {
+  static SNote& note = *new SNote;
+  return note;
+}
+
+// A failure while it answers has no note of its own.
+void AskForNote() {
+  SNote& note = Note();
+  if (note.ask == nullptr || std::exchange(note.isAsked, true)) {
+    return;
+  }
+  note.answer = note.ask();
+  note.isAsked = false;
+}
+
 }  // namespace
 
 std::string CAssertion::TakeName(std::string_view& names) {
@@ -30,10 +51,18 @@ void BanAsserts(bool ban) { ourBan = ban; }
 
 bool AreAssertsBanned() { return ourBan; }
 
+void SetAssertNote(AssertNote note) {
+  Note().ask = std::move(note);
+  Note().answer.clear();
+}
+
+const std::string& GetAssertNote() { return Note().answer; }
+
 void AssertFailed(const CAssertion& assertion) {
   if (ourBan) {
     return;
   }
+  AskForNote();
   if (ourHandler != nullptr) {
     ourHandler->OnAssertFailed(assertion);
     return;
@@ -46,6 +75,7 @@ void LogAssertion(const CAssertion& assertion) {
   LogErrors("Assertion failed: " + assertion.GetExpression() + " (" + assertion.GetFile() + ":" +
             std::to_string(assertion.GetLine()) + ")" +
             (message == assertion.GetExpression() ? "" : ": " + message));
+  LogErrors(GetAssertNote());
 }
 
 void LogErrors(std::string_view text) {

@@ -2,6 +2,7 @@
 
 #include "utils/containers/varref.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -67,10 +68,17 @@ void SetAssertHandler(IAssertHandler* handler);
 void BanAsserts(bool ban);
 bool AreAssertsBanned();
 
+// Is asked at each failure, before the handler, for what else should be told of it: a line or more,
+// without an end; empty for nothing. One for the process, null for none.
+using AssertNote = std::function<std::string()>;
+void SetAssertNote(AssertNote note);
+// What it has answered at the last failure.
+const std::string& GetAssertNote();
+
 // What the two checks below do when they fail.
 void AssertFailed(const CAssertion& assertion);
 
-// Writes the failure to the log, as an error on one line.
+// Writes the failure to the log, as an error on one line, and the note below it.
 void LogAssertion(const CAssertion& assertion);
 
 // Writes the text to the log, each of its lines as an error; to the standard error stream when

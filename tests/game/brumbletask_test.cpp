@@ -151,10 +151,10 @@ TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
 TEST_F(TaskTest, ARecordFollowsItsKittenFromTheFirstStepOn) {
   StartGame();
   task.ExecuteCommand("drop");
+  Frame(601);
+  ASSERT_EQ(Bodies().size(), 10U);
   Bodies()[8].y = 60.0F;  // about to leave
-  Pass(601);
-  const_cast<CGameLogic&>(Impl().GetGameLogic()).Tick();
-  task.Update();
+  Frame(6);
   EXPECT_NE(Impl().GetGameLogic().GetRecord(8), nullptr);
   EXPECT_EQ(GameState().kittensInPlay, 1);
 }

@@ -3,6 +3,7 @@
 #include "game/deathtoasprite.h"
 #include "game/gamestate.h"
 #include "game/physics/screentransform.h"
+#include "game/replayfiles.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
@@ -115,6 +116,7 @@ class GameTest : public ::testing::Test {
     CDeathToASprite::DeleteAll();
     vask::Gfx::SetFactory(nullptr);
     std::filesystem::remove("data");
+    std::filesystem::remove_all(kReplayFolder);
   }
 
   // Time goes by for the timers and for what moves on the screen.

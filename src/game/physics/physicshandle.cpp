@@ -22,6 +22,10 @@ float ToWorld(int pixel, const SMouseAxis& axis) {
   return (static_cast<float>(pixel) * axis.squeeze + axis.margin - axis.offset) / axis.scale;
 }
 
+float ToPixel(float place, const SMouseAxis& axis) {
+  return (place * axis.scale + axis.offset - axis.margin) / axis.squeeze;
+}
+
 }  // namespace
 
 CPhysicsHandle::CPhysicsHandle() : myWorld(std::make_unique<CPhysicsWorld>()) {}
@@ -33,6 +37,10 @@ void CPhysicsHandle::SetMousePosition(int x, int y) {
   myMouseX = x;
   myMouseY = y;
   myWorld->SetPlayerTarget(ToWorld(x, kMouseX), ToWorld(y, kMouseY), kMouseReachTime);
+}
+
+SVec2 CPhysicsHandle::PointerFor(SVec2 place) {
+  return {ToPixel(place.x, kMouseX), ToPixel(place.y, kMouseY)};
 }
 
 void CPhysicsHandle::Step(unsigned milliseconds) {
@@ -52,6 +60,12 @@ void CPhysicsHandle::PushKitten(int index, SVec2 velocity) {
 void CPhysicsHandle::ResetWorld() {
   if (myWorld != nullptr) {
     myWorld->SetUp();
+  }
+}
+
+void CPhysicsHandle::ResetWorld(unsigned seed) {
+  if (myWorld != nullptr) {
+    myWorld->SetUp(seed);
   }
 }
 

@@ -54,11 +54,21 @@ CPhysicsWorld::CPhysicsWorld() : myBodies(kFirstKittenIndex) {
 }
 
 void CPhysicsWorld::SetUp() {
-  vask::platform::SeedRand(static_cast<unsigned>(vask::platform::WallClockSeconds()));
+  SetUp(static_cast<unsigned>(vask::platform::WallClockSeconds()));
+}
+
+void CPhysicsWorld::SetUp(unsigned seed) {
+  vask::platform::SeedRand(seed);
   for (CPhysicsBody& body : myBodies) {
     ResetBody(body);
   }
   BuildArena();
+}
+
+void CPhysicsWorld::Clear(int count) {
+  myBodies.clear();
+  myBodies.resize(static_cast<std::size_t>(std::max(count, kFirstKittenIndex)));
+  myGenerator.Reserve(myBodies.size());
 }
 
 void CPhysicsWorld::Step(float dt) {

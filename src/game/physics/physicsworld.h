@@ -34,6 +34,10 @@ class CPhysicsWorld {
   // Seeds the random numbers from the clock, resets every body and builds the arena. Kittens are
   // reset, not removed, and the door-open flag stays as it is.
   void SetUp();
+  // The same with a given seed.
+  void SetUp(unsigned seed);
+  // Puts that many zeroed bodies, at least eight, in the place of what was there.
+  void Clear(int count);
   // Advances by `dt` seconds, at most 0.05. Allocates nothing. OnImpact must not add bodies; the
   // other callbacks may.
   void Step(float dt);

@@ -18,6 +18,7 @@ constexpr char kVersion[] = "Vask version 0.23";
 // go to the file only. Small, because a listener that logs two lines doubles the work at each step.
 constexpr int kMaxNesting = 8;
 constinit int ourNesting = 0;
+constinit bool ourKeepsOffDisk = false;
 
 // Never destroyed, since static destructors may still log.
 std::string& PendingLine() {
@@ -28,12 +29,17 @@ std::string& PendingLine() {
 }  // namespace
 
 CLog::CLog() : myListeners(std::make_unique<SListeners>()) {
+  if (ourKeepsOffDisk) {
+    return;
+  }
   myListeners->fileListener = std::make_unique<CLogListenerForFile>(kFileName, kVersion, false);
   myListeners->fileListener->SetMinLevel(kLogDebug);
   AddListener(myListeners->fileListener.get());
 }
 
 CLog::~CLog() { RemoveListener(myListeners->fileListener.get()); }
+
+void CLog::KeepOffDisk() { ourKeepsOffDisk = true; }
 
 CLog& CLog::Write(const std::string& text) {
   constexpr std::string_view kLineEnds("\n\r\0", 3);
@@ -102,7 +108,9 @@ void CLog::RemoveListener(ILogListener* listener) { myListeners->list.Remove(lis
 
 void CLog::Send(const std::string& line, int level) {
   if (ourNesting >= kMaxNesting) {
-    myListeners->fileListener->OnLog(line, level);
+    if (myListeners->fileListener != nullptr) {
+      myListeners->fileListener->OnLog(line, level);
+    }
     return;
   }
   ++ourNesting;

@@ -37,6 +37,9 @@ class CLog : public CStaticSingleton<CLog> {
   CLog(const CLog&) = delete;
   CLog& operator=(const CLog&) = delete;
 
+  // Before the log is made: it will write no file. Does nothing later.
+  static void KeepOffDisk();
+
   // Appends to the line being assembled; "\n", "\r" and NUL each end a line. An empty text changes
   // nothing. Listeners may write, add and remove listeners while they are called.
   CLog& Write(const std::string& text);

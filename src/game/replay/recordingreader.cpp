@@ -1,0 +1,226 @@
+#include "game/replay/recordingreader.h"
+
+#include "game/physics/arena.h"
+#include "game/replay/recordingformat.h"
+#include "game/replay/rulesversion.h"
+#include "utils/inputfile.h"
+
+#include <zlib.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <utility>
+
+namespace brumble {
+namespace {
+
+constexpr std::size_t kBlockHeadBytes = 12;
+
+bool IsWithin(std::int32_t value, std::int32_t limit) { return value >= -limit && value <= limit; }
+
+bool IsSound(const SGameStart& start) {
+  return IsWithin(start.resetCounter, kMostCounter) && start.lookCounter >= 0 &&
+         start.lookCounter <= kMostCounter && start.bodies >= kFirstKittenIndex &&
+         start.bodies <= kFirstKittenIndex + kMostKittens &&
+         IsWithin(start.pointerX, kMostPointer) && IsWithin(start.pointerY, kMostPointer);
+}
+
+// As many bytes as are there, at most `count`.
+std::string ReadBytes(std::istream& stream, std::size_t count) {
+  std::string bytes(count, '\0');
+  stream.read(bytes.data(), static_cast<std::streamsize>(count));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
+}
+
+}  // namespace
+
+CRecordingReader::CRecordingReader(const std::string& file)
+    : CRecordingReader(std::make_unique<std::ifstream>(vask::OpenInputFile(file))) {}
+
+CRecordingReader::CRecordingReader(std::unique_ptr<std::istream> stream)
+    : myStream(std::move(stream)) {
+  if (!myStream->good()) {
+    Refuse("it can't be read");
+    return;
+  }
+  ReadHead();
+  if (myError.empty()) {
+    ReadStart();
+  }
+}
+
+void CRecordingReader::ReadHead() {
+  if (ReadBytes(*myStream, kRecordingMark.size()) != kRecordingMark) {
+    Refuse("it is no recording");
+    return;
+  }
+  const int format = myStream->get();
+  const int rules = myStream->get();
+  if (format != static_cast<int>(kFormatVersion)) {
+    Refuse("it has version " + std::to_string(format) + " of the format, and this program reads " +
+           std::to_string(kFormatVersion));
+  } else if (rules != static_cast<int>(kRulesVersion)) {
+    Refuse("its game has version " + std::to_string(rules) +
+           " of the rules, and this program has " + std::to_string(kRulesVersion));
+  }
+}
+
+void CRecordingReader::ReadStart() {
+  if (!ReadBlock()) {
+    if (myError.empty()) {
+      Refuse("it ends before its game begins");
+    }
+    return;
+  }
+  myStart.seed = myEntries.TakeWord();
+  const unsigned isDoorOpen = myEntries.TakeByte();
+  const unsigned isPaused = myEntries.TakeByte();
+  myStart.isDoorOpen = isDoorOpen == 1;
+  myStart.isPaused = isPaused == 1;
+  for (std::int32_t* value : {&myStart.resetCounter, &myStart.lookCounter, &myStart.bodies,
+                              &myStart.pointerX, &myStart.pointerY}) {
+    *value = myEntries.TakeSigned();
+  }
+  if (myEntries.HasFailed() || !myEntries.IsAtEnd() || isDoorOpen > 1 || isPaused > 1 ||
+      !IsSound(myStart)) {
+    RefuseBlock();
+    return;
+  }
+  myInput.pointerX = myStart.pointerX;
+  myInput.pointerY = myStart.pointerY;
+  myKittens = myStart.bodies - kFirstKittenIndex;
+}
+
+CRecordingReader::EItem CRecordingReader::Next() {
+  EItem item = EItem::kNone;
+  while (myError.empty() && item == EItem::kNone) {
+    if (myEntries.IsAtEnd() && !ReadBlock()) {
+      return EItem::kNone;
+    }
+    item = TakeEntry();
+  }
+  return item;
+}
+
+bool CRecordingReader::ReadBlock() {
+  const std::string head = ReadBytes(*myStream, kBlockHeadBytes);
+  if (head.size() < kBlockHeadBytes) {
+    return false;
+  }
+  ++myBlocks;
+  CByteReader words(head);
+  const std::size_t packedSize = words.TakeWord();
+  const std::size_t size = words.TakeWord();
+  const std::uint32_t checksum = words.TakeWord();
+  myBytes += size;
+  if (packedSize > kMostBlockBytes || size == 0 || size > kMostBlockBytes) {
+    RefuseBlock();
+    return false;
+  }
+  if (myBytes > kMostRecordingBytes) {
+    Refuse("it is too long");
+    return false;
+  }
+  const std::string packed = ReadBytes(*myStream, packedSize);
+  if (packed.size() < packedSize) {
+    return false;
+  }
+  myBlock = Unpack(packed, size);
+  const auto sum =
+      crc32(0, reinterpret_cast<const Bytef*>(packed.data()), static_cast<uInt>(packed.size()));
+  if (sum != checksum || myBlock.size() != size) {
+    RefuseBlock();
+    return false;
+  }
+  myEntries = CByteReader(myBlock);
+  return true;
+}
+
+std::string CRecordingReader::Unpack(const std::string& packed, std::size_t size) {
+  std::string bytes(size, '\0');
+  auto unpacked = static_cast<uLongf>(size);
+  auto taken = static_cast<uLong>(packed.size());
+  const int result = uncompress2(reinterpret_cast<Bytef*>(bytes.data()), &unpacked,
+                                 reinterpret_cast<const Bytef*>(packed.data()), &taken);
+  const bool isWhole = result == Z_OK && taken == packed.size();
+  bytes.resize(isWhole ? unpacked : 0);
+  return bytes;
+}
+
+CRecordingReader::EItem CRecordingReader::TakeEntry() {
+  const unsigned head = myEntries.TakeByte();
+  const unsigned form = head & kFormMask;
+  const unsigned number = head >> kFormBits;
+  if (form == kSpecial) {
+    return TakeSpecial(number);
+  }
+  const unsigned wait = number < kLongWait ? number : myEntries.TakeVarint();
+  int dx = 0;
+  int dy = 0;
+  if (form == kPointerMoves) {
+    dx = myEntries.TakeSignedByte();
+    dy = myEntries.TakeSignedByte();
+  } else if (form == kPointerJumps) {
+    dx = myEntries.TakeSigned();
+    dy = myEntries.TakeSigned();
+  }
+  return TakeInput(EInput::kFrame, wait, dx, dy);
+}
+
+// A skew is no item of its own.
+CRecordingReader::EItem CRecordingReader::TakeSpecial(unsigned special) {
+  switch (special) {
+    case kSpecialPause:
+    case kSpecialResume:
+    case kSpecialKitten: {
+      constexpr EInput kKinds[] = {EInput::kPause, EInput::kResume, EInput::kKitten};
+      const unsigned wait = myEntries.TakeVarint();
+      const int dx = myEntries.TakeSigned();
+      return TakeInput(kKinds[special], wait, dx, myEntries.TakeSigned());
+    }
+    case kSpecialSkew:
+      mySkew = myEntries.TakeSigned();
+      return myEntries.HasFailed() ? RefuseBlock() : EItem::kNone;
+    case kSpecialState:
+      myState = myEntries.TakeBytes(myEntries.TakeVarint());
+      return myEntries.HasFailed() ? RefuseBlock() : EItem::kState;
+    case kSpecialEnd:
+      myEnd.isOver = myEntries.TakeByte() == 1;
+      myEnd.score = myEntries.TakeSigned();
+      return myEntries.HasFailed() || !myEntries.IsAtEnd() ? RefuseBlock() : EItem::kEnd;
+    default:
+      return RefuseBlock();
+  }
+}
+
+CRecordingReader::EItem CRecordingReader::TakeInput(EInput kind, unsigned wait, int dx, int dy) {
+  // In 64 bits, because a hostile motion would overflow.
+  const std::int64_t x = std::int64_t{myInput.pointerX} + dx;
+  const std::int64_t y = std::int64_t{myInput.pointerY} + dy;
+  if (myEntries.HasFailed() || std::abs(x) > kMostPointer || std::abs(y) > kMostPointer) {
+    return RefuseBlock();
+  }
+  myKittens += kind == EInput::kKitten ? 1 : 0;
+  if (myKittens > kMostKittens) {
+    return Refuse("it has more than " + std::to_string(kMostKittens) + " extra kittens");
+  }
+  myInput = {.kind = kind,
+             .time = myInput.time + wait,
+             .appTime = myInput.appTime + wait + static_cast<unsigned>(mySkew),
+             .pointerX = static_cast<int>(x),
+             .pointerY = static_cast<int>(y)};
+  mySkew = 0;
+  return EItem::kInput;
+}
+
+CRecordingReader::EItem CRecordingReader::Refuse(const std::string& reason) {
+  myError = reason;
+  return EItem::kNone;
+}
+
+CRecordingReader::EItem CRecordingReader::RefuseBlock() {
+  return Refuse("its block " + std::to_string(myBlocks) + " is damaged");
+}
+
+}  // namespace brumble

@@ -1,0 +1,78 @@
+#include "game/replayfiles.h"
+
+#include "game/scores.h"
+#include "platform/process.h"
+#include "platform/wallclock.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <ctime>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+namespace brumble {
+namespace {
+
+constexpr std::size_t kLastReplays = 10;
+constexpr std::string_view kEnding = ".replay";
+constexpr std::string_view kForm = "dddd-dd-dd_dddddd_d";  // and what may follow
+
+bool IsOurs(std::string_view name) {
+  if (name.size() < kForm.size() + kEnding.size() || !name.ends_with(kEnding)) {
+    return false;
+  }
+  const auto fits = [](char form, char c) {
+    return form == 'd' ? std::isdigit(static_cast<unsigned char>(c)) != 0 : c == form;
+  };
+  name.remove_suffix(kEnding.size());
+  return std::equal(kForm.begin(), kForm.end(), name.begin(), fits) &&
+         name.find_first_not_of("0123456789-", kForm.size()) == std::string_view::npos;
+}
+
+std::vector<std::string> OurFiles() {
+  std::vector<std::string> files;
+  std::error_code error;
+  for (std::filesystem::directory_iterator file(kReplayFolder, error), end; !error && file != end;
+       file.increment(error)) {
+    if (IsOurs(file->path().filename().string())) {
+      files.push_back(file->path().string());
+    }
+  }
+  return files;
+}
+
+}  // namespace
+
+std::string NewReplayName(int number) {
+  std::error_code ignored;  // what follows fails, too, and is reported
+  std::filesystem::create_directory(kReplayFolder, ignored);
+  const std::time_t now = vask::platform::WallClockSeconds();
+  std::tm local = {};
+  localtime_r(&now, &local);
+  std::array<char, 64> moment = {};
+  std::strftime(moment.data(), moment.size(), "/%Y-%m-%d_%H%M%S_", &local);
+  return kReplayFolder + std::string(moment.data()) +
+         std::to_string(vask::platform::ProcessNumber()) +
+         (number > 1 ? "-" + std::to_string(number) : "") + std::string(kEnding);
+}
+
+// The names begin with their dates.
+void RemoveOldReplays() {
+  std::vector<std::string> files = OurFiles();
+  std::sort(files.rbegin(), files.rend());
+  const std::vector<SScore> scores = ReadScores();
+  for (std::size_t i = kLastReplays; i < files.size(); ++i) {
+    const bool isBest = std::any_of(scores.begin(), scores.end(), [&](const SScore& score) {
+      return score.recording == files[i];
+    });
+    if (!isBest) {
+      std::error_code ignored;  // it is tried again after the next game
+      std::filesystem::remove(files[i], ignored);
+    }
+  }
+}
+
+}  // namespace brumble
