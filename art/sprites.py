@@ -105,7 +105,7 @@ SPRITES = {
     "kitten_hit_big": effect(effects.hit_big, (104, 104), 51, columns=6, frames=12, length=70, sound="hit_big"),
     "kitten_lose_hair": effect(effects.lose_hair, (84, 84), 50, columns=6, frames=12, length=80, sound="lose_hair"),
     "hellfire": effect(effects.hellfire, (120, 108), 48, sound="hellfire"),
-    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 79, "breath", 16, 110, at=(0, 172), sound="oven_breath"),
+    "oven_breath": round_and_round(effects.oven_breath, (110, 100), 81, "breath", 16, 110, at=(0, 172), sound="oven_breath"),
     "lamps": Sheet(marks.lamps, marks.LAMPS, 78, [Animation("lit_%d" % n, 0, [(n, 1000)]) for n in range(5)], at=(50, 281)),
     "ghost": round_and_round(effects.ghost_rising, (40, 48), 35, "rise", 8, 110),
     "hint_spin": Sheet(marks.hint_spin, (90, 90), 55, [Animation("turn", 1, steady(*range(marks.SPIN), length=80))], columns=6),

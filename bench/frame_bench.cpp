@@ -429,7 +429,7 @@ class CCastFrames {
 };
 
 void BM_LivingCast(benchmark::State& state) {
-  const SStage stage;
+  const CStage stage;
   const auto measure = [](bool isLiving) {
     CCastFrames frames(isLiving);
     const auto draw = [&frames](int frame) { frames.Draw(frame); };

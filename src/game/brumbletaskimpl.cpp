@@ -143,7 +143,7 @@ void CBrumbleTaskImpl::StartNewGame() {
   myPlay.Read(now);
   myPlay.Start(start);
   myRecorder.Begin(start, now);
-  ShowPlay(BestScore() == 0);
+  ShowPlay(BestScore() <= 0);
 }
 
 // In the place of the screen, and as it is while the task is paused.

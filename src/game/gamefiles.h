@@ -52,7 +52,7 @@ inline constexpr const char* kPanelBonusesFile = "data/gfx/panel_bonuses.xml";
 inline constexpr const char* kGhostFile = "data/gfx/ghost.xml";
 inline constexpr const char* kTitleBestFile = "data/gfx/title_best.xml";
 
-// All sprite files above; their pictures are decoded before the first game.
+// The sprites of play and its screens; their pictures are decoded before the first game.
 inline constexpr std::array kSpriteFiles = {
     kTitleScreenFile,  kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
     kBackgroundFile,   kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,

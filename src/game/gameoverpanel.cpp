@@ -34,9 +34,9 @@ constexpr std::array<int, 8> kRankScores = {0, 1, 2500, 7500, 15000, 30000, 5000
 
 constexpr int kFirstGhostX = 180;
 constexpr int kGhostStep = 45;
-constexpr int kGhostStartY = 430;  // behind the panel's lower edge
+constexpr int kGhostStartY = 370;  // behind the panel
 constexpr int kGhostEndY = -60;
-constexpr unsigned kGhostTime = 4000;  // milliseconds, of the first; each other takes longer
+constexpr unsigned kGhostTime = 3000;  // milliseconds, of the first; each other takes longer
 constexpr unsigned kGhostDelay = 500;
 
 }  // namespace

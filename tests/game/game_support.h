@@ -7,7 +7,6 @@
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
-#include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
@@ -80,39 +79,26 @@ inline std::vector<vask::CSprite*> Floating() {
   return found;
 }
 
-// Takes the place of the task that plays sounds and music; there is one, that keeps what it plays.
+// Takes the place of the task that plays sounds and music.
 class CFakeAudio : public vask::CTask {
  public:
-  // The one in the game's task list, with nothing played.
+  // There is one, which has played nothing yet.
   static CFakeAudio& Get() {
     static const vask::CTaskTypeRegistrar<CFakeAudio> registrar("fake audio");
     vask::CTaskFactory& tasks = *vask::CTaskFactory::GetSingletonPtr();
-    if (tasks.GetTask("Audio") == nullptr) {
-      tasks.StartTask("fake audio", "Audio", 1, nullptr);
-    }
+    tasks.StartTask("fake audio", "Audio", 1, nullptr);
     auto& audio = dynamic_cast<CFakeAudio&>(*tasks.GetTask("Audio"));
     audio.played.clear();
-    audio.Tell("");
     return audio;
   }
   void Update() override {}
   bool ExecuteCommand(const std::string& line) override {
-    const std::size_t first = line.find('"') + 1;  // 0 without a file
-    const std::string file = first == 0 ? "" : line.substr(first, line.rfind('"') - first);
-    played += (file.empty() ? "stop" : std::filesystem::path(file).stem().string()) + " ";
-    if (!line.starts_with("PlayEffect")) {
-      Tell(file);
-    }
+    const std::size_t start = line.rfind('/') + 1;  // 0 without a file
+    played += (start == 0 ? "stop" : line.substr(start, line.rfind('.') - start)) + " ";
     return true;
   }
 
   std::string played;  // the names of the files, a blank after each; "stop" for an end of the music
-
- private:
-  static void Tell(const std::string& file) {
-    vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->SetVariable("audio_music_file",
-                                                                            file);
-  }
 };
 
 // A folder to run in with the game's data, pictures, a stopped clock, and rules that begin afresh.
