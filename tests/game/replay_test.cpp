@@ -16,6 +16,7 @@
 #include "input/keyboard.h"
 #include "input/keynames.h"
 #include "input/mouse.h"
+#include "kernel/applicationfactory.h"
 #include "platform/wallclock.h"
 #include "utils/assert.h"
 

@@ -53,9 +53,7 @@ CPhysicsWorld::CPhysicsWorld() : myBodies(kFirstKittenIndex) {
   myGenerator.Reserve(myBodies.size());
 }
 
-void CPhysicsWorld::SetUp() {
-  SetUp(static_cast<unsigned>(vask::platform::WallClockSeconds()));
-}
+void CPhysicsWorld::SetUp() { SetUp(static_cast<unsigned>(vask::platform::WallClockSeconds())); }
 
 void CPhysicsWorld::SetUp(unsigned seed) {
   vask::platform::SeedRand(seed);
