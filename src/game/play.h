@@ -17,11 +17,7 @@ namespace brumble {
 // and nothing else from outside reaches the rules.
 //
 //     CPlay play;
-//     play.Read(input);               // the moment of the start
-//     play.Start(play.NextStart(1));  // the seed
-//     if (play.IsDue(input)) {
-//       play.Take(input);
-//     }
+//     play.Start(play.NextStart(1));  // the seed; then Take() with each input that is due
 class CPlay : public IKittenSpawner {
  public:
   CPlay();

@@ -11,11 +11,10 @@ class CPlay;
 // Plays a recorded game: gives play the inputs in its file, and compares the states that it comes
 // to with those in the file.
 //
-//     CReplayedGame game(play, "game.replay");
+//     CReplayedGame game(play, file);
 //     while (!game.IsDone()) {
 //       game.PlayNext();
 //     }
-//     const bool held = game.HasHeld();
 class CReplayedGame {
  public:
   // Starts the game in `play`, which is not owned, unless the file is refused. At the first

@@ -202,8 +202,8 @@ constexpr unsigned kVersion = 1;
 constexpr unsigned long kHash = 0x32736D75;
 
 TEST_F(ReplayTest, AWholeGameTakesTheSameCourseInEveryBuild) {
-  CPlay play;
   CPilot pilot(CPilot::EManner::kPresser, 1);
+  CPlay play;
   play.Start(play.NextStart(1));
   unsigned long hash = crc32(0, nullptr, 0);
   SInput input;

@@ -12,10 +12,6 @@ namespace brumble {
 
 // Writes the recording of one game. Entries are kept until their block is full, or flushed: what a
 // crash leaves plays up to its last block. After a failure nothing more is written.
-//
-//     CRecordingWriter writer("game.replay", start, now);
-//     writer.Add(input);  // before the game takes it
-//     writer.End(true, 1500);
 class CRecordingWriter {
  public:
   // Makes the file, which must not exist, and writes the start. The times of the inputs count from
