@@ -61,3 +61,10 @@ try_packages() {
   printf 'Installing: %s\n' "${missing[*]}"
   install_packages "${missing[@]}" || printf 'These packages could not be installed: %s\n' "${missing[*]}" >&2
 }
+
+# try_fuzz_packages: installs clang, and its fuzzer runtime, whose name has clang's version in it; never
+# fails.
+try_fuzz_packages() {
+  try_packages clang
+  try_packages "libclang-rt-$(clang -dumpversion 2>/dev/null | cut -d. -f1)-dev"
+}

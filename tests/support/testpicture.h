@@ -80,7 +80,7 @@ ImagePtr Filled(IPixel* picture, PixelAt pixelAt) {
 
 // A picture with an alpha channel, in one colour.
 inline IPixel* NewPicture(int width, int height, const CColor& c) {
-  const std::uint32_t pixel = c.a << 24 | c.r << 16 | c.g << 8 | c.b;
+  const auto pixel = static_cast<std::uint32_t>(c.a << 24 | c.r << 16 | c.g << 8 | c.b);
   return Filled(Gfx::NewBuffer(width, height), [=](int, int) { return pixel; }).release();
 }
 

@@ -1,6 +1,7 @@
 #include "gfx/sdl/gfxfactorysdl.h"
 
 #include "gfx/picture/gfx.h"
+#include "gfx/sdl/gifcheck.h"
 #include "gfx/sdl/pixelsdl.h"
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/video.h"
@@ -16,7 +17,7 @@ namespace vask {
 namespace {
 
 sdl::SurfacePtr Load(const std::string& file) {
-  if (IsEndless(file)) {
+  if (IsEndless(file) || !sdl::CheckGifFile(file)) {
     return nullptr;
   }
   const sdl::SurfacePtr loaded(IMG_Load(file.c_str()));

@@ -11,7 +11,6 @@ namespace vask {
 
 namespace {
 
-constexpr char kFileName[] = "log.txt";
 constexpr char kVersion[] = "Vask version 0.23";
 
 // A listener that logs a line for every line would exhaust the stack. Lines nested deeper than this

@@ -32,6 +32,8 @@ enum ELogLevel : int {
 //     Log().Print("[ERROR] No task %s\n", name.c_str());
 class CLog : public CStaticSingleton<CLog> {
  public:
+  static constexpr const char* kFileName = "log.txt";  // in the working directory
+
   CLog();
   ~CLog();
   CLog(const CLog&) = delete;

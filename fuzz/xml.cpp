@@ -2,23 +2,14 @@
 // events must be those of a well-behaved parser.
 
 #include "utils/xml/xml.h"
-#include "utils/xml/xmlparser.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <sstream>
-#include <string>
+#include "fuzz.h"
+#include "utils/xml/xmlparser.h"
 
 namespace {
 
 using vask::CXmlElement;
-
-void Require(bool condition) {
-  if (!condition) {
-    std::abort();
-  }
-}
+using vask::fuzz::Require;
 
 // Checks what holds for the events of every document.
 class CEventCheck : public vask::CXmlHandlerInterface {
@@ -62,7 +53,7 @@ void WalkThrough(CXmlElement& root) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string document(reinterpret_cast<const char*>(data), size);
+  const std::string document = vask::fuzz::ToText(data, size);
   CEventCheck check;
   for (const bool trim : {true, false}) {
     std::istringstream stream(document);

@@ -1,0 +1,42 @@
+// The first line is an OGF file, the rest is a text: what is measured is what is drawn.
+
+#include "gfx/text/font.h"
+
+#include "fuzz.h"
+#include "gfx/text/textsprite.h"
+#include "support/testpicture.h"
+
+namespace {
+
+constexpr int kWidth = 90;
+constexpr int kHeight = 60;
+
+void Write(vask::CFont& font, const std::string& text) {
+  const vask::Gfx::ImagePtr target(vask::Gfx::NewBuffer(kWidth, kHeight));
+  int width = 0;
+  for (const char character : text) {
+    width += font.GetCharWidth(static_cast<unsigned char>(character));
+  }
+  vask::fuzz::Require(font.GetTextWidth(text) == width);
+  for (int align = -1; align <= 3; ++align) {
+    font.SetAlign(align);
+    const vask::SPenPosition drawn = font.Write(target.get(), text, {7, 5, kWidth - 9, kHeight});
+    const vask::SPenPosition measured = font.Write(nullptr, text, {7, 5, kWidth - 9, kHeight});
+    vask::fuzz::Require(drawn.x == measured.x && drawn.y == measured.y);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  [[maybe_unused]] static auto& screen = *new vask::test::CTestScreen(kWidth, kHeight);
+  const std::string input = vask::fuzz::ToText(data, size);
+  const std::size_t end = std::min(input.find('\n'), input.size());
+  vask::fuzz::WriteFile("input.ogf", input.substr(0, end));
+  std::unique_ptr<vask::CFont> font = vask::LoadFont("input.ogf");
+  Write(*font, input.substr(end));
+  const std::unique_ptr<vask::CFont> clone(font->Clone());
+  vask::fuzz::Require(clone->GetTextWidth(input) == font->GetTextWidth(input));
+  vask::CTextSprite(std::move(font), kWidth, kHeight).SetText(input.substr(end));
+  return 0;
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "fuzz.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+// The mail host, which has sent all its replies before it is told anything.
+namespace vask::fuzz {
+
+inline std::string ourReplies;
+inline int ourHost = -1;  // the other end of the connection
+
+// What the host has been told, a "\n" at the end of each line.
+inline std::string TakeWhatWasSaid() {
+  std::string said(1 << 18, '\0');
+  const ssize_t size = recv(ourHost, said.data(), said.size(), 0);
+  said.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+  for (std::size_t at = said.find('\r'); at != std::string::npos; at = said.find('\r', at)) {
+    said.erase(at, 1);
+    Require(said.substr(at, 1) == "\n");
+  }
+  return said;
+}
+
+// Every answered command leads to the next one, and the mail ends where its dot stands alone.
+inline void CheckDialogue(const std::string& said, bool isWhole) {
+  std::istringstream lines(said);
+  std::string line;
+  for (const char* command : {"HELO ", "MAIL FROM:", "RCPT TO:", "DATA"}) {
+    Require(!std::getline(lines, line) || line.starts_with(command));
+  }
+  std::size_t subjects = 0;
+  for (bool isHeader = true; std::getline(lines, line) && line != "."; isHeader &= !line.empty()) {
+    subjects += isHeader && line.starts_with("Subject: ") ? 1 : 0;
+    Require(!isHeader || !line.starts_with("Bcc:"));
+  }
+  const bool hasQuit = static_cast<bool>(std::getline(lines, line));
+  Require(!hasQuit || line == "QUIT");
+  Require(!std::getline(lines, line));
+  Require(!isWhole || (hasQuit && subjects == 1));
+}
+
+}  // namespace vask::fuzz
+
+// In place of the system's: the host is in this program.
+extern "C" int connect(int handle, const sockaddr*, socklen_t) {
+  int ends[2];
+  vask::fuzz::Require(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends) == 0);
+  dup2(ends[0], handle);
+  close(ends[0]);
+  vask::fuzz::ourHost = ends[1];
+  vask::fuzz::Require(send(vask::fuzz::ourHost, vask::fuzz::ourReplies.data(),
+                           vask::fuzz::ourReplies.size(), MSG_NOSIGNAL) >= 0);
+  return shutdown(vask::fuzz::ourHost, SHUT_WR);
+}
