@@ -31,16 +31,5 @@ TEST(EventBridge, ListenersComeAndGoDuringEveryDispatch) {
   }
 }
 
-TEST(EventBridge, AListenerMayDieBetweenTheTwoPartsOfAMotion) {
-  std::string record;
-  auto first = std::make_unique<CEventRecorder>("a ", record);
-  const CEventRecorder second("b ", record);
-  first->react = [&] { first.reset(); };
-  Bridge().MouseMove(1, 2, -3, 4);
-  EXPECT_EQ(record, "a move 1 2\nb move 1 2\nb by -3 4\n");
-  CEventBridge::DeleteSingleton();  // and the listener, who outlives it, does not make a new one
-  EXPECT_EQ(CEventBridge::PeekSingletonPtr(), nullptr);
-}
-
 }  // namespace
 }  // namespace vask::test

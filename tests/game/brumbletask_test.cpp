@@ -146,19 +146,6 @@ TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
   }
 }
 
-// A kitten that moves down in the very step after its drop must keep its record, or the game waits
-// for its end for ever. The extra kitten before it counts for nothing.
-TEST_F(TaskTest, ARecordFollowsItsKittenFromTheFirstStepOn) {
-  StartGame();
-  task.ExecuteCommand("drop");
-  Frame(601);
-  ASSERT_EQ(Bodies().size(), 10U);
-  Bodies()[8].y = 60.0F;  // about to leave
-  Frame(6);
-  EXPECT_NE(Impl().GetGameLogic().GetRecord(8), nullptr);
-  EXPECT_EQ(GameState().kittensInPlay, 1);
-}
-
 TEST_F(TaskTest, NothingOfTheGameOutlivesItsExit) {
   const auto sprites = vask::CScreenLayer::GetSingletonPtr()->GetChildren();
   for (const bool isOver : {false, true}) {

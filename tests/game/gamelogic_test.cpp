@@ -281,18 +281,6 @@ TEST_F(RulesTest, RunsItsExamples) {
   EXPECT_EQ(CDeathToASprite::Count(), 1U);
 }
 
-TEST_F(RulesTest, EffectsMoveFromTheirPlaceToTheirTarget) {
-  const std::string file = "data/gfx/kitten_lose_hair.xml";
-  CGameLogic::ShowEffect(file, {200, 300}, {400, 100}, "t");
-  EXPECT_EQ(CentreOf(file), "200,300");
-  for (const std::string place : {"279,179", "400,100"}) {  // from 158,258
-    Pass(1000);
-    EXPECT_EQ(PlaceOf(file), place);
-  }
-  CGameLogic::ShowEffect(kOvenBurningFile, {0, 300});
-  EXPECT_EQ(PlaceOf(kOvenBurningFile), "0,140") << "that of its file";
-}
-
 TEST_F(RulesTest, FloatingNumbersRiseAndFade) {
   CScoreBoard::ShowFloatingText({50, 150}, "+5");
   vask::CSprite* const number = Floating().at(0);

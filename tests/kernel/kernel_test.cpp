@@ -183,13 +183,6 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
   }
 }
 
-TEST_F(CKernelTest, AResumedTaskTakesThePlaceOfItsPriority) {
-  Start("a", 10);
-  Start("b", 20);
-  EXPECT_EQ(RunFrames({"pause a priority a@90", "resume a resume a"}),
-            "| a.pause b | a.resume b a ");
-}
-
 TEST_F(CKernelTest, NoHookIsCalledAfterTheExit) {
   const std::vector<std::string> frames = {"wait clock@15", "wait clock@15 pause t",
                                            "wait clock@15", "wait clock@15 resume t",

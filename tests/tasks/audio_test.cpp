@@ -63,24 +63,6 @@ TEST_F(AudioTask, CommandsComplainOfWrongParameters) {
                 "StopMusicFadeOut -command the 1st parameter is of wrong type, should be number"});
 }
 
-TEST_F(AudioTask, CommandsReachThePlayers) {
-  ASSERT_TRUE(myTask.Start());
-  SDL_LockAudio();  // no fade gets on
-  Run("PlayMusicFadeIn( one.wav )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_IN);
-  Run("StopMusicFadeOut( 20000 )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_FADING_OUT) << "a fade-in of a second is long enough for that";
-  Run("PlayMusicFadeIn( one.wav, 0 )");
-  EXPECT_EQ(Mix_FadingMusic(), MIX_NO_FADING);
-  SDL_UnlockAudio();
-  Run("StopMusic");
-  EXPECT_EQ(Mix_PlayingMusic(), 0);
-  Run("PreloadEffect( one.wav )");
-  EXPECT_EQ(Mix_Playing(-1), 0);
-  Run("PlayEffect( one.wav )");
-  EXPECT_EQ(Mix_Playing(-1), 1);
-}
-
 TEST_F(AudioTask, UpdatesPausesAndEndsBothPlayers) {
   ASSERT_TRUE(myTask.Start());
   Run("PlayMusic( one.wav )");

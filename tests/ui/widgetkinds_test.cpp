@@ -14,7 +14,6 @@ class Button : public UiTest, public css::CSignalTarget {
   Button() {
     button->GetClickSignal().Connect(this, &Button::NoteClick);
     button->GetDoubleClickSignal().Connect(this, &Button::NoteDoubleClick);
-    button->GetDragSignal().Connect(this, &Button::NoteDrag);
   }
   void NoteClick() {
     notes += "click ";
@@ -23,7 +22,6 @@ class Button : public UiTest, public css::CSignalTarget {
     }
   }
   void NoteDoubleClick() { notes += "double "; }
-  void NoteDrag(int dx, int dy) { notes += std::to_string(dx) + "," + std::to_string(dy) + " "; }
   std::string ClickAfter(unsigned milliseconds) {
     myClock.Advance(milliseconds);
     Click({15, 15});
@@ -59,20 +57,6 @@ TEST_F(Button, AClickIsAPressAndAReleaseOnIt) {
   endsDesktop = true;
   EXPECT_EQ(ClickAfter(300), "click ");
   EXPECT_TRUE(Desktop()->GetChildren().empty());
-}
-
-TEST_F(Button, ADragTellsTheWayToThePointer) {
-  EXPECT_EQ(button->GetResizeMode(), CWidget::kKeepCentre);
-  Press({15, 15});
-  Move({90, 12});
-  EXPECT_EQ(notes, "75,-3 ") << "also outside of it; it does not move itself";
-  Bridge().MouseButtonDown(kRightButton);
-  Bridge().MouseButtonUp(kRightButton);
-  Move({91, 12});
-  EXPECT_EQ(notes, "75,-3 76,-3 ");
-  button->SetDraggable(false);
-  Move({92, 12});
-  EXPECT_EQ(notes, "75,-3 76,-3 ");
 }
 
 class CForm : public css::CSignalTarget {

@@ -137,19 +137,6 @@ TEST_F(Animation, BadFramesAreSkippedWithOneLineEach) {
   EXPECT_EQ(CAudioProbe::sounds, "");
 }
 
-TEST_F(Animation, WrittenSpriteReadsBackAndPlaysItsSoundsOnce) {
-  const std::string frames =
-      Sound("a b.wav") + Part(2, 100) + Part(3, 10, Sound("c.wav", "Wrapped")) + Part(4, 100);
-  SaveXml(*Read("<TimeMultiply>2</TimeMultiply>" + Named("b", "") + Named("a", frames)), "a.xml");
-  const CLogCapture log;
-  CAnimatedSprite sprite;
-  sprite.SetImage(Gfx::NewBuffer(50, 50));
-  LoadXml(sprite, "a.xml");
-  EXPECT_EQ(log.Text(), "") << "the order of reading is the order of writing";
-  EXPECT_EQ(Play(sprite, {0, 1, 25, 50, 51, 52, 60, 200}), "22234444");
-  EXPECT_EQ(CAudioProbe::sounds, "PlayEffect( \"a b.wav\" )\nPlayEffect( \"c.wav\" )\n");
-}
-
 TEST_F(Animation, SoundMayRestartAndDeleteItsSprite) {
   std::ofstream("flame.xml") << "<S type=\"sprite_animated\">" << Named("burn", Sound("f"))
                              << "</S>";

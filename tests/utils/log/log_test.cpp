@@ -101,18 +101,6 @@ class CListener : public ILogListener {
   std::function<void(const std::string&)> myReaction;
 };
 
-TEST(Log, ListenersMayLogWhileTheyAreCalled) {
-  const CListener listener([](const std::string& line) {
-    if (line == "outer\n") {
-      Log() << "inner\n";
-    }
-  });
-  const test::CLogCapture next;
-  Log().Error() << "outer\nnext\n";
-  EXPECT_EQ(next.Text(), "inner\nouter\nnext\n");
-  EXPECT_EQ(next.Lines()[1].level, kLogError);
-}
-
 TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
   int calls = 0;
   const CListener endless([&](const std::string&) { Log() << "line " << ++calls << "\n"; });
