@@ -93,6 +93,11 @@ def word_plate(text, x, y, w):
             lettering.svg(text, x + w / 2.0, y + 7, 12, "strong", "middle"))
 
 
+def plate(text, w):
+    """A word plate as a whole picture."""
+    return '<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="32">%s</svg>' % (w + 6, word_plate(text, 3, 3, w))
+
+
 def hint_lamps(number):
     """From the right to the lamps, which stand left of it."""
     x = 5 * nudge(number)

@@ -130,6 +130,7 @@ SPRITES = {
     "title_screen": Still("title_screen.svg", 12, opaque=True),
     "help_screen": Still("help_screen.svg", 12, opaque=True),
     "help_bubbles": Still("help_bubbles.svg", 10),
+    "demo": Drawn(marks.plate("DEMO", 84), 2, at=(355, 44)),
     "paused": Still("paused.svg", 5, at=(210, 226)),
     "b_grilled_kitten": sign("GRILLED", "KITTEN", "icon_grill", "#b5341a", 1),
     "b_long_shot": sign("LONG", "SHOT", "icon_long", "#7a4f9a", 2),

@@ -99,7 +99,7 @@ void CBrumbleTaskImpl::ShowTitle() {
 }
 
 ETune CBrumbleTaskImpl::WantedTune() const {
-  if (myScreen != nullptr) {
+  if (myScreen != nullptr || myDemoWatch.IsPlaying()) {
     return ETune::kTitle;
   }
   return GameState().kittensLeft > 0 ? ETune::kPlay : ETune::kLastKitten;
@@ -108,6 +108,7 @@ ETune CBrumbleTaskImpl::WantedTune() const {
 void CBrumbleTaskImpl::Update() {
   myTunes.Play(WantedTune());
   if (myScreen != nullptr) {
+    StartDemoWhenDue();
     return;
   }
   if (myReplay != nullptr) {
@@ -214,9 +215,28 @@ std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
   return {};
 }
 
+void CBrumbleTaskImpl::StartDemoWhenDue() {
+  const bool isTitle = myScreen->GetState() == CBrumbleInGameUi::kTitle;
+  if (!isTitle || !myCanDemo || !myDemoWatch.IsDue()) {
+    return;
+  }
+  const std::string error = StartReplay(kDemoRecording);
+  myCanDemo = error.empty();
+  if (!myCanDemo) {
+    vask::Log().Warning() << error << "\n";
+    return;
+  }
+  myReplay->MakeDemo();
+  myDemoWatch.Begin();
+}
+
+// What ends a demo does so in the next frame, when nobody else hears of it any more.
 void CBrumbleTaskImpl::UpdateReplay() {
   myReplay->Update();
-  if (myReplay->GetGame().IsDone()) {
+  const bool isDone = myReplay->GetGame().IsDone();
+  if (myDemoWatch.IsPlaying() && (isDone || myDemoWatch.WasTouched())) {
+    StopReplay();
+  } else if (isDone) {
     EndReplay();
   } else {
     myCast.Update(GetWorld(), GetGameLogic().GetStory());
@@ -245,6 +265,7 @@ void CBrumbleTaskImpl::StopReplay() {
     return;
   }
   myReplay.reset();
+  myDemoWatch.End();
   myPlay.SetNextStart(*myNextStart);
   myCast.EndPlay();
   CDeathToASprite::DeleteAll();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/cast.h"
+#include "game/demowatch.h"
 #include "game/gameoverpanel.h"
 #include "game/gamerecorder.h"
 #include "game/picturecache.h"
@@ -74,6 +75,7 @@ class CBrumbleTaskImpl {
   void ShowPaused();
   void ShowTitle();
   void ShowPlay(bool isNovice);
+  void StartDemoWhenDue();
   void UpdateReplay();
   void EndReplay();
 
@@ -87,6 +89,8 @@ class CBrumbleTaskImpl {
   std::unique_ptr<CBrumbleInGameUi> myScreen;
   CTitleBest myTitleBest;
   CTunes myTunes;
+  CDemoWatch myDemoWatch;
+  bool myCanDemo = true;                    // until one could not be played
   std::unique_ptr<CGameOverPanel> myPanel;  // null but at the end of a game
   CPictureCache myPictures;
   bool myIsPaused = false;        // the task

@@ -53,12 +53,16 @@ inline constexpr const char* kGhostFile = "data/gfx/ghost.xml";
 inline constexpr const char* kTitleBestFile = "data/gfx/title_best.xml";
 
 // The sprites of play and its screens; their pictures are decoded before the first game.
+inline constexpr const char* kDemoFile = "data/gfx/demo.xml";
+inline constexpr const char* kDemoRecording = "data/demo.replay";
+
 inline constexpr std::array kSpriteFiles = {
     kTitleScreenFile,  kHelpScreenFile, kHelpBubblesFile, kGameOverFile,    kPausedFile,
     kBackgroundFile,   kScoreSignFile,  kKittensLeftFile, kKittenSignsFile, kOvenFile,
     kOvenBurningFile,  kHellfireFile,   kLoseHairFile,    kHitSmallFile,    kHitBigFile,
     kMonsterPupilFile, kLampsFile,      kOvenBreathFile,  kFatePlateFile,   kFateGhostFile,
     kFateLeftFile,     kHintSpinFile,   kHintLampsFile,   kHintDoorFile,    kGhostFile,
+    kDemoFile,
 };
 
 // The mark of a kitten above the screen, by its hair: 1 full, 2 thinning, 3 bald.

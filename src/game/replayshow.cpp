@@ -1,6 +1,8 @@
 #include "game/replayshow.h"
 
 #include "game/effects.h"
+#include "game/gamefiles.h"
+#include "game/gfxfactory.h"
 #include "game/physics/screentransform.h"
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/text/font.h"
@@ -80,6 +82,12 @@ CReplayShow::~CReplayShow() {
   SetEffectsShown(true);
 }
 
+void CReplayShow::MakeDemo() {
+  ourShow = nullptr;
+  myReadout = nullptr;
+  mySprite = CGfxFactory::GetSingletonPtr()->LoadSprite(kDemoFile);
+}
+
 void CReplayShow::Update() {
   const unsigned passed = myClock.GetTime();
   myClock -= passed;
@@ -121,6 +129,9 @@ void CReplayShow::SetSpeed(int doublings) {
 }
 
 void CReplayShow::ShowTime() {
+  if (myReadout == nullptr) {
+    return;
+  }
   const unsigned tenths = myTime / 100;
   std::array<char, 64> time = {};
   std::snprintf(time.data(), time.size(), "Replay %u:%02u.%u", tenths / 600, tenths / 10 % 60,

@@ -23,6 +23,8 @@ class CReplayShow {
   CReplayShow(const CReplayShow&) = delete;
   CReplayShow& operator=(const CReplayShow&) = delete;
 
+  // Shows the word "DEMO" instead of the time, and hears no keys.
+  void MakeDemo();
   void Update();
   // While the task is paused.
   void Pause() { myClock.Pause(); }
@@ -45,7 +47,7 @@ class CReplayShow {
   int myDoublings = 0;   // of the speed; negative: halvings
   bool myIsHeld = false;
   vask::CSpritePtr mySprite;
-  vask::CTextSprite* myReadout;  // the same
+  vask::CTextSprite* myReadout;  // the same; null for a demo
 };
 
 }  // namespace brumble

@@ -40,9 +40,9 @@ class Game(Scoped):
         shutil.copytree(ROOT / "runtime", self.runtime,
                         ignore=shutil.ignore_patterns("log.txt", "user.txt"))
         self.prepare(self.runtime)
-        if self.lines:
+        if (self.runtime / "autoexec.txt").exists():
             with open(self.runtime / "autoexec.txt", "a") as script:
-                script.write(self.lines + "\n")
+                script.write("\ngame_demo_after = 0\n" + self.lines + "\n")
         displays = {"DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"}
         environment = {name: os.environ[name] for name in os.environ.keys() - displays}
         if self.screen:

@@ -4,6 +4,7 @@
 #include "game/brumbletaskimpl.h"
 #include "game/effects.h"
 #include "game/game_support.h"
+#include "game/gamefiles.h"
 #include "game/physics/arena.h"
 #include "game/physics/worldstate.h"
 #include "game/pilot.h"
@@ -424,6 +425,37 @@ TEST_F(ReplayTest, AFailedAssertionWritesTheGameUpToItsFrameAndTellsTheFile) {
   task.Exit();
   VASK_ASSERT(false, "nothing is recorded");
   EXPECT_EQ(vask::GetAssertNote(), "");
+}
+
+TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
+  const auto isDemo = [this](unsigned wait) {
+    Pass(wait);
+    task.Update();
+    return !test::Shown(kDemoFile).empty() && Impl().GetReplay() != nullptr;
+  };
+  EXPECT_EQ(Verdict(kDemoRecording), "");
+  task.Start();
+  EXPECT_FALSE(isDemo(100000)) << "not unless it is wanted";
+  Line("game_demo_after = 30");
+  EXPECT_TRUE(isDemo(0));
+  for (const bool isClick : {true, false}) {
+    EXPECT_TRUE(isDemo(1000));
+    if (isClick) {
+      Click();
+    } else {
+      Press("p");
+    }
+    EXPECT_FALSE(isDemo(10));
+    EXPECT_EQ(test::Shown(kTitleScreenFile).size(), 1U) << "no more than the title";
+    EXPECT_FALSE(isDemo(29980));
+    EXPECT_TRUE(isDemo(20));
+  }
+  for (int second = 0; second < 200 && Impl().GetReplay() != nullptr; ++second) {
+    isDemo(1000);
+  }
+  EXPECT_EQ(test::Shown(kTitleScreenFile).size(), 1U) << "after its end";
+  EXPECT_TRUE(ReadScores().empty());
+  Line("game_demo_after = 0");
 }
 
 TEST_F(ReplayTest, ARecordedGamePlaysOnTheScreenAndLeavesNoTrace) {
