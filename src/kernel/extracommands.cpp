@@ -50,7 +50,7 @@ std::string Join(const std::vector<std::string>& names) {
 }
 
 std::string UsageOf(const std::string& command) {
-  const std::string own = CConsoleBridge::Application().GetCommand(command)->GetHelp();
+  std::string own = CConsoleBridge::Application().GetCommand(command)->GetHelp();
   if (!own.empty()) {
     return own;
   }
