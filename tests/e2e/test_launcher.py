@@ -24,6 +24,12 @@ exit 40
 Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
+# A shell cannot catch what whoever started the tests has it ignore.
+def heed_signals():
+    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.SIG_DFL)
+
+
 class Launcher(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(
@@ -47,12 +53,11 @@ class Launcher(unittest.TestCase):
         return data
 
     def start(self, *arguments, launcher="prefix/games/brumble", **environment):
-        # A shell cannot catch what whoever started the tests has it ignore.
         process = subprocess.Popen(
             [launcher, *arguments], cwd=self.folder, text=True, stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env={"PATH": os.environ["PATH"], "HOME": self.home, "DISPLAY": ":0", **environment},
-            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+            preexec_fn=heed_signals)
         self.addCleanup(process.kill)
         return process
 
