@@ -1,7 +1,7 @@
 #include "gfx/sdl/gfxfactorysdl.h"
 
 #include "gfx/picture/gfx.h"
-#include "gfx/sdl/gifcheck.h"
+#include "gfx/sdl/gifreader.h"
 #include "gfx/sdl/pixelsdl.h"
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/video.h"
@@ -17,10 +17,11 @@ namespace vask {
 namespace {
 
 sdl::SurfacePtr Load(const std::string& file) {
-  if (IsEndless(file) || !sdl::CheckGifFile(file)) {
+  if (IsEndless(file)) {
     return nullptr;
   }
-  const sdl::SurfacePtr loaded(IMG_Load(file.c_str()));
+  const sdl::SurfacePtr loaded =
+      sdl::IsGifFile(file) ? sdl::LoadGifFile(file) : sdl::SurfacePtr(IMG_Load(file.c_str()));
   if (loaded == nullptr || !sdl::IsValidSize(loaded->w, loaded->h)) {
     return nullptr;
   }
