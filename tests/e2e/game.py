@@ -38,7 +38,7 @@ class Game(Scoped):
     def _start(self):
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime,
-                        ignore=shutil.ignore_patterns("log.txt", "user.txt"))
+                        ignore=shutil.ignore_patterns("log.txt", "user.txt", "scores.*", "replays"))
         self.prepare(self.runtime)
         if (self.runtime / "autoexec.txt").exists():
             with open(self.runtime / "autoexec.txt", "a") as script:
