@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/nativecanvas.h"
+#include "platform/nativekey.h"
 
 #include <string>
 #include <utility>
@@ -11,26 +12,6 @@ namespace vask::platform {
 inline constexpr unsigned kClientEdge = 1;  // a sunken border
 inline constexpr unsigned kAutoScroll =
     2;  // an edit field of one line, which scrolls; else it wraps
-
-enum class ENativeKey {
-  kText,
-  kLeft,
-  kRight,
-  kUp,
-  kDown,
-  kHome,
-  kEnd,
-  kBackspace,
-  kDelete,
-  kReturn,
-  kSelectAll,
-};
-
-struct SNativeKey {
-  ENativeKey key = ENativeKey::kText;
-  std::string text;      // what the key types
-  bool selects = false;  // the shift key is held
-};
 
 // A control of a native window.
 class CNativeControl {

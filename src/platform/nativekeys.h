@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/nativecontrol.h"
+#include "platform/nativekey.h"
 
 #include <X11/X.h>
 

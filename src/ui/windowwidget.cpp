@@ -55,25 +55,6 @@ void WidenTo(int minimum, int& at, int& extent) {
   }
 }
 
-std::int32_t CursorOf(std::int32_t edges) {
-  switch (edges) {
-    case 1:
-    case 2:
-      return kCursorResizeHorizontal;
-    case 4:
-    case 8:
-      return kCursorResizeVertical;
-    case 1 | 4:
-    case 2 | 8:
-      return kCursorResizeDiagonal1;
-    case 2 | 4:
-    case 1 | 8:
-      return kCursorResizeDiagonal2;
-    default:
-      return kCursorNone;
-  }
-}
-
 }  // namespace
 
 CWindowWidget::CWindowWidget() : CWindowWidget(nullptr, {}, false, {}, {}) {}
@@ -169,6 +150,25 @@ void CWindowWidget::OnMouseEvent(CMouseEvent& event) {
       return StopResizing(event);
     default:
       return;
+  }
+}
+
+std::int32_t CWindowWidget::CursorOf(std::int32_t edges) {
+  switch (edges) {
+    case kLeft:
+    case kRight:
+      return kCursorResizeHorizontal;
+    case kTop:
+    case kBottom:
+      return kCursorResizeVertical;
+    case kLeft | kTop:
+    case kRight | kBottom:
+      return kCursorResizeDiagonal1;
+    case kRight | kTop:
+    case kLeft | kBottom:
+      return kCursorResizeDiagonal2;
+    default:
+      return kCursorNone;
   }
 }
 

@@ -44,6 +44,7 @@ class CWindowWidget : public CWidget {
   void Maximise();
   void Restore();
 
+  static std::int32_t CursorOf(std::int32_t edges);
   std::int32_t EdgesAt(SPoint point) const;
   std::int32_t StripsAt(SPoint point, int width) const;
   void ShowCursorFor(std::int32_t edges, IMouse* mouse);

@@ -1,17 +1,14 @@
 #include "gfx/animation/frame.h"
 
+#include "gfx/sprite/spritetypes.h"
 #include "utils/log/log.h"
 #include "utils/xml/xmlcontext.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
 namespace vask {
 namespace {
-
-// By type number.
-constexpr std::array<const char*, 2> kTypeNames = {"frame_rect", "frame_sound"};
 
 // A limit, so that a hostile file cannot use up the stack.
 constexpr int kDeepestWrapped = 16;
@@ -27,8 +24,8 @@ bool IsTooDeep(const CXmlElement& element) {
 
 // Null for a name that is no frame type.
 std::unique_ptr<IFrame> NewFrame(std::string_view typeName) {
-  for (std::size_t i = 0; i < kTypeNames.size(); ++i) {
-    if (typeName == kTypeNames[i]) {
+  for (std::size_t i = 0; i < kFrameTypeNames.size(); ++i) {
+    if (typeName == kFrameTypeNames[i]) {
       const CFrameFactory& factory = CFrameFactory::GetSingleton();
       return std::unique_ptr<IFrame>(factory.GetNew(static_cast<IFrame::frame_type>(i)));
     }
@@ -57,7 +54,7 @@ std::unique_ptr<IFrame> ReadFrame(CXmlElement& element, const std::string& fileN
 
 void WriteFrame(CXmlContext& xml, const char* elementName, IFrame& frame) {
   xml.BeginNode(elementName);
-  xml.SetAttribute("type", kTypeNames[static_cast<std::size_t>(frame.GetType())]);
+  xml.SetAttribute("type", kFrameTypeNames[static_cast<std::size_t>(frame.GetType())]);
   frame.Serialize(xml);
   xml.EndNode(elementName);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 namespace vask {
@@ -17,6 +18,9 @@ inline constexpr SSpriteType kLayerSprite{1, "sprite_layer"};
 inline constexpr SSpriteType kScreenLayerSprite{2, "sprite_screenlayer"};
 inline constexpr SSpriteType kTextSprite{3, "sprite_text"};
 inline constexpr SSpriteType kAnimatedSprite{4, "sprite_animated"};
+
+// The names of the kinds of frames in sprite files, by the number that IFrame::GetType() returns.
+inline constexpr std::array<const char*, 2> kFrameTypeNames = {"frame_rect", "frame_sound"};
 
 // A new sprite of a class, owned by the caller.
 template <typename Sprite>
