@@ -269,6 +269,7 @@ void CBrumbleTaskImpl::StopReplay() {
   myReplay.reset();
   myDemoWatch.End();
   myPlay.SetNextStart(*myNextStart);
+  myNextStart.reset();  // play has it now, and what comes still counts
   myCast.EndPlay();
   CDeathToASprite::DeleteAll();
   myBackground.Reset();
