@@ -204,6 +204,7 @@ std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
   const SGameStart next = myNextStart.value_or(myPlay.NextStart(0));
   auto replay = std::make_unique<CReplayShow>(myPlay, file, theStopSwitch != 0);
   if (replay->GetGame().IsDone()) {
+    myPlay.SetNextStart(next);  // a file that is cut after its start has begun
     return "Error: ReplayGame() " + file + ": " + replay->GetGame().GetProblem() + ".";
   }
   myNextStart = next;
@@ -240,6 +241,7 @@ void CBrumbleTaskImpl::UpdateReplay() {
     EndReplay();
   } else {
     myCast.Update(GetWorld(), GetGameLogic().GetStory());
+    myCast.SetPlaying(GetWorld(), !myReplay->IsHeld());
   }
 }
 
@@ -267,6 +269,7 @@ void CBrumbleTaskImpl::StopReplay() {
   myReplay.reset();
   myDemoWatch.End();
   myPlay.SetNextStart(*myNextStart);
+  myNextStart.reset();  // play has it now, and what comes still counts
   myCast.EndPlay();
   CDeathToASprite::DeleteAll();
   myBackground.Reset();

@@ -106,6 +106,9 @@ std::string CGameRecorder::TellAssertion() {
   if (++myAssertions <= kMostAssertions) {
     myRecording->Flush();
   }
+  if (!myRecording->GetFile().IsGood()) {
+    return {};  // it is reported with the next input
+  }
   const std::string& file = myRecording->GetFileName();
   return "The game up to this frame is in " + file + "; replaygame(" + file + ") plays it.";
 }

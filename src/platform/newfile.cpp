@@ -14,12 +14,17 @@ constexpr mode_t kReadableByAll = 0644;
 }  // namespace
 
 CNewFile::CNewFile(const std::string& name)
-    : myFile(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadableByAll)),
+    : myName(name),
+      myFile(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadableByAll)),
       myError(myFile < 0 ? errno : 0) {}
 
 CNewFile::~CNewFile() {
-  if (myFile >= 0) {
-    close(myFile);
+  if (myFile < 0) {
+    return;
+  }
+  close(myFile);
+  if (!IsGood() && !myHasBytes) {
+    unlink(myName.c_str());
   }
 }
 
@@ -27,6 +32,7 @@ void CNewFile::Write(std::string_view bytes) {
   while (IsGood() && !bytes.empty()) {
     const ssize_t written = write(myFile, bytes.data(), bytes.size());
     if (written > 0) {
+      myHasBytes = true;
       bytes.remove_prefix(static_cast<std::size_t>(written));
     } else if (written == 0 || errno != EINTR) {
       myError = written == 0 ? ENOSPC : errno;

@@ -9,6 +9,7 @@ namespace vask::platform {
 class CNewFile {
  public:
   explicit CNewFile(const std::string& name);
+  // Removes it when none of what should be in it could be written.
   ~CNewFile();
   CNewFile(const CNewFile&) = delete;
   CNewFile& operator=(const CNewFile&) = delete;
@@ -23,7 +24,9 @@ class CNewFile {
   std::string GetError() const;
 
  private:
+  std::string myName;
   int myFile;
+  bool myHasBytes = false;
   int myError = 0;  // of errno
 };
 
