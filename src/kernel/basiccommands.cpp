@@ -16,17 +16,20 @@ namespace {
 // A command whose first parameter is a string; without one it returns its usage text.
 class CCommandWithString : public CConsoleCommand {
  public:
-  using CConsoleCommand::Execute;
+  std::string Execute() override { return GetUsage(); }
   std::string Execute(CConsoleParams* params) override {
     if (!params->Has(0, CVariable::kString)) {
-      return Execute();
+      return GetUsage();
     }
     const std::string text = params->GetString(0);
     params->PopFront();
     return Run(text, *params);
   }
+
+ private:
   // With the string, and the parameters after it.
   virtual std::string Run(const std::string& text, CConsoleParams& rest) = 0;
+  virtual std::string GetUsage() const = 0;
 };
 
 class CConsoleCmdQuit : public CConsoleCommand {
@@ -38,29 +41,29 @@ class CConsoleCmdQuit : public CConsoleCommand {
 };
 
 class CConsoleCmdLoad : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& fileName, CConsoleParams& /*rest*/) override {
     return CConsoleBridge::Application().ExecuteFile(fileName);
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: Load() You need to give a filename as a parameter.";
   }
 };
 
 class CConsoleCmdTaskLoad : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& library, CConsoleParams& /*rest*/) override {
     CTaskLibraries::GetSingletonPtr()->Load(library);
     return {};
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: TaskLoad() You need to give a task library name as a parameter.";
   }
 };
 
 // starttask(type [, name] [, priority] [, what the task's own start takes...])
 class CConsoleCmdStartTask : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& type, CConsoleParams& rest) override {
     std::string name = type;
     if (rest.Has(0, CVariable::kString)) {
@@ -75,44 +78,43 @@ class CConsoleCmdStartTask : public CCommandWithString {
     const bool ok = CTaskFactory::GetSingletonPtr()->StartTask(type, name, priority, &rest);
     return ok ? name + " started" : "failed to start " + name;
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: StartTask( tasktype, taskname, priority ) requires atleast one parameter.";
   }
 
- private:
   // Of tasks that the script starts without one; later than the default of CTask itself.
   static constexpr int kDefaultPriority = 100;
 };
 
 class CConsoleCmdPauseTask : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
     CTaskFactory::GetSingletonPtr()->PauseTask(task);
     return {};
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: PauseTask( taskname ) requires atleast one parameter.";
   }
 };
 
 class CConsoleCmdResumeTask : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
     CTaskFactory::GetSingletonPtr()->ResumeTask(task);
     return {};
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: ResumeTask( taskname ) requires atleast one parameter.";
   }
 };
 
 class CConsoleCmdStopTask : public CCommandWithString {
- public:
+ private:
   std::string Run(const std::string& task, CConsoleParams& /*rest*/) override {
     CTaskFactory::GetSingletonPtr()->StopTask(task);
     return {};
   }
-  std::string Execute() override {
+  std::string GetUsage() const override {
     return "Error: StopTask( taskname ) requires atleast one parameter.";
   }
 };
