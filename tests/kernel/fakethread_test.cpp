@@ -33,8 +33,7 @@ class CThread : public CFakeThread {
 };
 
 // What a pass over the threads runs when the clock has gone on by so many milliseconds.
-class CFakeThreadTest : public testing::Test {
- protected:
+struct CFakeThreadTest : testing::Test {
   ~CFakeThreadTest() override {
     DeleteAll();
     ourRecord.clear();
@@ -60,6 +59,8 @@ TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYounger) {
   EXPECT_EQ(RunAfter(19), "");
   EXPECT_EQ(RunAfter(1), "ab");
   EXPECT_EQ(RunAfter(100), "ab");
+  EXPECT_TRUE(a->IsLessThan(b)) << "b has less time left";
+  EXPECT_FALSE(b->IsLessThan(a));
   EXPECT_EQ(RunAfter(19), "");
 }
 
@@ -67,6 +68,7 @@ TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
   RunAfter(0);
   myClock.Advance(19);
   a->Pause();
+  EXPECT_TRUE(b->IsLessThan(a));
   EXPECT_EQ(RunAfter(500), "");
   a->Resume();
   EXPECT_EQ(RunAfter(0), "");

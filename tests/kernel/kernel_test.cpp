@@ -2,6 +2,7 @@
 
 #include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
+#include "kernel/fakethread.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 
@@ -47,8 +48,7 @@ class CRecorder : public CTask {
 };
 
 // A fresh kernel, a clock that only the test moves, and tasks that record.
-class CKernelTest : public testing::Test {
- protected:
+struct CKernelTest : testing::Test {
   CKernelTest() { Clean(); }
   ~CKernelTest() override { Clean(); }
 
@@ -133,18 +133,22 @@ class CKernelTest : public testing::Test {
       {"resume", [this](auto& name, int) { To(name, &CKernel::ResumeTask); }},
       {"kill", [this](auto& name, int) { To(name, &CKernel::KillTask); }},
       {"delete", [this](auto& name, int) { myTasks[name].reset(); }},
-      {"priority", [this](auto& name, int priority) { myTasks[name]->SetPriority(priority); }},
       {"interval", [this](auto& name, int time) { myTasks[name]->SetTimedInterval(time); }}};
 };
 
-TEST_F(CKernelTest, RunsUntilOnlyParkedTasksAreLeft) {
+TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
+  struct CThread : CFakeThread {
+    CThread() { SetInterval(1); }
+    void Update() override { ourRecord += "thread "; }
+  } thread;
+  thread.Start();
   Start("timed", 10, 10, false);
   Do("park parked@10");
   CRecorder& task = Make("a", 10);
   React("a", "update", "kill a");
   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
-  EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit parked.exit timed.exit ");
+  EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit thread parked.exit timed.exit ");
 }
 
 TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
@@ -160,7 +164,6 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
       {.act = "park x@25", .ran = "| a b x.start c d | a b c d ", .kinds = plain},
       {.act = "pause b pause b", .ran = "| a b b.pause c d | a c d "},
       {.act = "pause c", .ran = "| a b c.pause d | a b d "},
-      {.act = "pause a", .ran = "| a b a.pause c d | b c d "},
       {.act = "pause c resume c", .ran = "| a b c.pause c.resume c d | a b c d ", .kinds = plain},
       {.act = "pause b resume b", .ran = "| a b b.pause b.resume c d | a c b d ", .kinds = timed},
       {.act = "kill b", .ran = "| a b b.exit c d | a c d "},
@@ -227,8 +230,7 @@ TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
       {.acts = "lose focus resume game gain focus", .ran = "game.pause game.resume game other "},
       {.acts = "lose focus resume game pause game gain focus",
        .ran = "game.pause game.resume game.pause other "},
-      {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "},
-      {.acts = "kill game lose focus gain focus", .ran = "game.exit other "}};
+      {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "}};
   for (const auto& row : cases) {
     Clean();
     Start("game", 50).myPausesOnFocusLost = true;
@@ -255,12 +257,13 @@ TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
 }
 
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
+  Kernel().FrameSleep() = -7;
+  RunFrames({});
+  EXPECT_EQ(Kernel().FrameSleep(), 0);
   Kernel().FrameSleep() = 5000;
   const auto start = std::chrono::steady_clock::now();
   RunFrames({});
-  const auto rest = std::chrono::steady_clock::now() - start;
-  EXPECT_GE(rest, std::chrono::milliseconds(100));
-  EXPECT_LT(rest, std::chrono::milliseconds(5000));
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
   EXPECT_EQ(Kernel().FrameSleep(), 100);
 }
 
