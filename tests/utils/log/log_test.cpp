@@ -49,13 +49,13 @@ TEST(Log, BlocksIndentTheFile) {
 TEST(Log, PrintFormatsTextOfAnyLength) {
   const std::string name = "%n%s" + std::string(100'000, 'x');
   const int count = 7;
-  EXPECT_EQ(
-      Added([&] {
-        Log() << "Loaded " << count << " files\n";
-        Log().Error() << "Could not open " << name << "\n";
-        Log().Print("[ERROR] No task %s\n", name.c_str());
-      }),
-      "( ) Loaded 7 files\n<!> Could not open " + name + "\n( ) [ERROR] No task " + name + "\n");
+  const auto logAll = [&] {
+    Log() << "Loaded " << count << " files\n";
+    Log().Error() << "Could not open " << name << "\n";
+    Log().Print("[ERROR] No task %s\n", name.c_str());
+  };
+  EXPECT_EQ(Added(logAll), "( ) Loaded 7 files\n<!> Could not open " + name +
+                               "\n( ) [ERROR] No task " + name + "\n");
 }
 
 TEST(Log, FileStartsWithItsHeader) {
@@ -88,24 +88,15 @@ TEST(Log, AFileMayEndWithASummary) {
   EXPECT_TRUE(std::regex_match(FileText("kept.txt"), text)) << FileText("kept.txt");
 }
 
-// Calls a function for each line.
-class CListener : public ILogListener {
- public:
-  explicit CListener(std::function<void(const std::string&)> reaction) : myReaction(reaction) {
-    Log().AddListener(this);
-  }
-  ~CListener() override { Log().RemoveListener(this); }
-  void OnLog(const std::string& line, int /*level*/) override { myReaction(line); }
-
- private:
-  std::function<void(const std::string&)> myReaction;
-};
-
 TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
-  int calls = 0;
-  const CListener endless([&](const std::string&) { Log() << "line " << ++calls << "\n"; });
+  struct CEndless : ILogListener {
+    void OnLog(const std::string&, int) override { Log() << "line " << ++calls << "\n"; }
+    int calls = 0;
+  } endless;
+  Log().AddListener(&endless);
   Log() << "x\n";
-  EXPECT_EQ(calls, 8);
+  Log().RemoveListener(&endless);
+  EXPECT_EQ(endless.calls, 8);
 }
 
 }  // namespace
