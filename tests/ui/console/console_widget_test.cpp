@@ -12,8 +12,7 @@ namespace vask::ui {
 namespace {
 
 // The system font, 6 by 12 pixels.
-class CPlainFont : public CFont {
- public:
+struct CPlainFont : CFont {
   CPlainFont() {
     CSystemFontLoader().Load(*this, "");
     SetAlign(IFontAlign::kLeft);
@@ -29,8 +28,7 @@ bool Shows(const IPixel& picture, const std::string& first, const std::string& s
   return test::PixelsOf(picture) == test::PixelsOf(*expected);
 }
 
-class LogView : public testing::Test {
- protected:
+struct LogView : testing::Test {
   LogView() { myLog.SetFont(&myFont); }
   int HeightOf(const std::string& line, int width) {
     CLogListenerForConsole log;
@@ -52,10 +50,9 @@ class LogView : public testing::Test {
 
 TEST_F(LogView, MeasuresLinesByTheirBreaks) {
   EXPECT_EQ(HeightOf("\n", 60), 12);
-  EXPECT_EQ(HeightOf("one two three\n", 60), 24);
-  EXPECT_EQ(HeightOf("one two three\n", 120), 12);
+  EXPECT_EQ(HeightOf("one two three\n", 78), 12);
+  EXPECT_EQ(HeightOf("one two three\n", 77), 24);
   EXPECT_EQ(HeightOf("a\tb c de\n", 60), 24);
-  EXPECT_EQ(HeightOf("ten_chars_\n", 60), 12);
   EXPECT_EQ(HeightOf("elevenchars\n", 60), 24) << "a word that is too long";
   EXPECT_EQ(HeightOf("a_word_of_25_characters__\n", 60), 36);
   EXPECT_EQ(HeightOf("ab elevenchars c", 60), 36);
@@ -80,8 +77,7 @@ TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   EXPECT_TRUE(myLog.Draw(&*other, {0, 48, 60, 20}, false));
 }
 
-class ConsoleWidget : public testing::Test {
- protected:
+struct ConsoleWidget : testing::Test {
   static void Log(const std::string& line) { *CLog::GetSingletonPtr() << line << "\n"; }
   void RunFor(unsigned milliseconds) {
     myClock.Advance(milliseconds);

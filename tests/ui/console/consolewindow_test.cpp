@@ -37,11 +37,9 @@ std::string Typed(const std::string& keys) {
 
 TEST(ConsoleWindow, BrowsesItsHistory) {
   const CLogCapture log;
-  EXPECT_EQ(Typed("^"), "");
   EXPECT_EQ(Typed("b\r^"), "b");
   EXPECT_EQ(Typed("a\rb\r^"), "a") << "the line before the last one";
-  EXPECT_EQ(Typed("a\rb\r^^"), "a");
-  EXPECT_EQ(Typed("a\rb\r^_"), "b");
+  EXPECT_EQ(Typed("a\rb\r^^"), "a") << "the oldest";
   EXPECT_EQ(Typed("a\rb\r^__"), "b");
   EXPECT_EQ(Typed("a\rb\rc^"), "b") << "what was typed is kept";
   EXPECT_EQ(Typed("a\rb\rc^_"), "c");
@@ -65,30 +63,22 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
     return line.substr(0, line.size() - found.typed) + found.word;
   };
   EXPECT_EQ(completed("QUI"), "quit");
-  EXPECT_EQ(completed("QUIT"), "quit");
   EXPECT_EQ(completed("x = DEBR"), "x = debris");
   EXPECT_EQ(completed("de"), "deb");
   EXPECT_EQ(CompleteWord("de", names).choices, (std::vector<std::string>{"debris", "debt"}));
   EXPECT_TRUE(CompleteWord("q", names).choices.empty()) << "no choice";
   EXPECT_EQ(completed("De"), "De") << "names in different cases";
-  EXPECT_EQ(completed("none"), "none");
   EXPECT_EQ(completed("a;Oth"), "a;Other::");
   EXPECT_EQ(completed("f(Oth"), "f(Other") << "a parameter";
-  EXPECT_EQ(completed("f(1);Oth"), "f(1);Other::");
   EXPECT_EQ(completed("oth"), "oth") << "tasks have their case";
   EXPECT_EQ(completed(":qui"), ":qui") << "the task's own matter";
 }
 
 // Five characters of the system font and the cursor fit in.
-class ConsoleInput : public testing::Test {
- protected:
+struct ConsoleInput : testing::Test {
   const std::string& ShownAfter(const std::string& keys) {
     TypeInto(myInput, keys);
     return dynamic_cast<CTextSprite&>(*mySprite).GetText();
-  }
-  void Press(int key, int character = 0) {
-    ui::CKeyboardEvent event(ui::IEvent::kKeyDown, key, static_cast<std::uint8_t>(character));
-    myInput.OnKeyboardEvent(event);
   }
 
   const CTestScreen myScreen{80, 60};
@@ -113,11 +103,9 @@ TEST_F(ConsoleInput, ALongLineScrollsWithItsCursor) {
 }
 
 TEST_F(ConsoleInput, ControlCharactersStayOut) {
-  Press(kEscapeKey, 27);
-  Press('_', 31);
-  Press(0, 127);
-  Press('~', '~');
-  Press(' ', ' ');
+  ui::CKeyboardEvent erase(ui::IEvent::kKeyDown, 0, 127);
+  myInput.OnKeyboardEvent(erase);
+  TypeInto(myInput, "\x1b\x1f~ ");
   EXPECT_EQ(myInput.GetText(), "~ ");
 }
 
