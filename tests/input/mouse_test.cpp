@@ -110,13 +110,6 @@ TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
   EXPECT_EQ(Hear("d2 u2"), "kd2 107 ku2 107 ");
 }
 
-TEST_F(MouseTest, AnObjectThatLeavesInItsButtonHandlerEndsThePress) {
-  CTarget* front = Add('a', kLeft, false);
-  Add('b', kLeft, true);
-  front->onEvent = [=, this] { myMouse->RemoveMouseable(front); };
-  EXPECT_EQ(Hear("d1 u1"), "ad1 bu1 ") << "nobody had taken the press";
-}
-
 TEST_F(MouseTest, EveryHandlerMayDeleteAllObjects) {
   for (const char* event : {"m1,1", "d1", "u1", "m250,1"}) {
     for (const char killer : {'0', '1', '2'}) {

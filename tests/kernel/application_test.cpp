@@ -103,19 +103,11 @@ TEST_F(Application, HelpListsAndExplains) {
             "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
             "toggle\nVariables: z\nhelp(name) tells more of one.\n");
   EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
-  const auto names = CApplicationFactory::GetSingleton().GetConsole()->GetCommandNames();
-  for (const std::string& name : names) {
+  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
+  for (const std::string& name : console.GetCommandNames()) {
     EXPECT_TRUE(Execute("help(" + name + ")").starts_with(name)) << name;
   }
   EXPECT_FALSE(IsQuitting());
-}
-
-TEST_F(Application, TheEchoGoesToTheLog) {
-  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
-  const CLogCapture log;
-  EXPECT_EQ(console.Execute("word", true), "word");
-  EXPECT_EQ(console.Execute("// none", true), "");
-  EXPECT_EQ(log.Text(), "word\nword\n// none\n");
 }
 
 TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {

@@ -12,8 +12,7 @@ namespace {
 std::string ourRecord;
 
 // Writes its letter down when it runs, and "~" and its letter when it is deleted.
-class CThread : public CFakeThread {
- public:
+struct CThread : CFakeThread {
   CThread(char name, int interval) : myName(name) {
     SetInterval(interval);
     Start();
@@ -28,7 +27,6 @@ class CThread : public CFakeThread {
 
   std::function<void()> myReaction;  // called once; may delete the thread
 
- private:
   char myName;
 };
 

@@ -19,8 +19,7 @@ namespace {
 std::string ourRecord;
 
 // Writes its hooks down as "name.hook ", an update as the name alone.
-class CRecorder : public CTask {
- public:
+struct CRecorder : CTask {
   using CTask::Start;
   bool Start() override {
     const bool runs = myRuns;  // the reaction may delete the task
@@ -38,7 +37,6 @@ class CRecorder : public CTask {
   // Called once, in the hook of that name; may delete the task.
   std::map<std::string, std::function<void()>> myReactions;
 
- private:
   void Note(const std::string& hook, const std::string& written) {
     ourRecord += GetName() + written + " ";
     if (auto reaction = myReactions.extract(hook)) {
@@ -187,9 +185,8 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
 }
 
 TEST_F(CKernelTest, NoHookIsCalledAfterTheExit) {
-  const std::vector<std::string> frames = {"wait clock@15", "wait clock@15 pause t",
-                                           "wait clock@15", "wait clock@15 resume t",
-                                           "wait clock@15", "kill t"};
+  const std::string wait = "wait clock@15";
+  const std::vector frames = {wait, wait + " pause t", wait, wait + " resume t", wait + " kill t"};
   const std::regex late("t\\.exit .*\\bt\\b");
   for (const unsigned interval : {0U, 10U}) {
     for (const char* hook : {"start", "update", "pause", "resume", "exit"}) {
@@ -250,10 +247,9 @@ TEST_F(CKernelTest, TimedTasksCatchUpInTheOrderOfTheirDueTimes) {
 
 TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
   Start("t", 10, 100);
-  // A task that is not paused cannot be resumed. Paused after 90 ms, resumed after 180.
-  EXPECT_EQ(RunFrames({"resume t wait clock@90", "pause t wait clock@90", "resume t wait clock@100",
-                       "wait clock@1"}),
-            "| | t.pause | t.resume | t ");
+  const std::string pause = "resume t wait clock@90 pause t";  // what runs cannot be resumed
+  EXPECT_EQ(RunFrames({pause, "wait clock@90 resume t wait clock@100", "wait clock@1"}),
+            "| t.pause | t.resume | t ");
 }
 
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {

@@ -10,8 +10,7 @@
 namespace vask::test {
 namespace {
 
-class AudioTask : public testing::Test {
- protected:
+struct AudioTask : testing::Test {
   AudioTask() { WriteLongWave("one.wav"); }
   ~AudioTask() override { myTask.Exit(); }
   void Run(const std::string& line) { EXPECT_TRUE(myTask.ExecuteCommand(line)) << line; }

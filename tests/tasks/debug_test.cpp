@@ -25,8 +25,7 @@ namespace {
 
 // A run with the UI task and two debug tasks. As the name of a stopped task is taken for good, all
 // names hold the number of the run, for which "%" stands.
-class Debug : public testing::Test {
- protected:
+struct Debug : testing::Test {
   Debug() { Run("starttask(ui, ui%, 7);starttask(debug, debug%, 6);starttask(debug, other%, 6)"); }
   ~Debug() override {
     Run("stoptask(ui%);stoptask(debug%);stoptask(other%);stoptask(new%)");
@@ -65,8 +64,7 @@ struct SBinding : IKeyEvent {
   int fired = 0;
 };
 
-class DebugKeys : public Debug {
- protected:
+struct DebugKeys : Debug {
   // How often the line that the key is bound to has run after another press.
   int CountFiredAfter(int key) {
     CKeyboard::GetSingletonPtr()->BindKey(key, myEvent, -1000);
@@ -212,7 +210,7 @@ TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
   CEventBridge::GetSingletonPtr()->MouseMove(5, 6, 0, 0);
   Run("stoptask(debug%)");
   CEventBridge::GetSingletonPtr()->MouseButtonUp(1);
-  std::stringstream records;
+  std::ostringstream records;
   records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
   const std::regex seedOrTime("(^|\n)[0-9]+");
   EXPECT_EQ(std::regex_replace(records.str(), seedOrTime, ""), " mm 5 6 mm 3 4 mm 5 6 mu 1\n");

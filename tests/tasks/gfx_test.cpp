@@ -15,8 +15,7 @@
 namespace vask::test {
 namespace {
 
-class GfxTask : public testing::Test {
- protected:
+struct GfxTask : testing::Test {
   GfxTask() { StartWith(myWindow, "640, 480, 32"); }
   ~GfxTask() override {
     myTask.Exit();

@@ -21,8 +21,7 @@ std::string Seen() {
          ((screen.flags & SDL_FULLSCREEN) != 0 ? " full " : " ") + (title != nullptr ? title : "");
 }
 
-class WindowTask : public testing::Test {
- protected:
+struct WindowTask : testing::Test {
   ~WindowTask() override {
     myTask.reset();
     SDL_Quit();

@@ -19,10 +19,9 @@ std::string ourNotes;              // "name.event " and "~name "
 std::function<void()> ourHandler;  // called once, with the next event
 
 // Notes what it hears and its death, and keeps its children within a limit.
-class CSpy : public CWidget {
- public:
-  CSpy(CWidget* parent, const Rect& rect, const std::string& name, bool takesFocus = false)
-      : CWidget(parent, rect, false, name, CSpritePtr()) {
+struct CSpy : CWidget {
+  CSpy(CWidget* parent, const Rect& rect, const char* name, bool takesFocus = false)
+      : CWidget(parent, rect, false, name, {}) {
     SetIgnoreEvent(Event::kFocusGained, !takesFocus);
     SetIgnoreEvent(Event::kFocusLost, !takesFocus);
   }
@@ -35,10 +34,8 @@ class CSpy : public CWidget {
   }
   int limit = INT_MAX;
 
- private:
   void Note(const IEvent& event) const {
-    const std::string types[] = {"",   "move", "out", "over", "down",
-                                 "up", "key",  "",    "gain", "lose"};
+    const char* types[] = {"", "move", "out", "over", "down", "up", "key", "", "gain", "lose"};
     ourNotes += GetName() + "." + types[event.GetType()] + " ";
     if (const auto once = std::exchange(ourHandler, nullptr)) {
       once();

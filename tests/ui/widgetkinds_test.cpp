@@ -141,11 +141,15 @@ struct Window : UiTest {
     Release(to);
     return window.GetRect();
   }
-  // What it wants over its own point, which children may cover.
-  std::string CursorAt(SPoint point) {
-    CMouseEvent event(IEvent::kMouseMove, point, 0, &myMouse);
-    window.OnMouseEvent(event);
-    return Cursor();
+  // The cursors that it wants over these points of its own, which children may cover.
+  std::string Cursors(std::initializer_list<SPoint> points) {
+    std::string wanted;
+    for (const SPoint point : points) {
+      CMouseEvent event(IEvent::kMouseMove, point, 0, &myMouse);
+      window.OnMouseEvent(event);
+      wanted += Cursor() + ",";
+    }
+    return wanted;
   }
 
   CVaskToUiMouse myMouse;
@@ -153,18 +157,13 @@ struct Window : UiTest {
 };
 
 TEST_F(Window, BordersAreGrabbedWithinThreePixelsAndCornersWithinTwenty) {
-  const std::string horizontal = "type 6", vertical = "type 7";
-  EXPECT_EQ(CursorAt({103, 170}), "");
-  EXPECT_EQ(CursorAt({102, 170}), horizontal);
-  EXPECT_EQ(CursorAt({103, 170}), "type 1") << "the arrow again";
-  EXPECT_EQ(CursorAt({297, 170}), horizontal);
-  EXPECT_EQ(CursorAt({200, 102}), vertical);
-  EXPECT_EQ(CursorAt({279, 247}), vertical);
-  EXPECT_EQ(CursorAt({280, 249}), "type 8");
-  EXPECT_EQ(CursorAt({101, 119}), "type 8");
-  EXPECT_EQ(CursorAt({101, 120}), horizontal);
-  EXPECT_EQ(CursorAt({298, 119}), "type 9");
-  EXPECT_EQ(CursorAt({300, 170}), "type 1") << "outside";
+  // Nothing at first, and the arrow afterwards; the last point is outside.
+  EXPECT_EQ(Cursors({{103, 170}, {102, 170}, {103, 170}, {297, 170}, {300, 170}}),
+            ",type 6,type 1,type 6,type 1,");
+  EXPECT_EQ(Cursors({{200, 102}, {200, 103}, {279, 247}, {200, 246}}),
+            "type 7,type 1,type 7,type 1,");
+  EXPECT_EQ(Cursors({{280, 249}, {101, 119}, {101, 120}, {298, 119}}),
+            "type 8,type 8,type 6,type 9,");
 }
 
 TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
@@ -193,14 +192,14 @@ TEST_F(Window, OnlyTheLeftButtonResizes) {
 TEST_F(Window, IsMaximisedAndRestoredAndClosed) {
   Click({260, 110});
   EXPECT_TRUE(window.IsMaximised());
-  EXPECT_EQ(CursorAt({799, 300}), "") << "no borders now";
+  EXPECT_EQ(Cursors({{799, 300}}), ",") << "no borders now";
   Bridge().Resize(1024, 768);
   EXPECT_EQ(window.GetClientArea()->GetRect(), (Rect{2, 22, 1020, 744}));
   myClock.Advance(1000);
   Click({300, 10});
   Click({300, 10});
   EXPECT_EQ(window.GetRect(), (Rect{100, 100, 200, 150})) << "by a double click";
-  EXPECT_EQ(CursorAt({299, 170}), "type 6");
+  EXPECT_EQ(Cursors({{299, 170}}), "type 6,");
   Bridge().Resize(250, 768);
   EXPECT_EQ(window.GetRect(), (Rect{50, 100, 200, 150})) << "keeps its size";
   EXPECT_FALSE(window.IsClosed());

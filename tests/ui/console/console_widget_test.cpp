@@ -39,7 +39,7 @@ struct LogView : testing::Test {
     return log.GetTextHeight();
   }
   // Whether the view, which is two lines high, is painted from a height of the text on.
-  bool Draws(int y, bool force = false) { return myLog.Draw(&*myPicture, {0, y, 60, 20}, force); }
+  bool Draws(int y) { return myLog.Draw(&*myPicture, {0, y, 60, 20}, false); }
   void Log(const std::string& line) { myLog.OnLog(line, kLogNormal); }
 
   const test::CTestScreen myScreen{80, 60};
@@ -65,7 +65,6 @@ TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   EXPECT_TRUE(Draws(4));
   EXPECT_TRUE(Shows(*myPicture, "a", "b", -4));
   EXPECT_FALSE(Draws(4));
-  EXPECT_TRUE(Draws(4, true));
   Log("c\n");
   EXPECT_TRUE(Draws(4)) << "the new line begins at its lower edge";
   Log("d\n");
@@ -73,8 +72,8 @@ TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   EXPECT_TRUE(Draws(48));
   Log("e\n");
   EXPECT_TRUE(Draws(48)) << "at its upper edge";
-  const Gfx::ImagePtr other(Gfx::NewBuffer(60, 20));
-  EXPECT_TRUE(myLog.Draw(&*other, {0, 48, 60, 20}, false));
+  EXPECT_TRUE(myLog.Draw(&*Gfx::ImagePtr(Gfx::NewBuffer(60, 20)), {0, 48, 60, 20}, false));
+  EXPECT_TRUE(myLog.Draw(&*myPicture, {0, 48, 60, 20}, true));
 }
 
 struct ConsoleWidget : testing::Test {

@@ -8,13 +8,13 @@
 #include <fstream>
 #include <functional>
 #include <regex>
+#include <sstream>
 
 namespace vask {
 namespace {
 
-std::string FileText(const std::string& name) {
-  std::ifstream file(name);
-  return {std::istreambuf_iterator<char>(file), {}};
+std::string FileText(const char* file) {
+  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
 }
 
 // What the action adds to the file of the log.
@@ -81,11 +81,12 @@ TEST(Log, AFileMayEndWithASummary) {
       listener.OnLog("x" + std::to_string(level) + "\n", level);
     }
   }
-  const std::string kept = "\\d\\d:\\d\\d:\\d\\d \\[";
-  const std::regex text("[^]*\\( \\) x1\n\n-{24}v1-{24}\n\n" + kept + "ERROR\\] x3\n\n" + kept +
-                        "WARNING\\] x2\n\n" + kept +
-                        "ERROR\\] x3\n\n\nv1 - 2 error\\(s\\), 1 warning\\(s\\)\n");
-  EXPECT_TRUE(std::regex_match(FileText("kept.txt"), text)) << FileText("kept.txt");
+  const std::string text =
+      std::regex_replace(FileText("kept.txt"), std::regex("\\d\\d:\\d\\d:\\d\\d"), "TIME");
+  EXPECT_TRUE(text.ends_with(
+      "( ) x1\n\n------------------------v1------------------------\n\nTIME [ERROR] x3\n\n"
+      "TIME [WARNING] x2\n\nTIME [ERROR] x3\n\n\nv1 - 2 error(s), 1 warning(s)\n"))
+      << text;
 }
 
 TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
