@@ -1,7 +1,5 @@
-#include "events/eventrecorder.h"
+#include "events/eventbridge.h"
 #include "gfx/text/textsprite.h"
-#include "input/keyboard.h"
-#include "input/keynames.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
@@ -59,23 +57,6 @@ struct Debug : testing::Test {
   CTestScreen myScreen{200, 60};
 };
 
-struct SBinding : IKeyEvent {
-  bool Trigger(int) override { return ++fired > 0; }
-  int fired = 0;
-};
-
-struct DebugKeys : Debug {
-  // How often the line that the key is bound to has run after another press.
-  int CountFiredAfter(int key) {
-    CKeyboard::GetSingletonPtr()->BindKey(key, myEvent, -1000);
-    CEventBridge::GetSingletonPtr()->KeyDown(key, 0);
-    CKeyboard::GetSingletonPtr()->Update();
-    return static_cast<SBinding&>(*myEvent).fired;
-  }
-  ~DebugKeys() override { CKeyboard::DeleteSingleton(); }
-  const CSmartPtr<IKeyEvent> myEvent{new SBinding};
-};
-
 TEST_F(Debug, ACommandOpensTheConsole) {
   RunScript(R"(
       starttask( debug, debug, 60 )
@@ -84,37 +65,6 @@ TEST_F(Debug, ACommandOpensTheConsole) {
   )");
   EXPECT_EQ(CountWindows(), 1U);
   RunScript("stoptask(debug)");
-}
-
-TEST_F(DebugKeys, EscapeClosesTheConsolesAndFiresNothing) {
-  Run("debug%::ToggleConsole;other%::ToggleConsole");
-  EXPECT_EQ(CountFiredAfter(kEscapeKey), 0);
-  Task().Update();
-  Task("other%").Update();
-  EXPECT_EQ(CountWindows(), 0U);
-  EXPECT_EQ(CountFiredAfter(kEscapeKey), 1);
-}
-
-TEST_F(DebugKeys, F1ClosesAConsoleThatHasTheFocusAndFiresNothing) {
-  Run("debug%::ToggleConsole");
-  EXPECT_EQ(Type("`"), "`");
-  EXPECT_EQ(CountFiredAfter(kF1Key), 0);
-  EXPECT_EQ(CountFiredAfter(kEscapeKey), 0) << "it has not gone";
-  EXPECT_EQ(CountFiredAfter(kF1Key), 1) << "so the task hears of it while it pauses";
-}
-
-TEST_F(Debug, ThePointerShowsWhileAConsoleIsOpenAndIsAsWantedThen) {
-  const CNotingHardware pointer;
-  Run("starttask(mouse, mouse%, 5);mouse%::CursorHide");
-  Run("debug%::ToggleConsole");
-  EXPECT_EQ(pointer.last, "show");
-  Run("other%::ToggleConsole;mouse%::CursorHide;debug%::ToggleConsole");
-  EXPECT_EQ(pointer.last, "show") << "the other one is open";
-  Run("other%::ToggleConsole");
-  EXPECT_EQ(pointer.last, "hide");
-  Run("other%::ToggleConsole;mouse%::CursorShow;other%::ToggleConsole");
-  EXPECT_EQ(pointer.last, "show");
-  Run("stoptask(mouse%)");
 }
 
 TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {

@@ -66,14 +66,6 @@ TEST(Layout, IsPlainWhenAllFourAreNumbers) {
   }
 }
 
-TEST(Layout, EvaluatesExpressionsOverBothRectangles) {
-  const Rect own{17, 27, 8, 9}, parent{100, -5, 333, 200};
-  const SLayout far{"parent.x + parent.w - 25", "parent.y - 10", "parent.w*0.9", "parent.h / 3"};
-  EXPECT_EQ(far.Evaluate(own, &parent), (Rect{408, -15, 299, 66}));
-  const SLayout odd{"parent.x + this.w", "9 ^ 99", "0 - 9 ^ 99", "sqrt(0-1)"};
-  EXPECT_EQ(odd.Evaluate(own, nullptr), (Rect{8, INT_MAX, INT_MIN, 0}));
-}
-
 TEST_F(Widget, FollowsItsLayoutUntilNumbersReplaceIt) {
   CSpy* window = myRoot.get();
   window->SetRect({100, 50, 200, 100});

@@ -47,6 +47,17 @@ TEST(ConsoleWindow, BrowsesItsHistory) {
   EXPECT_NE(log.Text().find("b\nb\n"), std::string::npos) << "lines and their results are logged";
 }
 
+TEST(ConsoleWindow, EscapeAndF1CloseItAndGoNoFurther) {
+  const CTestScreen screen(80, 60);
+  CConsoleWindow console;
+  EXPECT_FALSE(console.TakesPress('`'));
+  EXPECT_FALSE(console.IsClosed());
+  EXPECT_TRUE(console.TakesPress(kF1Key));
+  EXPECT_TRUE(console.IsClosed());
+  EXPECT_FALSE(console.TakesPress(kF1Key)) << "so that its owner hears of it while it pauses";
+  EXPECT_TRUE(console.TakesPress(kEscapeKey)) << "it has not gone";
+}
+
 TEST(ConsoleWindow, TabCompletesTheWordBeforeTheCursor) {
   const CLogCapture log;
   EXPECT_EQ(Typed("help(qui)<\t"), "help(quit)");

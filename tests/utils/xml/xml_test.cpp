@@ -1,7 +1,6 @@
 #include "utils/xml/xml.h"
 
 #include "support/logcapture.h"
-#include "utils/xml/xmlparser.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +30,9 @@ TEST(Xml, DocumentsAreReadAndWritten) {
             "<a>\n  <x> &'\" &lt; \" &amp; &foo;\n</a>\n");
   EXPECT_EQ(Rewritten("<a>first<b/>last</a>"), "<a>\n  last\n  <b>\n  </b>\n</a>\n");
   EXPECT_EQ(Rewritten("<a>kept</x></y></z>text<b>after</b></a>"), "<a>\n  kept\n</a>\n");
-  EXPECT_EQ(Rewritten("text<a><b>"), "<a>\n  <b>\n  </b>\n</a>\n");
+  EXPECT_EQ(Rewritten("text<a><b"), "<a>\n</a>\n");
+  EXPECT_EQ(Rewritten("<a\nb>one\r\n  two  \n\n three</a>"), "<ab>\n  onetwothree\n</ab>\n");
+  EXPECT_EQ(Rewritten("<!-- <a> --><!DOCTYPE x><></><b ></ b>"), "<b>\n</b>\n");
   EXPECT_EQ(Read("text <!-- a --> </a>"), nullptr);
 }
 
@@ -128,50 +129,15 @@ TEST(Xml, HugeDocuments) {
   EXPECT_EQ(Read(attributes + "/>")->GetAttributes().size(), 300'000U);
 }
 
-// Writes the events down: "<name key=[value]>", "</name>", "'text'".
-struct CEventTrace : CXmlHandlerInterface {
-  void Characters(const std::string& text) override { myTrace += "'" + text + "'"; }
-  void StartElement(const std::string& name, const Attributes& attrs) override {
-    myTrace += "<" + name;
-    for (const auto& [key, value] : attrs) {
-      myTrace += " " + key + "=[" + value + "]";
-    }
-    myTrace += ">";
-  }
-  void EndElement(const std::string& name) override { myTrace += "</" + name + ">"; }
-
-  std::string myTrace;
-};
-
-std::string Trace(const std::string& document, bool trim = true) {
-  CEventTrace handler;
-  std::istringstream stream(document);
-  CXmlParser(handler, trim).ParseStream(stream);
-  return handler.myTrace;
-}
-
-TEST(XmlParser, ReportsTagsAndTextAndSurvivesBrokenOnes) {
-  EXPECT_EQ(Trace("<a>x"), "<a>");
-  EXPECT_EQ(Trace("<a/><b />"), "<a></a><b></b>");
-  EXPECT_EQ(Trace("<!-- <a> --><!DOCTYPE x>"), "'-->'");
-  EXPECT_EQ(Trace("<?xml version=\"1.0\"?>"), "<?xml ? version=[1.0]>");
-  EXPECT_EQ(Trace("<></><  ><a ></ a>"), "</><a></ a>");
-  EXPECT_EQ(Trace("<a>one\n  two  \n\n three</a>"), "<a>'onetwothree'</a>");
-  EXPECT_EQ(Trace("<a\nb>\r\ntext\r\n</a>\r\n"), "<ab>'text'</a>");
-  EXPECT_EQ(Trace("< a > b <c x=\" 1 \" />", false), "< a >' b '<c x=[ 1 ]></c>") << "untrimmed";
-}
-
 // An attribute is taken out of the text around it, which joins; the first of a name counts.
-TEST(XmlParser, TakesAttributesAlsoOutOfBrokenTags) {
-  EXPECT_EQ(Trace("<a x=\"1\" y=\"two words\" />"), "<a x=[1] y=[two words]></a>");
-  EXPECT_EQ(Trace("<a x='b c'>"), "<a c' x=[]>");
-  EXPECT_EQ(Trace("<a x=\"&lt;\">&lt;</a>"), "<a x=[&lt;]>'&lt;'</a>");
-  EXPECT_EQ(Trace("<a x=\"1 > 2\"><b>"), "<a x=[]>'2\">'<b>");
-  EXPECT_EQ(Trace("<e a b=c d=\"x y\">"), "<e a b=[] d=[x y]>");
-  EXPECT_EQ(Trace("<e a=\"1\"f a=\"2\"/>"), "<e f a=[1]></e f>");
-  EXPECT_EQ(Trace("<e a=\"=\" b=\"c/>"), "<e a=[=] b=[c]>");
-  EXPECT_EQ(Trace("<a=\"1\" b=\"2\">"), "< a=[1]>");
-  EXPECT_EQ(Trace("<=\"1\" b/>"), "< =[1]></>");
+TEST(Xml, AttributesAreTakenAlsoOutOfBrokenTags) {
+  EXPECT_EQ(Rewritten("<a x=\"1\" y=\"two words\" />"), "<a x=\"1\" y=\"two words\" >\n</a>\n");
+  EXPECT_EQ(Rewritten("<a x='b c'>"), "<a c' x=\"\" >\n</a c'>\n");
+  EXPECT_EQ(Rewritten("<a x=\"1 > 2\"><b>"), "<a x=\"\" >\n  2\">\n  <b>\n  </b>\n</a>\n");
+  EXPECT_EQ(Rewritten("<e a b=c d=\"x y\">"), "<e a b=\"\" d=\"x y\" >\n</e a>\n");
+  EXPECT_EQ(Rewritten("<e a=\"1\"f a=\"2\"/>"), "<e f a=\"1\" >\n</e f>\n");
+  EXPECT_EQ(Rewritten("<e a=\"=\" b=\"c/>"), "<e a=\"=\" b=\"c\" >\n</e>\n");
+  EXPECT_EQ(Rewritten("<a><=\"1\" b/>t</a>"), "<a>\n  t\n  < =\"1\" >\n  </>\n</a>\n");
 }
 
 }  // namespace
