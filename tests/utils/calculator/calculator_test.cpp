@@ -35,14 +35,11 @@ TEST(Calculator, EvaluatesFromTheLeftByPriority) {
   EXPECT_EQ(Value("7 / 2 + sqrt(16)"), 7.5);
   EXPECT_DOUBLE_EQ(Value("cos(0) + tan(1)"), 1 + std::tan(1.0));
   EXPECT_EQ(Value("3--2"), 5);
-  EXPECT_EQ(Value("3*-+2"), 0) << "-+2 is a value that does not read";
   EXPECT_EQ(Value("-(2 + 3)"), -5);
   EXPECT_DOUBLE_EQ(Value("2*-sin(1)"), -std::sin(1.0));
 }
 
 TEST(Calculator, MalformedTextDegrades) {
-  EXPECT_EQ(Value(" \t "), 0);
-  EXPECT_EQ(Value("10 / 0"), 0);
   EXPECT_EQ(Value("2 *"), 0);
   EXPECT_EQ(Value("(1 + 2"), 3);
   EXPECT_EQ(Value("1 + 2)"), 3);

@@ -87,26 +87,27 @@ TEST(XmlContext, ReportsWhatIsOutOfPlace) {
   const auto root = Read("<r><a>1</a><b><d>5</d>2</b><a>3</a><c>4</c></r>");
   CXmlContext xml(root.get(), CXmlContext::kReading, "f.xml");
   test::CLogCapture log;
-  const auto contentOf = [&xml](const char* name) {
-    const CXmlElement* child = xml.GetChild(name);
-    return child != nullptr ? child->GetContent() : "none";
+  const auto contents = [&xml](const std::string& names) {
+    std::string found;
+    for (const char name : names) {
+      const CXmlElement* child = xml.GetChild(std::string(1, name));
+      found += child != nullptr ? child->GetContent() : "-";
+    }
+    return found;
   };
-  EXPECT_EQ(contentOf("a"), "1");
+  EXPECT_EQ(contents("a"), "1");
   EXPECT_FALSE(xml.BeginNode("z"));
   EXPECT_TRUE(xml.BeginNode("b"));
-  EXPECT_EQ(contentOf("d"), "5");
+  EXPECT_EQ(contents("d"), "5");
   xml.EndNode("b");
-  EXPECT_EQ(contentOf("a"), "3");
-  EXPECT_EQ(contentOf("c"), "4");
+  EXPECT_EQ(contents("ac"), "34");
   EXPECT_EQ(log.Text(), "") << "in order";
-  EXPECT_EQ(contentOf("z"), "none");
-  EXPECT_EQ(contentOf("a"), "1");
-  EXPECT_EQ(contentOf("c"), "4");
+  EXPECT_EQ(contents("zac"), "-14");
   EXPECT_EQ(log.Text(), none + none + order + order);
   log.Clear();
   EXPECT_TRUE(xml.BeginNode("b"));
   xml.EndNode("a");
-  EXPECT_EQ(contentOf("a"), "3") << "after b, which has ended";
+  EXPECT_EQ(contents("a"), "3") << "after b, which has ended";
   EXPECT_EQ(log.Text(),
             none + order + "Xml warning, trying to end a different node: a should end: b" + end);
 }
