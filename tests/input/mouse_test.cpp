@@ -106,8 +106,8 @@ TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
   myBridge->MouseMove(107, 8, -2, 3);
   EXPECT_EQ(myRecord, "bm km 1 km 1 bo1078 kr-17 107 kr-17 107 ")
       << "moved from the position before";
-  mouse.RemoveDragged(knob);
-  EXPECT_EQ(Hear("d2 u2"), "kd2 107 ku2 107 ");
+  mouse.RemoveMouseable(knob);
+  EXPECT_EQ(Hear("d2 u2"), "kd2 107 ku2 107 ") << "one entry less";
 }
 
 TEST_F(MouseTest, EveryHandlerMayDeleteAllObjects) {

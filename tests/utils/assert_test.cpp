@@ -24,10 +24,7 @@ struct CWriter : IAssertHandler {
 TEST(Assert, EvaluatesOnceAndReportsOnlyFailures) {
   CWriter writer;
   int calls = 0;
-  if (calls == 0)
-    VASK_ASSERT(++calls == 1);
-  else
-    VASK_ASSERT(false);
+  VASK_ASSERT(++calls == 1);
   VASK_ASSERT_WATCHING(++calls == 2, calls);
   EXPECT_EQ(writer.myTold, "");
   VASK_ASSERT(++calls == 0, "call " + std::to_string(calls));

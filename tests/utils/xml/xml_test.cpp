@@ -102,6 +102,7 @@ TEST(XmlContext, ReportsWhatIsOutOfPlace) {
   xml.EndNode("b");
   EXPECT_EQ(contents("ac"), "34");
   EXPECT_EQ(log.Text(), "") << "in order";
+  EXPECT_TRUE(xml.HasChild("a"));
   EXPECT_EQ(contents("zac"), "-14");
   EXPECT_EQ(log.Text(), none + none + order + order);
   log.Clear();
