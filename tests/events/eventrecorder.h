@@ -10,8 +10,7 @@ namespace vask::test {
 
 // Listens to everything: writes each call down with two numbers, then calls the reaction of the
 // test, once.
-class CEventRecorder : public IWindowListener, public IKeyboardListener, public IMouseListener {
- public:
+struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
   CEventRecorder(const char* name, std::string& record) : myName(name), myRecord(record) {
     CEventBridge::GetSingletonPtr()->AddWindowListener(this);
     CEventBridge::GetSingletonPtr()->AddKeyboardListener(this);
@@ -27,7 +26,6 @@ class CEventRecorder : public IWindowListener, public IKeyboardListener, public 
   void OnMouseButtonUp(int button) override { Note("release", button, 0); }
   std::function<void()> react;  // may delete the listener
 
- private:
   void Note(const std::string& what, int a, int b) {
     myRecord += myName + what + " " + std::to_string(a) + " " + std::to_string(b) + "\n";
     if (const auto once = std::exchange(react, nullptr)) {
@@ -39,8 +37,7 @@ class CEventRecorder : public IWindowListener, public IKeyboardListener, public 
 };
 
 // Replaces the cursor of the screen; keeps the last request.
-class CNotingHardware : public IMouseHardware {
- public:
+struct CNotingHardware : IMouseHardware {
   CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
   ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
   void ShowCursor() override { last = "show"; }

@@ -12,8 +12,7 @@ namespace {
 std::string ourRecord;
 
 // Writes its letter down when it runs, and "~" and its letter when it is deleted.
-class CThread : public CFakeThread {
- public:
+struct CThread : CFakeThread {
   CThread(char name, int interval) : myName(name) {
     SetInterval(interval);
     Start();
@@ -28,13 +27,11 @@ class CThread : public CFakeThread {
 
   std::function<void()> myReaction;  // called once; may delete the thread
 
- private:
   char myName;
 };
 
 // What a pass over the threads runs when the clock has gone on by so many milliseconds.
-class CFakeThreadTest : public testing::Test {
- protected:
+struct CFakeThreadTest : testing::Test {
   ~CFakeThreadTest() override {
     DeleteAll();
     ourRecord.clear();
@@ -60,6 +57,8 @@ TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYounger) {
   EXPECT_EQ(RunAfter(19), "");
   EXPECT_EQ(RunAfter(1), "ab");
   EXPECT_EQ(RunAfter(100), "ab");
+  EXPECT_TRUE(a->IsLessThan(b)) << "b has less time left";
+  EXPECT_FALSE(b->IsLessThan(a));
   EXPECT_EQ(RunAfter(19), "");
 }
 
@@ -67,6 +66,7 @@ TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
   RunAfter(0);
   myClock.Advance(19);
   a->Pause();
+  EXPECT_TRUE(b->IsLessThan(a));
   EXPECT_EQ(RunAfter(500), "");
   a->Resume();
   EXPECT_EQ(RunAfter(0), "");

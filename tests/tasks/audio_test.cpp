@@ -10,8 +10,7 @@
 namespace vask::test {
 namespace {
 
-class AudioTask : public testing::Test {
- protected:
+struct AudioTask : testing::Test {
   AudioTask() { WriteLongWave("one.wav"); }
   ~AudioTask() override { myTask.Exit(); }
   void Run(const std::string& line) { EXPECT_TRUE(myTask.ExecuteCommand(line)) << line; }
@@ -52,10 +51,9 @@ TEST_F(AudioTask, CommandsComplainOfWrongParameters) {
   ASSERT_TRUE(myTask.Start());
   for (const std::string name : {"PlayEffect", "PreloadEffect", "PlayMusic", "PlayMusicFadeIn"}) {
     Run(name);
-    Run(name + "()");
-    EXPECT_EQ(myLog.Count(name + " -command requires atleast one parameter"), 2U);
     Run(name + "( 1 )");
-    ExpectLogged({name + " -command the 1st parameter is of wrong type, should be string"});
+    ExpectLogged({name + " -command requires atleast one parameter",
+                  name + " -command the 1st parameter is of wrong type, should be string"});
   }
   Run("StopMusic( now )");
   Run("StopMusicFadeOut( soon )");

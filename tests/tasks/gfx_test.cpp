@@ -1,4 +1,5 @@
 #include "events/eventbridge.h"
+#include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
@@ -15,8 +16,7 @@
 namespace vask::test {
 namespace {
 
-class GfxTask : public testing::Test {
- protected:
+struct GfxTask : testing::Test {
   GfxTask() { StartWith(myWindow, "640, 480, 32"); }
   ~GfxTask() override {
     myTask.Exit();
@@ -58,13 +58,26 @@ TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
   myTask.Start();
   pictures.Start(nullptr);
   pictures.Update();
+  pictures.Update();  // on a new ground
   EXPECT_EQ(colorAt(0, 0), kBar);
   EXPECT_EQ(colorAt(16, 0), kGround);
   EXPECT_EQ(colorAt(64, 64), kMiddle);
+  EXPECT_NEAR(colorAt(64, 20) & 0xFF, 160 * 61 / 255, 1) << "the rim";
   EXPECT_NEAR(colorAt(176, 64) & 0xFF, 160 * 191 / 255, 1) << "faded";
   EXPECT_EQ(colorAt(400, 176), kMiddle) << "in its own size";
   EXPECT_EQ(colorAt(300, 176), kGround) << "two thirds as wide";
   EXPECT_NEAR(colorAt(64, 176) & 0xFF, 160, 8) << "turned";
+}
+
+TEST_F(GfxTask, TheLastTaskTakesTheFactoryAlong) {
+  CTaskGfxSDL other;
+  other.Start();
+  myTask.Start();
+  Gfx::SetFactory(new CGfxFactorySDL);
+  other.Exit();
+  EXPECT_NE(Gfx::GetFactory(), nullptr);
+  myTask.Exit();
+  EXPECT_EQ(Gfx::GetFactory(), nullptr);
 }
 
 TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {

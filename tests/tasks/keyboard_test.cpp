@@ -12,8 +12,7 @@ namespace vask::test {
 namespace {
 
 // A command that collects its parameters.
-class CNote : public CConsoleCommand {
- public:
+struct CNote : CConsoleCommand {
   CNote() { CApplicationFactory::GetSingletonPtr()->GetConsole()->AddCommand("note", this); }
   ~CNote() override { CApplicationFactory::GetSingletonPtr()->GetConsole()->RemoveCommand("note"); }
   std::string Execute(CConsoleParams* params) override { return notes += params->GetString(0); }
@@ -34,11 +33,10 @@ std::string Noted(const Lines& lines, const Lines& keys) {
     task.ExecuteCommand(line);
   }
   for (const std::string& key : keys) {
-    CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
     if (key[0] == '-') {
-      bridge.KeyUp(KeyFromName(key.substr(1)), 0);
+      CEventBridge::GetSingleton().KeyUp(KeyFromName(key.substr(1)), 0);
     } else {
-      bridge.KeyDown(KeyFromName(key), 0);
+      CEventBridge::GetSingleton().KeyDown(KeyFromName(key), 0);
     }
     task.Update();
   }
@@ -47,10 +45,8 @@ std::string Noted(const Lines& lines, const Lines& keys) {
 
 TEST(KeyboardTask, BoundLinesRunWhenTheirKeysGoDown) {
   EXPECT_EQ(Noted({"bind(escape, note(x))"}, {"escape", "-escape", "a"}), "x");
-  EXPECT_EQ(Noted({"bind(a, note(x), 9)", "bind(a, note(y))", "bind(a, note(z), 11)",
-                   "bind(a, note(w), soon)"},
-                  {"a"}),
-            "xwyz");
+  const std::string at9 = "bind(a, note(x), 9)", at11 = "bind(a, note(z), 11)";
+  EXPECT_EQ(Noted({at9, "bind(a, note(y))", at11, "bind(a, note(w), soon)"}, {"a"}), "xwyz");
   EXPECT_EQ(Noted({"bind(\" a, note(x))"}, {"\"", "a"}), "x") << "a quote is a key";
   EXPECT_EQ(Noted({"bind(\"1\", note(x))", "bind(1, note(y))"}, {"1"}), "x") << "a number is none";
   EXPECT_EQ(Noted({"bind", "bind()", "bind(a)", "bind(a, 5)"}, {"a"}), "");

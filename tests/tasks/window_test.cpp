@@ -21,8 +21,7 @@ std::string Seen() {
          ((screen.flags & SDL_FULLSCREEN) != 0 ? " full " : " ") + (title != nullptr ? title : "");
 }
 
-class WindowTask : public testing::Test {
- protected:
+struct WindowTask : testing::Test {
   ~WindowTask() override {
     myTask.reset();
     SDL_Quit();
@@ -86,8 +85,8 @@ TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
   EXPECT_EQ(myTask->GetScreen(), nullptr);
   EXPECT_EQ(log.Count("Error creating the new window"), 2U);
   EXPECT_EQ(SeenAfter("Resize(70, 60)"), "70 x 60 Small");
-  EXPECT_FALSE(myTask->Start()) << "a second start changes nothing";
-  EXPECT_EQ(Seen(), "70 x 60 Small");
+  myTask->Start();
+  EXPECT_EQ(Seen(), "70 x 60 Small") << "a second start changes nothing";
   myTask->Exit();
   Run("Resize(10, 10)");
   EXPECT_FALSE(sdl::HasVideo());

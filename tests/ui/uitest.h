@@ -23,8 +23,7 @@ inline CEventBridge& Bridge() { return *CEventBridge::GetSingletonPtr(); }
 inline CDesktopWidget* Desktop() { return CDesktopWidget::GetSingletonPtr(); }
 
 // A desktop of 800 by 600 that the UI task feeds with what comes over the event bridge.
-class UiTest : public testing::Test {
- protected:
+struct UiTest : testing::Test {
   UiTest() {
     Bridge().Resize(800, 600);
     myTask.Start();

