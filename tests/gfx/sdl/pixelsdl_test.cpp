@@ -4,12 +4,15 @@
 
 #include "gfx/sdl/pixelsdl.h"
 
+#include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/sdltextures.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <random>
 
 namespace vask::test {
@@ -25,27 +28,51 @@ constexpr SPixelFormat k24Bits{24, 0xFF0000, 0xFF00, 0xFF, 0};
 constexpr SPixelFormat k16Bits{16, 0xF800, 0x7E0, 0x1F, 0};
 
 constexpr std::uint32_t kKey = 0xFF00FF;  // as a pixel
+constexpr Rect kWhole{0, 0, 999, 999};
 
 IPixel* PictureOf(int width, int height, const SPixelFormat& format) {
   return new CPixelSDL(sdl::NewSurface(width, height, format).release());
 }
-// With a colour key or with an alpha channel.
-IPixel* NewSheet(int width, int height, bool isKeyed) {
-  return isKeyed ? Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)
-                 : Gfx::NewBuffer(width, height);
-}
-// Random pixels; a quarter of them transparent, a quarter opaque.
-ImagePtr NewNoise(int size, const SPixelFormat& format, unsigned seed) {
+// Random pixels; a quarter of them transparent or of the key colour, a quarter opaque.
+ImagePtr NewNoise(int size, const SPixelFormat& format, unsigned seed, bool isKeyed = false) {
   std::mt19937 random(seed);
-  return Filled(PictureOf(size, size, format), [&](int, int) {
-    const auto pixel = static_cast<std::uint32_t>(random());
-    const std::array kinds{pixel & ~format.alphaMask, pixel | format.alphaMask, pixel, pixel};
+  ImagePtr noise(PictureOf(size, size, format));
+  SDL_Surface* const surface = SurfaceOf(*noise);
+  const std::uint32_t bits = format.redMask | format.greenMask | format.blueMask | format.alphaMask;
+  const std::uint32_t key = SDL_MapRGB(surface->format, 255, 0, 255);
+  if (isKeyed) {
+    sdl::SetColorKey(surface, CColor(Gfx::kMagenta));
+  }
+  return Filled(noise.release(), [&](int, int) {
+    const std::uint32_t pixel = static_cast<std::uint32_t>(random()) & bits;
+    const std::uint32_t clear = isKeyed ? key : pixel & ~format.alphaMask;
+    const std::array kinds{clear, pixel | format.alphaMask, pixel, pixel};
     return kinds[random() % 4];
   });
 }
 
+// Red, green, blue and alpha at a place of the surface, as SDL reads them; all 0 for what is
+// transparent or beyond the surface.
+using Color = std::array<int, 4>;
+Color ColorAt(const IPixel& picture, int x, int y) {
+  const SDL_Surface& surface = *SurfaceOf(picture);
+  if (!sdl::Bounds(surface).Contains(x, y)) {
+    return {};
+  }
+  const std::uint32_t pixel = sdl::ReadPixel(surface, x, y);
+  const bool isKey = (surface.flags & SDL_SRCCOLORKEY) != 0 && pixel == surface.format->colorkey;
+  std::uint8_t c[4];
+  SDL_GetRGBA(pixel, surface.format, &c[0], &c[1], &c[2], &c[3]);
+  return isKey || c[3] == 0 ? Color{} : Color{c[0], c[1], c[2], c[3]};
+}
+
 class Picture : public testing::Test {
  protected:
+  ~Picture() override {
+    Gfx::ScaleSmoothing() = 0;
+    Gfx::RotateSmoothing() = 1;
+  }
+
   CTestScreen myScreen{64, 48};
 };
 
@@ -64,6 +91,7 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   EXPECT_EQ(textures.GetCount("door.bmp"), 3);
   second.reset();
   EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
+  EXPECT_EQ(Gfx::NewBuffer(Gfx::NullImage()), Gfx::NullImage());
 }
 
 // SDL fills the pixel that proves reading; with that, reading proves writing. All formats keep the
@@ -76,7 +104,7 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
     const std::uint32_t pixel = SDL_MapRGBA(surface->format, 255, 16, 66, 255);
     SDL_Rect filled{2, 3, 1, 1};
     SDL_FillRect(surface, &filled, pixel);
-    EXPECT_EQ(test::Packed(picture->GetPixel(2, 3)), pixel);
+    EXPECT_EQ(Packed(picture->GetPixel(2, 3)), pixel);
     picture->SetRect({1, 2, 4, 3});
     for (int i = 0; i < 6 * 5; ++i) {
       const int x = i % 6 - 1;
@@ -84,25 +112,14 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
       const bool isInside = Rect{0, 0, 4, 3}.Contains(x, y);
       picture->PutPixel(x, y, {255, 16, 66});
       EXPECT_EQ(sdl::ReadPixel(*surface, i % 6, i / 6), isInside ? pixel : 0) << i;
-      EXPECT_EQ(test::Packed(picture->GetPixel(x, y)), isInside ? pixel : test::Packed(CColor()))
-          << i;
+      EXPECT_EQ(Packed(picture->GetPixel(x, y)), isInside ? pixel : Packed(CColor())) << i;
+      EXPECT_EQ(picture->GetPixel(x, y).a, 255);
     }
     picture->PutPixel(0, 0, {80, 255, 100, 0});
-    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)), pixel) << "alpha 0 changes nothing";
+    EXPECT_EQ(Packed(picture->GetPixel(0, 0)), pixel) << "alpha 0 changes nothing";
     picture->PutPixel(0, 0, {80, 255, 100, 127});
-    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)),
-              SDL_MapRGBA(surface->format, 168, 135, 82, 255));
+    EXPECT_EQ(Packed(picture->GetPixel(0, 0)), SDL_MapRGBA(surface->format, 168, 135, 82, 255));
   }
-}
-
-// The colours, 0 to 255, and the alpha, 0 to 1.
-std::array<double, 4> ExactPixel(const IPixel& picture, int x, int y) {
-  const SDL_Surface& surface = *SurfaceOf(picture);
-  const std::uint32_t pixel = sdl::ReadPixel(surface, x, y);
-  std::uint8_t c[4];
-  SDL_GetRGBA(pixel, surface.format, &c[0], &c[1], &c[2], &c[3]);
-  const bool isKey = (surface.flags & SDL_SRCCOLORKEY) != 0 && pixel == surface.format->colorkey;
-  return {c[0] * 1.0, c[1] * 1.0, c[2] * 1.0, isKey ? 0 : c[3] / 255.0};
 }
 
 TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
@@ -112,94 +129,138 @@ TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
     SPixelFormat target = kAlpha;
     double slack = 1;  // of a colour
     int size = 30;
+    Rect part = kWhole;  // that both pictures show
+    Rect from = {3, 2, 999, 999};
+    Rect at = {1, 1, 0, 0};
   };
   const SCase cases[] = {
       {.name = "usual", .size = 257},
+      {.name = "parts", .part = {2, 1, 20, 22}},
+      {.name = "cut at the left", .from = {-3, 4, 9, 8}, .at = {-2, 25, 0, 0}},
       {.name = "keyed", .source = kOpaque},
       {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},
       {.name = "onto the screen", .target = kOpaque, .slack = 2},
       {.name = "other order onto the screen", .source = kRedLow, .target = kOpaque, .slack = 2},
       {.name = "low alpha", .source = kLowAlpha},
       {.name = "onto low alpha", .target = kLowAlpha},
+      {.name = "as it is", .source = k24Bits, .target = k24Bits},
   };
   for (const SCase& c : cases) {
     SCOPED_TRACE(c.name);
-    const ImagePtr source = NewNoise(c.size, c.source, 1);
-    if (c.source.alphaMask == 0) {
-      SDL_Rect left{0, 0, 15, 30};
-      SDL_FillRect(SurfaceOf(*source), &left, SDL_MapRGB(SurfaceOf(*source)->format, 255, 0, 255));
-      sdl::SetColorKey(SurfaceOf(*source), {255, 0, 255});
-    }
+    const ImagePtr source = NewNoise(c.size, c.source, 1, c.source.alphaMask == 0);
     const ImagePtr before = NewNoise(c.size, c.target, 2);
     const ImagePtr target = NewNoise(c.size, c.target, 2);
     target->SetParam(IPixel::kAlphaBlit, c.target.alphaMask != 0);
-    source->Blit(target.get(), {3, 2, c.size, c.size}, {1, 1, 0, 0});
-    const int side = c.size - 3;
-    for (int i = 0; i < side * side; ++i) {
-      const auto above = ExactPixel(*source, 3 + i % side, 2 + i / side);
-      const auto below = ExactPixel(*before, 1 + i % side, 1 + i / side);
-      const auto result = ExactPixel(*target, 1 + i % side, 1 + i / side);
-      const double a = above[3];
-      const double b = below[3] * (1 - a);
+    source->SetRect(c.part);
+    target->SetRect(c.part);
+    source->Blit(target.get(), c.from, c.at);
+    for (int i = 0; i < c.size * c.size; ++i) {
+      const int x = i % c.size;
+      const int y = i / c.size;
+      const int u = x - c.at.x + c.from.x;  // drawn there from here, within the parts
+      const int v = y - c.at.y + c.from.y;
+      const bool isDrawn = c.part.Contains(x, y) && c.part.Contains(u, v) &&
+                           c.from.Contains(u - c.part.x, v - c.part.y);
+      const Color above = isDrawn ? ColorAt(*source, u, v) : Color{};
+      const Color below = ColorAt(*before, x, y);
+      const Color result = ColorAt(*target, x, y);
+      const double a = above[3] / 255.0;
+      const double b = below[3] / 255.0 * (1 - a);
       const double slack = a > 0 && a < 1 && b > 0 ? c.slack : c.slack - 0.99;
-      ASSERT_NEAR(result[3] * 255, (a + b) * 255, 0.51) << i;
+      ASSERT_NEAR(result[3], (a + b) * 255, 0.51) << x << "," << y;
       for (int k = 0; a + b > 0 && k < 3; ++k) {
-        ASSERT_NEAR(result[k], (above[k] * a + below[k] * b) / (a + b), slack) << i;
+        ASSERT_NEAR(result[k], (above[k] * a + below[k] * b) / (a + b), slack) << x << "," << y;
       }
     }
   }
 }
 
-// The colours in the middle of the four quarters, row by row: r, g, b, "." for transparent.
-std::string Quarters(const ImagePtr& picture) {
-  std::string letters;
-  for (int quarter = 0; quarter < 4; ++quarter) {
-    const CColor color = picture->GetPixel(picture->GetWidth() * (1 + quarter % 2 * 2) / 4,
-                                           picture->GetHeight() * (1 + quarter / 2 * 2) / 4);
-    letters += color.a == 0 ? '.' : color.r > 99 ? 'r' : color.g > 99 ? 'g' : 'b';
+TEST(PixelRow, PremultipliesToTheNearestAndBack) {
+  for (std::uint32_t i = 0; i < 256 * 256; ++i) {
+    const std::uint32_t color = i % 256;
+    const std::uint32_t alpha = i / 256;
+    std::uint32_t pixels[] = {alpha << 24 | color << 16, alpha << 24 | color << 8};
+    sdl::PremultiplyRow(&pixels[0], 1);
+    sdl::UnpremultiplyRow(&pixels[1], 1);
+    ASSERT_EQ(pixels[0] >> 24, pixels[1] >> 24);
+    ASSERT_NEAR(pixels[0] >> 16 & 0xFF, color * alpha / 255.0, 0.501) << alpha;
+    const double straight = alpha == 0 ? 0 : std::min(255.0, color * 255.0 / alpha);
+    ASSERT_NEAR(pixels[1] >> 8 & 0xFF, straight, 0.501) << alpha;
   }
-  return letters;
 }
 
-// A white sheet with a part of four quarters, the last of which is transparent by its alpha or by
-// the colour key.
+// How many pixels of what was made of a sheet differ from those of the sheet, which is stretched to
+// that size or turned around its middle.
+int CountWrong(IPixel* made, const IPixel& sheet, int slack, int fade = 255, double degrees = 0) {
+  const ImagePtr owner(made);
+  const Rect from = sheet.GetRect();
+  const Rect to = made->GetRect();
+  const double sine = std::sin(degrees * std::acos(-1) / 180);
+  const double cosine = std::cos(degrees * std::acos(-1) / 180);
+  const double shrinkX = degrees == 0 ? 1.0 * from.w / to.w : 1;
+  const double shrinkY = degrees == 0 ? 1.0 * from.h / to.h : 1;
+  int wrong = 0;
+  for (int i = 0; i < to.w * to.h; ++i) {
+    const double x = (i % to.w - to.w / 2.0) * shrinkX;
+    const double y = (i / to.w - to.h / 2.0) * shrinkY;
+    const int u = static_cast<int>(std::floor(from.w / 2.0 + cosine * x - sine * y + 1e-9));
+    const int v = static_cast<int>(std::floor(from.h / 2.0 + sine * x + cosine * y + 1e-9));
+    const bool isInside = Rect{0, 0, from.w, from.h}.Contains(u, v);
+    Color wanted = isInside ? ColorAt(sheet, from.x + u, from.y + v) : Color{};
+    wanted[3] = wanted[3] * fade / 255;
+    const Color color = ColorAt(*made, to.x + i % to.w, to.y + i / to.w);
+    const auto isNear = [slack](int one, int other) { return std::abs(one - other) <= slack; };
+    wrong += std::ranges::equal(color, wanted, isNear) ? 0 : 1;
+  }
+  return wrong;
+}
+
 TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
-  const Rect part{10, 6, 20, 20};
-  for (const bool isKeyed : {false, true}) {
-    SCOPED_TRACE(isKeyed);
-    const std::uint32_t quarters[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, isKeyed ? kKey : 0};
-    const ImagePtr sheet = Filled(NewSheet(40, 30, isKeyed), [&](int x, int y) {
-      const int quarter = (y - part.y) / 10 * 2 + (x - part.x) / 10;
-      return part.Contains(x, y) ? quarters[quarter] : 0xFFFFFFFF;
-    });
-    sheet->SetRect(part);
-    EXPECT_TRUE(sheet->IsRectChanged());
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Clone())), "rgb.");
-    EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), part);
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Scale(60, 10))), "rgb.");
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Rotate(90))), "g.rb") << "counter-clockwise";
-    const ImagePtr faded(sheet->CloneWithAlpha(128));
-    EXPECT_EQ(Quarters(faded), "rgb.");
-    EXPECT_EQ(ImagePtr(faded->CloneWithAlpha(100))->GetPixel(19, 0).a, 50);
-    sheet->SaveToFile("part.tga");
-    EXPECT_EQ(Quarters(ImagePtr(Gfx::LoadImage("part.tga", Gfx::kMagenta))), "rgb.");
-    sheet->SetRect({20, 16, 40, 28});  // ends beyond the sheet
-    sheet->PutPixel(0, 0, {255, 255, 255});
-    const ImagePtr beyond(sheet->Scale(80, 56));
-    EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy from before";
-    EXPECT_EQ(beyond->GetPixel(40, 0).r, 0);
+  struct SCase {
+    const char* name;
+    SPixelFormat format = kAlpha;
+    Rect part = {3, 2, 6, 8};
+    bool isKeyed = false;
+    int slack = 0;  // of a colour
+  };
+  const SCase cases[] = {
+      {.name = "alpha"},
+      {.name = "all", .part = {0, 0, 12, 12}},
+      {.name = "beyond", .part = {7, 6, 8, 10}},
+      {.name = "low alpha", .format = kLowAlpha},
+      {.name = "red low", .format = kRedLow},
+      {.name = "keyed", .format = kOpaque, .isKeyed = true},
+      {.name = "24 bits", .format = k24Bits, .isKeyed = true},
+      {.name = "16 bits", .format = k16Bits, .slack = 8},
+  };
+  for (const SCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    const ImagePtr sheet = NewNoise(12, c.format, 1, c.isKeyed);
+    sheet->SetRect(c.part);
+    sheet->SetParam(IPixel::kRotateSmoothing, 0);
+    EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), c.part);
+    EXPECT_EQ(CountWrong(sheet->Clone(), *sheet, c.slack), 0);
+    EXPECT_EQ(CountWrong(sheet->CloneWithAlpha(100), *sheet, c.slack, 100), 0);
+    EXPECT_EQ(CountWrong(sheet->Scale(4 * c.part.w, c.part.h / 2), *sheet, c.slack), 0);
+    sheet->PutPixel(1, 1, {255, 255, 255});  // from here on nothing is made of an old copy
+    EXPECT_EQ(CountWrong(sheet->Rotate(25), *sheet, c.slack, 255, 25), 0);
+    sheet->ClearRect({2, 0, 1, 3});
+    EXPECT_TRUE(sheet->SaveToFile("part.tga"));
+    EXPECT_EQ(CountWrong(Gfx::LoadImage("part.tga", Gfx::kMagenta), *sheet, c.slack), 0);
   }
 }
 
-// A half-transparent grey square in a transparent frame, or an opaque one in a frame of the key
-// colour: what smoothing mixes in at the rim must be neither black nor magenta.
+// A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
+// key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
   for (int kind = 0; kind < 8; ++kind) {
     SCOPED_TRACE(kind);
     const bool isSmooth = kind % 2 != 0;
     const bool isKeyed = kind >= 4;
-    const ImagePtr picture = Filled(NewSheet(20, 20, isKeyed), [=](int x, int y) {
-      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0;
+    IPixel* const sheet =
+        isKeyed ? Gfx::NewScreenBuffer(20, 20, Gfx::kMagenta) : Gfx::NewBuffer(20, 20);
+    const ImagePtr picture = Filled(sheet, [=](int x, int y) {
+      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0xFFFFFF;
     });
     picture->SetParam(IPixel::kScaleSmoothing, isSmooth);
     picture->SetParam(IPixel::kRotateSmoothing, kind % 2);
@@ -215,7 +276,6 @@ TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
     }
     EXPECT_EQ(hasSoftRim, isSmooth);
   }
-  Gfx::ScaleSmoothing() = 0;
 }
 
 }  // namespace
