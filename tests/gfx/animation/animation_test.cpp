@@ -175,25 +175,17 @@ class Animator : public Animation {
 };
 
 TEST_F(Animator, ExpressionGivesTheValue) {
-  struct SCase {
-    const char* expression;
-    bool clamp = false;
-    unsigned time = 500000;  // of 1000000
-    float value;
-  };
-  const SCase cases[] = {
-      {.expression = "t*t", .value = 0.25F},
-      {.expression = "sin(t*3.14)*2", .value = 2},
-      {.expression = "sin(t*3.14)*2", .clamp = true, .value = 1},
-      {.expression = "t-2", .clamp = true, .value = 0},
-      {.expression = "t*1000000", .time = 12, .value = 12},  // no 1.2e-05: nothing reads that
-  };
-  for (const SCase& c : cases) {
-    Start(1000000, c.expression, c.clamp);
-    Update({c.time});
-    EXPECT_NEAR(myValues.back(), c.value, 1e-3F) << c.expression << c.clamp;
+  const auto valueAt = [this](unsigned time, const char* expression, bool clamp = false) {
+    Start(1000000, expression, clamp);
+    Update({time});
     CAnimationUpdator::DeleteSingleton();  // and the animator with it
-  }
+    return myValues.back();
+  };
+  EXPECT_FLOAT_EQ(valueAt(500000, "t*t"), 0.25F);
+  EXPECT_NEAR(valueAt(500000, "sin(t*3.14)*2"), 2, 1e-3);
+  EXPECT_EQ(valueAt(500000, "sin(t*3.14)*2", true), 1);
+  EXPECT_EQ(valueAt(500000, "t-2", true), 0);
+  EXPECT_FLOAT_EQ(valueAt(12, "t*1000000"), 12) << "no 1.2e-05: nothing reads that";
 }
 
 // What is done at 500 of 1000 ms keeps the value of that moment and moves the end.
@@ -267,11 +259,11 @@ TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
   self = add(nullptr, 'c', [&] { delete self; });
   add(nullptr, 'd', [] {});
 
-  for (const unsigned time : {1U, 2U}) {
+  for (const unsigned time : {1U, 2U, 3U}) {
     CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
     updator.Update(time);  // once a frame
   }
-  EXPECT_EQ(log, "abcad") << "who deletes itself ends the walk";
+  EXPECT_EQ(log, "abcadad") << "who deletes itself ends the walk";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "gfx/sprite/guielement.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritetypes.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
@@ -111,9 +112,14 @@ TEST_F(Sprite, LoadedOneIsDrawnWithTheNextFrame) {
 }
 
 TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
+  CSprite().SetImage(Gfx::GetScreen());  // which it does not own
   const CSpritePtr sprite = Red();
   myLayer->DrawFrame();
-  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kUnchanged);
+  EXPECT_EQ(myLayer->GetDepthMark(), 99) << "the rearmost has been drawn";
+  sprite->SetRotation(0.5F);
+  sprite->SetSize(5, 5);
+  sprite->SetAlpha(255);
+  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kUnchanged) << "it was so before";
   sprite->SetOwnsBackBuffer(false);
   EXPECT_EQ(sprite->GetDirtyState(), CSprite::kChangedInPlace);
   sprite->SetY(7);
@@ -156,6 +162,9 @@ TEST_F(Sprite, ShownPictureFollowsPartTurnAndSize) {
   sprite->SetSize(-1, 7);
   EXPECT_EQ(sprite->GetRect(), Rect{}) << "a size of nothing";
   EXPECT_FALSE(sprite->IsEmpty());
+  sprite->SetImage(NewPicture(1, 1, kRed));
+  sprite->SetSize(4, 7);
+  EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 4, 7}));
 }
 
 TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
@@ -184,18 +193,16 @@ TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {
   CSprite sprite;
   sprite.SetRect({10, 20, 30, 40});
   zogui::CGuiElement element(&sprite);
-  const int left = 1;
-  const int right = 3;
   CMouse& mouse = *CMouse::GetSingletonPtr();
   mouse.OnMouseMove(16, 31);
-  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseButtonDown(kLeftButton);
   mouse.OnMouseMove(26, 51);
-  mouse.OnMouseButtonUp(right);
+  mouse.OnMouseButtonUp(kRightButton);
   mouse.OnMouseMove(27, 50);
   EXPECT_EQ(element.GetRect(), (Rect{21, 39, 30, 40}));
-  mouse.OnMouseButtonUp(left);
+  mouse.OnMouseButtonUp(kLeftButton);
   element.SetDraggable(false);
-  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseButtonDown(kLeftButton);
   mouse.OnMouseMove(50, 60);
   EXPECT_EQ(sprite.GetRect(), (Rect{21, 39, 30, 40})) << "dropped";
   CMouse::DeleteSingleton();
