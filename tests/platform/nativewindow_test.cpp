@@ -76,10 +76,12 @@ class NativeWindowTest : public testing::Test {
     XSendEvent(robot, Id(), False, NoEventMask, &event);
     XSync(robot, False);
   }
-  void Click(int x, int y, unsigned button = Button1) {
-    for (const int type : {ButtonPress, ButtonRelease}) {
-      Send({.xbutton = {type, 0, 0, robot, 0, 0, 0, 0, x, y, 0, 0, 0, button, 0}});
-    }
+  void Button(int type, int x, int y, unsigned button) {
+    Send({.xbutton = {type, 0, 0, robot, 0, 0, 0, 0, x, y, 0, 0, 0, button, 0}});
+  }
+  void Click(int x, int y, unsigned button = Button1, int moved = 0) {
+    Button(ButtonPress, x, y, button);
+    Button(ButtonRelease, x + moved, y, button);
   }
   void Key(KeySym symbol, unsigned state) {
     const unsigned code = XKeysymToKeycode(robot, symbol);
@@ -117,16 +119,17 @@ TEST_F(NativeWindowTest, TellsTheWindowManagerWhatItIs) {
       describe(kNoClose, kCaption, 7),
       " 3 4 10 0 0 60 0 0 200 100 200 100 200 100 60 0 0 300 150 300 150 300 150 7,7 300x150");
   EXPECT_EQ(
-      describe(0, kCaption | kSystemMenu, kDefaultPosition),
-      " 3 36 26 0 0 56 0 0 200 100 200 100 200 100 56 0 0 300 150 300 150 300 150 0,0 300x150");
+      describe(0, kSystemMenu, kDefaultPosition),
+      " 3 36 18 0 0 56 0 0 200 100 200 100 200 100 56 0 0 300 150 300 150 300 150 0,0 300x150");
 }
 
 TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   constexpr SBox kLabel = {100, 0, 100, 30};
   std::vector<int> clicks, darkness;  // at each click, the dark pixels of the label
   const auto use = [&] {
-    Click(110, 10, Button5);  // the wheel: the label scrolls
-    Click(10, 40, Button3);   // nothing but the left button clicks
+    Click(110, 10, Button5);     // the wheel: the label scrolls
+    Click(10, 40, Button3);      // nothing but the left button clicks
+    Click(10, 40, Button1, 60);  // nor does it beside the button
     Click(10, 40);
     Click(110, 10, Button4);
     Click(10, 10);
@@ -153,6 +156,7 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   EXPECT_EQ(window.GetTextHeight("W\nW", 100), 2 * 13);
   const auto edit = window.AddControl(EControlKind::kEdit, "", {0, 0, 90, 20}, 0, kAutoScroll);
   window.AddControl(EControlKind::kStatic, "\n\n\n\n.", kLabel);
+  window.AddControl(EControlKind::kStatic, "MMMMMM", {150, 60, 20, 20});
   window.AddControl(EControlKind::kButton, "", {0, 30, 50, 20}, 5);
   window.AddControl(EControlKind::kButton, "", {0, 60, 50, 20}, 9);
   window.Show();
@@ -164,6 +168,7 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   EXPECT_EQ(Count({0, 0, 60, 40}, 0xdcdad5), 60 * 10 + 10 * 10 + 46 * 8)
       << "the face beside fields and edges";
   EXPECT_EQ(Count({0, 0, 100, 1}, 0x9a9791), 89) << "the edge of the field";
+  EXPECT_EQ(Count({140, 60, 60, 30}, 0), Count({150, 60, 20, 20}, 0)) << "a text is cut";
 }
 
 TEST_F(NativeWindowTest, EndsWithTheWindowOrTheConnection) {

@@ -7,6 +7,7 @@
 #include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/sdltextures.h"
 #include "support/testpicture.h"
+#include "support/waves.h"
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,25 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
   }
 }
 
+TEST_F(Picture, GifFilesAreReadUnlessTheirFirstPictureIsTooLarge) {
+  const auto widthOf = [](unsigned width, bool hasColors) {
+    const std::string colors = "ABCDEF", extension = Bytes(0x01'FE21, 3) + "x" + Bytes(0, 1);
+    std::ofstream file("a.gif", std::ios::binary);
+    file << "GIF89a" << Bytes(7, 2) << Bytes(1, 2) << Bytes(hasColors ? 0x80 : 0, 3)
+         << (hasColors ? colors : "") << extension << "," << Bytes(0, 4) << Bytes(width, 2)
+         << Bytes(1, 2) << Bytes(hasColors ? 0 : 0x80, 1) << (hasColors ? "" : colors)
+         << Bytes(0x01'4402'02, 4) << Bytes(0x3B00, 2);
+    file.close();
+    return ImagePtr(Gfx::LoadImage("a.gif", Gfx::kMagenta))->GetWidth();
+  };
+  for (const bool hasColors : {true, false}) {
+    EXPECT_EQ(widthOf(1, hasColors), 1);
+    EXPECT_EQ(widthOf(0xFFFF, hasColors), 0);
+  }
+  EXPECT_EQ(ImagePtr(Gfx::NewBuffer(sdl::kMaxSide, 1))->GetWidth(), sdl::kMaxSide);
+  EXPECT_EQ(ImagePtr(Gfx::NewBuffer(1, sdl::kMaxSide + 1))->GetWidth(), 0);
+}
+
 TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
   struct SCase {
     const char* name;
@@ -131,7 +151,7 @@ TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
   };
   const SCase cases[] = {
       {.name = "usual", .size = 257},
-      {.name = "parts", .part = {2, 1, 20, 22}},
+      {.name = "parts", .part = {2, 1, 20, 22}, .at = {-2, -3, 0, 0}},
       {.name = "cut at the left", .from = {-3, 4, 9, 8}, .at = {-2, 25, 0, 0}},
       {.name = "keyed", .source = kOpaque},
       {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},

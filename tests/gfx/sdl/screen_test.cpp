@@ -46,6 +46,7 @@ TEST_F(Screen, CutsDirtyRectanglesToItself) {
   EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   myPicture.AddDirtyRect({0, 0, 64, 48});
   EXPECT_TRUE(myPicture.IsUpdateAll()) << "the screen itself";
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   const CLogCapture log;
   myScreen.Resize(32, 24);
   EXPECT_EQ(log.Text(), "myWidth = 32\nmyHeight = 24\n");
