@@ -90,10 +90,8 @@ TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
       // the file, what is logged
       {"", "Could not open ogf file: a.ogf for loading"},
       {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
-      {"OGF;1;1;1;1;8;888;ab;6432;x",
-       "a.ogfError, the char count (8) and numbers of charachters (9) don't match"},
-      {"OGF;1;1;1;1;2;888;ab;646;x",
-       "a.ogf Error, the number of character width's ( 3) doesn't match"},
+      {"OGF;1;1;1;1;8;888;ab;6432;x", "the char count (8) and numbers of charachters (9)"},
+      {"OGF;1;1;1;1;2;888;ab;646;x", "the number of character width's ( 3) doesn't match"},
       {"OGF;3;2;16;8;2;888;ab;6464;none.bmp", "Could not load imagenone.bmp"},
       {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"},
       {"OGF;1;2;1;2049;1;888;a;64;sheet.bmp", "no valid size"},
