@@ -13,6 +13,7 @@
 #include <cmath>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
 namespace vask::test {
 namespace {
@@ -231,14 +232,13 @@ TEST_F(Animator, MaskersMoveAndFade) {
   CSpriteMoveToUpdator fall(&sprite, 21, -31);
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);  // every other time
-  std::string shown;
+  std::ostringstream shown;
   for (const float value : {0.1F, 0.5F, 2.0F, NAN, 1e9F}) {
     fade.Apply(value);
     fall.Apply(value);
-    shown += std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY()) + " " +
-             std::to_string(sprite.GetAlpha()) + "; ";
+    shown << sprite.GetX() << "," << sprite.GetY() << " " << sprite.GetAlpha() << "; ";
   }
-  EXPECT_EQ(shown, "11,-21 200; 15,-25 100; 32,-42 100; 10,-20 200; 1000010,-1000020 200; ");
+  EXPECT_EQ(shown.str(), "11,-21 200; 15,-25 100; 32,-42 100; 10,-20 200; 1000010,-1000020 200; ");
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {

@@ -93,6 +93,9 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   second.reset();
   EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
   EXPECT_EQ(Gfx::NewBuffer(Gfx::NullImage()), Gfx::NullImage());
+  const ImagePtr clone(ImagePtr(Gfx::NewBuffer(2, 2))->Clone());
+  picture->BlitTo(clone.get());
+  EXPECT_EQ(clone->GetPixel(0, 0).a, 255) << "alpha is drawn, too";
 }
 
 // All formats keep the colour exactly.

@@ -38,11 +38,12 @@ class Sprite : public testing::Test {
 };
 
 std::string State(const CSprite& sprite) {
-  const auto text = [](const Rect& r) {
-    return (std::ostringstream() << r.x << "," << r.y << " " << r.w << "x" << r.h << "; ").str();
-  };
-  return text(sprite.GetRect()) + text(sprite.GetScrollRect()) + std::to_string(sprite.GetZ()) +
-         "; " + std::to_string(sprite.GetAlpha());
+  std::ostringstream text;
+  for (const Rect& r : {sprite.GetRect(), sprite.GetScrollRect()}) {
+    text << r.x << "," << r.y << " " << r.w << "x" << r.h << "; ";
+  }
+  text << sprite.GetZ() << "; " << sprite.GetAlpha();
+  return text.str();
 }
 
 TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
@@ -85,7 +86,6 @@ TEST_F(Sprite, KindsAreMadeByNumberAndName) {
 }
 
 TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
-  CSprite().SetImage(Gfx::GetScreen());  // which it does not own
   ImagePtr(NewPicture(10, 20, kRed))->SaveToFile("door.bmp");
   std::ofstream("door.xml") << "<Sprite><ImageFilename>door.bmp</ImageFilename></Sprite>";
 
