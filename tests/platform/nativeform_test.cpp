@@ -39,9 +39,9 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   const struct {
     std::string text, keys, one, two;
   } cases[] = {
-      {.text = "", .keys = "<!x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
+      {.text = "", .keys = "<#x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
       {.text = "ab", .keys = "}x>#!#!", .one = "a/|10,0", .two = "a/|10,0"},
-      {.text = "abcd", .keys = "", .one = "abc/|0,0", .two = "abc/d/|0,0"},
+      {.text = "abcd", .keys = "<#", .one = "abc/|0,0", .two = "abc/d/|0,0"},
       {.text = "ab cd", .keys = "v", .one = "ab /|0,0", .two = "ab /cd/|0,10"},
       {.text = "abc d", .keys = "}", .one = " d/|20,0", .two = "abc/d/|30,0"},
       {.text = "abc ", .keys = "}", .one = "c /|20,0", .two = "abc//|30,0"},
@@ -60,7 +60,7 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
       {.text = "abc", .keys = "+>-}", .one = "bc/|20,0", .two = "abc/|30,0"},
       {.text = "abc", .keys = ">>>+<<->x", .one = "cx/|20,0", .two = "abc/x/|10,10"},
       {.text = "abcd", .keys = "1)x", .one = "ax/|20,0", .two = "axc/d/|20,0"},
-      {.text = "abc", .keys = "}1(x", .one = "xc/|10,0", .two = "xbc/|10,0"},
+      {.text = "abc", .keys = "}1(x{", .one = "xc/|0,0", .two = "xbc/|0,0"},
       {.text = "abcdefgh", .keys = "}1((x", .one = "xh/|10,0", .two = "xbc/def/|10,0"},
       {.text = "abcdefgh", .keys = "vv1((x", .one = "xbc/|10,0", .two = "xef/gh/|10,0"},
   };

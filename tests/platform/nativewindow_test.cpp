@@ -8,6 +8,7 @@
 #include <vector>
 
 // Last: the macros of X would spoil the other headers.
+#include "platform/displayloss.h"
 #include "platform/errorguard.h"
 #include "platform/nativekeys.h"
 
@@ -153,7 +154,8 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   CNativeWindow window({"", 0, ENativeCursor::kArrow, onClick});
   EXPECT_TRUE(window.Create("Hello", kAnywhere, 0));
   EXPECT_TRUE(window.SetDefaultFont());
-  EXPECT_EQ(window.GetTextHeight("W\nW", 100), 2 * 13);
+  EXPECT_EQ(window.GetTextHeight(std::string(16, 'W') + "\nW", 96), 2 * 13);
+  EXPECT_EQ(window.GetTextHeight(std::string(16, 'W') + "\nW", 95), 3 * 13);
   const auto edit = window.AddControl(EControlKind::kEdit, "", {0, 0, 90, 20}, 0, kAutoScroll);
   window.AddControl(EControlKind::kStatic, "\n\n\n\n.", kLabel);
   window.AddControl(EControlKind::kStatic, "MMMMMM", {150, 60, 20, 20});
@@ -164,6 +166,10 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   EXPECT_TRUE(window.RunMessageLoop());
   EXPECT_EQ(clicks, (std::vector{5, 5, 5, 9}));
   EXPECT_EQ(window.GetText(edit), "Acd");
+  Window focus = 0;
+  int revert = 0;
+  XGetInputFocus(robot, &focus, &revert);
+  EXPECT_EQ(focus, Id());
   EXPECT_EQ(darkness, (std::vector{15, 5, 15, 15})) << "three dots, or the full stop";
   EXPECT_EQ(Count({0, 0, 60, 40}, 0xdcdad5), 60 * 10 + 10 * 10 + 46 * 8)
       << "the face beside fields and edges";
@@ -218,6 +224,12 @@ TEST(ErrorGuard, LeavesTheHandlersOfOtherConnectionsInPlace) {
     EXPECT_EQ(guarding(reinterpret_cast<Display*>(this), nullptr), 41);
   }
   EXPECT_EQ(XSetErrorHandler(nullptr), &OnError);
+}
+
+TEST(DisplayLoss, EndsTheProgramAtOnce) {
+  EndWithDisplay();
+  const auto end = XSetIOErrorHandler(nullptr);
+  EXPECT_EXIT(end(nullptr), testing::ExitedWithCode(1), "^The connection to the display is lost");
 }
 
 TEST(NativeKeys, MeanWhatControlsKnow) {

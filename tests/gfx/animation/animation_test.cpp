@@ -212,7 +212,7 @@ TEST_F(Animator, SpeedMovesTheEnd) {
 }
 
 TEST_F(Animator, PauseDelaysTheEndAndNoDurationIsNone) {
-  Start(0);
+  Start(0)->SetTimeMultiplier(2);
   CExternalAnimator* animator = Start(1000);
   Update({400});
   animator->Pause();

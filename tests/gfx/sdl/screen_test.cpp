@@ -47,6 +47,7 @@ TEST_F(Screen, CutsDirtyRectanglesToItself) {
   myPicture.Flip();
   EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   myPicture.AddDirtyRect({0, 0, 64, 48});
+  myPicture.AddDirtyRect({1, 1, 1, 1});
   EXPECT_TRUE(myPicture.IsUpdateAll()) << "the screen itself";
   EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   const CLogCapture log;

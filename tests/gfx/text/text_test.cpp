@@ -179,6 +179,7 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   for (const auto& [size, drawn] : cases) {
     list.SetSize(size.w, size.h);
     EXPECT_EQ(Drawn(list), drawn) << size.w << "," << size.h;
+    EXPECT_EQ(list.IsEmpty(), size.h == 0);
   }
   list.SetBackdrop(ImagePtr(NewPicture(7, 3, {1, 2, 3})));
   EXPECT_EQ(Drawn(list), (Rect{0, 0, 20, 22}));
