@@ -11,8 +11,40 @@
 #include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace vask::test {
 namespace {
+
+TEST(AudioDevice, LaterHoldsTakeItAsItIsAndTheLastOneClosesIt) {
+  const CLogCapture log;
+  const SAudioSettings settings{44100, AUDIO_S8, 1, 512, 3};
+  std::unique_ptr<CAudioDevice> other;
+  {
+    const std::unique_ptr<CAudioDevice> device = CAudioDevice::Open(settings, "Audio");
+    EXPECT_EQ(device->ChunkMilliseconds(), 12) << "512 samples, rounded up";
+    other = CAudioDevice::Open({44100, AUDIO_S8, 1, 1024, 2}, "Other");
+    EXPECT_TRUE(log.Has("Other shares the audio device as it is, with frequency: 44100Hz"));
+    EXPECT_EQ(Mix_AllocateChannels(-1), 3) << "no channels are cut off";
+  }
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 1);
+  other.reset();
+  EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
+}
+
+TEST(AudioDevice, IsNullWhereThereIsNone) {
+  const CLogCapture log;
+  const SAudioSettings settings{32000, AUDIO_S16LSB, 2, 1024, 8};
+  setenv("SDL_AUDIODRIVER", "none of these", 1);
+  EXPECT_EQ(CAudioDevice::Open(settings, "Audio"), nullptr);
+  setenv("SDL_AUDIODRIVER", "dummy", 1);
+  EXPECT_TRUE(log.Has("Error description: "));
+  EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U) << "is left open";
+  const auto first = CAudioDevice::Open(settings, "Audio");
+  EXPECT_EQ(first->ChunkMilliseconds(), 32);
+  SDL_Quit();
+  EXPECT_EQ(CAudioDevice::Open(settings, "Other"), nullptr) << "it went with the window";
+}
 
 class Players : public testing::Test {
  protected:
@@ -99,12 +131,10 @@ TEST_F(Players, FadesFollowTheLastRequest) {
   EXPECT_EQ(Music(), "fades out");
   player.Play("one.wav");  // does not wait for the end of the fade
   EXPECT_EQ(Music(), "fades in") << "after a fade-out";
-  for (const int tooShort : {99, 0, -7}) {
-    player.PlayFadeIn("one.wav", tooShort);
-    EXPECT_EQ(Music(), "plays") << tooShort;
-    player.StopFadeOut(tooShort);
-    EXPECT_EQ(Music(), "silence") << tooShort;
-  }
+  player.PlayFadeIn("one.wav", 99);
+  EXPECT_EQ(Music(), "plays") << "too short";
+  player.StopFadeOut(-7);
+  EXPECT_EQ(Music(), "silence");
 }
 
 TEST_F(Players, AFadeOutThatHasNoStepToGoOnFromIsAHalt) {

@@ -39,9 +39,9 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   const struct {
     std::string text, keys, one, two;
   } cases[] = {
-      {.text = "", .keys = "x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
+      {.text = "", .keys = "<#x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
       {.text = "ab", .keys = "}x>#!#!", .one = "a/|10,0", .two = "a/|10,0"},
-      {.text = "abcd", .keys = "", .one = "abc/|0,0", .two = "abc/d/|0,0"},
+      {.text = "abcd", .keys = "<#", .one = "abc/|0,0", .two = "abc/d/|0,0"},
       {.text = "ab cd", .keys = "v", .one = "ab /|0,0", .two = "ab /cd/|0,10"},
       {.text = "abc d", .keys = "}", .one = " d/|20,0", .two = "abc/d/|30,0"},
       {.text = "abc ", .keys = "}", .one = "c /|20,0", .two = "abc//|30,0"},
@@ -60,15 +60,18 @@ TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
       {.text = "abc", .keys = "+>-}", .one = "bc/|20,0", .two = "abc/|30,0"},
       {.text = "abc", .keys = ">>>+<<->x", .one = "cx/|20,0", .two = "abc/x/|10,10"},
       {.text = "abcd", .keys = "1)x", .one = "ax/|20,0", .two = "axc/d/|20,0"},
+      {.text = "abc", .keys = "}1(x{", .one = "xc/|0,0", .two = "xbc/|0,0"},
       {.text = "abcdefgh", .keys = "}1((x", .one = "xh/|10,0", .two = "xbc/def/|10,0"},
       {.text = "abcdefgh", .keys = "vv1((x", .one = "xbc/|10,0", .two = "xef/gh/|10,0"},
   };
   constexpr std::string_view kKeys = "<>^v{}#!~$";
   for (const auto& [text, keys, one, two] : cases) {
     for (const bool wraps : {false, true}) {
-      CEditControl edit(text, {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16}, 0,
+      CEditControl edit("what was\nthere before", {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16}, 0,
                         wraps ? 0 : kAutoScroll);
       CCanvas canvas;
+      edit.OnPress(999, 999, canvas);
+      edit.SetText(text);
       bool isShiftHeld = false;
       for (const char key : keys) {
         const std::size_t name = kKeys.find(key) + 1;  // 0 for a letter: kText
@@ -110,6 +113,9 @@ struct CLetters : INativeCanvas {
 };
 
 TEST(NativeForm, DrawsItsControls) {
+  CLetters dotted;
+  dotted.DottedEdge({1, 1, 6, 5});
+  EXPECT_EQ(dotted.cells, "~~~~~~~~~/~_~_~__~~/~~~~~~~~~/~_~~~~_~~/~~~~~~~~~/~_~_~__~~/~~~~~~~~~/");
   const std::string lines = "a\nb\nc\nd\ne\nf\ng\nh\ni";
   // Seven rows of a control that was scrolled to its end before it got its text.
   const auto draw = [&](EControlKind kind, const std::string& text, int wheel = 0,
@@ -130,7 +136,7 @@ TEST(NativeForm, DrawsItsControls) {
             "#########/#++++++-#/#+.....-#/#+.ok..-#/#+.....-#/#-------#/#########/");
   EXPECT_EQ(draw(kButton, "ok", 0, 1, true),
             "#########/#------.#/#-......#/#-._._..#/#-..ok..#/#.......#/#########/");
-  EXPECT_EQ(draw(kStatic, "a b"),
+  EXPECT_EQ(draw(kStatic, "a b", 9),
             "--------+/-~~~~~~~+/-~a b~~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/");
   EXPECT_EQ(draw(kStatic, lines, 1),
             "--------+/-~~~~~~~+/-~b~~~~~+/-~c~~~~~+/-~:::~~~+/-~~~~~~~+/+++++++++/");

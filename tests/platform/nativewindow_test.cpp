@@ -8,6 +8,7 @@
 #include <vector>
 
 // Last: the macros of X would spoil the other headers.
+#include "platform/displayloss.h"
 #include "platform/errorguard.h"
 #include "platform/nativekeys.h"
 
@@ -43,7 +44,10 @@ class NativeWindowTest : public testing::Test {
     XFree(children);
     return id;
   }
-  // A property of the window: its text, or its numbers with a blank before each.
+  std::string AtomName(Atom atom) {
+    return std::unique_ptr<char, int (*)(void*)>(XGetAtomName(robot, atom), &XFree).get();
+  }
+  // A property of the window: its text, its atom, or its numbers with a blank after each.
   std::string Property(const char* name) {
     Atom type = 0;
     int format = 0;
@@ -53,13 +57,11 @@ class NativeWindowTest : public testing::Test {
                        &type, &format, &count, &rest, &data);
     std::string text(reinterpret_cast<char*>(data), format == 8 ? count : 0);
     for (unsigned long i = 0; format == 32 && i < count; ++i) {
-      text += " " + std::to_string(reinterpret_cast<unsigned long*>(data)[i]);
+      const unsigned long number = reinterpret_cast<unsigned long*>(data)[i];
+      text += type == XA_ATOM ? AtomName(number) : std::to_string(number) + " ";
     }
     XFree(data);
     return text;
-  }
-  std::string AtomText(const char* name) {
-    return " " + std::to_string(XInternAtom(robot, name, False));
   }
   // How many pixels of the box have the colour.
   int Count(const SBox& box, unsigned long color) {
@@ -76,10 +78,12 @@ class NativeWindowTest : public testing::Test {
     XSendEvent(robot, Id(), False, NoEventMask, &event);
     XSync(robot, False);
   }
-  void Click(int x, int y, unsigned button = Button1) {
-    for (const int type : {ButtonPress, ButtonRelease}) {
-      Send({.xbutton = {type, 0, 0, robot, 0, 0, 0, 0, x, y, 0, 0, 0, button, 0}});
-    }
+  void Button(int type, int x, int y, unsigned button) {
+    Send({.xbutton = {type, 0, 0, robot, 0, 0, 0, 0, x, y, 0, 0, 0, button, 0}});
+  }
+  void Click(int x, int y, unsigned button = Button1, int moved = 0) {
+    Button(ButtonPress, x, y, button);
+    Button(ButtonRelease, x + moved, y, button);
   }
   void Key(KeySym symbol, unsigned state) {
     const unsigned code = XKeysymToKeycode(robot, symbol);
@@ -105,28 +109,28 @@ TEST_F(NativeWindowTest, TellsTheWindowManagerWhatItIs) {
     window.DropInput();  // until the server has done it all
     EXPECT_EQ(Property("WM_NAME"), "Hello");
     EXPECT_EQ(Property("WM_CLASS"), std::string("Greeting\0Greeting\0", 18));
-    EXPECT_EQ(Property("WM_PROTOCOLS"), AtomText("WM_DELETE_WINDOW"));
-    EXPECT_EQ(Property("_NET_WM_WINDOW_TYPE"), AtomText("_NET_WM_WINDOW_TYPE_DIALOG"));
+    EXPECT_EQ(Property("WM_PROTOCOLS"), "WM_DELETE_WINDOW");
+    EXPECT_EQ(Property("_NET_WM_WINDOW_TYPE"), "_NET_WM_WINDOW_TYPE_DIALOG");
     XWindowAttributes at{};
     XGetWindowAttributes(robot, Id(), &at);
     const std::string place = std::to_string(at.x) + "," + std::to_string(at.y) + " " +
                               std::to_string(at.width) + "x" + std::to_string(at.height);
-    return Property("_MOTIF_WM_HINTS") + before + Property("WM_NORMAL_HINTS") + " " + place;
+    return Property("_MOTIF_WM_HINTS") + before + Property("WM_NORMAL_HINTS") + place;
   };
+  EXPECT_EQ(describe(kNoClose, kCaption, 7),
+            "3 4 10 0 0 60 0 0 200 100 200 100 200 100 60 0 0 300 150 300 150 300 150 7,7 300x150");
   EXPECT_EQ(
-      describe(kNoClose, kCaption, 7),
-      " 3 4 10 0 0 60 0 0 200 100 200 100 200 100 60 0 0 300 150 300 150 300 150 7,7 300x150");
-  EXPECT_EQ(
-      describe(0, kCaption | kSystemMenu, kDefaultPosition),
-      " 3 36 26 0 0 56 0 0 200 100 200 100 200 100 56 0 0 300 150 300 150 300 150 0,0 300x150");
+      describe(0, kSystemMenu, kDefaultPosition),
+      "3 36 18 0 0 56 0 0 200 100 200 100 200 100 56 0 0 300 150 300 150 300 150 0,0 300x150");
 }
 
 TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   constexpr SBox kLabel = {100, 0, 100, 30};
   std::vector<int> clicks, darkness;  // at each click, the dark pixels of the label
   const auto use = [&] {
-    Click(110, 10, Button5);  // the wheel: the label scrolls
-    Click(10, 40, Button3);   // nothing but the left button clicks
+    Click(110, 10, Button5);     // the wheel: the label scrolls
+    Click(10, 40, Button3);      // nothing but the left button clicks
+    Click(10, 40, Button1, 60);  // nor does it beside the button
     Click(10, 40);
     Click(110, 10, Button4);
     Click(10, 10);
@@ -150,9 +154,11 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   CNativeWindow window({"", 0, ENativeCursor::kArrow, onClick});
   EXPECT_TRUE(window.Create("Hello", kAnywhere, 0));
   EXPECT_TRUE(window.SetDefaultFont());
-  EXPECT_EQ(window.GetTextHeight("W\nW", 100), 2 * 13);
+  EXPECT_EQ(window.GetTextHeight(std::string(16, 'W') + "\nW", 96), 2 * 13);
+  EXPECT_EQ(window.GetTextHeight(std::string(16, 'W') + "\nW", 95), 3 * 13);
   const auto edit = window.AddControl(EControlKind::kEdit, "", {0, 0, 90, 20}, 0, kAutoScroll);
   window.AddControl(EControlKind::kStatic, "\n\n\n\n.", kLabel);
+  window.AddControl(EControlKind::kStatic, "MMMMMM", {150, 60, 20, 20});
   window.AddControl(EControlKind::kButton, "", {0, 30, 50, 20}, 5);
   window.AddControl(EControlKind::kButton, "", {0, 60, 50, 20}, 9);
   window.Show();
@@ -160,10 +166,15 @@ TEST_F(NativeWindowTest, ShowsItsControlsAndTakesMouseAndKeyboard) {
   EXPECT_TRUE(window.RunMessageLoop());
   EXPECT_EQ(clicks, (std::vector{5, 5, 5, 9}));
   EXPECT_EQ(window.GetText(edit), "Acd");
+  Window focus = 0;
+  int revert = 0;
+  XGetInputFocus(robot, &focus, &revert);
+  EXPECT_EQ(focus, Id());
   EXPECT_EQ(darkness, (std::vector{15, 5, 15, 15})) << "three dots, or the full stop";
   EXPECT_EQ(Count({0, 0, 60, 40}, 0xdcdad5), 60 * 10 + 10 * 10 + 46 * 8)
       << "the face beside fields and edges";
   EXPECT_EQ(Count({0, 0, 100, 1}, 0x9a9791), 89) << "the edge of the field";
+  EXPECT_EQ(Count({140, 60, 60, 30}, 0), Count({150, 60, 20, 20}, 0)) << "a text is cut";
 }
 
 TEST_F(NativeWindowTest, EndsWithTheWindowOrTheConnection) {
@@ -213,6 +224,12 @@ TEST(ErrorGuard, LeavesTheHandlersOfOtherConnectionsInPlace) {
     EXPECT_EQ(guarding(reinterpret_cast<Display*>(this), nullptr), 41);
   }
   EXPECT_EQ(XSetErrorHandler(nullptr), &OnError);
+}
+
+TEST(DisplayLoss, EndsTheProgramAtOnce) {
+  EndWithDisplay();
+  const auto end = XSetIOErrorHandler(nullptr);
+  EXPECT_EXIT(end(nullptr), testing::ExitedWithCode(1), "^The connection to the display is lost");
 }
 
 TEST(NativeKeys, MeanWhatControlsKnow) {

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
 namespace vask::test {
 namespace {
@@ -175,25 +176,17 @@ class Animator : public Animation {
 };
 
 TEST_F(Animator, ExpressionGivesTheValue) {
-  struct SCase {
-    const char* expression;
-    bool clamp = false;
-    unsigned time = 500000;  // of 1000000
-    float value;
-  };
-  const SCase cases[] = {
-      {.expression = "t*t", .value = 0.25F},
-      {.expression = "sin(t*3.14)*2", .value = 2},
-      {.expression = "sin(t*3.14)*2", .clamp = true, .value = 1},
-      {.expression = "t-2", .clamp = true, .value = 0},
-      {.expression = "t*1000000", .time = 12, .value = 12},  // no 1.2e-05: nothing reads that
-  };
-  for (const SCase& c : cases) {
-    Start(1000000, c.expression, c.clamp);
-    Update({c.time});
-    EXPECT_NEAR(myValues.back(), c.value, 1e-3F) << c.expression << c.clamp;
+  const auto valueAt = [this](unsigned time, const char* expression, bool clamp = false) {
+    Start(1000000, expression, clamp);
+    Update({time});
     CAnimationUpdator::DeleteSingleton();  // and the animator with it
-  }
+    return myValues.back();
+  };
+  EXPECT_FLOAT_EQ(valueAt(500000, "t*t"), 0.25F);
+  EXPECT_NEAR(valueAt(500000, "sin(t*3.14)*2"), 2, 1e-3);
+  EXPECT_EQ(valueAt(500000, "sin(t*3.14)*2", true), 1);
+  EXPECT_EQ(valueAt(500000, "t-2", true), 0);
+  EXPECT_FLOAT_EQ(valueAt(12, "t*1000000"), 12) << "no 1.2e-05: nothing reads that";
 }
 
 // What is done at 500 of 1000 ms keeps the value of that moment and moves the end.
@@ -219,7 +212,7 @@ TEST_F(Animator, SpeedMovesTheEnd) {
 }
 
 TEST_F(Animator, PauseDelaysTheEndAndNoDurationIsNone) {
-  Start(0);
+  Start(0)->SetTimeMultiplier(2);
   CExternalAnimator* animator = Start(1000);
   Update({400});
   animator->Pause();
@@ -239,14 +232,13 @@ TEST_F(Animator, MaskersMoveAndFade) {
   CSpriteMoveToUpdator fall(&sprite, 21, -31);
   sprite.SetAlpha(200);
   CSpriteSetAlphaUpdator fade(&sprite, 0, 2);  // every other time
-  std::string shown;
+  std::ostringstream shown;
   for (const float value : {0.1F, 0.5F, 2.0F, NAN, 1e9F}) {
     fade.Apply(value);
     fall.Apply(value);
-    shown += std::to_string(sprite.GetX()) + "," + std::to_string(sprite.GetY()) + " " +
-             std::to_string(sprite.GetAlpha()) + "; ";
+    shown << sprite.GetX() << "," << sprite.GetY() << " " << sprite.GetAlpha() << "; ";
   }
-  EXPECT_EQ(shown, "11,-21 200; 15,-25 100; 32,-42 100; 10,-20 200; 1000010,-1000020 200; ");
+  EXPECT_EQ(shown.str(), "11,-21 200; 15,-25 100; 32,-42 100; 10,-20 200; 1000010,-1000020 200; ");
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
@@ -267,11 +259,11 @@ TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
   self = add(nullptr, 'c', [&] { delete self; });
   add(nullptr, 'd', [] {});
 
-  for (const unsigned time : {1U, 2U}) {
+  for (const unsigned time : {1U, 2U, 3U}) {
     CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
     updator.Update(time);  // once a frame
   }
-  EXPECT_EQ(log, "abcad") << "who deletes itself ends the walk";
+  EXPECT_EQ(log, "abcadad") << "who deletes itself ends the walk";
 }
 
 }  // namespace

@@ -4,12 +4,16 @@
 
 #include "gfx/sdl/pixelsdl.h"
 
+#include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/sdltextures.h"
 #include "support/testpicture.h"
+#include "support/waves.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <random>
 
 namespace vask::test {
@@ -25,27 +29,51 @@ constexpr SPixelFormat k24Bits{24, 0xFF0000, 0xFF00, 0xFF, 0};
 constexpr SPixelFormat k16Bits{16, 0xF800, 0x7E0, 0x1F, 0};
 
 constexpr std::uint32_t kKey = 0xFF00FF;  // as a pixel
+constexpr Rect kWhole{0, 0, 999, 999};
 
 IPixel* PictureOf(int width, int height, const SPixelFormat& format) {
   return new CPixelSDL(sdl::NewSurface(width, height, format).release());
 }
-// With a colour key or with an alpha channel.
-IPixel* NewSheet(int width, int height, bool isKeyed) {
-  return isKeyed ? Gfx::NewScreenBuffer(width, height, Gfx::kMagenta)
-                 : Gfx::NewBuffer(width, height);
-}
-// Random pixels; a quarter of them transparent, a quarter opaque.
-ImagePtr NewNoise(int size, const SPixelFormat& format, unsigned seed) {
+// Random pixels; a quarter of them transparent or of the key colour, a quarter opaque.
+ImagePtr NewNoise(int size, const SPixelFormat& format, unsigned seed, bool isKeyed = false) {
   std::mt19937 random(seed);
-  return Filled(PictureOf(size, size, format), [&](int, int) {
-    const auto pixel = static_cast<std::uint32_t>(random());
-    const std::array kinds{pixel & ~format.alphaMask, pixel | format.alphaMask, pixel, pixel};
+  ImagePtr noise(PictureOf(size, size, format));
+  SDL_Surface* const surface = SurfaceOf(*noise);
+  const std::uint32_t bits = format.redMask | format.greenMask | format.blueMask | format.alphaMask;
+  const std::uint32_t key = SDL_MapRGB(surface->format, 255, 0, 255);
+  if (isKeyed) {
+    sdl::SetColorKey(surface, CColor(Gfx::kMagenta));
+  }
+  return Filled(noise.release(), [&](int, int) {
+    const std::uint32_t pixel = static_cast<std::uint32_t>(random()) & bits;
+    const std::uint32_t clear = isKeyed ? key : pixel & ~format.alphaMask;
+    const std::array kinds{clear, pixel | format.alphaMask, pixel, pixel};
     return kinds[random() % 4];
   });
 }
 
+// Red, green, blue and alpha at a place of the surface, as SDL reads them; all 0 for what is
+// transparent or beyond the surface.
+using Color = std::array<int, 4>;
+Color ColorAt(const IPixel& picture, int x, int y) {
+  const SDL_Surface& surface = *SurfaceOf(picture);
+  if (!sdl::Bounds(surface).Contains(x, y)) {
+    return {};
+  }
+  const std::uint32_t pixel = sdl::ReadPixel(surface, x, y);
+  const bool isKey = (surface.flags & SDL_SRCCOLORKEY) != 0 && pixel == surface.format->colorkey;
+  std::uint8_t c[4];
+  SDL_GetRGBA(pixel, surface.format, &c[0], &c[1], &c[2], &c[3]);
+  return isKey || c[3] == 0 ? Color{} : Color{c[0], c[1], c[2], c[3]};
+}
+
 class Picture : public testing::Test {
  protected:
+  ~Picture() override {
+    Gfx::ScaleSmoothing() = 0;
+    Gfx::RotateSmoothing() = 1;
+  }
+
   CTestScreen myScreen{64, 48};
 };
 
@@ -64,45 +92,65 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   EXPECT_EQ(textures.GetCount("door.bmp"), 3);
   second.reset();
   EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
+  EXPECT_EQ(Gfx::NewBuffer(Gfx::NullImage()), Gfx::NullImage());
+  const ImagePtr clone(ImagePtr(Gfx::NewBuffer(2, 2))->Clone());
+  picture->BlitTo(clone.get());
+  EXPECT_EQ(clone->GetPixel(0, 0).a, 255) << "alpha is drawn, too";
 }
 
-// SDL fills the pixel that proves reading; with that, reading proves writing. All formats keep the
-// colour exactly.
+// All formats keep the colour exactly.
 TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
   for (const SPixelFormat& format : {k16Bits, k24Bits, kRedLow, kLowAlpha}) {
     SCOPED_TRACE(testing::Message() << format.bits << " bits, alpha " << format.alphaMask);
     const ImagePtr picture(PictureOf(6, 5, format));
-    SDL_Surface* surface = SurfaceOf(*picture);
-    const std::uint32_t pixel = SDL_MapRGBA(surface->format, 255, 16, 66, 255);
-    SDL_Rect filled{2, 3, 1, 1};
-    SDL_FillRect(surface, &filled, pixel);
-    EXPECT_EQ(test::Packed(picture->GetPixel(2, 3)), pixel);
-    picture->SetRect({1, 2, 4, 3});
+    const std::uint32_t pixel = SDL_MapRGBA(SurfaceOf(*picture)->format, 255, 16, 66, 255);
+    const std::uint32_t half = SDL_MapRGBA(SurfaceOf(*picture)->format, 168, 135, 82, 255);
+    const Rect part{1, 2, 4, 3};
+    picture->SetRect(part);
     for (int i = 0; i < 6 * 5; ++i) {
-      const int x = i % 6 - 1;
-      const int y = i / 6 - 2;
-      const bool isInside = Rect{0, 0, 4, 3}.Contains(x, y);
+      const bool isInside = part.Contains(i % 6, i / 6);
+      const int x = i % 6 - part.x;
+      const int y = i / 6 - part.y;
       picture->PutPixel(x, y, {255, 16, 66});
-      EXPECT_EQ(sdl::ReadPixel(*surface, i % 6, i / 6), isInside ? pixel : 0) << i;
-      EXPECT_EQ(test::Packed(picture->GetPixel(x, y)), isInside ? pixel : test::Packed(CColor()))
-          << i;
+      picture->PutPixel(x, y, {80, 255, 100, 0});  // changes nothing
+      EXPECT_EQ(sdl::ReadPixel(*SurfaceOf(*picture), i % 6, i / 6), isInside ? pixel : 0) << i;
+      EXPECT_EQ(Packed(picture->GetPixel(x, y)), isInside ? pixel : Packed(CColor())) << i;
+      EXPECT_EQ(picture->GetPixel(x, y).a, 255);
     }
-    picture->PutPixel(0, 0, {80, 255, 100, 0});
-    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)), pixel) << "alpha 0 changes nothing";
     picture->PutPixel(0, 0, {80, 255, 100, 127});
-    EXPECT_EQ(test::Packed(picture->GetPixel(0, 0)),
-              SDL_MapRGBA(surface->format, 168, 135, 82, 255));
+    EXPECT_EQ(Packed(picture->GetPixel(0, 0)), half);
   }
 }
 
-// The colours, 0 to 255, and the alpha, 0 to 1.
-std::array<double, 4> ExactPixel(const IPixel& picture, int x, int y) {
-  const SDL_Surface& surface = *SurfaceOf(picture);
-  const std::uint32_t pixel = sdl::ReadPixel(surface, x, y);
-  std::uint8_t c[4];
-  SDL_GetRGBA(pixel, surface.format, &c[0], &c[1], &c[2], &c[3]);
-  const bool isKey = (surface.flags & SDL_SRCCOLORKEY) != 0 && pixel == surface.format->colorkey;
-  return {c[0] * 1.0, c[1] * 1.0, c[2] * 1.0, isKey ? 0 : c[3] / 255.0};
+TEST_F(Picture, GifFilesAreReadUnlessTheirFirstPictureIsTooLarge) {
+  const std::string start = "GIF89a" + Bytes(0x10001, 4) + Bytes(0x80, 3) + ",BCDEF";
+  const std::string comment = Bytes(0x1FE21, 3) + "," + Bytes(0, 1);
+  const std::string pixel = Bytes(0x1'4402'02, 4) + Bytes(0x3B00, 2);
+  for (const unsigned width : {1U, 0xFFFFU}) {
+    WriteFile("a.gif", start + comment + "," + Bytes(0, 4) + Bytes(width, 2) + Bytes(1, 3) + pixel);
+    EXPECT_EQ(ImagePtr(Gfx::LoadImage("a.gif", 0))->GetWidth(), width == 1 ? 1 : 0);
+  }
+  EXPECT_EQ(ImagePtr(Gfx::NewBuffer(sdl::kMaxSide, 1))->GetWidth(), sdl::kMaxSide);
+  EXPECT_EQ(ImagePtr(Gfx::NewBuffer(1, sdl::kMaxSide + 1))->GetWidth(), 0);
+}
+
+// Expects the exact blend of what the function finds for each place and what was there before.
+template <typename Find>
+void ExpectBlend(const IPixel& result, const IPixel* before, double slack, Find above) {
+  for (int i = 0; i < result.GetSurfaceWidth() * result.GetSurfaceHeight(); ++i) {
+    const int x = i % result.GetSurfaceWidth();
+    const int y = i / result.GetSurfaceWidth();
+    const Color over = above(x, y);
+    const Color under = before != nullptr ? ColorAt(*before, x, y) : Color{};
+    const Color color = ColorAt(result, x, y);
+    const double a = over[3] / 255.0;
+    const double b = under[3] / 255.0 * (1 - a);
+    ASSERT_NEAR(color[3], (a + b) * 255, 0.51) << x << "," << y;
+    for (int k = 0; a + b > 0 && k < 3; ++k) {
+      const double most = a > 0 && a < 1 && b > 0 ? slack : slack - 0.99;  // a bare copy is exact
+      ASSERT_NEAR(color[k], (over[k] * a + under[k] * b) / (a + b), most) << x << "," << y;
+    }
+  }
 }
 
 TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
@@ -112,94 +160,122 @@ TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
     SPixelFormat target = kAlpha;
     double slack = 1;  // of a colour
     int size = 30;
+    Rect part = kWhole;  // that both pictures show
+    Rect from = {3, 2, 999, 999};
+    Rect at = {1, 1, 0, 0};
   };
   const SCase cases[] = {
       {.name = "usual", .size = 257},
+      {.name = "parts", .part = {2, 1, 20, 22}, .at = {-2, -3, 0, 0}},
+      {.name = "cut at the left", .from = {-3, 4, 9, 8}, .at = {-2, 25, 0, 0}},
       {.name = "keyed", .source = kOpaque},
       {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},
       {.name = "onto the screen", .target = kOpaque, .slack = 2},
       {.name = "other order onto the screen", .source = kRedLow, .target = kOpaque, .slack = 2},
       {.name = "low alpha", .source = kLowAlpha},
       {.name = "onto low alpha", .target = kLowAlpha},
+      {.name = "as it is", .source = k24Bits, .target = k24Bits},
   };
   for (const SCase& c : cases) {
     SCOPED_TRACE(c.name);
-    const ImagePtr source = NewNoise(c.size, c.source, 1);
-    if (c.source.alphaMask == 0) {
-      SDL_Rect left{0, 0, 15, 30};
-      SDL_FillRect(SurfaceOf(*source), &left, SDL_MapRGB(SurfaceOf(*source)->format, 255, 0, 255));
-      sdl::SetColorKey(SurfaceOf(*source), {255, 0, 255});
-    }
+    const ImagePtr source = NewNoise(c.size, c.source, 1, c.source.alphaMask == 0);
     const ImagePtr before = NewNoise(c.size, c.target, 2);
     const ImagePtr target = NewNoise(c.size, c.target, 2);
     target->SetParam(IPixel::kAlphaBlit, c.target.alphaMask != 0);
-    source->Blit(target.get(), {3, 2, c.size, c.size}, {1, 1, 0, 0});
-    const int side = c.size - 3;
-    for (int i = 0; i < side * side; ++i) {
-      const auto above = ExactPixel(*source, 3 + i % side, 2 + i / side);
-      const auto below = ExactPixel(*before, 1 + i % side, 1 + i / side);
-      const auto result = ExactPixel(*target, 1 + i % side, 1 + i / side);
-      const double a = above[3];
-      const double b = below[3] * (1 - a);
-      const double slack = a > 0 && a < 1 && b > 0 ? c.slack : c.slack - 0.99;
-      ASSERT_NEAR(result[3] * 255, (a + b) * 255, 0.51) << i;
-      for (int k = 0; a + b > 0 && k < 3; ++k) {
-        ASSERT_NEAR(result[k], (above[k] * a + below[k] * b) / (a + b), slack) << i;
-      }
-    }
-  }
-}
-
-// The colours in the middle of the four quarters, row by row: r, g, b, "." for transparent.
-std::string Quarters(const ImagePtr& picture) {
-  std::string letters;
-  for (int quarter = 0; quarter < 4; ++quarter) {
-    const CColor color = picture->GetPixel(picture->GetWidth() * (1 + quarter % 2 * 2) / 4,
-                                           picture->GetHeight() * (1 + quarter / 2 * 2) / 4);
-    letters += color.a == 0 ? '.' : color.r > 99 ? 'r' : color.g > 99 ? 'g' : 'b';
-  }
-  return letters;
-}
-
-// A white sheet with a part of four quarters, the last of which is transparent by its alpha or by
-// the colour key.
-TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
-  const Rect part{10, 6, 20, 20};
-  for (const bool isKeyed : {false, true}) {
-    SCOPED_TRACE(isKeyed);
-    const std::uint32_t quarters[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, isKeyed ? kKey : 0};
-    const ImagePtr sheet = Filled(NewSheet(40, 30, isKeyed), [&](int x, int y) {
-      const int quarter = (y - part.y) / 10 * 2 + (x - part.x) / 10;
-      return part.Contains(x, y) ? quarters[quarter] : 0xFFFFFFFF;
+    source->SetRect(c.part);
+    target->SetRect(c.part);
+    source->Blit(target.get(), c.from, c.at);
+    ExpectBlend(*target, before.get(), c.slack, [&](int x, int y) {
+      const int u = x - c.at.x + c.from.x;  // drawn there from here, within the parts
+      const int v = y - c.at.y + c.from.y;
+      const bool isDrawn = c.part.Contains(x, y) && c.part.Contains(u, v) &&
+                           c.from.Contains(u - c.part.x, v - c.part.y);
+      return isDrawn ? ColorAt(*source, u, v) : Color{};
     });
-    sheet->SetRect(part);
-    EXPECT_TRUE(sheet->IsRectChanged());
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Clone())), "rgb.");
-    EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), part);
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Scale(60, 10))), "rgb.");
-    EXPECT_EQ(Quarters(ImagePtr(sheet->Rotate(90))), "g.rb") << "counter-clockwise";
-    const ImagePtr faded(sheet->CloneWithAlpha(128));
-    EXPECT_EQ(Quarters(faded), "rgb.");
-    EXPECT_EQ(ImagePtr(faded->CloneWithAlpha(100))->GetPixel(19, 0).a, 50);
-    sheet->SaveToFile("part.tga");
-    EXPECT_EQ(Quarters(ImagePtr(Gfx::LoadImage("part.tga", Gfx::kMagenta))), "rgb.");
-    sheet->SetRect({20, 16, 40, 28});  // ends beyond the sheet
-    sheet->PutPixel(0, 0, {255, 255, 255});
-    const ImagePtr beyond(sheet->Scale(80, 56));
-    EXPECT_EQ(beyond->GetPixel(1, 1).r, 255) << "not the copy from before";
-    EXPECT_EQ(beyond->GetPixel(40, 0).r, 0);
   }
 }
 
-// A half-transparent grey square in a transparent frame, or an opaque one in a frame of the key
-// colour: what smoothing mixes in at the rim must be neither black nor magenta.
+TEST(PixelRow, PremultipliesToTheNearestAndBack) {
+  for (std::uint32_t i = 0; i < 256 * 256; ++i) {
+    const std::uint32_t color = i % 256;
+    const std::uint32_t alpha = i / 256;
+    std::uint32_t pixels[] = {alpha << 24 | color << 16, alpha << 24 | color << 8};
+    sdl::PremultiplyRow(&pixels[0], 1);
+    sdl::UnpremultiplyRow(&pixels[1], 1);
+    ASSERT_EQ(pixels[0] >> 24, pixels[1] >> 24);
+    ASSERT_NEAR(pixels[0] >> 16 & 0xFF, color * alpha / 255.0, 0.501) << alpha;
+    const double straight = alpha == 0 ? 0 : std::min(255.0, color * 255.0 / alpha);
+    ASSERT_NEAR(pixels[1] >> 8 & 0xFF, straight, 0.501) << alpha;
+  }
+}
+
+// Expects that a picture shows a sheet, stretched to its size or turned around its middle.
+void ExpectShows(IPixel* made, const IPixel& sheet, double slack, int fade = 255, double turn = 0) {
+  const ImagePtr owner(made);
+  const Rect from = sheet.GetRect();
+  const Rect to = made->GetRect();
+  const double sine = std::sin(turn);
+  const double cosine = std::cos(turn);
+  const double shrinkX = turn == 0 ? 1.0 * from.w / to.w : 1;
+  const double shrinkY = turn == 0 ? 1.0 * from.h / to.h : 1;
+  ExpectBlend(*made, nullptr, slack, [&](int madeX, int madeY) {
+    const double x = (madeX - to.x - to.w / 2.0) * shrinkX;
+    const double y = (madeY - to.y - to.h / 2.0) * shrinkY;
+    const int u = static_cast<int>(std::floor(from.w / 2.0 + cosine * x - sine * y + 1e-9));
+    const int v = static_cast<int>(std::floor(from.h / 2.0 + sine * x + cosine * y + 1e-9));
+    const bool isInside = Rect{0, 0, from.w, from.h}.Contains(u, v);
+    Color color = isInside ? ColorAt(sheet, from.x + u, from.y + v) : Color{};
+    color[3] = color[3] * fade / 255;
+    return color;
+  });
+}
+
+TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
+  struct SCase {
+    const char* name;
+    SPixelFormat format = kAlpha;
+    Rect part = {3, 2, 6, 8};
+    bool isKeyed = false;
+    double slack = 1;  // of a colour
+  };
+  const SCase cases[] = {
+      {.name = "alpha"},
+      {.name = "all", .part = {0, 0, 12, 12}},
+      {.name = "beyond", .part = {7, 6, 8, 10}},
+      {.name = "low alpha", .format = kLowAlpha},
+      {.name = "red low", .format = kRedLow},
+      {.name = "keyed", .format = kOpaque, .isKeyed = true},
+      {.name = "24 bits", .format = k24Bits, .isKeyed = true},
+      {.name = "16 bits", .format = k16Bits, .slack = 8},
+  };
+  for (const SCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    const ImagePtr sheet = NewNoise(12, c.format, 1, c.isKeyed);
+    sheet->SetRect(c.part);
+    sheet->SetParam(IPixel::kRotateSmoothing, 0);
+    EXPECT_EQ(ImagePtr(sheet->Clone())->GetRect(), c.part);
+    ExpectShows(sheet->Clone(), *sheet, c.slack);
+    ExpectShows(sheet->CloneWithAlpha(100), *sheet, c.slack, 100);
+    ExpectShows(sheet->Scale(4 * c.part.w, c.part.h / 2), *sheet, c.slack);
+    sheet->PutPixel(1, 1, {255, 255, 255});  // from here on nothing is made of an old copy
+    ExpectShows(sheet->Rotate(25), *sheet, c.slack, 255, 25 * std::acos(-1) / 180);
+    sheet->ClearRect({2, 0, 1, 3});
+    EXPECT_TRUE(sheet->SaveToFile("part.tga"));
+    ExpectShows(Gfx::LoadImage("part.tga", Gfx::kMagenta), *sheet, c.slack);
+  }
+}
+
+// A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
+// key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
   for (int kind = 0; kind < 8; ++kind) {
     SCOPED_TRACE(kind);
     const bool isSmooth = kind % 2 != 0;
     const bool isKeyed = kind >= 4;
-    const ImagePtr picture = Filled(NewSheet(20, 20, isKeyed), [=](int x, int y) {
-      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0;
+    IPixel* const sheet =
+        isKeyed ? Gfx::NewScreenBuffer(20, 20, Gfx::kMagenta) : Gfx::NewBuffer(20, 20);
+    const ImagePtr picture = Filled(sheet, [=](int x, int y) {
+      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0xFFFFFF;
     });
     picture->SetParam(IPixel::kScaleSmoothing, isSmooth);
     picture->SetParam(IPixel::kRotateSmoothing, kind % 2);
@@ -215,7 +291,6 @@ TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
     }
     EXPECT_EQ(hasSoftRim, isSmooth);
   }
-  Gfx::ScaleSmoothing() = 0;
 }
 
 }  // namespace

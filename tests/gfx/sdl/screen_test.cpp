@@ -1,11 +1,14 @@
-// The screen's picture and its dirty rectangles, and saving pictures.
+// The screen's picture and its dirty rectangles, saving pictures, and what pictures need: the
+// facade without a factory, and the manager of their surfaces.
 
+#include "console/console.h"
+#include "gfx/picture/texturemanager.h"
+#include "kernel/applicationfactory.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 
 namespace vask::test {
@@ -20,13 +23,17 @@ class Screen : public testing::Test {
 };
 
 TEST_F(Screen, CountsAsChangedWhenTheListIsFull) {
-  for (int i = 1; i <= 76; ++i) {
-    EXPECT_FALSE(myPicture.IsUpdateAll()) << i;
-    myPicture.AddDirtyRect({i % 64, 0, 1, 1});
+  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
+  for (const int size : {75, 3}) {
+    for (int i = 0; i <= size; ++i) {
+      EXPECT_FALSE(myPicture.IsUpdateAll()) << i << " of " << size;
+      myPicture.AddDirtyRect({i % 64, 0, 1, 1});
+    }
+    EXPECT_TRUE(myPicture.IsUpdateAll()) << size;
+    myPicture.Flip();
+    console.Execute("gfx_flip_rects_size = 3", false);
   }
-  EXPECT_TRUE(myPicture.IsUpdateAll());
-  myPicture.Flip();
-  EXPECT_FALSE(myPicture.IsUpdateAll());
+  console.Execute("gfx_flip_rects_size = 75", false);
 }
 
 TEST_F(Screen, CutsDirtyRectanglesToItself) {
@@ -40,52 +47,93 @@ TEST_F(Screen, CutsDirtyRectanglesToItself) {
   myPicture.Flip();
   EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   myPicture.AddDirtyRect({0, 0, 64, 48});
+  myPicture.AddDirtyRect({1, 1, 1, 1});
   EXPECT_TRUE(myPicture.IsUpdateAll()) << "the screen itself";
+  EXPECT_EQ(myPicture.GetDirtyCount(), 0U);
   const CLogCapture log;
   myScreen.Resize(32, 24);
   EXPECT_EQ(log.Text(), "myWidth = 32\nmyHeight = 24\n");
   EXPECT_FALSE(myPicture.IsUpdateAll()) << "a new mode";
 }
 
-// A red pixel above a magenta one, which is faint, the key colour, or neither; read by SDL_image.
-TEST_F(Screen, PicturesAreSavedAsTgaOfEveryDepthElseAsBmp) {
-  struct SCase {
-    sdl::SPixelFormat format = {.bits = 8};
-    bool isKeyed = false;
-    std::uint32_t red = 1, magenta = 2;  // as pixels
-    int alpha = 255;                     // of the magenta one
-    std::uintmax_t size;                 // of the file
+// The colours 1 and 2 of a palette, red and magenta, one above the other; read by SDL_image.
+TEST_F(Screen, PicturesWithAPaletteAreSavedAsTgaWithItElseAsBmp) {
+  const std::pair<bool, const char*> cases[] = {
+      // whether it is keyed, and its header
+      {false, "0 1 1 0 0 0 1 24 0 0 0 0 1 0 2 0 8 32 "},
+      {true, "0 1 1 0 0 0 1 32 0 0 0 0 1 0 2 0 8 40 "},
   };
-  constexpr sdl::SPixelFormat k24Bits{24, 0xFF0000, 0xFF00, 0xFF};
-  constexpr sdl::SPixelFormat kAlpha{32, 0xFF0000, 0xFF00, 0xFF, 0xFF000000};
-  const SCase cases[] = {
-      {.format = k24Bits, .red = 0xFF0000, .magenta = 0xFF00FF, .size = 18 + 6},
-      {.format = kAlpha, .red = 0xFFFF0000, .magenta = 0x20FF00FF, .alpha = 0x20, .size = 18 + 8},
-      {.size = 18 + 3 * 256 + 2},
-      {.isKeyed = true, .alpha = 0, .size = 18 + 1024 + 2},
-  };
-  for (const SCase& c : cases) {
-    const std::string name = std::to_string(c.size) + ".tga";
-    SCOPED_TRACE(name);
-    const CPixelSDL picture(sdl::NewSurface(1, 2, c.format).release());
+  for (const auto& [isKeyed, expected] : cases) {
+    SCOPED_TRACE(isKeyed);
+    const CPixelSDL picture(sdl::NewSurface(1, 2, {.bits = 8}).release());
     SDL_Color colors[] = {{255, 0, 0, 0}, {255, 0, 255, 0}};
     SDL_SetColors(picture.GetSurface(), colors, 1, 2);
-    sdl::WritePixel(*picture.GetSurface(), 0, 0, c.red);
-    sdl::WritePixel(*picture.GetSurface(), 0, 1, c.magenta);
-    if (c.isKeyed) {
+    sdl::WritePixel(*picture.GetSurface(), 0, 0, 1);
+    sdl::WritePixel(*picture.GetSurface(), 0, 1, 2);
+    if (isKeyed) {
       sdl::SetColorKey(picture.GetSurface(), {255, 0, 255});
     }
-    EXPECT_TRUE(picture.SaveToFile(name));
-    EXPECT_EQ(std::filesystem::file_size(name), c.size);
-    EXPECT_EQ(std::ifstream(name).ignore(1).get(), c.format.bits == 8 ? 1 : 0) << "a palette";
-    EXPECT_EQ(std::ifstream(name).ignore(17).get(), c.alpha < 255 ? 0x28 : 0x20) << "from the top";
-    const ImagePtr clone(ImagePtr(Gfx::LoadImage(name, 0))->Clone());
-    EXPECT_EQ(test::Packed(clone->GetPixel(0, 0)), 0xFFFF0000U);
-    EXPECT_EQ(clone->GetPixel(0, 1).a, c.alpha);
+    EXPECT_EQ(picture.GetPixel(0, 1).b, 255);
+    EXPECT_TRUE(picture.SaveToFile("palette.tga"));
     EXPECT_FALSE(picture.SaveToFile("no/such/folder/a.tga"));
+    std::string header;
+    for (std::ifstream file("palette.tga"); file.tellg() < 18;) {
+      header += std::to_string(file.get()) + " ";
+    }
+    EXPECT_EQ(header, expected);
+    const ImagePtr clone(ImagePtr(Gfx::LoadImage("palette.tga", 0))->Clone());
+    EXPECT_EQ(Packed(clone->GetPixel(0, 0)), 0xFFFF0000U);
+    EXPECT_EQ(clone->GetPixel(0, 1).a, isKeyed ? 0 : 255);
   }
+  EXPECT_FALSE(CPixelSDL().SaveToFile("empty.tga"));
   EXPECT_TRUE(myPicture.SaveToFile("tga.bmp"));
   EXPECT_EQ(std::ifstream("tga.bmp").get(), 'B');
+}
+
+TEST(Gfx, MakesTheNullPictureAndWarnsWithoutAFactory) {
+  IPixel* const null = Gfx::GetScreen();
+  const CLogCapture log;
+  for (const IPixel* made :
+       {Gfx::NewBuffer(2, 3), Gfx::NewBuffer(null), Gfx::LoadImage("a.bmp", 0)}) {
+    EXPECT_EQ(made, Gfx::NullImage());
+  }
+  const std::string cannotCreate = "() - no GFXFactory given, cannot create graphics surface.";
+  EXPECT_EQ(log.Count("Gfx::NewBuffer" + cannotCreate), 2U);
+  EXPECT_TRUE(log.Has("Gfx::LoadImage" + cannotCreate));
+  Gfx::FreeImage(null);
+  EXPECT_TRUE(log.Has("Gfx::FreeImage() - no GFXFactory given, cannot free graphics surface."));
+}
+
+// Surfaces are plain numbers here; a freed one is -1.
+TEST(TextureManager, FreesASurfaceWithItsLastReferenceUnlessItIsKept) {
+  struct SReleaser {
+    void operator()(int* surface) const { *surface = -1; }
+  };
+  CTextureManager<int*, SReleaser> textures;
+  int numbers[] = {0, 0};
+  int* const surface = &numbers[0];
+
+  textures.AddNew("door.bmp", surface, false);  // one reference
+  textures.GetPointer("door.bmp");              // two
+  textures.Release(surface);                    // one
+  textures.Release(surface);                    // none: it is freed
+
+  EXPECT_FALSE(textures.Exists("door.bmp"));
+  int* const kept = &numbers[1];
+  textures.AddNew("kept.bmp", kept, true);
+  textures.AddReference(kept);
+  for (const int count : {2, 1, 0}) {
+    EXPECT_EQ(textures.GetCount("kept.bmp"), count);
+    EXPECT_EQ(textures.IsShared(kept), count > 0);
+    textures.Release(kept);
+  }
+  EXPECT_EQ(std::to_array(numbers), (std::array{-1, 0}));
+  const CLogCapture log;
+  for (const bool reports : {true, false}) {
+    textures.SetReportErrors(reports);
+    textures.AddNew("kept.bmp", surface, false);
+  }
+  EXPECT_EQ(log.Count("but we already have one of the same name: kept.bmp"), 1U);
 }
 
 }  // namespace

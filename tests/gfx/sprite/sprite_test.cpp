@@ -3,6 +3,7 @@
 #include "gfx/sprite/guielement.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/sprite/spritetypes.h"
+#include "input/buttons.h"
 #include "input/mouse.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
@@ -32,25 +33,17 @@ class Sprite : public testing::Test {
  protected:
   Sprite() { ImagePtr(NewPicture(40, 30, kRed))->SaveToFile("a.bmp"); }
 
-  // A red square at the upper left corner of the screen.
-  CSpritePtr Red(int z = 100) {
-    CSpritePtr sprite(new CSprite);
-    sprite->SetImage(NewPicture(5, 5, kRed));
-    sprite->SetZ(z);
-    sprite->SetParent(myLayer);
-    return sprite;
-  }
-
   CTestScreen myScreen{80, 60};
   CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
 };
 
 std::string State(const CSprite& sprite) {
-  const auto text = [](const Rect& r) {
-    return (std::ostringstream() << r.x << "," << r.y << " " << r.w << "x" << r.h << "; ").str();
-  };
-  return text(sprite.GetRect()) + text(sprite.GetScrollRect()) + std::to_string(sprite.GetZ()) +
-         "; " + std::to_string(sprite.GetAlpha());
+  std::ostringstream text;
+  for (const Rect& r : {sprite.GetRect(), sprite.GetScrollRect()}) {
+    text << r.x << "," << r.y << " " << r.w << "x" << r.h << "; ";
+  }
+  text << sprite.GetZ() << "; " << sprite.GetAlpha();
+  return text.str();
 }
 
 TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
@@ -92,7 +85,7 @@ TEST_F(Sprite, KindsAreMadeByNumberAndName) {
   EXPECT_EQ(CreateSprite(5), nullptr);
 }
 
-TEST_F(Sprite, LoadedOneIsDrawnWithTheNextFrame) {
+TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
   ImagePtr(NewPicture(10, 20, kRed))->SaveToFile("door.bmp");
   std::ofstream("door.xml") << "<Sprite><ImageFilename>door.bmp</ImageFilename></Sprite>";
 
@@ -104,23 +97,21 @@ TEST_F(Sprite, LoadedOneIsDrawnWithTheNextFrame) {
   signs.SetParent(CScreenLayer::GetSingletonPtr());
   signs.AddChild(door.Get());
 
-  EXPECT_EQ(door->GetParent(), &signs);
   myLayer->DrawFrame();
   EXPECT_EQ(myScreen.At(9, 9), 0xFF0000U);
   EXPECT_EQ(myScreen.At(9, 10), 0U);
-}
-
-TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
-  const CSpritePtr sprite = Red();
-  myLayer->DrawFrame();
-  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kUnchanged);
-  sprite->SetOwnsBackBuffer(false);
-  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kChangedInPlace);
-  sprite->SetY(7);
-  EXPECT_EQ(sprite->GetDirtyState(), CSprite::kMoved);
-  EXPECT_EQ(sprite->GetRectFor(1), (Rect{0, 0, 5, 5}));
-  EXPECT_EQ(sprite->GetRectFor(0), (Rect{0, 7, 5, 5}));
-  EXPECT_EQ(myLayer->GetDepthMark(), sprite->GetZ());
+  EXPECT_EQ(signs.GetDepthMark(), 99) << "the rearmost has been drawn";
+  door->SetRotation(0.5F);
+  door->SetSize(10, 20);
+  door->SetAlpha(255);
+  EXPECT_EQ(door->GetDirtyState(), CSprite::kUnchanged) << "it was so before";
+  door->SetOwnsBackBuffer(false);
+  EXPECT_EQ(door->GetDirtyState(), CSprite::kChangedInPlace);
+  door->SetY(7);
+  EXPECT_EQ(door->GetDirtyState(), CSprite::kMoved);
+  EXPECT_EQ(door->GetRectFor(1), (Rect{0, -10, 10, 20}));
+  EXPECT_EQ(door->GetRectFor(0), (Rect{0, 7, 10, 20}));
+  EXPECT_EQ(signs.GetDepthMark(), door->GetZ());
 }
 
 TEST_F(Sprite, CopyIsMadeFromSizeRotationAndAlphaInAnyOrder) {
@@ -156,12 +147,16 @@ TEST_F(Sprite, ShownPictureFollowsPartTurnAndSize) {
   sprite->SetSize(-1, 7);
   EXPECT_EQ(sprite->GetRect(), Rect{}) << "a size of nothing";
   EXPECT_FALSE(sprite->IsEmpty());
+  sprite->SetImage(NewPicture(1, 1, kRed));
+  sprite->SetSize(4, 7);
+  EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 4, 7}));
 }
 
 TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   std::vector<CSpritePtr> sprites;
   for (const int z : {50, 100, 50, 7, 100, INT_MIN, INT_MAX}) {
-    sprites.push_back(Red(z));
+    sprites.push_back(Load("a.bmp"));
+    sprites.back()->SetZ(z);
     sprites.back()->SetName(std::to_string(sprites.size() - 1));
   }
   const auto order = [&] {
@@ -184,18 +179,16 @@ TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {
   CSprite sprite;
   sprite.SetRect({10, 20, 30, 40});
   zogui::CGuiElement element(&sprite);
-  const int left = 1;
-  const int right = 3;
   CMouse& mouse = *CMouse::GetSingletonPtr();
   mouse.OnMouseMove(16, 31);
-  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseButtonDown(kLeftButton);
   mouse.OnMouseMove(26, 51);
-  mouse.OnMouseButtonUp(right);
+  mouse.OnMouseButtonUp(kRightButton);
   mouse.OnMouseMove(27, 50);
   EXPECT_EQ(element.GetRect(), (Rect{21, 39, 30, 40}));
-  mouse.OnMouseButtonUp(left);
+  mouse.OnMouseButtonUp(kLeftButton);
   element.SetDraggable(false);
-  mouse.OnMouseButtonDown(left);
+  mouse.OnMouseButtonDown(kLeftButton);
   mouse.OnMouseMove(50, 60);
   EXPECT_EQ(sprite.GetRect(), (Rect{21, 39, 30, 40})) << "dropped";
   CMouse::DeleteSingleton();

@@ -1,6 +1,6 @@
-#include "gfx/text/font.h"
-
 #include "gfx/sdl/sdltextures.h"
+#include "gfx/text/font.h"
+#include "gfx/text/lotsatextsprite.h"
 #include "gfx/text/ogffontloader.h"
 #include "gfx/text/textsprite.h"
 #include "support/logcapture.h"
@@ -58,6 +58,7 @@ class Font : public ::testing::Test {
 TEST_F(Font, GlyphsAreCutFromTheirCells) {
   for (const char* lineEnd : {"", "\n", "\r\n", "\nOGF;more"}) {
     const std::unique_ptr<CFont> font(FontOf(myFont + lineEnd)->Clone());
+    EXPECT_EQ(font->GetFileName(), "a.ogf");
     EXPECT_EQ(font->GetTextWidth(";"), 0);
     EXPECT_EQ(font->GetTextWidth("b dx"), 36) << "with a blank of a quarter; no glyph, no space";
     EXPECT_EQ(font->GetLineHeight(), 8);
@@ -87,12 +88,9 @@ TEST_F(Font, TintMultipliesTheColoursOfACopy) {
 TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
   const std::pair<std::string, const char*> cases[] = {
       // the file, what is logged
-      {"", "Could not open ogf file: a.ogf for loading"},
       {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
-      {"OGF;1;1;1;1;8;888;ab;6432;x",
-       "a.ogfError, the char count (8) and numbers of charachters (9) don't match"},
-      {"OGF;1;1;1;1;2;888;ab;646;x",
-       "a.ogf Error, the number of character width's ( 3) doesn't match"},
+      {"OGF;1;1;1;1;8;888;ab;6432;x", "the char count (8) and numbers of charachters (9)"},
+      {"OGF;1;1;1;1;2;888;ab;646;x", "the number of character width's ( 3) doesn't match"},
       {"OGF;3;2;16;8;2;888;ab;6464;none.bmp", "Could not load imagenone.bmp"},
       {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"},
       {"OGF;1;2;1;2049;1;888;a;64;sheet.bmp", "no valid size"},
@@ -101,8 +99,6 @@ TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
     const CLogCapture log;
     const auto font = FontOf(content);
     EXPECT_EQ(Reds(*font, "ab", {0}), std::vector{0});
-    font->SetAlign(3);
-    font->Write(nullptr, "a b", {0, 0, -1, 10});  // must come to an end
     EXPECT_TRUE(log.Has(message)) << log.Text();
     EXPECT_EQ(log.Lines().size(), 1U) << content;
   }
@@ -138,9 +134,9 @@ TEST_F(Font, TextIsLaidOutByTheAlignment) {
       {.by = kCenter, .in = {0, 0, 90, 9}, .text = "xxxi", .drawn = "xxxi@29,0|60,12"},
       {.by = kRight, .in = {3, 0, 50, 99}, .text = "xx xxx", .drawn = "xx @29,0|xxx@23,12|53,24"},
       {.by = kJustify,
-       .in = {1, 0, 51, 9},
-       .text = "x x x xx",
-       .drawn = "x@1,0|x@21,0|x@42,0|52,12"},
+       .in = {1, 0, 51, 13},
+       .text = "x\nx x x xx",
+       .drawn = "x@1,0|x@1,12|x@21,12|x@42,12|52,24"},
       {.by = kJustify, .in = {0, 0, 50, 99}, .text = "x x\nx", .drawn = "x x@0,0|x@0,12|10,24"},
   };
   const ImagePtr target(Gfx::NewBuffer(300, 100));
@@ -174,10 +170,19 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   CTextSprite list(LoadFont("system"), 0, 0);
   list.GetFont()->SetAlign(2);
   list.SetText("HH HH");
-  for (const auto& [width, x] : {std::pair{100, 70}, {50, 20}, {20, 2}}) {
-    list.SetSize(width, 40);
-    EXPECT_EQ(Drawn(list).x, x) << width;
+  const std::pair<Rect, Rect> cases[] = {
+      // the size, what is drawn
+      {{0, 0, 100, 40}, {70, 2, 30, 8}}, {{0, 0, 50, 20}, {20, 2, 30, 8}},
+      {{0, 0, 20, 12}, {2, 2, 12, 8}},   {{0, 0, 20, 0}, {}},
+      {{0, 0, 20, 30}, {2, 2, 18, 20}},
+  };
+  for (const auto& [size, drawn] : cases) {
+    list.SetSize(size.w, size.h);
+    EXPECT_EQ(Drawn(list), drawn) << size.w << "," << size.h;
+    EXPECT_EQ(list.IsEmpty(), size.h == 0);
   }
+  list.SetBackdrop(ImagePtr(NewPicture(7, 3, {1, 2, 3})));
+  EXPECT_EQ(Drawn(list), (Rect{0, 0, 20, 22}));
 }
 
 TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
@@ -201,6 +206,52 @@ TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
       EXPECT_TRUE(SaveXml(sprite, "written.xml"));
     }
   }
+}
+
+// A text of any height that notes what it is asked to paint.
+struct CPaper : ILotsATextDrawer {
+  int GetTextHeight() override { return height; }
+  bool Draw(IPixel* surface, const CRect<int>& area, bool force) override {
+    asked = std::to_string(area.y) + "," + std::to_string(surface->GetWidth()) + (force ? "!" : "");
+    return false;
+  }
+  int height = 0;
+  std::string asked;
+};
+
+TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
+  const CTestScreen screen(40, 30);
+  CPaper drawer;
+
+  auto* view = new CLotsATextSprite(30, 20);
+  view->SetDrawer(&drawer);  // called every 100 ms
+  const CSpritePtr sprite(view);
+  sprite->SetParent(CScreenLayer::GetSingletonPtr());
+
+  struct SStep {
+    int height;  // of the text
+    int scroll = 0;
+    const char* asked;  // y, width
+  };
+  const SStep steps[] = {
+      {.height = 4, .asked = "-16,30"},
+      {.height = 25, .scroll = -2, .asked = "3,30"},
+      {.height = 45, .asked = "3,30"},
+      {.height = 50, .scroll = 30, .asked = "30,30"},
+      {.height = 55, .asked = "35,30"},
+      {.height = 1200000, .scroll = -1000, .asked = "1198980,30"},
+      {.height = 1200012, .asked = "1198980,30"},
+  };
+  for (const SStep& step : steps) {
+    drawer.height = step.height;
+    view->ScrollBy(step.scroll);
+    EXPECT_EQ(drawer.asked, step.asked) << step.height;
+  }
+  drawer.height = 30;
+  view->SetSize(30, 20);
+  EXPECT_EQ(drawer.asked, "1198980,30") << "it had that size";
+  view->SetSize(25, 10);
+  EXPECT_EQ(drawer.asked, "19,25!");
 }
 
 }  // namespace
