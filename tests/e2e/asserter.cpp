@@ -5,7 +5,6 @@
 //   Unban       lifts the ban that "Ignore All" sets
 //   Tell        prints the variable and the window's state
 
-#include "events/eventbridge.h"
 #include "kernel/taskfactory.h"
 #include "utils/assert.h"
 
@@ -25,12 +24,17 @@ std::ostream& operator<<(std::ostream& stream, const STouchy& touchy) {
   return stream << touchy.value;
 }
 
+void FailWith(int numbers) {
+  std::string message;
+  for (int i = 1; i <= numbers; ++i) {
+    message += "number " + std::to_string(i) + "\n";
+  }
+  VASK_ASSERT(numbers < 0, message);
+}
+
 class CAsserter : public vask::CTask {
  public:
-  CAsserter() { vask::CEventBridge::GetSingletonPtr()->AddResizeListener(this); }
-  void Exit() override { vask::CEventBridge::GetSingletonPtr()->RemoveResizeListener(this); }
   void Update() override {}
-  void OnResize(int, int) { ++myResizes; }
 
   bool ExecuteCommand(const std::string& line) override {
     const STouchy limit{2};
@@ -41,29 +45,22 @@ class CAsserter : public vask::CTask {
     } else if (line == "Unban") {
       vask::BanAsserts(false);
     } else {
-      std::cout << "count " << count << Window() << std::endl;
+      std::cout << "count " << count << std::endl;
+      TellOfWindow();
     }
     return true;
   }
 
  private:
-  static void FailWith(int numbers) {
-    std::string message;
-    for (int i = 1; i <= numbers; ++i) {
-      message += "number " + std::to_string(i) + "\n";
+  static void TellOfWindow() {
+    if (const SDL_Surface* screen = SDL_GetVideoSurface()) {
+      std::cout << screen->w << " x " << screen->h
+                << ((screen->flags & SDL_FULLSCREEN) != 0 ? " full" : "")
+                << (SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON ? " grabbed" : "") << std::endl;
     }
-    VASK_ASSERT(numbers < 0, message);
-  }
-  std::string Window() const {
-    const SDL_Surface* screen = SDL_GetVideoSurface();
-    const bool isFull = screen != nullptr && (screen->flags & SDL_FULLSCREEN) != 0;
-    const bool isGrabbed = screen != nullptr && SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON;
-    return std::string(isFull ? ", full" : "") + (isGrabbed ? ", grabbed" : "") + ", resized " +
-           std::to_string(myResizes);
   }
 
   int count = 3;
-  int myResizes = 0;
 };
 
 const vask::CTaskTypeRegistrar<CAsserter> theRegistrar("asserter");

@@ -17,6 +17,7 @@
 
 #include <iostream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -25,13 +26,13 @@ vask::test::CFakeClock* theClock = nullptr;
 class CStepper : public vask::CTask {
  public:
   void Update() override {
-    if (myFrameRuns) {
+    if (std::exchange(myFrameHasRun, true)) {
       std::cout << "ok" << std::endl;
     }
-    myFrameRuns = false;
     std::string order;
-    while (!myFrameRuns && std::getline(std::cin, order)) {
+    while (std::getline(std::cin, order) && order != "frame") {
       Obey(order);
+      std::cout << "ok" << std::endl;
     }
     if (!std::cin) {
       vask::CKernel::GetSingletonPtr()->Quit();
@@ -39,11 +40,7 @@ class CStepper : public vask::CTask {
   }
 
  private:
-  void Obey(const std::string& order) {
-    myFrameRuns = order == "frame";
-    if (myFrameRuns) {
-      return;
-    }
+  static void Obey(const std::string& order) {
     if (order.starts_with("run ")) {
       vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(order.substr(4), false);
     } else if (order.starts_with("advance ")) {
@@ -51,10 +48,9 @@ class CStepper : public vask::CTask {
     } else if (order == "redraw") {
       vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
     }
-    std::cout << "ok" << std::endl;
   }
 
-  bool myFrameRuns = false;
+  bool myFrameHasRun = false;
 };
 
 const vask::CTaskTypeRegistrar<CStepper> theRegistrar("stepper");

@@ -24,12 +24,6 @@ exit 40
 Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
-# A shell cannot catch what whoever started the tests has it ignore.
-def heed_signals():
-    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
-        signal.signal(number, signal.SIG_DFL)
-
-
 class Launcher(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(
@@ -41,32 +35,32 @@ class Launcher(unittest.TestCase):
 
     # Returns its folder of data.
     def install(self, name):
-        prefix = self.folder / name
-        data = prefix / "share/games/brumble/data"
+        data = self.folder / name / "share/games/brumble/data"
         data.mkdir(parents=True)
         (data.parent / "autoexec.txt").touch()
         launcher = (ROOT / "desktop/launcher.in").read_text()
-        for path, text in (("games/brumble", launcher), ("libexec/brumble/brumble", PROGRAM)):
-            (prefix / path).parent.mkdir(parents=True)
-            (prefix / path).write_text(text)
-            (prefix / path).chmod(0o755)
+        for place, text in (("games/brumble", launcher), ("libexec/brumble/brumble", PROGRAM)):
+            path = self.folder / name / place
+            path.parent.mkdir(parents=True)
+            path.write_text(text)
+            path.chmod(0o755)
         return data
 
     def start(self, *arguments, launcher="prefix/games/brumble", **environment):
+        # A shell cannot catch what whoever started the tests has it ignore.
         process = subprocess.Popen(
-            [launcher, *arguments], cwd=self.folder, text=True, stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE,
-            env={"PATH": os.environ["PATH"], "HOME": self.home, "DISPLAY": ":0", **environment},
-            preexec_fn=heed_signals)
+            ["env", "--default-signal", launcher, *arguments], cwd=self.folder, text=True,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            env={"PATH": os.environ["PATH"], "HOME": self.home, "DISPLAY": ":0", **environment})
         self.addCleanup(process.kill)
         return process
 
-    # Returns what it prints: to the standard error when it fails.
+    # Returns what it prints, or else what it complains about.
     def run_it(self, *arguments, status=40, **how):
         process = self.start(*arguments, **how)
         output, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, status, errors)
-        return output if status in (0, 40) else errors
+        return output or errors
 
     def report(self, **how):
         return Report(*self.run_it(**how).split("\t"))
@@ -82,15 +76,14 @@ class Launcher(unittest.TestCase):
     def test_only_the_launchers_own_links_are_renewed(self):
         other, place, mine = self.install("other"), self.own / "data", self.folder / "my data"
         mine.mkdir()
-        for what, make, expected in (
-                ("a folder", place.mkdir, place),
-                ("a link of the player's", lambda: place.symlink_to(mine), mine),
-                ("one that dangles", lambda: place.symlink_to("nowhere"), self.data),
-                ("one to another installation", lambda: place.symlink_to(other), self.data)):
-            make()
-            self.assertEqual(self.report().data, str(expected), what)
-            self.assertEqual([*other.iterdir(), *mine.iterdir()], [], what)
-            (place.unlink if place.is_symlink() else place.rmdir)()
+        for target, expected in ((mine, mine), ("nowhere", self.data), (other, self.data)):
+            place.symlink_to(target)
+            self.assertEqual(self.report().data, str(expected), target)
+            place.unlink()
+        place.mkdir()
+        self.assertEqual(self.report().data, str(place), "a folder of the player's")
+        for folder in (mine, other, place):
+            self.assertEqual([*folder.iterdir()], [], folder)
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)

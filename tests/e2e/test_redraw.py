@@ -21,8 +21,7 @@ class Redraw(GameTest):
             return False
         picture, title = game.picture(), load_picture("title_screen")[:height, :width]
         beyond_is_black = not picture[600:].any() and not picture[:, 800:].any()
-        is_drawn = f"myHeight = {height}\n( ) drawing all\n" in game.log()
-        return is_drawn and beyond_is_black and fit(picture, title) >= 0.98
+        return beyond_is_black and fit(picture, title) >= 0.98
 
     # With a stopped clock between the lines, the window equals what a full redraw shows.
     def test_full_screen_and_resize(self):
@@ -40,13 +39,13 @@ class Redraw(GameTest):
             self.assertGreater(shown.max(), 100, line)
 
     def test_play_goes_on_without_the_window(self):
-        _, game = self.start("asan", Stepper)
+        _, game = self.start(kind=Stepper, build="asan")
         game.start_playing()
         game.run("stoptask(window)")
         game.let_pass(1)
         game.run("quit")
         game.send("frame")
-        game.wait_for_end(0)
+        game.wait_for_end()
 
     def settled_picture(self):
         self.game.settle()
