@@ -112,11 +112,10 @@ class Display(Scoped):
     def _property(self, window, name):
         return window.get_full_property(self.connection.intern_atom(name), X.AnyPropertyType)
 
-    def _ask_manager(self, window, message, *data):
-        data = (*data, 0, 0, 0, 0, 0)[:5]
+    def _ask_manager(self, window, message, source=0):
         self.root.send_event(
             event.ClientMessage(window=window, client_type=self.connection.intern_atom(message),
-                                data=(32, data)),
+                                data=(32, (X.CurrentTime, source, 0, 0, 0))),
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.sync()
 
@@ -193,7 +192,7 @@ class Display(Scoped):
 
     # As the close button of the window's frame does.
     def close_window(self, window):
-        self._ask_manager(window, "_NET_CLOSE_WINDOW", X.CurrentTime, 2)
+        self._ask_manager(window, "_NET_CLOSE_WINDOW", 2)
 
     def run(self, *command):
         subprocess.run(command, env=self.environment, check=True, timeout=LIMIT)

@@ -119,8 +119,8 @@ class Game(Scoped):
         return self.screen.picture(self.rect)
 
     # Whether the window shows most of that full-screen picture of data/gfx/.
-    def shows(self, name, share=0.6):
-        return fit(self.picture(), load_picture(name)) >= share
+    def shows(self, name):
+        return fit(self.picture(), load_picture(name)) >= 0.6
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")

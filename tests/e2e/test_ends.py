@@ -1,6 +1,11 @@
-"""How the program ends: with its window, with its display, or for want of one or of a script."""
+"""How the program ends: with its window or display, or for want of one, of a script or of memory."""
 from case import GameTest, libraries
 from game import Game
+
+
+# Every place that asks for memory lacks it once, each in a copy of the process.
+class Starved(Game):
+    PROGRAM = "brumble_starved"
 
 
 class Ends(GameTest):
@@ -54,3 +59,12 @@ class Ends(GameTest):
                              + "a=" * 500_000 + "1\n" + "x" * 1_000_000 + "\nquit")
         game.wait_for_end()
         self.assertIn("nobody", game.log())
+
+    def test_without_memory_it_does_so_in_order(self):
+        with Starved(lines="quit", environment={"SDL_VIDEODRIVER": "dummy"}) as game:
+            output = game.process.stdout.read().decode()
+            game.wait_for_end()
+            self.assertRegex(output, r"\A\d{3,} places, 0 faults\n\Z")
+            print(output, end="")
+            self.assertEqual(game.log().count("<!> There is no memory left; the program ends.\n"),
+                             int(output.split()[0]))

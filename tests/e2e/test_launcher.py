@@ -95,15 +95,13 @@ class Launcher(unittest.TestCase):
             report = Report(*read_line(process.stdout).split("\t"))
             process.send_signal(number)
             process.communicate(timeout=LIMIT)
-            self.assertEqual(process.returncode, 40 + number)
+            self.assertEqual((process.returncode, report.data), (40 + number, str(self.data)))
             self.assertEqual(pathlib.Path(report.folder).parent, temporary, number)
-            self.assertEqual(report.data, str(self.data), number)
             self.assertEqual(list(temporary.iterdir()), [], number)
 
     def test_options(self):
-        self.assertIn("Usage: brumble", self.run_it("--help", status=0))
-        for wrong in (["--fullscreen"], ["--help", "x"], [""]):
-            self.assertIn("Usage: brumble", self.run_it(*wrong, status=2), wrong)
+        for arguments, status in ((["--help"], 0), (["--fullscreen"], 2), (["--help", "x"], 2), ([""], 2)):
+            self.assertIn("Usage: brumble", self.run_it(*arguments, status=status), arguments)
 
     def test_the_environment(self):
         elsewhere, own = str(self.folder / "else where"), str(self.own)
