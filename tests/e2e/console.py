@@ -33,15 +33,8 @@ class Console:
         self.game.wait_for_log(f"( ) {line}\n")
         self.game.wait_for_log(logged)
 
-    # Presses at a place, moves to another, and releases there.
-    def drag(self, start, end):
-        self.game.point_at(start[0] + 5, start[1])  # a pointer that does not move reports no place
-        self.game.point_at(*start)
-        self.screen.press(1)
-        self.game.point_at(*end)
-        self.screen.release(1)
+    def click(self, x, y):
+        self.game.point_at(x + 5, y)  # a pointer that does not move reports no place
+        self.game.click_at(x, y)
         self.game.settle()
         self.game.let_pass(0.35)  # so that the next one makes no double click
-
-    def click(self, x, y):
-        self.drag((x, y), (x, y))

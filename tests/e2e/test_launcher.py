@@ -24,6 +24,11 @@ exit 40
 Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
+def install(prefix):
+    subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix], check=True,
+                   stdout=subprocess.DEVNULL, timeout=LIMIT)
+
+
 class Launcher(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(
@@ -33,18 +38,11 @@ class Launcher(unittest.TestCase):
         self.own = self.home / ".local/share/brumble"
         self.own.mkdir(parents=True)
 
-    # Returns its folder of data.
+    # Installs the game, whose program it replaces; returns its folder of data.
     def install(self, name):
-        data = self.folder / name / "share/games/brumble/data"
-        data.mkdir(parents=True)
-        (data.parent / "autoexec.txt").touch()
-        launcher = (ROOT / "desktop/launcher.in").read_text()
-        for place, text in (("games/brumble", launcher), ("libexec/brumble/brumble", PROGRAM)):
-            path = self.folder / name / place
-            path.parent.mkdir(parents=True)
-            path.write_text(text)
-            path.chmod(0o755)
-        return data
+        install(self.folder / name)
+        (self.folder / name / "libexec/brumble/brumble").write_text(PROGRAM)
+        return self.folder / name / "share/games/brumble/data"
 
     def start(self, *arguments, launcher="prefix/games/brumble", **environment):
         # A shell cannot catch what whoever started the tests has it ignore.
@@ -82,8 +80,9 @@ class Launcher(unittest.TestCase):
             place.unlink()
         place.mkdir()
         self.assertEqual(self.report().data, str(place), "a folder of the player's")
-        for folder in (mine, other, place):
+        for folder in (mine, place):
             self.assertEqual([*folder.iterdir()], [], folder)
+        self.assertFalse((other / "data").exists())
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)
@@ -115,8 +114,7 @@ class Launcher(unittest.TestCase):
 class InstalledGame(unittest.TestCase):
     def test_plays_from_its_prefix(self):
         prefix = self.enterContext(tempfile.TemporaryDirectory(prefix="brumble prefix "))
-        subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix],
-                       check=True, stdout=subprocess.DEVNULL, timeout=LIMIT)
+        install(prefix)
         launcher = f"{prefix}/games/brumble"
         version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
         self.assertEqual(subprocess.check_output([launcher, "--version"], text=True, timeout=LIMIT),

@@ -144,6 +144,7 @@ TEST(Mail, SaysWhyItConnectsNowhere) {
     mail.SetPort(1);  // nobody listens there
     mail.SetSender("a", sender);
     EXPECT_FALSE(mail.Send(recipient));
+    EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "after the first line";
     return log.Text();
   };
   const std::string good = "a@127.9.9.9", invalid = " is not a valid email address\n";
