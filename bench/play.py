@@ -26,10 +26,18 @@ def resident_kib(pid):
     raise RuntimeError("no VmRSS")
 
 
+class Started(Game):
+    """Knows when its process was started."""
+
+    def _run(self, *how):
+        self.started = time.monotonic()
+        return super()._run(*how)
+
+
 def start_milliseconds(screen):
     """From the start of the process to the title on the screen."""
     title = load_picture("title_screen")[300:320, 300:320]
-    with Game(screen) as game:
+    with Started(screen) as game:
         while screen.find_window("Brumble") is None:
             time.sleep(0.002)
         game.wait_for_window()

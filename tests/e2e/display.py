@@ -1,10 +1,8 @@
 """A virtual display with a window manager, a real pointer, and the pixels that it shows."""
 import contextlib
-import mmap
 import os
 import pathlib
 import select
-import struct
 import subprocess
 import tempfile
 import time
@@ -21,12 +19,10 @@ LIMIT = 60  # seconds that a wait may take: many, so that nothing fails on a bus
 # Waits until the condition is true, and returns it; AssertionError when the time is up.
 def wait_for(condition, what, seconds=LIMIT, pause=lambda: time.sleep(0.01)):
     end = time.monotonic() + seconds
-    while True:
-        is_last = time.monotonic() > end
-        if result := condition():
-            return result
-        assert not is_last, f"{what} did not come within {seconds} s"
+    while not (result := condition()):
+        assert time.monotonic() < end, f"{what} did not come within {seconds} s"
         pause()
+    return result
 
 
 # The next line of a pipe; AssertionError when none comes in time.
@@ -50,8 +46,9 @@ class Scoped:
 
 
 # A process that is ended with the scope.
-def run_beside(undo, command, **how):
-    process = undo.enter_context(subprocess.Popen(command, stderr=subprocess.DEVNULL, **how))
+def run_beside(undo, command, stdout=subprocess.DEVNULL, **how):
+    process = undo.enter_context(
+        subprocess.Popen(command, stdout=stdout, stderr=subprocess.DEVNULL, **how))
     undo.callback(process.terminate)
     return process
 
@@ -62,10 +59,12 @@ class Display(Scoped):
     MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
     def _open(self, undo):
-        self._start_server(undo)
+        self.server = run_beside(
+            undo, ["Xvfb", "-noreset", "-displayfd", "1", "-fbdir", self.folder, "-nolisten", "tcp",
+                   "-screen", "0", "{}x{}x24".format(*self.SIZE)], stdout=subprocess.PIPE, text=True)
+        self.name = ":" + read_line(self.server.stdout).strip()
         self.environment = dict(os.environ, DISPLAY=self.name)
-        self.manager = run_beside(undo, ["openbox", "--sm-disable"], env=self.environment,
-                                  stdout=subprocess.DEVNULL)
+        run_beside(undo, ["openbox", "--sm-disable"], env=self.environment)
         self.connection = display.Display(self.name)
         undo.callback(self._disconnect)
         self.connection.xfixes_query_version()
@@ -79,14 +78,6 @@ class Display(Scoped):
         self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         self._map_pixels()
 
-    def _start_server(self, undo):
-        self.server = run_beside(
-            undo, ["Xvfb", "-noreset", "-displayfd", "1", "-fbdir", self.folder, "-nolisten", "tcp",
-                   "-screen", "0", "{}x{}x24".format(*self.SIZE)], stdout=subprocess.PIPE, text=True)
-        number = read_line(self.server.stdout).strip()
-        assert number, "Xvfb did not start"
-        self.name = ":" + number
-
     def _disconnect(self):
         if self.server.poll() is None:
             self.connection.close()
@@ -94,12 +85,10 @@ class Display(Scoped):
     def _map_pixels(self):
         # The server keeps its screen in a file in the XWD format: a header of big-endian words, a
         # colour table, then the pixels.
-        with open(self.folder / "Xvfb_screen0", "rb") as file:
-            memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
-        words = struct.unpack(">25I", memory[:100])
-        start, stride, height, width = words[0] + words[19] * 12, words[12], words[5], words[4]
-        rows = numpy.frombuffer(memory, numpy.uint8, stride * height, start).reshape(height, stride)
-        self.pixels = rows[:, :width * 4].reshape(height, width, 4)
+        memory = numpy.memmap(self.folder / "Xvfb_screen0", mode="r")
+        header, (width, height) = memory[:100].view(">u4"), self.SIZE
+        start = int(header[0]) + 12 * int(header[19])
+        self.pixels = memory[start:start + 4 * width * height].reshape(height, width, 4)
 
     # What the rectangle (x, y, w, h) shows, as rows of (red, green, blue).
     def picture(self, rect):
@@ -114,8 +103,6 @@ class Display(Scoped):
 
     # Waits until the window manager, too, has done all that it had to do.
     def settle(self):
-        if self.manager.poll() is not None:
-            return
         extents = "_NET_FRAME_EXTENTS"
         self.asker.delete_property(self.connection.intern_atom(extents))
         self._ask_manager(self.asker, "_NET_REQUEST_FRAME_EXTENTS")
@@ -125,11 +112,10 @@ class Display(Scoped):
     def _property(self, window, name):
         return window.get_full_property(self.connection.intern_atom(name), X.AnyPropertyType)
 
-    def _ask_manager(self, window, message, *data):
-        data = (*data, 0, 0, 0, 0, 0)[:5]
+    def _ask_manager(self, window, message, source=0):
         self.root.send_event(
             event.ClientMessage(window=window, client_type=self.connection.intern_atom(message),
-                                data=(32, data)),
+                                data=(32, (X.CurrentTime, source, 0, 0, 0))),
             event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.sync()
 
@@ -206,7 +192,7 @@ class Display(Scoped):
 
     # As the close button of the window's frame does.
     def close_window(self, window):
-        self._ask_manager(window, "_NET_CLOSE_WINDOW", X.CurrentTime, 2)
+        self._ask_manager(window, "_NET_CLOSE_WINDOW", 2)
 
     def run(self, *command):
         subprocess.run(command, env=self.environment, check=True, timeout=LIMIT)
@@ -228,20 +214,3 @@ class Display(Scoped):
         wait_for(lambda: self.find_window("Other"), "another window")
         self.settle()
         return window
-
-
-# A Wayland compositor. Its one window on the screen shows its one client in full.
-class Compositor(Scoped):
-    TITLE = None  # the window sets no title of the old kind
-
-    def __init__(self, screen):
-        self.screen = screen
-
-    def _open(self, undo):
-        runtime = {"XDG_RUNTIME_DIR": str(self.folder)}
-        self.environment = {**runtime, "WAYLAND_DISPLAY": "wayland-test"}
-        self.process = run_beside(
-            undo, ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
-                   "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
-            env={**self.screen.environment, **runtime}, stdout=subprocess.DEVNULL)
-        wait_for((self.folder / "wayland-test").exists, "Wayland")

@@ -14,7 +14,6 @@ from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
-SUPPRESSIONS = ROOT / "tests/support/leaks.supp"
 
 
 # One run; what is still running at the end is killed.
@@ -26,9 +25,7 @@ class Game(Scoped):
     def __init__(self, screen=None, build="release", lines="", environment={},
                  prepare=lambda runtime: None):
         self.screen, self.lines, self.prepare = screen, lines, prepare
-        self.title = "Brumble"
-        self.executable = ROOT / "build" / build / self.PROGRAM
-        self.environment = environment
+        self.executable, self.environment = ROOT / "build" / build / self.PROGRAM, environment
 
     def _open(self, undo):
         self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
@@ -43,13 +40,12 @@ class Game(Scoped):
         if (self.runtime / "autoexec.txt").exists():
             with open(self.runtime / "autoexec.txt", "a") as script:
                 script.write("\ngame_demo_after = 0\n" + self.lines + "\n")
-        displays = {"DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"}
-        environment = {name: os.environ[name] for name in os.environ.keys() - displays}
-        if self.screen:
-            environment["DISPLAY"] = self.screen.name
+        # An empty name is that of no display.
         return self._run([self.executable], self.runtime, {
-            **environment, "LSAN_OPTIONS": f"suppressions={SUPPRESSIONS}:print_suppressions=0",
-            "SDL_AUDIODRIVER": "dummy", **self.environment})
+            **os.environ, "DISPLAY": self.screen.name if self.screen else "", "WAYLAND_DISPLAY": "",
+            "SDL_VIDEODRIVER": "", "SDL_AUDIODRIVER": "dummy",
+            "LSAN_OPTIONS": f"suppressions={ROOT}/tests/support/leaks.supp:print_suppressions=0",
+            **self.environment})
 
     def _run(self, command, folder, environment):
         return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
@@ -81,10 +77,6 @@ class Game(Scoped):
         wait_for(lambda: self.process.poll() is not None, "the end of the program")
         assert self.process.returncode == status, (
             f"it ended with {self.process.returncode}, not {status}: {self.standard_error()}")
-
-    def close_window(self):
-        self.screen.close_window(self.window)
-        self.wait_for_end()
 
     # Its time.
 
@@ -118,7 +110,7 @@ class Game(Scoped):
     @property
     def window(self):
         # Looked for each time: the compatibility library replaces it now and then.
-        return self.wait_for(lambda: self.screen.find_window(self.title), "the window")
+        return self.wait_for(lambda: self.screen.find_window("Brumble"), "the window")
 
     def wait_for_window(self):
         self.rect = self.wait_for(lambda: self.screen.rect_of(self.window), "its place")
@@ -127,8 +119,8 @@ class Game(Scoped):
         return self.screen.picture(self.rect)
 
     # Whether the window shows most of that full-screen picture of data/gfx/.
-    def shows(self, name, share=0.6):
-        return fit(self.picture(), load_picture(name)) >= share
+    def shows(self, name):
+        return fit(self.picture(), load_picture(name)) >= 0.6
 
     def wait_for_picture(self, name):
         self.wait_for(lambda: self.shows(name), f"the picture {name}")
@@ -153,6 +145,11 @@ class Game(Scoped):
     # Moves the real pointer to a place in the window.
     def point_at(self, x, y):
         self.screen.move_pointer(self.rect[0] + x, self.rect[1] + y)
+
+    # Moves it to where the monster is wanted at a place in the window.
+    def steer(self, x, y):
+        x, y = (x - 113) / 0.71375, (y - 20) / 0.93333334
+        self.point_at(min(max(x, 0), 799), min(max(y, 0), 599))
 
     def click(self, button=1):
         self.screen.click(button)
@@ -253,14 +250,6 @@ def fit(shown, expected):
     return (off[expected[:, :, 3] == 255] <= 4).mean()
 
 
-# Whether a burst of fire is at the bottom of the pit that was not there before.
-def fire_burns(picture, before):
-    now, then = picture[480:].astype(int), before[480:].astype(int)
-    changed = numpy.abs(now - then).max(axis=2) > 60
-    yellow = (now[:, :, 0] > 200) & (now[:, :, 2] < 120)  # no part of a falling kitten
-    return (changed & yellow).sum() > 1000
-
-
 # Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf.
 class Digits:
     STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
@@ -269,20 +258,17 @@ class Digits:
         fields = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0].split(";")
         columns, _, width, height = map(int, fields[1:5])
         self.glyphs = {}
-        for digit in "0123456789":
-            index = fields[7].index(digit)
+        for index, character in enumerate(fields[7]):
             glyph_width = int(int(fields[8][2 * index:2 * index + 2]) * 0.015625 * width)
             x, y = index % columns * width, index // columns * height
-            self.glyphs[digit] = load_picture("numbers")[y:y + height, x:x + glyph_width]
+            if character.isdigit():
+                self.glyphs[character] = load_picture("numbers")[y:y + height, x:x + glyph_width]
 
     # The number at the board's corner; None when nothing there reads as one.
     def read(self, picture, place):
-        x, y = place
-        text = ""
-        while True:
-            found = [((glyph[:, :, 3] == 255).sum(), digit)
-                     for digit, glyph in self.glyphs.items() if fit(picture[y:, x:], glyph) > 0.98]
-            if not found:
-                return int(text) if text else None
+        (x, y), text = place, ""
+        while found := [((glyph[:, :, 3] == 255).sum(), digit)
+                        for digit, glyph in self.glyphs.items() if fit(picture[y:, x:], glyph) > 0.98]:
             text += max(found)[1]  # a thin one fits into others
             x += self.glyphs[text[-1]].shape[1]
+        return int(text) if text else None

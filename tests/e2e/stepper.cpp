@@ -5,6 +5,10 @@
 //   advance MS    moves the clock on
 //   redraw        makes the next frame a full redraw
 //   frame         lets one frame go by
+//   fail          fails an assertion that watches two variables: count, and limit, a constant
+//   fail N        fails one with a message of the numbers 1 to N, one a line
+//   unban         lifts the ban that "Ignore All" sets
+//   tell          prints the variable and the window's state
 //
 // It prints "ok" when each is done; the end of the input quits.
 
@@ -14,24 +18,78 @@
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
+#include "utils/assert.h"
+
+#include <SDL.h>
 
 #include <iostream>
 #include <string>
+#include <utility>
 
 namespace {
 
 vask::test::CFakeClock* theClock = nullptr;
+int ourCount = 3;
+
+// Printing it fails an assertion as well.
+struct STouchy {
+  int value;
+};
+std::ostream& operator<<(std::ostream& stream, const STouchy& touchy) {
+  VASK_ASSERT(touchy.value < 0);
+  return stream << touchy.value;
+}
+
+void Fail() {
+  const STouchy limit{2};
+  VASK_ASSERT_WATCHING(ourCount < limit.value, ourCount, limit);
+}
+
+void FailWith(int numbers) {
+  std::string message;
+  for (int i = 1; i <= numbers; ++i) {
+    message += "number " + std::to_string(i) + "\n";
+  }
+  VASK_ASSERT(numbers < 0, message);
+}
+
+void Tell() {
+  std::cout << "count " << ourCount << std::endl;
+  if (const SDL_Surface* screen = SDL_GetVideoSurface()) {
+    std::cout << screen->w << " x " << screen->h
+              << ((screen->flags & SDL_FULLSCREEN) != 0 ? " full" : "")
+              << (SDL_WM_GrabInput(SDL_GRAB_QUERY) == SDL_GRAB_ON ? " grabbed" : "") << std::endl;
+  }
+}
+
+void Obey(const std::string& order, const std::string& rest) {
+  if (order == "run") {
+    vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(rest.substr(1), false);
+  } else if (order == "advance") {
+    theClock->Advance(static_cast<unsigned>(std::stoul(rest)));
+  } else if (order == "redraw") {
+    vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
+  } else if (order == "fail" && rest.empty()) {
+    Fail();
+  } else if (order == "fail") {
+    FailWith(std::stoi(rest));
+  } else if (order == "unban") {
+    vask::BanAsserts(false);
+  } else if (order == "tell") {
+    Tell();
+  }
+}
 
 class CStepper : public vask::CTask {
  public:
   void Update() override {
-    if (myFrameRuns) {
+    if (std::exchange(myFrameHasRun, true)) {
       std::cout << "ok" << std::endl;
     }
-    myFrameRuns = false;
-    std::string order;
-    while (!myFrameRuns && std::getline(std::cin, order)) {
-      Obey(order);
+    std::string order, rest;
+    while (std::cin >> order && std::getline(std::cin, rest) && order != "frame") {
+      Obey(order, rest);
+      std::cout << "ok" << std::endl;
     }
     if (!std::cin) {
       vask::CKernel::GetSingletonPtr()->Quit();
@@ -39,22 +97,7 @@ class CStepper : public vask::CTask {
   }
 
  private:
-  void Obey(const std::string& order) {
-    myFrameRuns = order == "frame";
-    if (myFrameRuns) {
-      return;
-    }
-    if (order.starts_with("run ")) {
-      vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(order.substr(4), false);
-    } else if (order.starts_with("advance ")) {
-      theClock->Advance(static_cast<unsigned>(std::stoul(order.substr(8))));
-    } else if (order == "redraw") {
-      vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
-    }
-    std::cout << "ok" << std::endl;
-  }
-
-  bool myFrameRuns = false;
+  bool myFrameHasRun = false;
 };
 
 const vask::CTaskTypeRegistrar<CStepper> theRegistrar("stepper");

@@ -24,10 +24,9 @@ exit 40
 Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
-# A shell cannot catch what whoever started the tests has it ignore.
-def heed_signals():
-    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
-        signal.signal(number, signal.SIG_DFL)
+def install(prefix):
+    subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix], check=True,
+                   stdout=subprocess.DEVNULL, timeout=LIMIT)
 
 
 class Launcher(unittest.TestCase):
@@ -39,34 +38,27 @@ class Launcher(unittest.TestCase):
         self.own = self.home / ".local/share/brumble"
         self.own.mkdir(parents=True)
 
-    # Returns its folder of data.
+    # Installs the game, whose program it replaces; returns its folder of data.
     def install(self, name):
-        prefix = self.folder / name
-        data = prefix / "share/games/brumble/data"
-        data.mkdir(parents=True)
-        (data.parent / "autoexec.txt").touch()
-        launcher = (ROOT / "desktop/launcher.in").read_text()
-        for path, text in (("games/brumble", launcher), ("libexec/brumble/brumble", PROGRAM)):
-            (prefix / path).parent.mkdir(parents=True)
-            (prefix / path).write_text(text)
-            (prefix / path).chmod(0o755)
-        return data
+        install(self.folder / name)
+        (self.folder / name / "libexec/brumble/brumble").write_text(PROGRAM)
+        return self.folder / name / "share/games/brumble/data"
 
     def start(self, *arguments, launcher="prefix/games/brumble", **environment):
+        # A shell cannot catch what whoever started the tests has it ignore.
         process = subprocess.Popen(
-            [launcher, *arguments], cwd=self.folder, text=True, stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE,
-            env={"PATH": os.environ["PATH"], "HOME": self.home, "DISPLAY": ":0", **environment},
-            preexec_fn=heed_signals)
+            ["env", "--default-signal", launcher, *arguments], cwd=self.folder, text=True,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            env={"PATH": os.environ["PATH"], "HOME": self.home, "DISPLAY": ":0", **environment})
         self.addCleanup(process.kill)
         return process
 
-    # Returns what it prints: to the standard error when it fails.
+    # Returns what it prints, or else what it complains about.
     def run_it(self, *arguments, status=40, **how):
         process = self.start(*arguments, **how)
         output, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, status, errors)
-        return output if status in (0, 40) else errors
+        return output or errors
 
     def report(self, **how):
         return Report(*self.run_it(**how).split("\t"))
@@ -82,15 +74,15 @@ class Launcher(unittest.TestCase):
     def test_only_the_launchers_own_links_are_renewed(self):
         other, place, mine = self.install("other"), self.own / "data", self.folder / "my data"
         mine.mkdir()
-        for what, make, expected in (
-                ("a folder", place.mkdir, place),
-                ("a link of the player's", lambda: place.symlink_to(mine), mine),
-                ("one that dangles", lambda: place.symlink_to("nowhere"), self.data),
-                ("one to another installation", lambda: place.symlink_to(other), self.data)):
-            make()
-            self.assertEqual(self.report().data, str(expected), what)
-            self.assertEqual([*other.iterdir(), *mine.iterdir()], [], what)
-            (place.unlink if place.is_symlink() else place.rmdir)()
+        for target, expected in ((mine, mine), ("nowhere", self.data), (other, self.data)):
+            place.symlink_to(target)
+            self.assertEqual(self.report().data, str(expected), target)
+            place.unlink()
+        place.mkdir()
+        self.assertEqual(self.report().data, str(place), "a folder of the player's")
+        for folder in (mine, place):
+            self.assertEqual([*folder.iterdir()], [], folder)
+        self.assertFalse((other / "data").exists())
 
     def test_plays_in_a_temporary_folder_where_it_must(self):
         shutil.rmtree(self.home)
@@ -102,15 +94,13 @@ class Launcher(unittest.TestCase):
             report = Report(*read_line(process.stdout).split("\t"))
             process.send_signal(number)
             process.communicate(timeout=LIMIT)
-            self.assertEqual(process.returncode, 40 + number)
+            self.assertEqual((process.returncode, report.data), (40 + number, str(self.data)))
             self.assertEqual(pathlib.Path(report.folder).parent, temporary, number)
-            self.assertEqual(report.data, str(self.data), number)
             self.assertEqual(list(temporary.iterdir()), [], number)
 
     def test_options(self):
-        self.assertIn("Usage: brumble", self.run_it("--help", status=0))
-        for wrong in (["--fullscreen"], ["--help", "x"], [""]):
-            self.assertIn("Usage: brumble", self.run_it(*wrong, status=2), wrong)
+        for arguments, status in ((["--help"], 0), (["--fullscreen"], 2), (["--help", "x"], 2), ([""], 2)):
+            self.assertIn("Usage: brumble", self.run_it(*arguments, status=status), arguments)
 
     def test_the_environment(self):
         elsewhere, own = str(self.folder / "else where"), str(self.own)
@@ -124,8 +114,7 @@ class Launcher(unittest.TestCase):
 class InstalledGame(unittest.TestCase):
     def test_plays_from_its_prefix(self):
         prefix = self.enterContext(tempfile.TemporaryDirectory(prefix="brumble prefix "))
-        subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix],
-                       check=True, stdout=subprocess.DEVNULL, timeout=LIMIT)
+        install(prefix)
         launcher = f"{prefix}/games/brumble"
         version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
         self.assertEqual(subprocess.check_output([launcher, "--version"], text=True, timeout=LIMIT),

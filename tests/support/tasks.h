@@ -24,19 +24,16 @@ class CDataFolder {
 // Starts the task with parameters as they stand in a script, and returns what the start returns.
 inline bool StartWith(CTask& task, const std::string& params) {
   struct CStart : CConsoleCommand {
-    explicit CStart(CTask& t) : task(t) {}
     std::string Execute(CConsoleParams* values) override {
-      isRunning = task.Start(values);
-      return {};
+      return task->Start(values) ? "running" : "done";
     }
     std::string Execute() override { return {}; }
-    CTask& task;
-    bool isRunning = false;
-  } command(task);
+    CTask* task = nullptr;
+  } command;
+  command.task = &task;
   CConsole console;
   console.AddCommand("start", &command);
-  console.Execute("start(" + params + ")", false);
-  return command.isRunning;
+  return console.Execute("start(" + params + ")", false) == "running";
 }
 
 // Executes each line of a script in the application console.
@@ -50,7 +47,11 @@ inline void RunScript(const std::string& lines) {
 // Whether somebody has asked the kernel to quit: a run of it lasts one frame then.
 inline bool IsQuitting() {
   struct CCounter : CTask {
-    void Update() override { ++updates > 1 ? CKernel::GetSingletonPtr()->Quit() : void(); }
+    void Update() override {
+      if (++updates > 1) {
+        CKernel::GetSingletonPtr()->Quit();
+      }
+    }
     int updates = 0;
   } counter;
   CKernel::GetSingletonPtr()->StartTask(&counter, nullptr);

@@ -17,11 +17,7 @@ inline std::string Chunk(const std::string& mark, const std::string& content) {
 inline std::string Riff(const std::string& chunks) { return Chunk("RIFF", "WAVE" + chunks); }
 
 struct SFormat {
-  unsigned encoding = 1;
-  unsigned channels = 1;
-  unsigned frequency = 11025;
-  unsigned blockSize = 1;
-  unsigned bits = 8;
+  unsigned encoding = 1, channels = 1, frequency = 11025, blockSize = 1, bits = 8;
 };
 
 inline std::string Format(const SFormat& sound = {}) {

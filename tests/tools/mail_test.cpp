@@ -14,10 +14,14 @@ namespace vask {
 namespace {
 
 using namespace std::chrono_literals;
+using Answers = std::vector<std::string>;
 
-// Runs the mail server's script, which describes the arguments, and the client; returns what the
+const std::string kOk = "250 ok\r\n", kGo = "354 go\r\n", kBye = "221 bye\r\n";
+const Answers kGoodHost = {"220 hello\r\n", kOk, kOk, kOk, kGo, kOk, kBye};
+
+// Runs the mail server's script, which describes the answers, and the client; returns what the
 // server got.
-std::string Serve(const std::vector<std::string>& answers, const std::function<void(int)>& client) {
+std::string Serve(const Answers& answers, const std::function<void(int port)>& client) {
   std::string text = test::SourcePath("tests/support/mailserver.py");
   for (const std::string& answer : answers) {
     text += " '" + answer + "'";
@@ -44,22 +48,22 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
   CConsole* console = factory->GetConsole();
   const std::string type = typeid(name).name(), manyX(900, 'x');
   const auto mailed = [&](const std::string& settings) {
-    return Serve({}, [&](int port) {
+    return Serve(kGoodHost, [&](int port) {
       console->Execute("mail_port = " + std::to_string(port) + ";" + settings, false);
       EXPECT_EQ(MailAssertion(assertion, ".\n..two\rthree\r\n" + manyX + "x"), "");
     });
   };
   EXPECT_EQ(mailed("mail_recipient = dev@localhost; mail_sender = \"me@here\""),
-            "localhost me@here ['dev@localhost']\nMIME-Version: 1.0\r\n"
-            "From: Cassert test program <me@here>\r\nTo: dev <dev@localhost>\r\n"
-            "Subject: BUGBUG: Cassert test program\r\n"
+            "HELO localhost\r\nMAIL FROM:me@here\r\nRCPT TO:dev@localhost\r\nDATA\r\n"
+            "MIME-Version: 1.0\r\nFrom: Cassert test program <me@here>\r\n"
+            "To: dev <dev@localhost>\r\nSubject: BUGBUG: Cassert test program\r\n"
             "Content-type: text/plain; charset=US-ASCII\r\n\r\nToo many\r\n\r\n"
             "count < 3 (a.cpp:7)\r\n\r\nconst i count = 3\r\n" +
-                type + " name = h??\r\n\r\n.\r\n..two\r\nthree\r\n" + manyX + "\r\nx\r\n\r\n\r\n");
+                type + " name = h??\r\n\r\n..\r\n...two\r\nthree\r\n" + manyX +
+                "\r\nx\r\n\r\n\r\n.\r\nQUIT\r\nclosed in order");
   testing::internal::CaptureStdout();
-  const std::string got =
-      mailed("mail_recipient = a@b; mail_sender = ; mail_helo = c; mail_host = 127.0.0.1");
-  EXPECT_TRUE(got.starts_with("c brumble@localhost ['a@b']\n")) << got;
+  EXPECT_TRUE(mailed("mail_recipient = a@b; mail_sender = ; mail_helo = c; mail_host = 127.0.0.1")
+                  .starts_with("HELO c\r\nMAIL FROM:brumble@localhost\r\nRCPT TO:a@b\r\n"));
   EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("127.0.0.1\n220 "));
 }
 
@@ -78,8 +82,9 @@ TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
     EXPECT_TRUE(mail.Send("you@b"));
   };
   std::string expected =
-      "here  RCPT TO:all@b me@a ['you@b']\n\r\nMIME-Version: 1.0\r\n"
-      "From: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\nSubject: Sub  .  ject\r\n"
+      "HELO here  RCPT TO:all@b\r\nMAIL FROM:me@a\r\nRCPT TO:you@b\r\nDATA\r\n\r\n"
+      "MIME-Version: 1.0\r\nFrom: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\n"
+      "Subject: Sub  .  ject\r\n"
       "Content-type: multipart/mixed; boundart=\"stringiboundi\"\r\n--stringiboundi\r\n"
       "Content-type: text/plain; charset=\"us-ascii\"\r\n"
       "Content-Transfer-Encoding: quoted-printable\r\nText\r\n\r\n--stringiboundi\r\n"
@@ -89,58 +94,47 @@ TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
   for (int line = 0; line < 100'000; ++line) {
     expected += "aWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlpaWlp\r\n";
   }
-  EXPECT_TRUE(Serve({}, send) == expected + "aQ==\r\n--stringiboundi\r\n");
-}
-
-TEST(Mail, RunsItsExample) {
-  const std::string got = Serve({}, [](int port) {
-    CMail mail;
-    mail.SetHost("127.0.0.1");
-    mail.SetPort(port);
-    mail.SetSender("Test program", "test@example.com");
-    mail.SetSubject("It broke");
-    mail.SetText("This is how");
-    mail.Send("developer@example.com");
-  });
-  EXPECT_TRUE(got.starts_with("localhost test@example.com ['developer@example.com']\n")) << got;
+  expected += "aQ==\r\n--stringiboundi\r\n.\r\nQUIT\r\nclosed in order";
+  EXPECT_TRUE(Serve(kGoodHost, send) == expected);
 }
 
 TEST(Mail, GetsAlongWithBadHosts) {
   constexpr SMailLimits kPatient = {60s, 60s}, kHasty = {2s, 60s};
-  using Answers = std::vector<std::string>;
   // The last reply and the error; a server that gets a whole mail sees a connection end in order.
-  const auto send = [&](const Answers& answers, const SMailLimits& limits) {
+  const auto send = [](const Answers& answers, const SMailLimits& limits) {
     const test::CLogCapture log;
     CMail mail(limits);
-    mail.SetSender("a", "a@b");
-    bool isSent = false;
+    mail.SetHost("localhost");
     const std::string got = Serve(answers, [&](int port) {
       mail.SetPort(port);
       const auto start = std::chrono::steady_clock::now();
-      isSent = mail.Send("dev@localhost");
+      mail.SetSender("Test program", "test@example.com");
+      mail.SetSubject("It broke");
+      mail.SetText("This is how");
+      mail.Send("developer@example.com");
       EXPECT_LT(std::chrono::steady_clock::now() - start, 50s);
     });
-    EXPECT_EQ(isSent, log.Lines().empty());
-    if (isSent) {
+    if (log.Text().empty()) {
       EXPECT_TRUE(got.ends_with("QUIT\r\nclosed in order")) << got;
     }
     return mail.GetReply() + log.Text();
   };
-  const std::string ok = "250 ok\r\n", go = "354 go\r\n", bye = "221 bye\r\n";
   const std::string longLine = "250 " + std::string(5000, 'x') + "\r\n";
   const std::string lost = "Error on sending line: ";
   EXPECT_EQ(send({"", "close"}, kHasty), lost + "HELO localhost\n");
-  EXPECT_EQ(send({ok, ok, "close"}, kPatient), ok + lost + "MAIL FROM:a@b\n");
-  EXPECT_EQ(send({ok, ok, ok, ok, go + "close"}, kPatient), go + lost + ".\n");
+  EXPECT_EQ(send({kOk, kOk, "close"}, kPatient), kOk + lost + "MAIL FROM:test@example.com\n");
+  EXPECT_EQ(send({kOk, kOk, kOk, kOk, kGo + "close"}, kPatient), kGo + lost + ".\n");
   EXPECT_EQ(send({"", "hang"}, kHasty), lost + "HELO localhost\n");
-  EXPECT_EQ(send({ok, ok, "drip"}, kHasty).substr(0, 1), "2");
-  EXPECT_EQ(send({ok, ok, "drip"}, {60s, 2s}).substr(0, 1), "2");
+  EXPECT_EQ(send({kOk, kOk, "drip"}, kHasty).substr(0, 1), "2");
+  EXPECT_EQ(send({kOk, kOk, "drip"}, {60s, 2s}).substr(0, 1), "2");
   EXPECT_EQ(send(Answers(4 + 9 + 2 + 1, "500 no\r\n"), kPatient), "500 no\r\n") << "to each line";
-  EXPECT_EQ(send({ok, "250-a\r\n2\r\n", "250-a\r\n250 c\r\n", ok, go, ok, bye}, kPatient), bye);
-  EXPECT_EQ(send({"", ok + ok, ok, ok, go, ok, bye}, kHasty), ok) << "greets late";
-  EXPECT_EQ(send({longLine, ok, ok, ok, go, ok, longLine}, kPatient), longLine.substr(0, 1024));
-  EXPECT_EQ(send({ok, ok, ok, ok, go, ok, bye, "hang"}, kHasty), bye);
-  EXPECT_EQ(send({ok, ok, ok, ok, go, ok, "hang"}, kHasty), ok + lost + "QUIT\n");
+  EXPECT_EQ(send({kOk, "250-a\r\n2\r\n", "250-a\r\n250 c\r\n", kOk, kGo, kOk, kBye}, kPatient),
+            kBye);
+  EXPECT_EQ(send({"", kOk + kOk, kOk, kOk, kGo, kOk, kBye}, kHasty), kOk) << "greets late";
+  EXPECT_EQ(send({longLine, kOk, kOk, kOk, kGo, kOk, longLine}, kPatient),
+            longLine.substr(0, 1024));
+  EXPECT_EQ(send({kOk, kOk, kOk, kOk, kGo, kOk, kBye, "hang"}, kHasty), kBye);
+  EXPECT_EQ(send({kOk, kOk, kOk, kOk, kGo, kOk, "hang"}, kHasty), kOk + lost + "QUIT\n");
 }
 
 TEST(Mail, SaysWhyItConnectsNowhere) {
@@ -150,14 +144,13 @@ TEST(Mail, SaysWhyItConnectsNowhere) {
     mail.SetPort(1);  // nobody listens there
     mail.SetSender("a", sender);
     EXPECT_FALSE(mail.Send(recipient));
-    EXPECT_TRUE(log.Text().starts_with(mail.GetError()));
     EXPECT_EQ(mail.GetError().find("DATA"), std::string::npos) << "after the first line";
     return log.Text();
   };
-  const std::string good = "a@127.9.9.9";
+  const std::string good = "a@127.9.9.9", invalid = " is not a valid email address\n";
   for (const char* bad : {"nobody", "", "a b@c", "<a@b", "a@b>", "a@b\r\nDATA", "a@\x7F"}) {
-    EXPECT_TRUE(complaint(bad, good).starts_with("The email address ")) << bad;
-    EXPECT_TRUE(complaint(good, bad).ends_with(" is not a valid email address\n")) << bad;
+    EXPECT_TRUE(complaint(bad, good).ends_with(invalid)) << bad;
+    EXPECT_TRUE(complaint(good, bad).ends_with(invalid)) << bad;
   }
   EXPECT_EQ(complaint(good, good), "Error couldn't connect to host 127.9.9.9 \n");
   EXPECT_EQ(complaint("a@b@", good), "Error couldn't connect to host b@ \n");

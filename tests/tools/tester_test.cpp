@@ -13,22 +13,19 @@
 namespace vask::tester {
 namespace {
 
-// The report, each line after the digit of its level; blocks are "(" and ")".
+// The report, each line after its level; blocks have levels of their own.
 std::string Report(CTester& tester) {
   const test::CLogCapture log;
   tester.RunAll();
   std::string report;
   for (const auto& line : log.Lines()) {
-    if (line.level < 0) {
-      report += line.level == kLogBlockBegin ? "(" : ")";
-    } else {
-      report += std::to_string(line.level) + line.text + "\n";
-    }
+    report += std::to_string(line.level) + line.text + "\n";
   }
   return report;
 }
 
-int Sum(int a, int b) { return a + b; }
+int ourError = 0;
+int Sum(int a, int b) { return a + b + ourError; }
 
 bool TestSum(STest& test) {
   VASK_TEST_ASSERT(test, Sum(2, 2) == 4, "2 and 2 are not 4");
@@ -36,28 +33,24 @@ bool TestSum(STest& test) {
 }
 const CTestRegistrar registrar(&TestSum, "Sum", __FILE__);
 
-const std::string kRule = "1------------------------------------------------------------------ \n";
-
 TEST(Tester, ReportsEachTestAndTheOutcome) {
   CTester tester;
-  EXPECT_EQ(Report(tester), "1Vask tester...\n" + kRule + "()" + kRule + "1All tests OK\n1\n");
-  const auto refuse = [](STest& test) {
-    VASK_TEST_ASSERT(test, 1 + 1 == 3, "two\nlines");
-    return false;
-  };
-  const auto fling = [](STest&) -> bool { throw std::runtime_error("thrown"); };
-  tester.Register([](STest&) { return false; }, "good", "good.cpp");
-  tester.Register(refuse, "bad", "bad.cpp");
-  tester.Register(fling, "thrower", "thrower.cpp");
-  tester.Register([](STest&) { return true; }, "mute", "mute.cpp");
-  const auto failed = [](const std::string& name, const std::string& what) {
-    return "3" + name + " FAILED!\n3 in the file " + name +
-           ".cpp.\n3 on the following test assert: " + what + "\n";
-  };
-  EXPECT_EQ(Report(tester), "1Vask tester...\n" + kRule + "(1good [OK]\n" +
-                                failed("bad", "1 + 1 == 3\n3two lines") +
-                                failed("thrower", "no exception\n3thrown") + failed("mute", "\n3") +
-                                ")" + kRule + "3Some of the tests failed miserably\n1\n");
+  tester.Register(&TestSum, "sum", "a.cpp");
+  const std::string rule = "1" + std::string(66, '-') + " \n";
+  const std::string begin = "1Vask tester...\n" + rule + "-2\n", end = "-1\n" + rule;
+  EXPECT_EQ(Report(tester), begin + "1sum [OK]\n" + end + "1All tests OK\n1\n");
+  ourError = 1;
+  tester.Register([](STest&) { return false; }, "good", "b.cpp");
+  tester.Register([](STest&) -> bool { throw std::runtime_error("a\nb"); }, "thrower", "c.cpp");
+  tester.Register([](STest&) { return true; }, "mute", "d.cpp");
+  const std::string report = Report(tester);
+  ourError = 0;
+  const std::string onAssert = "3 on the following test assert: ";
+  EXPECT_EQ(report, begin + "3sum FAILED!\n3 in the file a.cpp.\n" + onAssert +
+                        "Sum(2, 2) == 4\n32 and 2 are not 4\n1good [OK]\n"
+                        "3thrower FAILED!\n3 in the file c.cpp.\n" +
+                        onAssert + "no exception\n3a b\n3mute FAILED!\n3 in the file d.cpp.\n" +
+                        onAssert + "\n3\n" + end + "3Some of the tests failed miserably\n1\n");
 }
 
 // The self-tests that the program ships, started as a user starts them.
@@ -66,10 +59,9 @@ TEST(Tester, TheTaskRunsTheSelfTestsAndLeavesNoTrace) {
   const auto* installed = &*GetGlobalTimerImpl();
   CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
   console.SetVariable("a", "before");
-  for (const char* name : {"first", "second"}) {
+  for (const std::string name : {"first", "second"}) {
     const test::CLogCapture log;
-    EXPECT_EQ(console.Execute("starttask(unittest, " + std::string(name) + ")", false),
-              std::string(name) + " started");
+    EXPECT_EQ(console.Execute("starttask(unittest, " + name + ")", false), name + " started");
     EXPECT_TRUE(log.Has("All tests OK")) << log.Text();
     EXPECT_EQ(log.Count(" [OK]"), 7U + 1U) << log.Text();
     EXPECT_TRUE(log.Has("Sum [OK]"));

@@ -7,12 +7,6 @@ STEP = 0.030  # seconds between two looks
 REACTION = 0.035  # seconds between a pointer motion and its effect
 
 
-# Where the pointer has to be for the monster to be wanted at a place, both in pixels.
-def pointer_for(place):
-    x, y = (place[0] - 113) / 0.71375, (place[1] - 20) / 0.93333334
-    return min(max(x, 0), 799), min(max(y, 0), 599)
-
-
 # Presses the kitten steadily from the lower right, up the left wall and into the oven.
 class Pilot:
     def __init__(self, game):
@@ -28,7 +22,7 @@ class Pilot:
         began = self.game.now()
         picture = self.game.picture()
         self._look(find_kitten(picture), began)
-        self.game.point_at(*pointer_for(self._aim(self.game.now())))
+        self.game.steer(*self._aim(self.game.now()))
         self.game.let_pass(max(0.0, STEP - (self.game.now() - began)))
         return picture
 

@@ -1,48 +1,17 @@
-"""The screens, the focus, and the use of the processor."""
+"""What the focus changes, and the use of the processor."""
 import time
 
-from case import GameTest, for_each
-from display import wait_for
-from library import libraries
-
-
-class Screens(GameTest):
-    @for_each(library=libraries)
-    def test_title_help_play(self, library):
-        screen, game = self.start(environment=library)
-        game.wait_for_title()
-        self.assertTrue(screen.cursor_is_visible(), "the title shows the cursor")
-        game.click(3)
-        game.settle()
-        self.assertTrue(game.shows("title_screen"), "a right click changes nothing")
-        game.click()
-        game.wait_for_picture("help_screen")
-        game.wait_for_sprite("help_bubbles")
-        self.assertTrue(screen.cursor_is_visible(), "help shows the cursor")
-        game.click()
-        game.wait_for_cursor(False)
-        game.wait_for_picture("background")
-        game.close_window()
-        self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
-        self.assertNotIn("Gfx::FreeImage()", game.log())
+from case import GameTest
 
 
 class Focus(GameTest):
-    def test_losing_the_focus_freezes_play_and_coming_back_starts_nothing(self):
+    def test_play_stands_still_without_the_focus(self):
         screen, game = self.start()
-        game.wait_for_title()
-        other = screen.open_other()
-        screen.focus(other)
-        game.settle()
-        screen.focus(game.window)
-        game.settle()
-        self.assertTrue(game.shows("title_screen", 0.9))
-        self.assertFalse(screen.cursor_is_visible(), "coming back hides the cursor anywhere")
         game.start_playing()
         # The cursor is part of the picture where it shows: keep it outside the window.
         screen.move_pointer(5, 5)
         game.wait_for_kitten()
-        screen.focus(other)
+        screen.focus(screen.open_other())
         game.wait_for_cursor(True)
         game.wait_for_sprite("paused")
         game.settle()
@@ -53,7 +22,7 @@ class Focus(GameTest):
         game.point_at(20, 20)
         game.wait_for_cursor(False)
         above_sign = slice(0, 226)
-        wait_for(lambda: (frozen[above_sign] != game.picture()[above_sign]).any(), "a moving world")
+        game.wait_for(lambda: (frozen[above_sign] != game.picture()[above_sign]).any(), "motion")
 
 
 # A program that never rests takes a whole core. Neither bound depends on how fast or busy the

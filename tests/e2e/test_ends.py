@@ -1,0 +1,70 @@
+"""How the program ends: with its window or display, or for want of one, of a script or of memory."""
+from case import GameTest, libraries
+from game import Game
+
+
+# Every place that asks for memory lacks it once, each in a copy of the process.
+class Starved(Game):
+    PROGRAM = "brumble_starved"
+
+
+class Ends(GameTest):
+    def test_in_play_with_the_window_or_the_server(self):
+        lost = "The connection to the display is lost"
+        for library in libraries():
+            for end, status, error in ((self.close_window, 0, ""), (self.kill_window, 1, lost),
+                                       (self.kill_server, 1, lost)):
+                with self.subTest(end=end, library=library):
+                    _, game = self.start(environment=library)
+                    game.start_playing()
+                    game.wait_for_cursor(False)
+                    end()
+                    game.wait_for_end(status)
+                    self.assertIn(error, game.standard_error())
+                    self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
+                    self.assertNotIn("Gfx::FreeImage()", game.log())
+
+    def close_window(self):
+        self.screen.close_window(self.game.window)
+
+    def kill_window(self):
+        self.game.window.kill_client()
+        self.screen.sync()
+
+    def kill_server(self):
+        self.screen.server.kill()
+
+    def test_without_a_display_a_line_tells_what_was_tried(self):
+        for tried, environment in (("x11", {}), ("wayland", {"WAYLAND_DISPLAY": "none"})):
+            environment["XDG_RUNTIME_DIR"] = "/"
+            for library in libraries():
+                with self.subTest(tried=tried, library=library), \
+                        Game(build="asan", environment={**environment, **library}) as game:
+                    game.wait_for_end()
+                    reason = f"{tried} not available"
+                    if game.has_classic_sdl():
+                        reason = "No available video device"
+                    line = f"There is no display to open the window on ({reason}); the program ends.\n"
+                    self.assertEqual(game.standard_error(), line)
+                    self.assertIn(line, game.log())
+
+    def test_without_a_script_it_does_so_at_once(self):
+        with Game(build="asan", prepare=lambda r: (r / "autoexec.txt").unlink()) as game:
+            game.wait_for_end()
+            self.assertIn("New log created on", game.log())
+            self.assertEqual(game.standard_error(), "")
+
+    def test_hostile_lines_do_not_hinder_it(self):
+        _, game = self.start(build="asan", lines="load(autoexec.txt)\nnobody::nothing(1, 2)\n(((((\n"
+                             + "a=" * 500_000 + "1\n" + "x" * 1_000_000 + "\nquit")
+        game.wait_for_end()
+        self.assertIn("nobody", game.log())
+
+    def test_without_memory_it_does_so_in_order(self):
+        with Starved(lines="quit", environment={"SDL_VIDEODRIVER": "dummy"}) as game:
+            output = game.process.stdout.read().decode()
+            game.wait_for_end()
+            self.assertRegex(output, r"\A\d{3,} places, 0 faults\n\Z")
+            print(output, end="")
+            self.assertEqual(game.log().count("<!> There is no memory left; the program ends.\n"),
+                             int(output.split()[0]))
