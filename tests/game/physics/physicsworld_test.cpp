@@ -23,31 +23,22 @@ class CPhysicsWorldPeer {
 namespace {
 
 // Writes what it is told into the log, each entry headed by the number it was born with.
-class CLoggingBridge : public IPhysicsGfxBridge {
- public:
-  CLoggingBridge(int number, std::string& log) : myNumber(number), myLog(log) {
-    myHealth = 3000.0F;
-  }
-  ~CLoggingBridge() override { Add("gone"); }
-
+struct SLoggingBridge : IPhysicsGfxBridge {
+  SLoggingBridge(int n, std::string& l) : number(n), log(l) { myHealth = 3000.0F; }
+  ~SLoggingBridge() override { Add("gone"); }
   void Update(float, float, float, float, float, int, int) override { Add("update"); }
   int SetIndex(int index) override {
     Add("index " + std::to_string(index));
     return index;
   }
-  void OnImpact(float impulseSquared, IPhysicsGfxBridge* other) override {
-    Add("hit by " + std::to_string(other->GetIndex()) + " with " +
-        std::to_string(std::lround(std::sqrt(impulseSquared) * 100.0F)));
-  }
-  int GetIndex() const override { return myNumber; }
+  void OnImpact(float, IPhysicsGfxBridge*) override { Add("hit"); }
+  int GetIndex() const override { return number; }
   void SetAngularVelocity(float) override { Add("spin"); }
   void OnDamaged() override { Add("damaged"); }
+  void Add(const std::string& what) { log += std::to_string(number) + " " + what + "; "; }
 
- private:
-  void Add(const std::string& what) { myLog += std::to_string(myNumber) + " " + what + "; "; }
-
-  int myNumber;
-  std::string& myLog;
+  int number;
+  std::string& log;
 };
 
 // A world with the arena built, as if the process had just begun. What becomes of it goes into the
@@ -63,7 +54,7 @@ class CWorldTest : public testing::Test,
   }
   ~CWorldTest() override { WorldState() = {}; }
   std::unique_ptr<IPhysicsGfxBridge> Create() override {
-    return std::make_unique<CLoggingBridge>(myBorn++, myLog);
+    return std::make_unique<SLoggingBridge>(myBorn++, myLog);
   }
   void OnDoorOpened() override { myLog += "opened; "; }
   void OnDoorClosed() override { myLog += "closed; "; }
