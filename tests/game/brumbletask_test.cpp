@@ -163,20 +163,12 @@ TEST_F(TaskTest, TheCastStandsStillWhileTheGameDoes) {
   EXPECT_TRUE(ReadScores().empty()) << "there was an extra kitten";
 }
 
-// It lies on the shelf between the right wall's top and the shaft.
-TEST_F(TaskTest, AKittenThatRestsOutOfReachIsPushed) {
-  StartGame();
-  Frame(601);
-  CPhysicsBody& kitten = Bodies().at(8);
-  kitten.x = 59.4F;
-  kitten.y = -62.5F;
-  kitten.angle = 0.02F;
-  unsigned time = 0;
-  for (; time < 9000 && kitten.vx > -20.0F; time += 20) {
-    Frame(20);
-  }
-  EXPECT_NEAR(time, 8000, 300);
-  EXPECT_EQ(std::pair(kitten.vx, kitten.vy), std::pair(-20.0F, -20.0F));
+TEST_F(TaskTest, ThePlayPushesTheKittenThatTheRulesName) {
+  CPlay play;
+  play.Start(play.NextStart(1));
+  const int kitten = play.SpawnKitten();
+  play.PushKitten(kitten, kPushVelocity);
+  EXPECT_EQ(play.GetWorld().GetBodies().back().vx, kPushVelocity.x);
 }
 
 }  // namespace

