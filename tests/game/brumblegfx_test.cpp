@@ -3,6 +3,8 @@
 #include "game/game_support.h"
 #include "game/gamelogic.h"
 #include "game/gfxfactory.h"
+#include "game/physics/arena.h"
+#include "gfx/animation/animatedsprite.h"
 
 namespace brumble {
 namespace {
@@ -64,22 +66,28 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   EXPECT_EQ(bridge.SetIndex(9), 8);
   EXPECT_EQ(logic.GetRecord(8), nullptr);
   const CKittenRecord& record = *logic.GetRecord(9);
-  Report(4.0F, 5.0F);
   CBrumbleGfx wall(&logic);
   wall.SetIndex(3);
   bridge.OnImpact(1.0F, &wall);
   bridge.OnImpact(1.0F, nullptr);
   EXPECT_EQ(record.myTouches, (std::vector<int>{3, 0}));
-  EXPECT_EQ(std::pair(record.myPosition.x, record.myPosition.y), std::pair(4.0F, 5.0F));
-  const auto lastHealth = [&](float spin, float health) {
-    bridge.SetAngularVelocity(spin);
+  bridge.SetAngularVelocity(-10.0F);
+  for (const auto& [health, told] : {std::pair{9.0F, 3000.0F}, {10.0F, 10.0F}}) {
     bridge.myHealth = health;
     bridge.OnDamaged();
-    return record.myLastHealth;
-  };
-  EXPECT_EQ(lastHealth(-10, 9), 3000.0F) << "bald and slow: the rules are not told";
-  EXPECT_EQ(lastHealth(-10, 10), 10.0F);
-  EXPECT_EQ(lastHealth(-10.1F, -20), -20.0F);
+    EXPECT_EQ(record.myLastHealth, told) << "when bald and slow, the rules are not told";
+  }
+}
+
+TEST_F(BridgeTest, TheMonsterShowsWhatItHits) {
+  CBrumbleGfx monster(&logic);
+  monster.SetIndex(kMonsterIndex);
+  monster.Update(0, 0, 0, 5, 5, 0, 0);
+  auto& sprite = dynamic_cast<vask::CAnimatedSprite&>(*monster.GetSprite());
+  monster.OnImpact(1.0F, nullptr);
+  EXPECT_EQ(sprite.GetAnimationName(), "idle");
+  monster.OnImpact(1.0F, &bridge);
+  EXPECT_EQ(sprite.GetAnimationName(), "hit");
 }
 
 }  // namespace

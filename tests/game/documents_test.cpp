@@ -24,9 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadAll(const fs::path& file) {
-  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
-}
 std::string Written(const std::string& file) {
   std::ostringstream text;
   vask::WriteXml(*vask::ReadXmlFile(file), text);
@@ -76,7 +73,8 @@ TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   std::vector<std::string> names = console.GetCommandNames();
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
-  const std::string page = ReadAll(vask::test::SourcePath("docs/console.md"));
+  std::ifstream file(vask::test::SourcePath("docs/console.md"));
+  const std::string page((std::istreambuf_iterator<char>(file)), {});
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
   }

@@ -1,34 +1,48 @@
 #pragma once
 
+#include "console/console.h"
+#include "events/eventbridge.h"
+#include "game/brumbletask.h"
+#include "game/brumbletaskimpl.h"
 #include "game/deathtoasprite.h"
 #include "game/gamestate.h"
 #include "game/physics/screentransform.h"
 #include "game/replayfiles.h"
+#include "game/scores.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
+#include "input/buttons.h"
+#include "input/mouse.h"
+#include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
+#include "platform/wallclock.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/paths.h"
+#include "utils/assert.h"
 #include "utils/timer/globalapptimer.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace brumble::test {
 
-// Makes pictures of 40 x 40 pixels, whatever is in their file, and counts how many of them live.
+// Makes pictures of 40 x 40 pixels, whatever is in their file. Counts those that live.
 class CFakePictures : public vask::CGfxFactory {
  public:
   using IPixel = vask::IPixel;
   IPixel* NewBuffer(int w, int h, const vask::CColor&) override { return NewBuffer(w, h); }
   IPixel* NewBuffer(int w, int h) override { return new CPicture(*this, w, h); }
   IPixel* NewBuffer(IPixel*) override { return NewBuffer(40, 40); }
-  IPixel* LoadImage(const std::string&, const vask::CColor&) override { return NewBuffer(40, 40); }
+  IPixel* LoadImage(const std::string& file, const vask::CColor&) override {
+    loaded.insert(file);
+    return NewBuffer(40, 40);
+  }
   IPixel* Reserved() override { return nullptr; }
   void FreeImage(IPixel* image) override {
     if (!image->IsStatic()) {
@@ -37,6 +51,7 @@ class CFakePictures : public vask::CGfxFactory {
   }
 
   int alive = 0;
+  std::set<std::string> loaded;
 
  private:
   struct CPicture : vask::CPixelNull {
@@ -129,6 +144,40 @@ class GameTest : public ::testing::Test {
   CFakePictures pictures;
   CFakeAudio& audio = CFakeAudio::Get();
   vask::test::CLogCapture log;
+};
+
+// The task of the game, from its title on.
+class GameTaskTest : public GameTest {
+ protected:
+  GameTaskTest() { vask::SetAssertHandler(nullptr); }  // it would ask on a display
+  ~GameTaskTest() override {
+    task.Exit();
+    vask::platform::SetWallClock(nullptr);
+    std::filesystem::remove(kScoresFile);
+  }
+
+  static void Click(int button = vask::kLeftButton) {
+    vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button);
+  }
+  static std::string Line(const std::string& line) {
+    return vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+  }
+  void Frame(unsigned milliseconds) {
+    Pass(milliseconds);
+    task.Update();
+  }
+  void StartGame(const std::string& line = "") {
+    task.Start();
+    Line(line);
+    Click();
+    Click();
+  }
+  CBrumbleTaskImpl& Impl() const { return *task.GetImpl(); }
+  std::vector<CPhysicsBody>& Bodies() const {
+    return const_cast<std::vector<CPhysicsBody>&>(Impl().GetWorld().GetBodies());
+  }
+
+  CBrumbleTask task;
 };
 
 }  // namespace brumble::test

@@ -20,9 +20,7 @@ namespace {
 SScore Score(int points) { return {points, "2026-11-25", "-", ""}; }
 
 std::string FileText() {
-  std::ostringstream text;
-  text << std::ifstream(kScoresFile).rdbuf();
-  return text.str();
+  return (std::ostringstream() << std::ifstream(kScoresFile).rdbuf()).str();
 }
 
 class Scores : public ::testing::Test {
@@ -44,8 +42,8 @@ TEST_F(Scores, AreKeptBestFirstAndAfterEqualOnes) {
 }
 
 TEST_F(Scores, OnlyTheTenBestAreKept) {
-  for (int points = 1; points <= 10; ++points) {
-    EXPECT_EQ(EnterScore(Score(10 * points)), 1);
+  for (int points = 10; points <= 100; points += 10) {
+    EXPECT_EQ(EnterScore(Score(points)), 1);
   }
   EXPECT_EQ(EnterScore(Score(10)), 0) << "as good as the last one, but later";
   EXPECT_EQ(EnterScore(Score(11)), 10);
@@ -70,26 +68,23 @@ TEST_F(Scores, FileThatCannotBeWrittenIsReportedAndLeftAsItIs) {
     EXPECT_EQ(EnterScore(Score(200)), 1);
   }
   EXPECT_TRUE(log.Has("Scores: scores.txt can't be written"));
-  const rlimit fullDisk = {.rlim_cur = 5, .rlim_max = RLIM_INFINITY};
-  const rlimit roomyDisk = {.rlim_cur = RLIM_INFINITY, .rlim_max = RLIM_INFINITY};
+  rlimit disk = {.rlim_cur = 5, .rlim_max = RLIM_INFINITY};  // it is full
   signal(SIGXFSZ, SIG_IGN);
-  setrlimit(RLIMIT_FSIZE, &fullDisk);
+  setrlimit(RLIMIT_FSIZE, &disk);
   EXPECT_EQ(EnterScore(Score(300)), 1);
-  setrlimit(RLIMIT_FSIZE, &roomyDisk);
+  disk.rlim_cur = RLIM_INFINITY;
+  setrlimit(RLIMIT_FSIZE, &disk);
   EXPECT_EQ(log.Lines().size(), 2U);
   EXPECT_EQ(FileText(), "100 2026-11-25 -\n");
 }
 
 TEST_F(Scores, OfTwoWritersAtOnceNoneIsLost) {
-  const auto enterFive = [] {
+  for (int round = 0; round < 5; ++round) {
+    std::filesystem::remove(kScoresFile);
+    const pid_t other = fork();
     for (int points = 1; points <= 5; ++points) {
       EnterScore(Score(points));
     }
-  };
-  for (int round = 0; round < 20; ++round) {
-    std::filesystem::remove(kScoresFile);
-    const pid_t other = fork();
-    enterFive();
     if (other == 0) {
       _exit(0);
     }

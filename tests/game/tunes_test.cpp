@@ -17,11 +17,11 @@ class Tunes : public test::GameTest {
     return audio.played;
   }
 
-  vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   CTunes tunes;
 };
 
 TEST_F(Tunes, FadeOutBeforeTheNextOneFadesIn) {
+  vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   console.SetVariable("game_music_title", "music/title.ogg");
   console.SetVariable("game_music_play", "\"music/play.ogg\"");
   console.SetVariable("game_music_last", "");
