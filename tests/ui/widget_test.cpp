@@ -84,6 +84,10 @@ TEST(Layout, EvaluatesExpressionsOverBothRectangles) {
   EXPECT_EQ(far.Evaluate(own, &parent), (Rect{408, -15, 299, 66}));
   const SLayout self{"this.w", "this.h", "this.x + this.x", "this.y"};
   EXPECT_EQ(self.Evaluate(own, &parent), (Rect{8, 9, 34, 27}));
+  const SLayout signs{"-parent.y", "9 - parent.y", "(9)parent.y", "sqrt(9) * (parent.y)"};
+  EXPECT_EQ(signs.Evaluate(own, &parent), (Rect{0, 14, 4, -15})) << "as -5 is read in their place";
+  const SLayout few{"3 4", "parent.w * 2 -", "+ 1", "this.w this.h - 9 /"};
+  EXPECT_EQ(few.Evaluate(own, &parent), (Rect{4, -663, 1, 7})) << "what is left over is used";
   const SLayout odd{"parent.x + 10", "9 ^ 99", "0 - 9 ^ 99", "sqrt(0-1)"};
   EXPECT_EQ(odd.Evaluate(own, nullptr), (Rect{10, INT_MAX, INT_MIN, 0}));
 }
