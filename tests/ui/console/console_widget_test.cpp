@@ -62,6 +62,19 @@ TEST_F(LogView, MeasuresLinesByTheirBreaks) {
   EXPECT_EQ(HeightOf(std::string(400, 'a'), 60), 204) << "cut";
 }
 
+TEST_F(LogView, KnowsItsHeightAtEachWidth) {
+  const auto lines = {"a\tb c\n", "", "ab\nc\n", "one two six\n", "x ", "a b", "a \n"};
+  std::ranges::for_each(lines, [&](const char* line) { Log(line); });
+  for (const int width : {36, 90, 42, 60, 61, 37, 200, 36}) {
+    int expected = 0;
+    for (const char* line : lines) {
+      expected += std::max(myFont.Write(nullptr, line, {0, 0, width, 200}).y, 1);
+    }
+    myLog.Draw(nullptr, {0, 0, width, 20}, false);
+    EXPECT_EQ(myLog.GetTextHeight(), expected) << width;
+  }
+}
+
 TEST_F(LogView, PaintsOnlyWhatHasChanged) {
   Log("a\n");
   Log("b\n");
