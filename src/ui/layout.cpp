@@ -1,7 +1,5 @@
 #include "ui/layout.h"
 
-#include "ui/geometry.h"
-#include "utils/calculator/calculator.h"
 #include "utils/trim.h"
 
 #include <charconv>
@@ -33,43 +31,21 @@ int ReadInteger(std::string_view text) {
   return value;
 }
 
-void ReplaceAll(std::string& text, std::string_view name, int value) {
-  const std::string number = std::to_string(value);
-  for (auto at = text.find(name); at != std::string::npos; at = text.find(name, at)) {
-    text.replace(at, name.size(), number);
-    at += number.size();
-  }
-}
-
-void ReplaceNames(std::string& text, const std::string& owner, const CRect<int>& rect) {
-  ReplaceAll(text, owner + ".x", rect.x);
-  ReplaceAll(text, owner + ".y", rect.y);
-  ReplaceAll(text, owner + ".w", rect.w);
-  ReplaceAll(text, owner + ".h", rect.h);
-}
-
-int EvaluateText(std::string text, const CRect<int>& own, const CRect<int>* parent) {
-  static auto* const calculator = new CCalculator<double>;  // to the end of the process
-  if (parent != nullptr) {
-    ReplaceNames(text, "parent", *parent);
-  }
-  ReplaceNames(text, "this", own);
-  return ToPixels(calculator->Calculate(text));
-}
-
 }  // namespace
 
 bool SLayout::IsPlain() const {
-  return IsPlainNumber(x) && IsPlainNumber(y) && IsPlainNumber(width) && IsPlainNumber(height);
+  return IsPlainNumber(x.GetText()) && IsPlainNumber(y.GetText()) &&
+         IsPlainNumber(width.GetText()) && IsPlainNumber(height.GetText());
 }
 
 CRect<int> SLayout::ToRect() const {
-  return {ReadInteger(x), ReadInteger(y), ReadInteger(width), ReadInteger(height)};
+  return {ReadInteger(x.GetText()), ReadInteger(y.GetText()), ReadInteger(width.GetText()),
+          ReadInteger(height.GetText())};
 }
 
 CRect<int> SLayout::Evaluate(const CRect<int>& own, const CRect<int>* parent) const {
-  return {EvaluateText(x, own, parent), EvaluateText(y, own, parent),
-          EvaluateText(width, own, parent), EvaluateText(height, own, parent)};
+  return {x.Evaluate(own, parent), y.Evaluate(own, parent), width.Evaluate(own, parent),
+          height.Evaluate(own, parent)};
 }
 
 }  // namespace vask::ui

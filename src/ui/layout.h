@@ -1,8 +1,7 @@
 #pragma once
 
+#include "ui/layoutexpression.h"
 #include "utils/rect.h"
-
-#include <string>
 
 namespace vask::ui {
 
@@ -10,10 +9,10 @@ namespace vask::ui {
 // "parent.w", "parent.h" and the same of "this", such as "parent.x + parent.w - 25", for the
 // calculator to evaluate.
 struct SLayout {
-  std::string x;
-  std::string y;
-  std::string width;
-  std::string height;
+  CLayoutExpression x;
+  CLayoutExpression y;
+  CLayoutExpression width;
+  CLayoutExpression height;
 
   // Whether all four are numbers, with or without a sign, so that nothing need be evaluated again.
   bool IsPlain() const;

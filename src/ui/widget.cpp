@@ -6,6 +6,7 @@
 #include "utils/assert.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vask::ui {
 namespace {
@@ -345,13 +346,13 @@ void CWidget::RaiseToTop(CWidget* widget) {
 
 void CWidget::SetLayout(const std::string& x, const std::string& y, const std::string& width,
                         const std::string& height) {
-  const SLayout layout{x, y, width, height};
+  SLayout layout{x, y, width, height};
   if (layout.IsPlain()) {
     myLayout.reset();
     SetRect(layout.ToRect());
     return;
   }
-  myLayout = std::make_unique<SLayout>(layout);
+  myLayout = std::make_unique<SLayout>(std::move(layout));
   SetRect(EvaluateLayout());
 }
 

@@ -66,6 +66,16 @@ TEST(Layout, IsPlainWhenAllFourAreNumbers) {
   }
 }
 
+TEST(Layout, EvaluatesExpressionsAsTheCalculatorReadsTheirTexts) {
+  const Rect own{17, 27, 8, 9}, parent{100, -5, 333, 200};
+  const SLayout signs{"-parent.y", "9 - parent.y", "(9)parent.y", "sqrt(9) * (parent.y)"};
+  EXPECT_EQ(signs.Evaluate(own, &parent), (Rect{0, 14, 4, -15})) << "as -5 is read in their place";
+  const SLayout few{"3 4", "parent.w * 2 -", "+ 1", "this.w this.h - 9 /"};
+  EXPECT_EQ(few.Evaluate(own, &parent), (Rect{4, -663, 1, 7})) << "what is left over is used";
+  const SLayout odd{"parent.x + 10", "9 ^ 99", "this.h / 0", "parent.w * 0.9 - 9"};
+  EXPECT_EQ(odd.Evaluate(own, nullptr), (Rect{10, INT_MAX, 0, -9}));
+}
+
 TEST_F(Widget, FollowsItsLayoutUntilNumbersReplaceIt) {
   CSpy* window = myRoot.get();
   window->SetRect({100, 50, 200, 100});

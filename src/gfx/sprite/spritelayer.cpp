@@ -59,6 +59,7 @@ bool CSpriteLayer::Draw(CSprite* canvas) {
   if (myDepthMark > std::numeric_limits<int>::min()) {
     --myDepthMark;
   }
+  myLiftedCount = 0;
   return drew;
 }
 
@@ -117,31 +118,41 @@ CSprite* CSpriteLayer::GetCanvas() const {
 
 void CSpriteLayer::Detach(CSprite* sprite) {
   RestoreDownTo(sprite);
+  const std::vector<CSprite*>& children = myChildren.Items();
+  const auto position = std::find(children.begin(), children.end(), sprite) - children.begin();
+  if (static_cast<std::size_t>(position) < myLiftedCount) {
+    --myLiftedCount;
+  }
   myChildren.Remove(sprite);
 }
 
 void CSpriteLayer::RestoreDownTo(CSprite* sprite) {
   MarkChanged();
-  CSprite* canvas = GetCanvas();
-  for (CSprite* child : myChildren.Items()) {
-    child->CheckOverlap(canvas);
-    if (child == sprite) {
-      break;
+  if (CSprite* canvas = GetCanvas()) {
+    while (sprite->myDirtyState != kOffCanvas && myLiftedCount < myChildren.Size()) {
+      LiftNext(canvas);
     }
   }
   RaiseDepthMark(sprite->myZ);
 }
 
+// One that is empty or beside the canvas counts as taken off, too: there is nothing to restore.
+void CSpriteLayer::LiftNext(CSprite* canvas) {
+  CSprite* child = myChildren.Items()[myLiftedCount++];
+  child->CheckOverlap(canvas);
+  child->myDirtyState = kOffCanvas;
+}
+
 void CSpriteLayer::InsertByDepth(CSprite* sprite) {
   MarkChanged();
-  CSprite* canvas = GetCanvas();
-  std::size_t position = 0;
-  for (CSprite* child : myChildren.Items()) {
-    if (child->myZ >= sprite->myZ) {
-      break;
+  const std::vector<CSprite*>& children = myChildren.Items();
+  const auto isInFront = [](const CSprite* child, int z) { return child->myZ < z; };
+  const auto place = std::lower_bound(children.begin(), children.end(), sprite->myZ, isInFront);
+  const auto position = static_cast<std::size_t>(place - children.begin());
+  if (CSprite* canvas = GetCanvas()) {
+    while (myLiftedCount < position) {
+      LiftNext(canvas);
     }
-    child->CheckOverlap(canvas);
-    ++position;
   }
   myChildren.Insert(position, sprite);
   sprite->ForgetBackground();

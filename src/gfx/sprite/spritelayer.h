@@ -3,6 +3,7 @@
 #include "designpatterns/walklist.h"
 #include "gfx/sprite/sprite.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace vask {
@@ -57,6 +58,8 @@ class CSpriteLayer : public CSprite {
 
   // Restores the backgrounds of all children in front of a child, then that of the child itself.
   void RestoreDownTo(CSprite* sprite);
+  // Takes the frontmost child that may still be painted off the canvas.
+  void LiftNext(CSprite* canvas);
   // Restores down to the child and takes it out of the depth order; and puts it back by its depth.
   void Detach(CSprite* sprite);
   void InsertByDepth(CSprite* sprite);
@@ -67,6 +70,9 @@ class CSpriteLayer : public CSprite {
   CWalkList<CSprite> myHiddenChildren;
   CSprite* myCanvas = nullptr;
   int myDepthMark;
+  // So many children, from the front on, are off the canvas until the next pass. They are not
+  // visited again, so that a frame in which all move costs each of them one visit.
+  std::size_t myLiftedCount = 0;
 };
 
 }  // namespace vask

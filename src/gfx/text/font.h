@@ -49,6 +49,8 @@ class CFont {
   virtual int GetTextWidth(const std::string& text) const;
   virtual int GetCharWidth(unsigned char character) const;
 
+  // What GetCharWidth returns for each character, for loops over long texts.
+  const std::array<int, 256>& GetCharWidths() const { return myWidths; }
   // The glyph sheet; the null picture when the font could not be loaded.
   IPixel* GetSheet() const { return mySheet; }
   bool HasGlyphs() const { return !myCharRects.empty(); }

@@ -1,6 +1,7 @@
 #include "gfx/text/fontalign.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vask {
 
@@ -72,6 +73,7 @@ SPenPosition CFontAlign::Print(CFont& font, IPixel* target, const std::string& t
 int CFontAlign::FitLine(const CFont& font, const std::string& text, const CRect<int>& rect,
                         int start) {
   const int length = static_cast<int>(text.size());
+  const std::array<int, 256>& widths = font.GetCharWidths();
   myLineWidth = 0;
   myEndsParagraph = false;
   for (int position = start;;) {
@@ -83,7 +85,7 @@ int CFontAlign::FitLine(const CFont& font, const std::string& text, const CRect<
       if (character == kBlank || character == kLineEnd) {
         break;
       }
-      wordWidth += font.GetCharWidth(static_cast<unsigned char>(character));
+      wordWidth += widths[static_cast<unsigned char>(character)];
     }
     const bool isParagraphEnd = position == length || character == kLineEnd;
     // After a blank that reaches over the edge nothing is left that would need another line.

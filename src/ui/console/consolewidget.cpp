@@ -25,7 +25,9 @@ CConsoleWidget::CConsoleWidget(CWidget* parent, const std::string& name)
     : CWidget(parent, kRect, false, name, {}),
       myFont(LoadFont("system")),
       myView(CLogListenerForConsole::GetSingletonPtr()->GetLines()) {
+  SetLayout("parent.x", "parent.y", "parent.w", "parent.h - 20");
   myFont->SetAlign(IFontAlign::kLeft);
+  myView.SetWidth(GetRect().w);  // first, so that the whole log is measured only once
   myView.SetFont(myFont.get());
   CLogListenerForConsole::GetSingletonPtr()->AddView(&myView);
   auto* const view = new CLotsATextSprite(kRect.w, kRect.h);
@@ -33,7 +35,6 @@ CConsoleWidget::CConsoleWidget(CWidget* parent, const std::string& name)
   view->SetDrawer(&myView);
   view->SetParent(CScreenLayer::GetSingletonPtr());
   SetSprite(myText);
-  SetLayout("parent.x", "parent.y", "parent.w", "parent.h - 20");
 }
 
 CConsoleWidget::~CConsoleWidget() {

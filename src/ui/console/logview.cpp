@@ -3,6 +3,9 @@
 #include "gfx/text/font.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
 
 namespace vask::ui {
 namespace {
@@ -11,21 +14,55 @@ namespace {
 constexpr int kMaxLineHeight = 200;
 // Every line needs an offset of its own.
 constexpr int kMinLineHeight = 1;
+constexpr int kNeverOneRow = std::numeric_limits<int>::max();
+constexpr int kTabBlanks = 4;  // that a font draws for a tab
+
+// The view's width from which on the text is one row, if it has no line end but at its own end.
+int RowWidth(const std::string& text, const CFont& font) {
+  if (text.empty() || text.find('\n') < text.size() - 1) {
+    return kNeverOneRow;
+  }
+  const auto tabs = static_cast<int>(std::count(text.begin(), text.end(), '\t'));
+  return font.GetTextWidth(text) + tabs * kTabBlanks * font.GetSpaceWidth();
+}
 
 bool EndsWord(char character) { return character == ' ' || character == '\t' || character == '\n'; }
+
+// Adds up the widths of the characters of each word; a word that is wider than the view has to be
+// broken before one of them.
+class CWordWidth {
+ public:
+  CWordWidth(const CFont& font, int limit) : myWidths(font.GetCharWidths()), myLimit(limit) {}
+
+  // Whether a break belongs before the character.
+  bool IsBreakBefore(char character) {
+    const int own = myWidths[static_cast<unsigned char>(character)];
+    myWidth = EndsWord(character) ? 0 : myWidth + own;
+    const bool isBreak = myWidth > myLimit && myWidth > own;
+    myWidth = isBreak ? own : myWidth;
+    return isBreak;
+  }
+
+ private:
+  const std::array<int, 256>& myWidths;
+  int myLimit;
+  int myWidth = 0;
+};
+
+bool HasTooWideWord(const std::string& text, const CFont& font, int width) {
+  CWordWidth word(font, width);
+  return std::ranges::any_of(text, [&](char character) { return word.IsBreakBefore(character); });
+}
 
 // Breaks words that are wider than `width` into lines: the font would draw nothing of them and of
 // the rest of the text.
 std::string WithWordsBroken(const std::string& text, const CFont& font, int width) {
+  CWordWidth word(font, width);
   std::string broken;
   broken.reserve(text.size());
-  int wordWidth = 0;
   for (const char character : text) {
-    const int own = font.GetCharWidth(static_cast<unsigned char>(character));
-    wordWidth = EndsWord(character) ? 0 : wordWidth + own;
-    if (wordWidth > width && wordWidth > own) {
+    if (word.IsBreakBefore(character)) {
       broken += '\n';
-      wordWidth = own;
     }
     broken += character;
   }
@@ -51,23 +88,36 @@ int CLogView::Write(IPixel* surface, const SLogLines::SLine& line, int top) cons
   if (font == nullptr) {
     return kMinLineHeight;
   }
-  const std::string text = WithWordsBroken(line.text, *font, myArea.w);
   const CRect<int> rect{myArea.x, top, myArea.w, kMaxLineHeight};
-  return std::max(font->Write(surface, text, rect).y - top, kMinLineHeight);
+  const SPenPosition end =
+      HasTooWideWord(line.text, *font, myArea.w)
+          ? font->Write(surface, WithWordsBroken(line.text, *font, myArea.w), rect)
+          : font->Write(surface, line.text, rect);
+  return std::max(end.y - top, kMinLineHeight);
+}
+
+int CLogView::Measure(const SLogLines::SLine& line, const SPlace& place) const {
+  const CFont* font = FontOf(line);
+  if (font != nullptr && place.rowWidth <= myArea.w) {
+    return std::max(font->GetLineHeight(), kMinLineHeight);
+  }
+  return Write(nullptr, line, 0);
 }
 
 int CLogView::HeightOf(std::size_t line) const {
-  const int end = line + 1 < myOffsets.size() ? myOffsets[line + 1] : myTotalHeight;
-  return end - myOffsets[line];
+  const int end = line + 1 < myPlaces.size() ? myPlaces[line + 1].offset : myTotalHeight;
+  return end - myPlaces[line].offset;
 }
 
 void CLogView::Append(const SLogLines::SLine& line) {
-  myOffsets.push_back(myTotalHeight);
-  myTotalHeight += Write(nullptr, line, 0);
+  const CFont* font = FontOf(line);
+  myPlaces.push_back({myTotalHeight, font != nullptr ? RowWidth(line.text, *font) : 0});
+  myTotalHeight += Measure(line, myPlaces.back());
 }
 
 void CLogView::RemeasureAll() {
-  myOffsets.clear();
+  myPlaces.clear();
+  myPlaces.reserve(myLog.lines.size());
   myTotalHeight = 0;
   for (const SLogLines::SLine& line : myLog.lines) {
     Append(line);
@@ -75,20 +125,36 @@ void CLogView::RemeasureAll() {
   myRepaintNeeded = true;
 }
 
+// A line that is one row at both widths keeps its height, and its text is not looked at.
+void CLogView::SetWidth(int width) {
+  if (width == myArea.w) {
+    return;
+  }
+  const int narrower = std::min(width, myArea.w);
+  myArea.w = width;
+  int offset = 0;
+  for (std::size_t line = 0; line < myPlaces.size(); ++line) {
+    SPlace& place = myPlaces[line];
+    const int height =
+        place.rowWidth <= narrower ? HeightOf(line) : Measure(myLog.lines[line], place);
+    place.offset = std::exchange(offset, offset + height);
+  }
+  myTotalHeight = offset;
+  myRepaintNeeded = true;
+}
+
 void CLogView::TakeNewLines() {
-  while (!myIsPainting && myOffsets.size() < myLog.lines.size()) {
+  while (!myIsPainting && myPlaces.size() < myLog.lines.size()) {
     if (myTotalHeight >= myArea.y && myTotalHeight <= myArea.y + myArea.h) {
       myRepaintNeeded = true;
     }
-    Append(myLog.lines[myOffsets.size()]);
+    Append(myLog.lines[myPlaces.size()]);
   }
 }
 
 bool CLogView::Draw(IPixel* surface, const CRect<int>& area, bool force) {
-  if (area.w != myArea.w) {
-    myArea.w = area.w;
-    RemeasureAll();
-  } else if (!myRepaintNeeded && area == myArea && surface == mySurface && !force) {
+  SetWidth(area.w);
+  if (!myRepaintNeeded && area == myArea && surface == mySurface && !force) {
     return false;
   }
   if (surface != nullptr) {
@@ -111,17 +177,17 @@ bool CLogView::PaintLines(IPixel* surface) {
   bool isOfOtherHeight = false;
   const int bottom = myArea.y + myArea.h;
   int y = myArea.y;
-  for (std::size_t line = FirstLineAt(y); line < myOffsets.size() && y < bottom; ++line) {
-    const int height = Write(surface, myLog.lines[line], myOffsets[line] - myArea.y);
+  for (std::size_t line = FirstLineAt(y); line < myPlaces.size() && y < bottom; ++line) {
+    const int height = Write(surface, myLog.lines[line], myPlaces[line].offset - myArea.y);
     isOfOtherHeight |= height != HeightOf(line);
-    y = myOffsets[line] + height;
+    y = myPlaces[line].offset + height;
   }
   return isOfOtherHeight;
 }
 
 std::size_t CLogView::FirstLineAt(int y) const {
-  const auto below = std::upper_bound(myOffsets.begin(), myOffsets.end(), y);
-  return below == myOffsets.begin() ? 0 : static_cast<std::size_t>(below - myOffsets.begin()) - 1;
+  const auto below = std::ranges::upper_bound(myPlaces, y, {}, &SPlace::offset);
+  return below == myPlaces.begin() ? 0 : static_cast<std::size_t>(below - myPlaces.begin()) - 1;
 }
 
 }  // namespace vask::ui

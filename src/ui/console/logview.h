@@ -35,6 +35,8 @@ class CLogView : public ILotsATextDrawer {
   // The font of lines whose level has none; not owned. With null they are not painted, and one
   // pixel high.
   void SetFont(CFont* font);
+  // Breaks the lines at this width, in pixels; so does Draw at that of its area.
+  void SetWidth(int width);
   // Call it when a level has another font.
   void RemeasureAll();
   // Call it when lines were added. Lines that are added during painting are taken after it.
@@ -44,9 +46,16 @@ class CLogView : public ILotsATextDrawer {
   bool Draw(IPixel* surface, const CRect<int>& area, bool force) override;
 
  private:
+  struct SPlace {
+    int offset;    // from the top of the text, in pixels
+    int rowWidth;  // from this view's width on the line is one row
+  };
+
   CFont* FontOf(const SLogLines::SLine& line) const;
   // Writes the line at `top` of the surface, which may be null; returns the line's height.
   int Write(IPixel* surface, const SLogLines::SLine& line, int top) const;
+  // The height when nothing is painted; the place's row width is known.
+  int Measure(const SLogLines::SLine& line, const SPlace& place) const;
   int HeightOf(std::size_t line) const;
   void Append(const SLogLines::SLine& line);
   // Returns whether a line turned out to have another height.
@@ -55,7 +64,7 @@ class CLogView : public ILotsATextDrawer {
 
   const SLogLines& myLog;
   CFont* myFont = nullptr;
-  std::vector<int> myOffsets;  // of the lines from the top of the text, in pixels
+  std::vector<SPlace> myPlaces;  // of the lines
   int myTotalHeight = 0;
   CRect<int> myArea;  // that was painted last, in pixels of the text
   bool myRepaintNeeded = false;

@@ -50,6 +50,23 @@ TEST(LogView, MeasuresLinesByTheirBreaks) {
   EXPECT_EQ(HeightOf(std::string(400, 'a'), 60), 204) << "cut";
 }
 
+TEST(LogView, KnowsItsHeightAtEachWidth) {
+  const test::CTestScreen screen(80, 60);
+  CPlainFont font;
+  CLogListenerForConsole log;
+  log.SetFont(&font);
+  const auto lines = {"a\tb c\n", "", "ab\nc\n", "one two six\n", "x ", "a b", "a \n"};
+  std::ranges::for_each(lines, [&](const char* line) { log.OnLog(line, kLogNormal); });
+  for (const int width : {36, 90, 42, 60, 61, 37, 200, 36}) {
+    int expected = 0;
+    for (const char* line : lines) {
+      expected += std::max(font.Write(nullptr, line, {0, 0, width, 200}).y, 1);
+    }
+    log.Draw(nullptr, {0, 0, width, 20}, false);
+    EXPECT_EQ(log.GetTextHeight(), expected) << width;
+  }
+}
+
 struct ConsoleWidget : testing::Test {
   static void Log(const std::string& line) { *CLog::GetSingletonPtr() << line << "\n"; }
   void RunFor(unsigned milliseconds) {
