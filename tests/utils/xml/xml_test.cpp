@@ -135,6 +135,14 @@ TEST(Xml, HugeDocuments) {
   EXPECT_EQ(Read(attributes + "/>")->GetAttributes().size(), 300'000U);
 }
 
+TEST(Xml, LinesAreWholeWhereverTheFileIsCut) {
+  std::string document = "<a>";
+  for (int i = 0; i < 20'000; ++i) {
+    document += "x y\r\n";
+  }
+  EXPECT_EQ(Read(document + "<")->GetContent().size(), 20'000 * 3U);
+}
+
 // Writes the events down: "<name key=[value]>", "</name>", "'text'".
 class CEventTrace : public CXmlHandlerInterface {
  public:
