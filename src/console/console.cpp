@@ -47,19 +47,16 @@ void AddParam(CConsoleParams& params, std::string_view piece) {
   }
 }
 
-// The keys of a console's map as a person writes them.
-template <typename Map>
-std::vector<std::string> Names(const Map& entries, bool caseSensitive) {
-  std::vector<std::string> names;
-  for (const auto& [key, entry] : entries) {
-    std::string& name = names.emplace_back(key);
+// Keys as a person writes them.
+std::vector<std::string> Names(std::vector<std::string> keys, bool caseSensitive) {
+  for (std::string& name : keys) {
     if (!caseSensitive) {
       std::ranges::transform(name, name.begin(),
                              [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     }
   }
-  std::ranges::sort(names);  // the keys are sorted by their capitals
-  return names;
+  std::ranges::sort(keys);
+  return keys;
 }
 
 }  // namespace
@@ -76,7 +73,9 @@ std::string CConsole::Execute(const std::string& line, bool) {
   if (IsSpecialLine(line)) {
     return ExecuteSpecialLine(line);
   }
-  CConsoleCommand* command = GetCommand(std::string(Trim(GetCommandName(line))));
+  std::string name = GetCommandName(line);
+  name = Trim(name);
+  CConsoleCommand* command = GetCommand(name);
   if (command == nullptr) {
     return ExecuteAssignment(line);
   }
@@ -115,17 +114,36 @@ std::string CConsole::ExecuteFile(const std::string& fileName) {
 }
 
 std::string CConsole::ExecuteAssignment(const std::string& line) {
-  if (line.find('=') == kNone) {
+  const std::size_t equals = line.find('=');
+  if (equals == kNone) {
     const std::string word(Trim(line));
-    return FindVariable(word) != nullptr ? GetVariable(word) : word;
+    const CVarRefBase* variable = FindVariable(word);
+    return variable != nullptr ? variable->GetString() : word;
   }
-  // A command in the line may free the line, as one that binds a key anew does.
-  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  return equals > 0 && line.find('=', equals + 1) == kNone ? ExecuteOneAssignment(line, equals)
+                                                           : ExecuteAssignmentChain(line);
+}
+
+std::string CConsole::ExecuteOneAssignment(const std::string& line, std::size_t equals) {
+  // Copied first: a command in the line may free the line, as one that binds a key anew does.
+  const std::string name(Trim(std::string_view(line).substr(0, equals)));
+  const std::string result = Execute(line.substr(equals + 1), false);
+  return Assign(name, std::string(Trim(result)));
+}
+
+std::string CConsole::ExecuteAssignmentChain(const std::string& line) {
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the line may be freed, as above
   const std::string copy = line;
-  const CAssignmentChain chain(copy, LongestCommandName(), [this](const std::string& name) {
+  const CAssignmentChain chain(copy, myLongestCommand, [this](const std::string& name) {
     return GetCommand(name) != nullptr;
   });
   return AssignToAll(chain.Names(), Execute(std::string(chain.Value()), false));
+}
+
+std::string CConsole::Assign(const std::string& name, const std::string& value) {
+  CVarRefBase& variable = FindOrAddVariable(name);
+  variable.SetString(value);
+  return variable.GetString();
 }
 
 std::string CConsole::AssignToAll(const std::vector<std::string_view>& names,
@@ -138,9 +156,7 @@ std::string CConsole::AssignToAll(const std::vector<std::string_view>& names,
     if (!settled.insert(*name).second) {
       continue;
     }
-    const std::string variable(*name);
-    SetVariable(variable, value);
-    const std::string taken = GetVariable(variable);
+    const std::string taken = Assign(std::string(*name), value);
     if (Trim(taken) != value) {  // a variable of the program may have made something else of it
       value = Trim(taken);
       settled.clear();
@@ -149,22 +165,18 @@ std::string CConsole::AssignToAll(const std::vector<std::string_view>& names,
   return GetVariable(std::string(names.front()));
 }
 
-std::size_t CConsole::LongestCommandName() const {
-  std::size_t longest = 0;
-  for (const auto& [key, command] : myCommands) {
-    longest = std::max(longest, key.size());
-  }
-  return longest;
-}
-
 void CConsole::AddCommand(const std::string& name, CConsoleCommand* command) {
   RemoveCommand(name);
-  myCommands.emplace(Key(name), command);
+  const auto added = myCommands.emplace(Key(name), command).first;
+  myLongestCommand = std::max(myLongestCommand, added->first.size());
 }
 
 void CConsole::RemoveCommand(const std::string& name) { myCommands.erase(Key(name)); }
 
 CConsoleCommand* CConsole::GetCommand(const std::string& name) {
+  if (name.size() > myLongestCommand) {
+    return nullptr;
+  }
   const auto found = myCommands.find(Key(name));
   return found == myCommands.end() ? nullptr : found->second;
 }
@@ -180,8 +192,16 @@ std::string CConsole::GetCommandName(const std::string& line) {
 }
 
 bool CConsole::IsSpecialLine(const std::string& line) {
-  return Trim(line).empty() || line.find("::") != kNone || line.find(';') != kNone ||
-         line.find("//") != kNone;
+  bool isBlank = true;
+  char previous = ' ';
+  for (const char c : line) {
+    if (c == ';' || ((c == ':' || c == '/') && c == previous)) {
+      return true;
+    }
+    isBlank = isBlank && IsBlank(c);
+    previous = c;
+  }
+  return isBlank;
 }
 
 std::string CConsole::ExecuteSpecialLine(const std::string& line) {
@@ -221,32 +241,41 @@ std::string CConsole::ExecuteInNamespace(const std::string&, const std::string& 
 }
 
 std::vector<std::string> CConsole::GetCommandNames() const {
-  return Names(myCommands, myCaseSensitive);
+  std::vector<std::string> keys;
+  for (const auto& [key, command] : myCommands) {
+    keys.push_back(key);
+  }
+  return Names(std::move(keys), myCaseSensitive);
 }
 
 std::vector<std::string> CConsole::GetVariableNames() const {
-  return Names(myVariables, myCaseSensitive);
+  return Names(myVariables.GetKeys(), myCaseSensitive);
 }
 
 void CConsole::AddVariable(const std::string& name, std::unique_ptr<CVarRefBase> variable) {
-  RemoveVariable(name);
   if (variable != nullptr) {
-    myVariables.emplace(Key(name), std::move(variable));
+    myVariables.Put(Key(name), std::move(variable));
+  } else {
+    RemoveVariable(name);
   }
 }
 
-void CConsole::RemoveVariable(const std::string& name) { myVariables.erase(Key(name)); }
+void CConsole::RemoveVariable(const std::string& name) { myVariables.Erase(Key(name)); }
 
 CVarRefBase* CConsole::FindVariable(const std::string& name) const {
-  const auto found = myVariables.find(Key(name));
-  return found == myVariables.end() ? nullptr : found->second.get();
+  return myVariables.Find(Key(name));
+}
+
+CVarRefBase& CConsole::FindOrAddVariable(const std::string& name) {
+  std::string key = Key(name);
+  CVarRefBase* const variable = myVariables.Find(key);
+  return variable != nullptr
+             ? *variable
+             : myVariables.Put(std::move(key), std::make_unique<CVarRefEmpty<std::string>>(name));
 }
 
 void CConsole::SetVariable(const std::string& name, const std::string& text) {
-  if (FindVariable(name) == nullptr) {
-    AddVariable(name, std::make_unique<CVarRefEmpty<std::string>>(name));
-  }
-  FindVariable(name)->SetString(text);
+  FindOrAddVariable(name).SetString(text);
 }
 
 std::string CConsole::GetVariable(const std::string& name) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "console/variabletable.h"
 #include "utils/containers/varref.h"
 
 #include <cstddef>
@@ -81,13 +82,20 @@ class CConsole {
   static std::unique_ptr<CConsoleParams> ParseParams(std::string_view line);
   std::string ExecuteStatements(const std::string& list);
   std::string ExecuteNamespaceCall(const std::string& call);
+  // A line with one "=", at that place.
+  std::string ExecuteOneAssignment(const std::string& line, std::size_t equals);
+  std::string ExecuteAssignmentChain(const std::string& line);
   // Sets the variables, from the last to the first, to the result; returns the first one's value.
   std::string AssignToAll(const std::vector<std::string_view>& names, const std::string& result);
-  std::size_t LongestCommandName() const;
+  // Sets the one variable; returns its value.
+  std::string Assign(const std::string& name, const std::string& value);
+  // An unknown name becomes a new text variable.
+  CVarRefBase& FindOrAddVariable(const std::string& name);
 
   std::map<std::string, CConsoleCommand*> myCommands;
-  std::map<std::string, std::unique_ptr<CVarRefBase>> myVariables;
+  CVariableTable myVariables;
   bool myCaseSensitive = false;
+  std::size_t myLongestCommand = 0;  // the length of no command's name is greater
 };
 
 }  // namespace vask

@@ -91,6 +91,16 @@ TEST_F(ConsoleTest, AssignsAndReads) {
   EXPECT_EQ(text.GetString(), "7.5");
 }
 
+TEST_F(ConsoleTest, VeryManyVariablesComeAndGo) {
+  for (int i = 0; i < 3000; ++i) {
+    myConsole.SetVariable(std::to_string(i), "set");
+    myConsole.RemoveVariable(std::to_string(i / 2));
+  }
+  for (int i = 0; i < 3000; ++i) {
+    ASSERT_EQ(myConsole.GetVariable(std::to_string(i)), i < 1500 ? "" : "set") << i;
+  }
+}
+
 TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
   myConsole.SetCaseSensitive(true);
   ExpectResults({{"x = 1", "1"}, {"X", "X"}});

@@ -3,8 +3,15 @@
 #include "utils/trim.h"
 
 namespace vask {
+namespace {
+
+std::size_t Index(char c) { return static_cast<unsigned char>(c); }
+
+}  // namespace
 
 CInfixToPostfix::CInfixToPostfix() {
+  myBeginsMark[Index(myOpening.front())] = true;
+  myBeginsMark[Index(myClosing.front())] = true;
   AddOperator("+", 0);
   AddOperator("-", 0);
   AddOperator("/", 1);
@@ -13,6 +20,7 @@ CInfixToPostfix::CInfixToPostfix() {
 
 void CInfixToPostfix::AddOperator(const std::string& text, int priority) {
   myPriorities[text] = priority;
+  myBeginsMark[Index(text[0])] = true;
 }
 
 int CInfixToPostfix::GetPriority(const std::string& text) const {
@@ -30,16 +38,16 @@ std::string CInfixToPostfix::Convert(const std::string& text) {
        token = NextToken(infix, token.end)) {
     switch (token.kind) {
       case kOperator:
-        TakeOperator(token.text, output);
+        TakeOperator(token, output);
         break;
       case kOpening:
-        myStack.push_back(token.text);
+        myStack.push_back(token);
         break;
       case kClosing:
         TakeClosing(output);
         break;
       default:
-        output += token.text + mySeparator;
+        Write(token.text, output);
     }
   }
   while (!myStack.empty()) {
@@ -64,33 +72,34 @@ CInfixToPostfix::SToken CInfixToPostfix::NextToken(std::string_view infix, std::
 CInfixToPostfix::SToken CInfixToPostfix::PlainToken(std::string_view infix,
                                                     std::size_t begin) const {
   for (std::size_t position = begin; position < infix.size(); ++position) {
+    if (!myBeginsMark[Index(infix[position])]) {
+      continue;
+    }
     const SToken mark = MarkAt(infix, position);
     if (mark.kind == kNone) {
       continue;
     }
     const std::string_view value = Trim(infix.substr(begin, position - begin));
-    return value.empty() ? mark : SToken{std::string(value), kValue, position};
+    return value.empty() ? mark : SToken{value, kValue, position};
   }
   const std::string_view value = Trim(infix.substr(begin));
-  return {std::string(value), value.empty() ? kNone : kValue, infix.size()};
+  return {value, value.empty() ? kNone : kValue, infix.size()};
 }
 
 // The operator or bracket at the position. Of two operators that match there, the first by
 // byte order counts, which is the shorter one.
 CInfixToPostfix::SToken CInfixToPostfix::MarkAt(std::string_view infix,
                                                 std::size_t position) const {
-  const auto matches = [&](const std::string& text) {
-    return infix.compare(position, text.size(), text) == 0;
-  };
+  const std::string_view rest = infix.substr(position);
   for (const auto& [text, priority] : myPriorities) {
-    if (matches(text)) {
-      return {text, kOperator, position + text.size()};
+    if (rest.starts_with(text)) {
+      return {text, kOperator, position + text.size(), priority};
     }
   }
-  if (matches(myOpening)) {
+  if (rest.starts_with(myOpening)) {
     return {myOpening, kOpening, position + myOpening.size()};
   }
-  if (matches(myClosing)) {
+  if (rest.starts_with(myClosing)) {
     return {myClosing, kClosing, position + myClosing.size()};
   }
   return {};
@@ -99,30 +108,30 @@ CInfixToPostfix::SToken CInfixToPostfix::MarkAt(std::string_view infix,
 // The signs from this one on and the value after them as one value ("--5"); without a value the
 // sign itself. Remembers a failure, so that a long row of signs is walked once.
 CInfixToPostfix::SToken CInfixToPostfix::MergeSigns(std::string_view infix, const SToken& sign) {
-  std::string signs = sign.text;
+  myMerged = sign.text;
   SToken next = PlainToken(infix, sign.end);
   while (next.kind == kOperator && (next.text == "+" || next.text == "-")) {
-    signs += next.text;
+    myMerged += next.text;
     next = PlainToken(infix, next.end);
   }
   if (next.kind == kValue) {
-    return {signs + next.text, kValue, next.end};
+    myMerged += next.text;
+    return {myMerged, kValue, next.end};
   }
   myUnmergedEnd = next.end;
   return sign;
 }
 
-void CInfixToPostfix::TakeOperator(const std::string& token, std::string& output) {
-  const int priority = GetPriority(token);
-  while (!myStack.empty() && myStack.back() != myOpening &&
-         GetPriority(myStack.back()) >= priority) {
+void CInfixToPostfix::TakeOperator(const SToken& token, std::string& output) {
+  while (!myStack.empty() && myStack.back().text != myOpening &&
+         myStack.back().priority >= token.priority) {
     PopTo(output);
   }
   myStack.push_back(token);
 }
 
 void CInfixToPostfix::TakeClosing(std::string& output) {
-  while (!myStack.empty() && myStack.back() != myOpening) {
+  while (!myStack.empty() && myStack.back().text != myOpening) {
     PopTo(output);
   }
   if (!myStack.empty()) {
@@ -130,9 +139,14 @@ void CInfixToPostfix::TakeClosing(std::string& output) {
   }
 }
 
+void CInfixToPostfix::Write(std::string_view token, std::string& output) const {
+  output += token;
+  output += mySeparator;
+}
+
 // Moves the top of the stack to the output.
 void CInfixToPostfix::PopTo(std::string& output) {
-  output += myStack.back() + mySeparator;
+  Write(myStack.back().text, output);
   myStack.pop_back();
 }
 

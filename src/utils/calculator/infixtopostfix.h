@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -31,17 +32,19 @@ class CInfixToPostfix {
   enum EKind : int { kNone = 0, kOperator = 1, kOpening = 3, kClosing = 4, kValue = 5 };
 
   struct SToken {
-    std::string text;
+    std::string_view text;  // of the infix, of a table, or of myMerged
     EKind kind = kNone;
     std::size_t end = 0;  // position just past the token
+    int priority = 0;     // of an operator
   };
 
   SToken NextToken(std::string_view infix, std::size_t begin);
   SToken PlainToken(std::string_view infix, std::size_t begin) const;
   SToken MarkAt(std::string_view infix, std::size_t position) const;
   SToken MergeSigns(std::string_view infix, const SToken& sign);
-  void TakeOperator(const std::string& token, std::string& output);
+  void TakeOperator(const SToken& token, std::string& output);
   void TakeClosing(std::string& output);
+  void Write(std::string_view token, std::string& output) const;
   void PopTo(std::string& output);
 
   // The kind of the token before the one being read. One for all converters: conversions do not
@@ -52,8 +55,11 @@ class CInfixToPostfix {
   std::string myOpening = "(";
   std::string myClosing = ")";
   std::string mySeparator = " ";
-  std::vector<std::string> myStack;  // operators and open brackets not written to the output yet
-  std::size_t myUnmergedEnd = 0;     // up to here signs are known to have no value after them
+  // Whether an operator or a bracket begins with that character: most characters begin none.
+  std::array<bool, 256> myBeginsMark{};
+  std::vector<SToken> myStack;    // operators and open brackets not written to the output yet
+  std::string myMerged;           // the last value with its signs
+  std::size_t myUnmergedEnd = 0;  // up to here signs are known to have no value after them
 };
 
 }  // namespace vask

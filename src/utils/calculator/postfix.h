@@ -3,8 +3,10 @@
 #include "utils/calculator/postfixoperand.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace vask {
 
@@ -26,10 +28,10 @@ class CPostfix {
   T Evaluate(const std::string& postfix);
 
  private:
-  void EvaluatePiece(const std::string& piece);
+  void EvaluatePiece(std::string_view piece);
 
   std::deque<T> myStack;
-  std::map<std::string, IPostfixOperand<T>*> myOperands;
+  std::map<std::string, IPostfixOperand<T>*, std::less<>> myOperands;
   PostfixOperandAddition<T> myAddition;
   PostfixOperandSubtract<T> mySubtract;
   PostfixOperandMultiply<T> myMultiply;

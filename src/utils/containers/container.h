@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
+#include <variant>
 
 namespace vask {
 
@@ -44,7 +45,7 @@ class CContainer : public CContainerBase {
 };
 
 // A value of any type that a standard stream can print, or nothing (its type is then `void`). Every
-// kind of text is held as a std::string.
+// kind of text is held as a std::string, in place: texts are what is held most.
 class CAnyContainer {
  public:
   CAnyContainer() = default;
@@ -53,33 +54,51 @@ class CAnyContainer {
   CAnyContainer(T&& value) {  // NOLINT(google-explicit-constructor): any value is one
     if constexpr (std::is_convertible_v<T, std::string> ||
                   std::is_convertible_v<T, std::string_view>) {
-      myContent = std::make_unique<CContainer<std::string>>(std::string(std::forward<T>(value)));
+      myContent.emplace<CText>(std::string(std::forward<T>(value)));
     } else {
       myContent = std::make_unique<CContainer<std::decay_t<T>>>(std::forward<T>(value));
     }
   }
-  CAnyContainer(const CAnyContainer& other)
-      : myContent(other.myContent ? other.myContent->Clone() : nullptr) {}
+  CAnyContainer(const CAnyContainer& other) {
+    if (const CText* text = std::get_if<CText>(&other.myContent)) {
+      myContent = *text;
+    } else if (const CContainerBase* value = other.Content()) {
+      myContent = value->Clone();
+    }
+  }
   CAnyContainer(CAnyContainer&&) noexcept = default;
   CAnyContainer& operator=(CAnyContainer other) noexcept {
-    std::swap(myContent, other.myContent);
+    myContent = std::move(other.myContent);
     return *this;
   }
 
-  const std::type_info& GetType() const { return myContent ? myContent->GetType() : typeid(void); }
+  const std::type_info& GetType() const {
+    const CContainerBase* content = Content();
+    return content != nullptr ? content->GetType() : typeid(void);
+  }
 
   // The value when exactly a T is held, else null.
   template <typename T>
   const T* Get() const {
-    return GetType() == typeid(T) ? &static_cast<const CContainer<T>&>(*myContent).Value()
+    return GetType() == typeid(T) ? &static_cast<const CContainer<T>*>(Content())->Value()
                                   : nullptr;
   }
 
   // A held string unchanged, other values as a standard stream prints them; empty when empty.
-  std::string ToString() const { return myContent ? myContent->ToString() : std::string(); }
+  std::string ToString() const {
+    const CContainerBase* content = Content();
+    return content != nullptr ? content->ToString() : std::string();
+  }
 
  private:
-  std::unique_ptr<CContainerBase> myContent;
+  using CText = CContainer<std::string>;
+
+  const CContainerBase* Content() const {
+    const CText* text = std::get_if<CText>(&myContent);
+    return text != nullptr ? text : std::get<0>(myContent).get();
+  }
+
+  std::variant<std::unique_ptr<CContainerBase>, CText> myContent;
 };
 
 }  // namespace vask

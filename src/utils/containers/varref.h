@@ -53,8 +53,7 @@ std::string WriteToText(const T& value) {
 template <typename T>
 class CVarRef : public CVarRefBase {
  public:
-  CVarRef(T* variable, std::string name)
-      : myVariable(variable), myName(std::move(name)), myTypeName(typeid(T).name()) {}
+  CVarRef(T* variable, std::string name) : myVariable(variable), myName(std::move(name)) {}
 
   void SetString(const std::string& text) override {
     if (!myReadOnly) {
@@ -69,7 +68,7 @@ class CVarRef : public CVarRefBase {
  private:
   T* myVariable;
   std::string myName;
-  std::string myTypeName;
+  const char* myTypeName = typeid(T).name();
   bool myReadOnly = false;
 };
 
@@ -78,7 +77,7 @@ template <typename T>
 class CVarRefConst : public CVarRefBase {
  public:
   CVarRefConst(const T* variable, std::string name)
-      : myVariable(variable), myName(std::move(name)), myTypeName(typeid(T).name()) {}
+      : myVariable(variable), myName(std::move(name)) {}
 
   void SetString(const std::string&) override {}
   std::string GetString() const override { return WriteToText(*myVariable); }
@@ -89,7 +88,7 @@ class CVarRefConst : public CVarRefBase {
  private:
   const T* myVariable;
   std::string myName;
-  std::string myTypeName;
+  const char* myTypeName = typeid(T).name();
   bool myReadOnly = true;
 };
 
@@ -100,8 +99,7 @@ class CVarRefEmpty;
 template <>
 class CVarRefEmpty<std::string> : public CVarRefBase {
  public:
-  explicit CVarRefEmpty(std::string name)
-      : myName(std::move(name)), myTypeName(typeid(std::string).name()) {}
+  explicit CVarRefEmpty(std::string name) : myName(std::move(name)) {}
 
   void SetString(const std::string& text) override {
     if (!myReadOnly) {
@@ -116,7 +114,7 @@ class CVarRefEmpty<std::string> : public CVarRefBase {
  private:
   std::string myValue;
   std::string myName;
-  std::string myTypeName;
+  const char* myTypeName = typeid(std::string).name();
   bool myReadOnly = false;
 };
 

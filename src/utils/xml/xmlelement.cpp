@@ -1,6 +1,8 @@
 #include "utils/xml/xmlelement.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -13,20 +15,45 @@ struct SEntity {
   char character;
 };
 
-// Decoded one after the other: what the ampersand's entity decodes to is decoded again by the
-// entities after it. Files rely on the order.
-constexpr std::array<SEntity, 5> kEntities = {
-    {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&apos;", '\''}, {"&quot;", '"'}}};
+// The first that fits counts. Files rely on it that what an ampersand's entity decodes to begins an
+// entity again, but only one of the last two.
+constexpr std::array<SEntity, 7> kEntities = {{{"&lt;", '<'},
+                                               {"&gt;", '>'},
+                                               {"&amp;apos;", '\''},
+                                               {"&amp;quot;", '"'},
+                                               {"&amp;", '&'},
+                                               {"&apos;", '\''},
+                                               {"&quot;", '"'}}};
 
-std::string ReplaceAll(const std::string& text, const SEntity& entity) {
-  std::string result;
-  std::size_t begin = 0;
-  for (std::size_t found; (found = text.find(entity.code, begin)) != std::string::npos;) {
-    result.append(text, begin, found - begin);
-    result += entity.character;
-    begin = found + entity.code.size();
+// The entity that the text begins with; an ampersand alone stands for itself.
+SEntity EntityAt(std::string_view text) {
+  for (const SEntity& entity : kEntities) {
+    if (text.starts_with(entity.code)) {
+      return entity;
+    }
   }
-  return result.append(text, begin);
+  return {text.substr(0, 1), text.front()};
+}
+
+std::string Decode(std::string_view text) {
+  std::string decoded;
+  decoded.reserve(text.size());
+  for (std::size_t ampersand; (ampersand = text.find('&')) != std::string_view::npos;) {
+    decoded.append(text.substr(0, ampersand));
+    text.remove_prefix(ampersand);
+    const SEntity entity = EntityAt(text);
+    decoded += entity.character;
+    text.remove_prefix(entity.code.size());
+  }
+  decoded.append(text);
+  return decoded;
+}
+
+// Where the attribute of that name is, or would be.
+template <typename Attributes>
+auto FindPlace(Attributes& attributes, const std::string& name) {
+  return std::lower_bound(attributes.begin(), attributes.end(), name,
+                          [](const auto& one, const std::string& key) { return one.first < key; });
 }
 
 }  // namespace
@@ -34,24 +61,26 @@ std::string ReplaceAll(const std::string& text, const SEntity& entity) {
 CXmlElement::CXmlElement(std::string name) : myName(std::move(name)) {}
 
 CXmlElement::~CXmlElement() {
-  std::vector<std::unique_ptr<CXmlElement>> doomed = std::move(myChildren);
+  if (myChildren.empty()) {
+    return;
+  }
+  std::vector<std::unique_ptr<CXmlElement>> doomed(std::move_iterator(myChildren.rbegin()),
+                                                   std::move_iterator(myChildren.rend()));
+  myChildren.clear();
   while (!doomed.empty()) {
     const std::unique_ptr<CXmlElement> element = std::move(doomed.back());
     doomed.pop_back();
-    for (std::unique_ptr<CXmlElement>& child : element->myChildren) {
-      doomed.push_back(std::move(child));
-    }
+    // The first child will be on top: memory is given back in the order in which it was taken.
+    std::move(element->myChildren.rbegin(), element->myChildren.rend(), std::back_inserter(doomed));
     element->myChildren.clear();
   }
 }
 
 void CXmlElement::SetContent(const std::string& text) {
-  myContent = text;
   if (text.find('&') == std::string::npos) {
-    return;
-  }
-  for (const SEntity& entity : kEntities) {
-    myContent = ReplaceAll(myContent, entity);
+    myContent = text;
+  } else {
+    myContent = Decode(text);
   }
 }
 
@@ -72,13 +101,22 @@ CXmlElement* CXmlElement::GetChild(int index) const {
 }
 
 void CXmlElement::SetAttribute(const std::string& name, CAnyContainer value) {
-  myAttributes.insert({name, std::move(value)});
+  const bool isLast = myAttributes.empty() || myAttributes.back().first < name;
+  const auto place = isLast ? myAttributes.end() : FindPlace(myAttributes, name);
+  if (place == myAttributes.end() || place->first != name) {
+    myAttributes.emplace(place, name, std::move(value));
+  }
+}
+
+bool CXmlElement::HasAttribute(const std::string& name) const {
+  const auto place = FindPlace(myAttributes, name);
+  return place != myAttributes.end() && place->first == name;
 }
 
 const CAnyContainer& CXmlElement::GetAttribute(const std::string& name) const {
   static const CAnyContainer& none = *new CAnyContainer;
-  const auto found = myAttributes.find(name);
-  return found == myAttributes.end() ? none : found->second;
+  const auto place = FindPlace(myAttributes, name);
+  return place == myAttributes.end() || place->first != name ? none : place->second;
 }
 
 }  // namespace vask

@@ -3,10 +3,10 @@
 #include "utils/containers/container.h"
 
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vask {
@@ -14,7 +14,8 @@ namespace vask {
 // One node of a document tree: a name, text content, attributes and child elements (owned).
 class CXmlElement {
  public:
-  using Attributes = std::map<std::string, CAnyContainer>;
+  // Sorted by name, each name once. Most elements have few, so they stand in one block of memory.
+  using Attributes = std::vector<std::pair<std::string, CAnyContainer>>;
 
   explicit CXmlElement(std::string name = {});
   // Frees the whole tree below without recursion, however deep it is.
@@ -50,7 +51,9 @@ class CXmlElement {
 
   // Stores the value unless the name is present already: the first value wins.
   void SetAttribute(const std::string& name, CAnyContainer value);
-  bool HasAttribute(const std::string& name) const { return myAttributes.count(name) > 0; }
+  // Makes room for so many, for a caller who is about to set them.
+  void ReserveAttributes(std::size_t count) { myAttributes.reserve(count); }
+  bool HasAttribute(const std::string& name) const;
   // The stored value; an empty one when the name is not present.
   const CAnyContainer& GetAttribute(const std::string& name) const;
   const Attributes& GetAttributes() const { return myAttributes; }

@@ -20,6 +20,7 @@ void CXmlHandler::StartElement(const std::string& name, const Attributes& attrs)
     return;
   }
   auto element = std::make_unique<CXmlElement>(name);
+  element->ReserveAttributes(attrs.size());
   for (const auto& [key, value] : attrs) {
     element->SetAttribute(key, value);
   }

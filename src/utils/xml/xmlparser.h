@@ -30,16 +30,20 @@ class CXmlParser {
   enum EState : int { kText = 0, kTag = 1 };
 
   void ParseLines(std::istream& stream);
-  void ProcessText();
-  void ProcessTag();
-  std::string TakeAttributes(std::string_view tag);
+  void Finish(std::string& begun, std::string_view last,
+              void (CXmlParser::*process)(std::string_view));
+  void ProcessText(std::string_view text);
+  void ProcessTag(std::string_view tag);
+  void ReportElement(std::string_view tag, std::string& name);
+  void TakeAttributes(std::string_view tag, std::string& left);
 
   bool myTrim;
   int myState = kText;
   CXmlHandlerInterface* myHandler;
-  std::string myText;  // since the last tag
-  std::string myTag;   // since the last "<"
+  std::string myText;  // since the last tag, of earlier pieces
+  std::string myTag;   // since the last "<", of earlier pieces
   CXmlHandlerInterface::Attributes myAttributes;
+  std::string mySpare;  // memory for what is reported
 };
 
 }  // namespace vask

@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <limits>
+#include <sstream>
+#include <string>
 
 namespace vask {
 namespace {
@@ -45,6 +47,16 @@ TEST(Calculator, MalformedTextDegrades) {
   EXPECT_EQ(Value("1 + 2)"), 3);
   EXPECT_EQ(Value("distance + 1"), 1) << "tan is taken for the operator";
   EXPECT_EQ(Value("3---2"), 3) << "--2 is a value that does not read";
+}
+
+TEST(Calculator, NumbersAreReadAsAStreamReadsThem) {
+  const std::string zeros(400, '0');
+  for (const std::string& text :
+       {"-1" + zeros, "0." + zeros + "1", std::string("+-5"), std::string("1.2.3")}) {
+    double expected = 0;
+    std::istringstream(text) >> expected;
+    EXPECT_EQ(CPostfix<double>().Evaluate(text), expected) << text;
+  }
 }
 
 TEST(Calculator, IntegersNeverTrap) {

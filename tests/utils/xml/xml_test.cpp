@@ -131,6 +131,14 @@ TEST(Xml, HugeDocuments) {
   EXPECT_EQ(Read(attributes + "/>")->GetAttributes().size(), 300'000U);
 }
 
+TEST(Xml, LinesAreWholeWhereverTheFileIsCut) {
+  std::string document = "<a>";
+  for (int i = 0; i < 20'000; ++i) {
+    document += "x y\r\n";
+  }
+  EXPECT_EQ(Read(document + "<")->GetContent().size(), 20'000 * 3U);
+}
+
 // An attribute is taken out of the text around it, which joins; the first of a name counts.
 TEST(Xml, AttributesAreTakenAlsoOutOfBrokenTags) {
   EXPECT_EQ(Rewritten("<a x=\"1\" y=\"two words\" />"), "<a x=\"1\" y=\"two words\" >\n</a>\n");

@@ -1,0 +1,68 @@
+#include "kernel/consolebridge.h"
+#include "turns.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <lua.hpp>
+#include <memory>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+// A line that sets a variable, executed by the application's kind of console with its commands,
+// against the same line in Lua. The variables are there already, and are set in another order than
+// that in which they came, so that with very many of them each comes from memory.
+
+namespace vask {
+namespace {
+
+constexpr double kGoal = 0.35;
+constexpr std::size_t kTimes = 1000;  // in one pass: a single time is too short for the clock
+
+std::vector<std::string> MakeLines(std::int64_t count) {
+  std::vector<std::string> lines;
+  for (std::int64_t i = 0; i < count; ++i) {
+    lines.push_back("variable" + std::to_string(i) + " = " + std::to_string(i % 1000));
+  }
+  return lines;
+}
+
+// So many lines in each call, going on from where the last call stopped.
+template <typename Execute>
+auto InTurn(std::vector<std::string> lines, Execute execute) {
+  return [lines = std::move(lines), execute, next = std::size_t{0}]() mutable {
+    for (std::size_t i = 0; i < kTimes; ++i) {
+      execute(lines[next]);
+      next = next + 1 == lines.size() ? 0 : next + 1;
+    }
+  };
+}
+
+void BM_Assignment(benchmark::State& state) {
+  CConsoleBridge console;
+  CConsoleBridge::LoadLibraries(&console);
+  const auto ours = [&](const std::string& line) {
+    benchmark::DoNotOptimize(console.Execute(line, false));
+  };
+  const std::unique_ptr<lua_State, decltype(&lua_close)> lua(luaL_newstate(), &lua_close);
+  const auto peer = [&](const std::string& line) {
+    benchmark::DoNotOptimize(luaL_dostring(lua.get(), line.c_str()));
+  };
+  std::vector<std::string> lines = MakeLines(state.range(0));
+  std::for_each(lines.begin(), lines.end(), ours);
+  std::for_each(lines.begin(), lines.end(), peer);
+  std::shuffle(lines.begin(), lines.end(), std::minstd_rand());
+  MeasureInTurns(state, kGoal, InTurn(lines, ours), InTurn(lines, peer));
+}
+BENCHMARK(BM_Assignment)
+    ->Arg(1)
+    ->Arg(100)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace vask
