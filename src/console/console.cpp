@@ -192,16 +192,8 @@ std::string CConsole::GetCommandName(const std::string& line) {
 }
 
 bool CConsole::IsSpecialLine(const std::string& line) {
-  bool isBlank = true;
-  char previous = ' ';
-  for (const char c : line) {
-    if (c == ';' || ((c == ':' || c == '/') && c == previous)) {
-      return true;
-    }
-    isBlank = isBlank && IsBlank(c);
-    previous = c;
-  }
-  return isBlank;
+  return Trim(line).empty() || line.find("::") != kNone || line.find(';') != kNone ||
+         line.find("//") != kNone;
 }
 
 std::string CConsole::ExecuteSpecialLine(const std::string& line) {
@@ -283,11 +275,13 @@ std::string CConsole::GetVariable(const std::string& name) const {
   return variable == nullptr ? std::string() : variable->GetString();
 }
 
+// The program stays in the "C" locale, in which no other letters have capitals. A call of the
+// library for each one would take as long as the look into the table.
 std::string CConsole::Key(const std::string& name) const {
   std::string key = name;
   if (!myCaseSensitive) {
-    std::transform(key.begin(), key.end(), key.begin(), [](char c) {
-      return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    std::ranges::transform(key, key.begin(), [](char c) {
+      return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     });
   }
   return key;
