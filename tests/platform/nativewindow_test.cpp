@@ -8,7 +8,6 @@
 #include <vector>
 
 // Last: the macros of X would spoil the other headers.
-#include "platform/displayloss.h"
 #include "platform/errorguard.h"
 #include "platform/nativekeys.h"
 
@@ -224,12 +223,6 @@ TEST(ErrorGuard, LeavesTheHandlersOfOtherConnectionsInPlace) {
     EXPECT_EQ(guarding(reinterpret_cast<Display*>(this), nullptr), 41);
   }
   EXPECT_EQ(XSetErrorHandler(nullptr), &OnError);
-}
-
-TEST(DisplayLoss, EndsTheProgramAtOnce) {
-  EndWithDisplay();
-  const auto end = XSetIOErrorHandler(nullptr);
-  EXPECT_EXIT(end(nullptr), testing::ExitedWithCode(1), "^The connection to the display is lost");
 }
 
 TEST(NativeKeys, MeanWhatControlsKnow) {

@@ -1,7 +1,6 @@
 #include "platform/process.h"
 
 #include "platform/filelock.h"
-#include "platform/memoryloss.h"
 #include "platform/socket.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +10,6 @@
 
 #include <cerrno>
 #include <csignal>
-#include <fstream>
-#include <new>
 #include <thread>
 
 namespace vask::platform {
@@ -37,16 +34,6 @@ TEST(FileLock, IsHeldByOneAtATime) {
     EXPECT_FALSE(CFileLock("lock", 0).IsHeld());
   }
   EXPECT_TRUE(CFileLock("lock", 0).IsHeld());
-}
-
-TEST(MemoryLoss, EndsTheProgramWithALineInItsLog) {
-  std::ofstream("log.txt") << "before\n";
-  EndWithoutMemory("log.txt");
-  EXPECT_EXIT(std::get_new_handler()(), testing::ExitedWithCode(1), "^There is no memory left");
-  std::set_new_handler(nullptr);
-  std::ifstream log("log.txt");
-  const std::string text(std::istreambuf_iterator<char>(log), {});
-  EXPECT_EQ(text, "before\n<!> There is no memory left; the program ends.\n");
 }
 
 TEST(Socket, SendsAllUntilTheOtherSideHasGone) {

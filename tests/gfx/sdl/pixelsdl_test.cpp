@@ -123,7 +123,7 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
 }
 
 TEST_F(Picture, GifFilesAreReadUnlessTheirFirstPictureIsTooLarge) {
-  const std::string start = "GIF89a" + Bytes(0x10001, 4) + Bytes(0x80, 3) + ",BCDEF";
+  const std::string start = "GIF89a" + Bytes(0x10001, 4) + Bytes(0x80, 3) + "A,BCDE";
   const std::string comment = Bytes(0x1FE21, 3) + "," + Bytes(0, 1);
   const std::string pixel = Bytes(0x1'4402'02, 4) + Bytes(0x3B00, 2);
   for (const unsigned width : {1U, 0xFFFFU}) {

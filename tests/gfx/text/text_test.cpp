@@ -116,38 +116,28 @@ TEST_F(Font, TextIsLaidOutByTheAlignment) {
   std::ofstream("a.ogf") << "OGF;3;1;10;12;3;888;xi ;640726;sheet.bmp";
   COgfFontLoader().Load(font, "a.ogf");
   enum { kLeft, kCenter, kRight, kJustify, kNone };
-  struct SCase {
-    int by = kLeft;
-    Rect in = {0, 0, 99, 99};
-    const char* text;
-    const char* drawn;  // the lines and where they begin; where the text ends
-  };
-  const SCase cases[] = {
-      {.in = {5, 7, 30, 99}, .text = "xx xxx\nx", .drawn = "xx @5,7|xxx@5,19|x@5,31|15,43"},
-      {.in = {0, 3, 99, 0}, .text = "x", .drawn = "0,3"},
-      {.in = {0, 0, 20, 99}, .text = "xx \nxx ", .drawn = "xx @0,0|xx @0,12|24,24"},
-      {.in = {0, 0, 50, 30}, .text = "x xxxxxx x", .drawn = "x @0,0|14,36"},
-      {.text = "x\n\nx\n", .drawn = "x@0,0|@0,12|x@0,24|10,36"},
-      {.in = {0, 0, 99, 13}, .text = "x\nx\nx", .drawn = "x@0,0|x@0,12|10,24"},
-      {.text = "x\tx", .drawn = "x    x@0,0|36,12"},
-      {.by = kNone, .in = {5, 7, 1, 1}, .text = "xx xx", .drawn = "xx xx@5,7|49,19"},
-      {.by = kCenter, .in = {0, 0, 90, 9}, .text = "xxxi", .drawn = "xxxi@29,0|60,12"},
-      {.by = kRight, .in = {3, 0, 50, 99}, .text = "xx xxx", .drawn = "xx @29,0|xxx@23,12|53,24"},
-      {.by = kJustify,
-       .in = {1, 0, 51, 13},
-       .text = "x\nx x x xx",
-       .drawn = "x@1,0|x@1,12|x@21,12|x@42,12|52,24"},
-      {.by = kJustify, .in = {0, 0, 50, 99}, .text = "x x\nx", .drawn = "x x@0,0|x@0,12|10,24"},
-  };
   const ImagePtr target(Gfx::NewBuffer(300, 100));
-  for (const SCase& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.text << " by " << c.by);
-    font.SetAlign(c.by);
-    const SPenPosition end = font.Write(target.get(), c.text, c.in);
-    EXPECT_EQ(font.lines + std::to_string(end.x) + "," + std::to_string(end.y), c.drawn);
-    EXPECT_EQ(font.Write(nullptr, c.text, c.in).y, end.y) << "measured without a picture";
+  // The lines and where they begin; where the text ends.
+  const auto laidOut = [&](int by, const char* text, const Rect& in) {
     font.lines.clear();
-  }
+    font.SetAlign(by);
+    const SPenPosition end = font.Write(target.get(), text, in);
+    const std::string drawn = std::exchange(font.lines, "");
+    EXPECT_EQ(font.Write(nullptr, text, in).y, end.y) << "measured without a picture: " << text;
+    return drawn + std::to_string(end.x) + "," + std::to_string(end.y);
+  };
+  EXPECT_EQ(laidOut(kLeft, "xx xxx\nx", {5, 7, 30, 99}), "xx @5,7|xxx@5,19|x@5,31|15,43");
+  EXPECT_EQ(laidOut(kLeft, "x", {0, 3, 99, 0}), "0,3");
+  EXPECT_EQ(laidOut(kLeft, "xx \nxx ", {0, 0, 20, 99}), "xx @0,0|xx @0,12|24,24");
+  EXPECT_EQ(laidOut(kLeft, "x xxxxxx x", {0, 0, 50, 30}), "x @0,0|14,36");
+  EXPECT_EQ(laidOut(kLeft, "x\n\nx\n", {0, 0, 99, 99}), "x@0,0|@0,12|x@0,24|10,36");
+  EXPECT_EQ(laidOut(kLeft, "x\nx\nx", {0, 0, 99, 13}), "x@0,0|x@0,12|10,24");
+  EXPECT_EQ(laidOut(kLeft, "x\tx", {0, 0, 99, 99}), "x    x@0,0|36,12");
+  EXPECT_EQ(laidOut(kNone, "xx xx", {5, 7, 1, 1}), "xx xx@5,7|49,19");
+  EXPECT_EQ(laidOut(kCenter, "xxxi", {0, 0, 90, 9}), "xxxi@29,0|60,12");
+  EXPECT_EQ(laidOut(kRight, "xx xxx", {3, 0, 50, 99}), "xx @29,0|xxx@23,12|53,24");
+  EXPECT_EQ(laidOut(kJustify, "x\nx x x xx", {1, 0, 51, 13}), "x@1,0|x@1,12|x@21,12|x@42,12|52,24");
+  EXPECT_EQ(laidOut(kJustify, "x x\nx", {0, 0, 50, 99}), "x x@0,0|x@0,12|10,24");
   font.SetAlign(kRight);
   font.Write(target.get(), "x", 5, 88);
   EXPECT_EQ(font.lines, "x@290,88|") << "to the picture's edge";
@@ -228,25 +218,19 @@ TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
   const CSpritePtr sprite(view);
   sprite->SetParent(CScreenLayer::GetSingletonPtr());
 
-  struct SStep {
-    int height;  // of the text
-    int scroll = 0;
-    const char* asked;  // y, width
+  // The y and width that are asked for when the text has that height and is scrolled so far.
+  const auto askedAt = [&](int height, int scroll) {
+    drawer.height = height;
+    view->ScrollBy(scroll);
+    return drawer.asked;
   };
-  const SStep steps[] = {
-      {.height = 4, .asked = "-16,30"},
-      {.height = 25, .scroll = -2, .asked = "3,30"},
-      {.height = 45, .asked = "3,30"},
-      {.height = 50, .scroll = 30, .asked = "30,30"},
-      {.height = 55, .asked = "35,30"},
-      {.height = 1200000, .scroll = -1000, .asked = "1198980,30"},
-      {.height = 1200012, .asked = "1198980,30"},
-  };
-  for (const SStep& step : steps) {
-    drawer.height = step.height;
-    view->ScrollBy(step.scroll);
-    EXPECT_EQ(drawer.asked, step.asked) << step.height;
-  }
+  EXPECT_EQ(askedAt(4, 0), "-16,30");
+  EXPECT_EQ(askedAt(25, -2), "3,30");
+  EXPECT_EQ(askedAt(45, 0), "3,30");
+  EXPECT_EQ(askedAt(50, 30), "30,30");
+  EXPECT_EQ(askedAt(55, 0), "35,30");
+  EXPECT_EQ(askedAt(1200000, -1000), "1198980,30");
+  EXPECT_EQ(askedAt(1200012, 0), "1198980,30");
   drawer.height = 30;
   view->SetSize(30, 20);
   EXPECT_EQ(drawer.asked, "1198980,30") << "it had that size";
