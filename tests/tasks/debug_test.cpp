@@ -130,15 +130,12 @@ TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
 }
 
 TEST_F(Debug, BansAssertions) {
-  const auto bans = [this](const std::string& parameter) {
-    EXPECT_TRUE(task.ExecuteCommand("banAsserts(" + parameter + ")"));
-    return AreAssertsBanned();
-  };
-  EXPECT_TRUE(bans("1"));
-  EXPECT_FALSE(bans("0.9"));
-  EXPECT_TRUE(bans("-2"));
-  EXPECT_TRUE(bans("off")) << "changes nothing";
-  EXPECT_FALSE(bans("0"));
+  const std::pair<const char*, bool> cases[] = {
+      {"1", true}, {"0.9", false}, {"-2", true}, {"off", true}, {"0", false}};
+  for (const auto& [parameter, isBanned] : cases) {
+    EXPECT_TRUE(task.ExecuteCommand("banAsserts(" + std::string(parameter) + ")"));
+    EXPECT_EQ(AreAssertsBanned(), isBanned) << parameter;
+  }
 }
 
 TEST_F(Debug, CommandsComplainOfWrongParameters) {
