@@ -1,6 +1,5 @@
 #include "events/eventbridge.h"
 #include "gfx/text/textsprite.h"
-#include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -9,6 +8,7 @@
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"
 #include "ui/textinputwidget.h"
+#include "ui/uitask.h"
 #include "utils/assert.h"
 
 #include <gtest/gtest.h>
@@ -21,40 +21,39 @@
 namespace vask::test {
 namespace {
 
-// A run with the UI task and two debug tasks. As the name of a stopped task is taken for good, all
-// names hold the number of the run, for which "%" stands.
-struct Debug : testing::Test {
-  Debug() { Run("starttask(ui, ui%, 7);starttask(debug, debug%, 6);starttask(debug, other%, 6)"); }
-  ~Debug() override {
-    Run("stoptask(ui%);stoptask(debug%);stoptask(other%);stoptask(new%)");
-    ++ourNumber;
-  }
+using Rect = CRect<int>;
 
-  static std::string Numbered(const std::string& line) {
-    return std::regex_replace(line, std::regex("%"), std::to_string(ourNumber));
+// A debug task, and the one that feeds the widgets of its console.
+struct Debug : testing::Test {
+  Debug() {
+    ui.Start();
+    task.Start();
   }
-  static void Run(const std::string& line) { RunScript(Numbered(line)); }
-  static CTaskDebug& Task(const std::string& name = "debug%") {
-    return dynamic_cast<CTaskDebug&>(*CTaskFactory::GetSingletonPtr()->GetTask(Numbered(name)));
+  ~Debug() override {
+    task.Exit();
+    ui.Exit();
   }
-  // The consoles, while there is a desktop.
   static std::size_t CountWindows() {
-    return ui::CDesktopWidget::GetSingletonPtr()->GetChildren().size();
+    return ui::CDesktopWidget::GetSingleton().GetChildren().size();
   }
   static ui::CWidget& Window() { return *ui::CDesktopWidget::GetSingleton().GetChildren().front(); }
+  static ui::CWidget* Line() { return Window().GetChildren().front()->GetChildren().front(); }
   // Types into the line of the frontmost console and returns what it shows then.
   static std::string Type(const std::string& keys) {
-    SetFocus(Window().GetChildren().front()->GetChildren().front());
-    for (const char key : Numbered(keys)) {
-      CEventBridge::GetSingleton().KeyDown(key, static_cast<unsigned char>(key));
+    SetFocus(Line());
+    for (const char key : keys) {
+      ui::CKeyboardEvent event(ui::IEvent::kKeyDown, key, static_cast<std::uint8_t>(key));
+      ui::CDesktopWidget::GetSingletonPtr()->HandleEvent(event);
     }
     const auto* line = dynamic_cast<ui::CTextInputWidget*>(ui::GetFocus());
     return line != nullptr ? line->GetText() : "";
   }
 
-  static inline int ourNumber = 0;
   CFakeClock myClock;
   CTestScreen myScreen{200, 60};
+  const std::vector<CSprite*>& myTexts = CScreenLayer::GetSingleton().GetChildren();
+  CUiTask ui;
+  CTaskDebug task;
 };
 
 TEST_F(Debug, ACommandOpensTheConsole) {
@@ -68,26 +67,27 @@ TEST_F(Debug, ACommandOpensTheConsole) {
 }
 
 TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
-  Run("debug%::ToggleConsole");
-  Type("stoptask(ui%);starttask(ui, new%, 70)\r");
+  RunScript("starttask(ui, ui1)\nstarttask(debug, one)\nstarttask(debug, two)\none::ToggleConsole");
+  Type("stoptask(ui1)\r");
   EXPECT_EQ(CountWindows(), 0U);
-  Run("debug%::ToggleConsole");
+  RunScript("one::ToggleConsole");
   EXPECT_EQ(Type("x"), "x") << "another console";
-  Type(";stoptask(debug%);other%::ToggleConsole\r");
+  Type(";stoptask(one);two::ToggleConsole\r");
   EXPECT_EQ(CountWindows(), 1U);
   EXPECT_EQ(Type("x"), "x") << "the other task's";
+  RunScript("stoptask(two)");
 }
 
 TEST_F(Debug, CountsFramesOverAtLeastASecond) {
-  const auto* text = dynamic_cast<CTextSprite*>(CScreenLayer::GetSingleton().GetChildren()[1]);
+  const auto& text = dynamic_cast<CTextSprite&>(*myTexts.front());
   // What the text shows, and the average, lowest and highest figure, after so many frames.
   const auto after = [&](int frames, unsigned milliseconds) {
     for (int i = 0; i < frames; ++i) {
       myClock.Advance(milliseconds);
-      Task().Update();
+      task.Update();
     }
-    const auto [average, lowest, highest] = Task().GetFrameRate();
-    return std::tuple(text->GetText(), average, lowest, highest);
+    const auto [average, lowest, highest] = task.GetFrameRate();
+    return std::tuple(text.GetText(), average, lowest, highest);
   };
   EXPECT_EQ(after(60, 16), std::tuple("", 0.0F, UINT_MAX, 0U));
   EXPECT_EQ(after(1, 40), std::tuple("Fps: 61", 61.0F, 61U, 61U));
@@ -97,23 +97,22 @@ TEST_F(Debug, CountsFramesOverAtLeastASecond) {
 }
 
 TEST_F(Debug, TheFrameRateShowsAsItsVariableSays) {
-  const auto& texts = CScreenLayer::GetSingletonPtr()->GetChildren();
-  Run("debug_show_fps = 0");
-  Task().Update();
-  EXPECT_EQ(texts.size(), 1U) << "that of the other task";
-  Run("debug_show_fps = 1");
-  Task().Update();
-  EXPECT_EQ(texts.front()->GetRect(), (CRect<int>{115, 10, 75, 20}));
+  RunScript("debug_show_fps = 0");
+  task.Update();
+  EXPECT_TRUE(myTexts.empty());
+  RunScript("debug_show_fps = 1");
+  task.Update();
+  EXPECT_EQ(myTexts.front()->GetRect(), (Rect{115, 10, 75, 20}));
   CScreenLayer::GetSingletonPtr()->DrawFrame();
-  EXPECT_EQ(myScreen.At(185, 10), 0x0C0C12U) << "the backdrops of both texts";
-  Run("stoptask(debug%)");
-  EXPECT_EQ(texts.size(), 1U);
+  EXPECT_EQ(myScreen.At(185, 10), 0x08080CU) << "its backdrop";
+  task.Exit();
+  EXPECT_TRUE(myTexts.empty());
 }
 
 TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
-  CEventBridge& bridge = *CEventBridge::GetSingletonPtr();
+  CEventBridge& bridge = CEventBridge::GetSingleton();
   bridge.Resize(800, 600);
-  const CSprite& text = *CScreenLayer::GetSingletonPtr()->GetChildren().front();
+  const CSprite& text = *myTexts.front();
   const auto dragged = [&](int x) {
     bridge.MouseMove(x, 15, 0, 0);
     bridge.MouseButtonDown(1);
@@ -121,43 +120,42 @@ TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
     bridge.MouseButtonUp(1);
     return text.GetX();
   };
-  Run("debug%::ToggleConsole");
-  EXPECT_EQ(Window().GetRect(), (CRect<int>{10, 10, 400, 200}));
-  const ui::CWidget& line = *Window().GetChildren().front()->GetChildren().front();
-  EXPECT_EQ(line.GetRect(), (CRect<int>{12, 188, 396, 20}));
+  task.ExecuteCommand("ToggleConsole");
+  EXPECT_EQ(Window().GetRect(), (Rect{10, 10, 400, 200}));
+  EXPECT_EQ(Line()->GetRect(), (Rect{12, 188, 396, 20}));
   EXPECT_LT(Window().GetDepth(), text.GetZ());
   EXPECT_EQ(dragged(120), 115);
-  Run("debug%::ToggleConsole");
+  task.ExecuteCommand("ToggleConsole");
   EXPECT_EQ(dragged(120), 125);
 }
 
 TEST_F(Debug, BansAssertions) {
-  const auto bans = [](const std::string& parameter) {
-    EXPECT_TRUE(Task().ExecuteCommand("banAsserts(" + parameter + ")"));
-    return AreAssertsBanned();
-  };
-  EXPECT_TRUE(bans("1"));
-  EXPECT_FALSE(bans("0.9"));
-  EXPECT_TRUE(bans("-2"));
-  EXPECT_TRUE(bans("off")) << "changes nothing";
-  EXPECT_FALSE(bans("0"));
+  const std::pair<const char*, bool> cases[] = {
+      {"1", true}, {"0.9", false}, {"-2", true}, {"off", true}, {"0", false}};
+  for (const auto& [parameter, isBanned] : cases) {
+    EXPECT_TRUE(task.ExecuteCommand("banAsserts(" + std::string(parameter) + ")"));
+    EXPECT_EQ(AreAssertsBanned(), isBanned) << parameter;
+  }
 }
 
 TEST_F(Debug, CommandsComplainOfWrongParameters) {
   const CLogCapture log;
-  Run("debug%::BanAsserts(off);debug%::RecordInput(5);debug%::PlaybackInput");
+  task.ExecuteCommand("BanAsserts(off);RecordInput(5);PlaybackInput");
   EXPECT_EQ(log.Count("BanAsserts - command, need atleast on parameter. 1 = ban assert"), 1U);
   EXPECT_EQ(log.Count(" -command, requires atleast one parameter, the file recording is"), 2U);
 }
 
 TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
   std::ofstream("game.rec") << "1\n0 mm 3 4\n7 md 1\n";
-  Run("debug%::PlaybackInput(game.rec);other%::RecordInput(copy.rec)");
-  Task().Update();
-  Run("debug%::RecordInput(new.rec)");  // ends the playback
-  CEventBridge::GetSingletonPtr()->MouseMove(5, 6, 0, 0);
-  Run("stoptask(debug%)");
-  CEventBridge::GetSingletonPtr()->MouseButtonUp(1);
+  CTaskDebug other;
+  other.Start();
+  other.ExecuteCommand("RecordInput(copy.rec)");
+  task.ExecuteCommand("PlaybackInput(game.rec)");
+  task.Update();
+  task.ExecuteCommand("RecordInput(new.rec)");  // ends the playback
+  CEventBridge::GetSingleton().MouseMove(5, 6, 0, 0);
+  task.Exit();
+  CEventBridge::GetSingleton().MouseButtonUp(1);
   std::ostringstream records;
   records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
   const std::regex seedOrTime("(^|\n)[0-9]+");

@@ -54,12 +54,10 @@ TEST_F(EventTask, EveryEventReachesItsListeners) {
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_QUOTE, 39, 49)}), "down 39 39\n") << "no scancode of X";
   EXPECT_EQ(Heard({{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}}),
             "move 60000 7\nby -3 4\n");
-  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONDOWN, 1), Button(SDL_MOUSEBUTTONDOWN, 2)}),
-            "press 1 0\npress 2 0\n");
-  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 3), Button(SDL_MOUSEBUTTONUP, 4)}),
-            "release 4 0\nrelease 8 0\n");
-  EXPECT_EQ(Heard({Button(SDL_MOUSEBUTTONUP, 5), Button(SDL_MOUSEBUTTONUP, 6)}),
-            "release 16 0\nrelease 0 0\n");
+  constexpr Uint8 kDown = SDL_MOUSEBUTTONDOWN, kUp = SDL_MOUSEBUTTONUP;
+  EXPECT_EQ(Heard({Button(kDown, 1), Button(kDown, 2)}), "press 1 0\npress 2 0\n");
+  EXPECT_EQ(Heard({Button(kUp, 3), Button(kUp, 4)}), "release 4 0\nrelease 8 0\n");
+  EXPECT_EQ(Heard({Button(kUp, 5), Button(kUp, 6)}), "release 16 0\nrelease 0 0\n");
   // The second one has that size already.
   EXPECT_EQ(Heard({{.resize = {SDL_VIDEORESIZE, 70, 50}}, {.resize = {SDL_VIDEORESIZE, 70, 50}}}),
             "resize 70 50\n");

@@ -8,8 +8,7 @@
 namespace vask::ui {
 namespace {
 
-class CMouseSpy : public CWidget {
- public:
+struct CMouseSpy : CWidget {
   CMouseSpy() : CWidget(Desktop(), {0, 0, 800, 600}, false, "", {}) {}
   void OnMouseEvent(CMouseEvent& event) override { last = event; }
   CMouseEvent last{0, {}, 0, nullptr};

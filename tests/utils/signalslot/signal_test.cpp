@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <functional>
 #include <map>
 #include <sstream>
@@ -133,18 +134,14 @@ struct SignalWiringTest : SignalTest {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
   }
   void Read(const std::string& text) {
-    std::istringstream document(text);
-    const auto root = ReadXml(document);
-    CXmlContext xml(root.get(), CXmlContext::kReading);
-    css::CSignalWiring(*mySignal).Serialize(xml);
+    std::ofstream("slots.xml") << text;
+    css::CSignalWiring wiring(*mySignal);
+    LoadXml(wiring, "slots.xml");
   }
   std::string Written() {
-    CXmlElement root("r");
-    CXmlContext xml(&root, CXmlContext::kWriting);
-    css::CSignalWiring(*mySignal).Serialize(xml);
-    std::ostringstream stream;
-    WriteXml(root, stream);
-    return stream.str();
+    css::CSignalWiring wiring(*mySignal);
+    SaveXml(wiring, "slots.xml");
+    return (std::ostringstream() << std::ifstream("slots.xml").rdbuf()).str();
   }
 
   CLamp a{"a"};
@@ -158,7 +155,7 @@ TEST_F(SignalWiringTest, ReadsTheSlotsThatItFindsAndWritesThemBack) {
   Read("<r>" + good + "<Else target=\"a\" function=\"Toggle\"></Else>" + Slot("z", "Toggle") +
        Slot("a", "none") + "<Slot></Slot></r>");
   EXPECT_EQ(log.Count("Could not connect the slot"), 3U);
-  EXPECT_EQ(Written(), "<r>\n" + good + "</r>\n");
+  EXPECT_NE(Written().find(">\n" + good + "</"), std::string::npos) << Written();
   EXPECT_EQ(Emit(), "b a ");
   mySignal->Emit(7);
   EXPECT_EQ(ourRecord, "a7 ");
