@@ -3,8 +3,8 @@
 
 build_packages=(g++ cmake ninja-build pkg-config libsdl1.2-dev libsdl-image1.2-dev
   libsdl-mixer1.2-dev libsdl-gfx1.2-dev libx11-dev zlib1g-dev)
-test_packages=(libgtest-dev python3 python3-numpy python3-pil python3-xlib xvfb
-  openbox xdotool x11-xkb-utils libsdl2-2.0-0)
+test_packages=(libgtest-dev python3 python3-numpy python3-pil python3-xlib python3-aiosmtpd xvfb
+  openbox xdotool x11-xkb-utils libsdl2-2.0-0 weston)
 # The tree is laid out and linted as this version does it; others differ in taste, and newer systems
 # don't have it.
 linter_packages=(clang-format-14 clang-tidy-14)

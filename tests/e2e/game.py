@@ -19,6 +19,7 @@ WHOLE_GAME = 600  # seconds: the limit for ten kittens
 # One run; what is still running at the end is killed.
 class Game(Scoped):
     PROGRAM = "brumble"
+    TITLE = "Brumble"  # of the window
 
     # `prepare` may change the copy of runtime/ before the start; then the lines are added to its
     # autoexec.txt.
@@ -110,7 +111,7 @@ class Game(Scoped):
     @property
     def window(self):
         # Looked for each time: the compatibility library replaces it now and then.
-        return self.wait_for(lambda: self.screen.find_window("Brumble"), "the window")
+        return self.wait_for(lambda: self.screen.find_window(self.TITLE), "the window")
 
     def wait_for_window(self):
         self.rect = self.wait_for(lambda: self.screen.rect_of(self.window), "its place")

@@ -1,11 +1,27 @@
 """How the program ends: with its window or display, or for want of one, of a script or of memory."""
 from case import GameTest, libraries
+from display import Display, Scoped, run_beside, wait_for
 from game import Game
 
 
 # Every place that asks for memory lacks it once, each in a copy of the process.
 class Starved(Game):
     PROGRAM = "brumble_starved"
+
+
+# A Wayland compositor. Its one window on the screen shows its one client in full.
+class Compositor(Scoped):
+    def __init__(self, screen):
+        self.screen = screen
+
+    def _open(self, undo):
+        runtime = {"XDG_RUNTIME_DIR": str(self.folder)}
+        self.environment = {**runtime, "WAYLAND_DISPLAY": "wayland-test"}
+        self.process = run_beside(
+            undo, ["weston", "--no-config", "--socket=wayland-test", "--shell=kiosk-shell.so",
+                   "--backend=x11-backend.so", "--use-pixman", "--width=800", "--height=600"],
+            env={**self.screen.environment, **runtime})
+        wait_for((self.folder / "wayland-test").exists, "Wayland")
 
 
 class Ends(GameTest):
@@ -47,6 +63,20 @@ class Ends(GameTest):
                     line = f"There is no display to open the window on ({reason}); the program ends.\n"
                     self.assertEqual(game.standard_error(), line)
                     self.assertIn(line, game.log())
+
+    # Over SDL 2 it plays; the classic library says that there is no display.
+    def test_on_wayland_with_its_compositor_or_at_once(self):
+        for library in libraries():
+            with self.subTest(library=library), Display() as screen, \
+                    Compositor(screen) as compositor, \
+                    Game(environment={**compositor.environment, **library}) as game:
+                if not game.has_classic_sdl():
+                    game.screen, game.TITLE = screen, None  # its window sets no title of the old kind
+                    game.wait_for_title()
+                    compositor.process.kill()
+                game.wait_for_end()
+                self.assertRegex(game.log(), "Using driver: wayland|There is no display")
+                self.assertEqual(game.log().count("<!>"), game.standard_error().count("\n"))
 
     def test_without_a_script_it_does_so_at_once(self):
         with Game(build="asan", prepare=lambda r: (r / "autoexec.txt").unlink()) as game:
