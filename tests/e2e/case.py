@@ -1,5 +1,6 @@
 """What the end-to-end tests share."""
 import functools
+import itertools
 import subprocess
 import unittest
 
@@ -14,6 +15,19 @@ class GameTest(unittest.TestCase):
         self.screen = self.enterContext(Display())
         self.game = self.enterContext(kind(self.screen, **how))
         return self.screen, self.game
+
+
+# Runs the test for each combination of the choices: lists, or functions that return one.
+def for_each(**choices):
+    def decorate(test):
+        @functools.wraps(test)
+        def run(self):
+            lists = (choice() if callable(choice) else choice for choice in choices.values())
+            for values in itertools.product(*lists):
+                with self.subTest(values):
+                    test(self, **dict(zip(choices, values)))
+        return run
+    return decorate
 
 
 # The environments that run the program on each SDL 1.2 that there is: the classic library, and the

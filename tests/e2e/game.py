@@ -176,6 +176,29 @@ class Game(Scoped):
         self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
 
 
+# The installed game, started by its launcher in an empty home.
+class Installed(Game):
+    FILES = {".local", ".local/share", ".local/share/brumble", ".local/share/brumble/autoexec.txt",
+             ".local/share/brumble/data", ".local/share/brumble/log.txt"}  # all that it writes
+
+    def __init__(self, screen, launcher):
+        super().__init__(screen)
+        self.launcher = launcher
+
+    def _start(self):
+        self.home = self.folder / "home"
+        self.home.mkdir()
+        self.runtime = self.home / ".local/share/brumble"
+        return self._run([self.launcher], self.home, {
+            "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": self.screen.name,
+            "SDL_AUDIODRIVER": "dummy"})
+
+    # Everything in the home, but for what a graphics driver keeps.
+    def written(self):
+        return {str(path.relative_to(self.home)) for path in self.home.rglob("*")
+                if not path.is_relative_to(self.home / ".cache")}
+
+
 # A run with a clock of its own that waits for an order before each frame; tests/e2e/stepper.cpp
 # lists the orders. Nothing in it depends on how fast the machine is.
 class Stepper(Game):

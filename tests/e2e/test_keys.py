@@ -1,7 +1,7 @@
 """The keys that the start-up script binds, typed on a real keyboard."""
 import re
 
-from case import GameTest, libraries
+from case import GameTest, for_each, libraries
 from console import Console
 from game import ROOT, find_kitten, fit, load_picture
 from test_sound import Recorder
@@ -50,12 +50,8 @@ class Keys(GameTest):
 class Layouts(GameTest):
     UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
 
-    def test_keys_with_other_names(self):
-        for library in libraries():
-            with self.subTest(library=library):
-                self.type_in_other_layouts(library)
-
-    def type_in_other_layouts(self, library):
+    @for_each(library=libraries)
+    def test_keys_with_other_names(self, library):
         screen, game = self.start(lines="keyboard::bind(p, stoptask(mark))", environment=library)
         game.wait_for_title()
         console = Console(screen, game)

@@ -10,8 +10,7 @@ import tempfile
 import unittest
 
 from display import LIMIT, Display, read_line
-from game import ROOT
-from installed import Installed
+from game import ROOT, Installed
 
 # Reports how it was started; ends with 40, or with 40 and the number of the signal that it waits for.
 PROGRAM = r"""#!/bin/bash
