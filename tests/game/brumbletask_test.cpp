@@ -193,9 +193,9 @@ TEST_F(TaskTest, TheCastStandsStillWhileTheGameDoes) {
   EXPECT_EQ(sceneAfter(20), paused);
   task.Resume();
   EXPECT_NE(sceneAfter(20), paused);
-  const std::size_t scores = ReadScores().size();
+  const std::size_t scores = ReadScores()->size();
   Impl().ShowGameOver();
-  EXPECT_EQ(ReadScores().size(), scores) << "there was an extra kitten";
+  EXPECT_EQ(ReadScores()->size(), scores) << "there was an extra kitten";
   const std::string over = sceneAfter(1);
   EXPECT_EQ(sceneAfter(20), over);
 }

@@ -371,7 +371,7 @@ TEST_F(ReplayTest, KeepsTheLastTenGamesAndThoseOfTheBestScores) {
     PlayFor(20);
     GameState().isGameOver = true;
     PlayFor(40);
-    ASSERT_EQ(ReadScores().back().recording, *Replays().rbegin()) << "equal scores stay in order";
+    ASSERT_EQ(ReadScores()->back().recording, *Replays().rbegin()) << "equal scores stay in order";
     games.push_back(*Replays().rbegin());
     if (game == 0) {
       WriteAll(kScoresFile, "90 2001-01-01 " + games[0] + "\n");
@@ -454,7 +454,7 @@ TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
     isDemo(1000);
   }
   EXPECT_EQ(test::Shown(kTitleScreenFile).size(), 1U) << "after its end";
-  EXPECT_TRUE(ReadScores().empty());
+  EXPECT_TRUE(ReadScores()->empty());
   Line("game_demo_after = 0");
 }
 
@@ -515,7 +515,7 @@ TEST_F(ReplayTest, ARecordedGamePlaysOnTheScreenAndLeavesNoTrace) {
   EXPECT_TRUE(log.Has("Replay: held, score"));
   EXPECT_EQ(test::Shown("data/gfx/title_screen.xml").size(), 1U) << "somebody had left it";
   EXPECT_EQ(Replays(), replays);
-  EXPECT_TRUE(ReadScores().empty());
+  EXPECT_TRUE(ReadScores()->empty());
 }
 
 }  // namespace
