@@ -7,11 +7,13 @@ namespace vask {
 namespace {
 
 // New buffers are zero, which is black, so that a copy of one clears the screen at any depth.
-void FillBlack(IPixel* screen) {
+// Returns whether there was one.
+bool FillBlack(IPixel* screen) {
   const CRect<int> all{0, 0, screen->GetWidth(), screen->GetHeight()};
   const Gfx::ImagePtr black(Gfx::NewScreenBuffer(all.w, all.h, Gfx::kMagenta));
   Gfx::CopyPixels(black.get(), all, screen, 0, 0);
   screen->AddDirtyRect(all);
+  return !black->IsEmpty();
 }
 
 // The screen layer belongs to itself. It is counted once for itself, so that the last smart pointer
@@ -51,6 +53,8 @@ CSprite* CScreenLayer::GetCanvas() const {
   return isSame ? CSpriteLayer::GetCanvas() : nullptr;
 }
 
+void CScreenLayer::BackgroundLost() { RefreshAll(); }
+
 void CScreenLayer::DrawFrame() {
   const bool isSame = myScreen == Gfx::GetScreen();
   myScreen = Gfx::GetScreen();
@@ -69,10 +73,13 @@ void CScreenLayer::DrawAll() {
   myCanvasSprite->SetImage(myScreen);
   myCanvasSprite->SetRect(myScreen->GetRect());
   *CLog::GetSingletonPtr() << "drawing all\n";
-  FillBlack(myScreen);
+  const bool isBlack = FillBlack(myScreen);
   // What was saved belongs to the last screen; painting saves new backgrounds.
   ForgetBackground();
   Draw(GetCanvas());
+  if (!isBlack) {
+    RefreshAll();  // the next frame tries again
+  }
 }
 
 }  // namespace vask

@@ -23,6 +23,7 @@ class CScreenLayer : public CStaticSingleton<CScreenLayer>, public CSpriteLayer 
   void DrawFrame();
   // Makes the next frame a full redraw.
   void RefreshAll() { myRefreshAll = true; }
+  void BackgroundLost() override;
 
  private:
   void DrawAll();

@@ -103,6 +103,12 @@ void CSpriteLayer::RaiseDepthMark(int z) { myDepthMark = std::max(myDepthMark, z
 
 int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
 
+void CSpriteLayer::BackgroundLost() {
+  if (GetParent() != nullptr) {
+    GetParent()->BackgroundLost();
+  }
+}
+
 void CSpriteLayer::AddDirty(CSprite* sprite) {
   sprite->myInDirtyList = true;
   RestoreDownTo(sprite);

@@ -39,6 +39,8 @@ class CSpriteLayer : public CSprite {
   // The depth mark: the greatest depth that must be repainted.
   virtual void RaiseDepthMark(int z);
   virtual int GetDepthMark() const;
+  // What is below a child that was painted could not be saved: all has to be painted anew.
+  virtual void BackgroundLost();
   // A child reports a change that is about to be made.
   virtual void AddDirty(CSprite* sprite);
   // The sprite whose picture is the surface that the layer paints on; not owned, null for none.
