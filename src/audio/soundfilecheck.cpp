@@ -175,6 +175,16 @@ bool HasData(std::istream& file, Offset at) {
   return chunk && chunk->size <= kMostBytes;
 }
 
+// Whether the chunks up to the data are in the file to their ends: SDL makes room for as much as
+// they claim, which may be 4 GB, before it reads them.
+bool HasWholeChunks(std::istream& file, Offset at, Offset fileSize) {
+  std::optional<SChunk> chunk = ReadChunk(file, at);
+  while (chunk && chunk->End() <= fileSize && chunk->mark != "data") {
+    chunk = ReadChunk(file, chunk->End());
+  }
+  return !chunk || chunk->End() <= fileSize;
+}
+
 // Why sound of that description must be kept from SDL; null for none.
 const char* FindFault(const SDescription& sound, Offset fileSize, EUse use) {
   const SDL_AudioSpec device = QueryDevice();
@@ -198,6 +208,9 @@ const char* FindFault(std::istream& file, EUse use) {
   }
   if (size > kMostBytes) {
     return "The wave file is too large";
+  }
+  if (use == EUse::kEffect && !HasWholeChunks(file, *FindFirstChunk(file), size)) {
+    return "The wave file is cut off";
   }
   if (chunk->End() > size) {
     return nullptr;

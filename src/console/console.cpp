@@ -6,12 +6,15 @@
 #include "console/consoleparams.h"
 #include "console/scriptguard.h"
 #include "utils/inputfile.h"
+#include "utils/log/log.h"
 #include "utils/trim.h"
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <set>
+#include <system_error>
 #include <utility>
 
 namespace vask {
@@ -59,6 +62,15 @@ std::vector<std::string> Names(std::vector<std::string> keys, bool caseSensitive
   return keys;
 }
 
+// A script need not be there; one that is there has to be read to its end.
+void ReportIfUnread(const std::string& fileName, const std::ifstream& file) {
+  std::error_code error;
+  const bool isUnread = !file.is_open() || file.bad();
+  if (isUnread && std::filesystem::is_regular_file(fileName, error)) {
+    Log().Error() << "The script " << fileName << " can't be read to its end\n";
+  }
+}
+
 }  // namespace
 
 CConsole::CConsole() = default;
@@ -99,6 +111,7 @@ std::unique_ptr<CConsoleParams> CConsole::ParseParams(std::string_view line) {
 std::string CConsole::ExecuteFile(const std::string& fileName) {
   std::ifstream file = OpenInputFile(fileName);
   if (!file) {
+    ReportIfUnread(fileName, file);
     return {};
   }
   const CScriptGuard guard(fileName);
@@ -110,6 +123,7 @@ std::string CConsole::ExecuteFile(const std::string& fileName) {
     }
     Execute(line, false);
   }
+  ReportIfUnread(fileName, file);
   return {};
 }
 

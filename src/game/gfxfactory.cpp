@@ -1,6 +1,7 @@
 #include "game/gfxfactory.h"
 
 #include "gfx/sprite/spritefactory.h"
+#include "utils/log/log.h"
 #include "utils/xml/xml.h"
 
 #include <sstream>
@@ -15,7 +16,9 @@ constexpr const char* kFileAttribute = "sprite_file";
 }  // namespace
 
 void CGfxFactory::Load(const std::string& file, const std::string& /*rootName*/) {
-  vask::LoadXml(*this, file);
+  if (!vask::LoadXml(*this, file)) {
+    vask::Log().Warning() << "The table of sprites " << file << " can't be read\n";
+  }
 }
 
 std::string CGfxFactory::GetFile(int handle) const {

@@ -63,9 +63,12 @@ std::string NewReplayName(int number) {
 void RemoveOldReplays() {
   std::vector<std::string> files = OurFiles();
   std::sort(files.rbegin(), files.rend());
-  const std::vector<SScore> scores = ReadScores();
+  const auto scores = ReadScores();
+  if (!scores) {
+    return;  // they may name each of the files
+  }
   for (std::size_t i = kLastReplays; i < files.size(); ++i) {
-    const bool isBest = std::any_of(scores.begin(), scores.end(), [&](const SScore& score) {
+    const bool isBest = std::any_of(scores->begin(), scores->end(), [&](const SScore& score) {
       return score.recording == files[i];
     });
     if (!isBest) {

@@ -10,8 +10,10 @@
 #include <array>
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <optional>
 #include <sstream>
+#include <system_error>
 
 namespace brumble {
 namespace {
@@ -78,7 +80,7 @@ bool WriteScores(const std::vector<SScore>& scores) {
 
 }  // namespace
 
-std::vector<SScore> ReadScores() {
+std::optional<std::vector<SScore>> ReadScores() {
   std::vector<SScore> scores;
   std::ifstream file = vask::OpenInputFile(kScoresFile);
   std::string line;
@@ -89,18 +91,28 @@ std::vector<SScore> ReadScores() {
       ReportBrokenLine(line);
     }
   }
+  std::error_code error;
+  const bool isThere = std::filesystem::exists(kScoresFile, error) || error;
+  if (file.bad() || (isThere && !file.is_open())) {
+    vask::Log().Warning() << "Scores: " << kScoresFile << " can't be read\n";
+    return std::nullopt;
+  }
   scores.resize(std::min(scores.size(), kBestScores));
   return scores;
 }
 
 int BestScore() {
-  const std::vector<SScore> scores = ReadScores();
-  return scores.empty() ? 0 : scores.front().score;
+  const auto scores = ReadScores();
+  return !scores || scores->empty() ? 0 : scores->front().score;
 }
 
 int EnterScore(const SScore& score) {
   const vask::platform::CFileLock lock(kLockFile, kLockPatience);
-  std::vector<SScore> scores = ReadScores();
+  std::optional<std::vector<SScore>> known = ReadScores();
+  if (!known) {
+    return 0;  // what can't be read must not be replaced
+  }
+  std::vector<SScore>& scores = *known;
   const std::size_t place = Insert(scores, score);
   if (place > kBestScores) {
     return 0;

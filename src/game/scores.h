@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,14 +20,16 @@ inline constexpr const char* kScoresFile = "scores.txt";
 
 // The file's scores, best first, at most kBestScores. Of a missing file none. A line that is no
 // score is skipped; the first one that a run of the program meets is logged.
-std::vector<SScore> ReadScores();
+// Nothing, which is logged, when the file is there but can't be read.
+std::optional<std::vector<SScore>> ReadScores();
 
 // The best score in the file; 0 without one.
 int BestScore();
 
 // Enters the score into the file, after those that are as good, and keeps the best. Several
 // programs may do that at once. Returns its place, 1 for the best, 0 when it is not among the best.
-// A file that can't be written is logged; the place is then that in the old file.
+// A file that can't be written is logged; the place is then that in the old file. One that can't be
+// read is left as it is, and there is no place.
 int EnterScore(const SScore& score);
 
 // Today as a score's date, in the local time zone.

@@ -16,6 +16,7 @@ using Faults = std::pair<std::string, std::string>;
 
 constexpr char kUnconvertible[] = "SDL cannot convert what the wave file describes";
 constexpr char kTooLarge[] = "The wave file is too large";
+constexpr char kCut[] = "The wave file is cut off";
 constexpr char kNoData[] = "The wave file has no data";
 
 Faults Both(const std::string& fault) { return {fault, fault}; }
@@ -57,8 +58,8 @@ TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
   EXPECT_EQ(FaultsOf(Riff(list + fact + broken)), Both(kUnconvertible));
   EXPECT_EQ(FaultsOf("RIFFWAVE" + broken), Both(kUnconvertible)) << "without a size";
   EXPECT_EQ(FaultsOf("WAVE....WAVE" + broken), Both(kUnconvertible));
-  EXPECT_EQ(FaultsOf("RIFX....WAVE" + broken), kFine) << "SDL sees by itself";
-  EXPECT_EQ(FaultsOf(Riff(broken).substr(0, 35)), kFine) << "cut";
+  EXPECT_EQ(FaultsOf("RIFX....WAVE" + broken), Both("")) << "SDL sees by itself";
+  EXPECT_EQ(FaultsOf(Riff(broken).substr(0, 35)), (Faults{kCut, ""}));
   EXPECT_EQ(FaultsOf(Riff(Chunk("JUNK", "12345678") + broken)),
             (Faults{"", "The wave file does not begin with its description"}));
   EXPECT_EQ(FaultsOf(Riff(Chunk("fmt ", broken.substr(8, 15)) + Data())),
@@ -79,12 +80,12 @@ TEST_F(SoundFileCheck, RefusesWhatSdlCannotConvert) {
 
 TEST_F(SoundFileCheck, MusicNeedsItsDataWhereTheMixerLooksForThem) {
   const auto fault = [](const std::string& chunks) { return FaultsOf(Riff(Format() + chunks)); };
-  EXPECT_EQ(fault(Chunk("JUNK", "12") + Data()), kFine);
+  EXPECT_EQ(fault(Chunk("JUNK", "12") + Data()), Both(""));
   EXPECT_EQ(fault(Chunk("JUNK", "12")), (Faults{"", kNoData}));
-  EXPECT_EQ(fault(Chunk("JUNK", "1") + '\0' + Data()), (Faults{"", kNoData})) << "padding";
-  EXPECT_EQ(fault("data" + Bytes(0x7FFFFFFF, 4)), kFine) << "the largest size";
-  EXPECT_EQ(fault("data" + Bytes(0x80000000, 4)), (Faults{"", kNoData}));
-  EXPECT_EQ(fault("JUNK" + Bytes(0x80000000, 4) + Data()), (Faults{"", kNoData}));
+  EXPECT_EQ(fault(Chunk("JUNK", "1") + '\0' + Data()), (Faults{kCut, kNoData})) << "padding";
+  EXPECT_EQ(fault("data" + Bytes(0x7FFFFFFF, 4)), (Faults{kCut, ""})) << "the largest size";
+  EXPECT_EQ(fault("data" + Bytes(0x80000000, 4)), (Faults{kCut, kNoData}));
+  EXPECT_EQ(fault("JUNK" + Bytes(0x80000000, 4) + Data()), (Faults{kCut, kNoData}));
 }
 
 TEST_F(SoundFileCheck, RefusesWhatIsNoFileOrLargerThanSdlCanCount) {

@@ -5,30 +5,45 @@
 //   advance MS    moves the clock on
 //   redraw        makes the next frame a full redraw
 //   frame         lets one frame go by
-//   fail          fails an assertion that watches two variables: count, and limit, a constant
+//   click         presses the left button
+//   play MANNER SEED UPDATES
+//                 lets a pilot play the game to its end; in each frame the game is updated so often
+//   compare       whether the screen shows what painting everything shows
+//   mail PORT     sends a mail to this host
+//   fail          fails an assertion that watches two variables: ourCount, and limit, a constant
 //   fail N        fails one with a message of the numbers 1 to N, one a line
 //   unban         lifts the ban that "Ignore All" sets
 //   tell          prints the variable and the window's state
 //
-// It prints "ok" when each is done; the end of the input quits.
+// It prints "ok" when each is done, or what is wrong; the end of the input quits.
 
+#include "events/eventbridge.h"
+#include "game/brumbletaskimpl.h"
+#include "game/pilot.h"
+#include "gfx/sdl/surface.h"
+#include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
+#include "input/buttons.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
+#include "tools/mail.h"
 #include "utils/assert.h"
 
 #include <SDL.h>
 
 #include <iostream>
+#include <optional>
+#include <sstream>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace {
 
 vask::test::CFakeClock* theClock = nullptr;
+
 int ourCount = 3;
 
 // Printing it fails an assertion as well.
@@ -40,12 +55,13 @@ std::ostream& operator<<(std::ostream& stream, const STouchy& touchy) {
   return stream << touchy.value;
 }
 
-void Fail() {
-  const STouchy limit{2};
-  VASK_ASSERT_WATCHING(ourCount < limit.value, ourCount, limit);
-}
-
-void FailWith(int numbers) {
+void Fail(std::istream& order) {
+  int numbers = 0;
+  if (!(order >> numbers)) {
+    const STouchy limit{2};
+    VASK_ASSERT_WATCHING(ourCount < limit.value, ourCount, limit);
+    return;
+  }
   std::string message;
   for (int i = 1; i <= numbers; ++i) {
     message += "number " + std::to_string(i) + "\n";
@@ -62,34 +78,80 @@ void Tell() {
   }
 }
 
-void Obey(const std::string& order, const std::string& rest) {
-  if (order == "run") {
-    vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(rest.substr(1), false);
-  } else if (order == "advance") {
-    theClock->Advance(static_cast<unsigned>(std::stoul(rest)));
-  } else if (order == "redraw") {
-    vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
-  } else if (order == "fail" && rest.empty()) {
-    Fail();
-  } else if (order == "fail") {
-    FailWith(std::stoi(rest));
-  } else if (order == "unban") {
-    vask::BanAsserts(false);
-  } else if (order == "tell") {
-    Tell();
-  }
+std::vector<std::uint32_t> Shown() {
+  const SDL_Surface& screen = *vask::sdl::GetVideoSurface();
+  const std::uint32_t* const pixels = vask::sdl::Row32(screen, 0);
+  return {pixels, pixels + screen.pitch / 4 * screen.h};
 }
+
+std::string ComparePictures() {
+  if (vask::sdl::GetVideoSurface() == nullptr) {
+    return "no screen";
+  }
+  vask::CScreenLayer& layer = *vask::CScreenLayer::GetSingletonPtr();
+  layer.DrawFrame();
+  const std::vector<std::uint32_t> shown = Shown();
+  layer.RefreshAll();
+  layer.DrawFrame();
+  return shown == Shown() ? "ok" : "the picture is wrong";
+}
+
+std::string SendMail(int port) {
+  vask::CMail mail;
+  mail.SetHost("127.0.0.1");
+  mail.SetPort(port);
+  mail.SetSender("Stepper", "stepper@localhost");
+  return mail.Send("stepper@localhost") ? "ok" : mail.GetError();
+}
+
+// A game that a pilot plays to its end.
+class CPlayedGame {
+ public:
+  explicit CPlayedGame(std::istream& order) {
+    std::string manner;
+    std::uint32_t seed = 0;
+    order >> manner >> seed >> myUpdates;
+    brumble::CPilot::EManner found = {};
+    brumble::CPilot::FindManner(manner, found);
+    myPilot.emplace(found, seed);
+  }
+
+  // Returns whether it goes on.
+  bool PlayFrame() {
+    for (int i = 0; i < myUpdates; ++i) {
+      brumble::CBrumbleTaskImpl* const game = brumble::CBrumbleTaskImpl::GetCurrent();
+      if (game == nullptr || game->GetScreen() != nullptr) {
+        return false;
+      }
+      theClock->Advance(kFrameTime);
+      const auto pointer = myPilot->PointerAt(game->GetWorld(), myTime += kFrameTime);
+      vask::CEventBridge::GetSingletonPtr()->MouseMove(pointer.x, pointer.y, 0, 0);
+      game->Update();
+    }
+    return true;
+  }
+
+ private:
+  static constexpr unsigned kFrameTime = 20;  // milliseconds; play drops what is more
+
+  std::optional<brumble::CPilot> myPilot;
+  unsigned myTime = 0;
+  int myUpdates = 1;
+};
 
 class CStepper : public vask::CTask {
  public:
   void Update() override {
-    if (std::exchange(myFrameHasRun, true)) {
+    if (myGame && myGame->PlayFrame()) {
+      return;
+    }
+    myGame.reset();
+    if (std::exchange(myFrameRuns, false)) {
       std::cout << "ok" << std::endl;
     }
-    std::string order, rest;
-    while (std::cin >> order && std::getline(std::cin, rest) && order != "frame") {
-      Obey(order, rest);
-      std::cout << "ok" << std::endl;
+    std::string order;
+    while (!myFrameRuns && std::getline(std::cin, order)) {
+      Obey(order);
     }
     if (!std::cin) {
       vask::CKernel::GetSingletonPtr()->Quit();
@@ -97,7 +159,47 @@ class CStepper : public vask::CTask {
   }
 
  private:
-  bool myFrameHasRun = false;
+  void Obey(const std::string& line) {
+    std::istringstream order(line);
+    std::string verb;
+    order >> verb;
+    if (verb == "play") {
+      myGame.emplace(order);
+    }
+    myFrameRuns = verb == "frame" || verb == "play";
+    if (!myFrameRuns) {
+      std::cout << Answer(verb, order) << std::endl;
+    }
+  }
+
+  static std::string Answer(const std::string& verb, std::istream& order) {
+    unsigned number = 0;
+    if (verb == "run") {
+      std::string line;
+      std::getline(order >> std::ws, line);
+      std::cerr << vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    } else if (verb == "advance" && order >> number) {
+      theClock->Advance(number);
+    } else if (verb == "redraw") {
+      vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
+    } else if (verb == "click") {
+      vask::CEventBridge::GetSingletonPtr()->MouseButtonDown(vask::kLeftButton);
+    } else if (verb == "fail") {
+      Fail(order);
+    } else if (verb == "unban") {
+      vask::BanAsserts(false);
+    } else if (verb == "tell") {
+      Tell();
+    } else if (verb == "compare") {
+      return ComparePictures();
+    } else if (verb == "mail" && order >> number) {
+      return SendMail(static_cast<int>(number));
+    }
+    return "ok";
+  }
+
+  std::optional<CPlayedGame> myGame;
+  bool myFrameRuns = false;
 };
 
 const vask::CTaskTypeRegistrar<CStepper> theRegistrar("stepper");

@@ -160,7 +160,7 @@ TEST_F(TaskTest, TheCastStandsStillWhileTheGameDoes) {
   Impl().ShowGameOver();
   const std::string over = sceneAfter(1);
   EXPECT_EQ(sceneAfter(20), over);
-  EXPECT_TRUE(ReadScores().empty()) << "there was an extra kitten";
+  EXPECT_TRUE(ReadScores()->empty()) << "there was an extra kitten";
 }
 
 TEST_F(TaskTest, ThePlayPushesTheKittenThatTheRulesName) {

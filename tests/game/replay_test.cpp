@@ -283,7 +283,7 @@ TEST_F(ReplayTest, KeepsTheLastTenGamesAndThoseOfTheBestScores) {
     GameState().isGameOver = true;
     Frame(101);
     games.push_back(*Replays().rbegin());
-    EXPECT_EQ(ReadScores().back().recording, games.back()) << "equal scores stay in order";
+    EXPECT_EQ(ReadScores()->back().recording, games.back()) << "equal scores stay in order";
     WriteAll(kScoresFile, "90 2001-01-01 " + games[0] + "\n");
     task.Exit();
   }
@@ -354,7 +354,7 @@ TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
   for (int second = 0; second < 200 && isDemo(1000); ++second) {
   }
   EXPECT_EQ(test::Shown(kTitleScreenFile).size(), 1U) << "after its end";
-  EXPECT_TRUE(ReadScores().empty());
+  EXPECT_TRUE(ReadScores()->empty());
   EXPECT_EQ(Verdict(kDemoRecording), "");
   Line("game_demo_after = 0");
 }
@@ -395,7 +395,7 @@ TEST_F(ReplayTest, AReplayLeavesNoTrace) {
   const auto traces = [this] {
     const SWorldState& state = WorldState();
     return std::tuple(Impl().GetWorld().GetBodyCount(), state.resetCounter, state.lookCounter,
-                      Replays(), ReadScores().size(), test::Shown(kTitleScreenFile).size());
+                      Replays(), ReadScores()->size(), test::Shown(kTitleScreenFile).size());
   };
   const auto before = traces();
   EXPECT_TRUE(Line("replaygame(data)").starts_with("Error: ReplayGame() data: it "));

@@ -47,7 +47,7 @@ TEST_F(Scores, OnlyTheTenBestAreKept) {
   }
   EXPECT_EQ(EnterScore(Score(10)), 0) << "as good as the last one, but later";
   EXPECT_EQ(EnterScore(Score(11)), 10);
-  EXPECT_EQ(ReadScores().size(), kBestScores);
+  EXPECT_EQ(ReadScores()->size(), kBestScores);
 }
 
 TEST_F(Scores, UnknownFieldsAreKeptAndBrokenLinesReportedOnce) {
@@ -89,7 +89,7 @@ TEST_F(Scores, OfTwoWritersAtOnceNoneIsLost) {
       _exit(0);
     }
     waitpid(other, nullptr, 0);
-    ASSERT_EQ(ReadScores().size(), 10U) << round;
+    ASSERT_EQ(ReadScores()->size(), 10U) << round;
   }
 }
 

@@ -6,6 +6,7 @@
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/sdl/video.h"
 #include "utils/inputfile.h"
+#include "utils/log/log.h"
 
 #include <SDL_image.h>
 
@@ -65,6 +66,8 @@ IPixel* CGfxFactorySDL::LoadImage(const std::string& file, const CColor& colorKe
   } else if (sdl::SurfacePtr loaded = Load(file)) {
     surface = loaded.release();
     textures.AddNew(file, surface, false);
+  } else {
+    Log().Warning() << "The picture " << file << " can't be loaded: " << SDL_GetError() << "\n";
   }
   return surface != nullptr ? new CPixelSDL(surface, colorKey, file) : Gfx::NullImage();
 }

@@ -1,6 +1,7 @@
 #include "gfx/sdl/surface.h"
 
 #include "gfx/sdl/video.h"
+#include "utils/log/log.h"
 
 #include <cstddef>
 #include <cstring>
@@ -108,8 +109,13 @@ SurfacePtr NewSurface(int width, int height, const SPixelFormat& format, std::ui
   if (!IsValidSize(width, height)) {
     return nullptr;
   }
-  return SurfacePtr(SDL_CreateRGBSurface(flags, width, height, format.bits, format.redMask,
-                                         format.greenMask, format.blueMask, format.alphaMask));
+  SurfacePtr surface(SDL_CreateRGBSurface(flags, width, height, format.bits, format.redMask,
+                                          format.greenMask, format.blueMask, format.alphaMask));
+  if (surface == nullptr) {
+    Log().Warning() << "There is no picture of " << width << " x " << height << ": "
+                    << SDL_GetError() << "\n";
+  }
+  return surface;
 }
 
 SurfacePtr NewAlphaSurface(int width, int height, std::uint32_t flags) {

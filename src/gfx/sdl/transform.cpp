@@ -1,6 +1,7 @@
 #include "gfx/sdl/transform.h"
 
 #include "gfx/sdl/pixelrow.h"
+#include "utils/log/log.h"
 
 #include <SDL_rotozoom.h>
 
@@ -32,6 +33,8 @@ SurfacePtr Transformed(SDL_Surface* source, bool smooth, Make make) {
   }
   SurfacePtr result(make(copy.get()));
   if (result == nullptr) {
+    Log().Warning() << "A picture of " << source->w << " x " << source->h
+                    << " can't be scaled or rotated: " << SDL_GetError() << "\n";
     return nullptr;
   }
   if (smooth) {

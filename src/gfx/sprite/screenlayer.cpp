@@ -7,11 +7,13 @@ namespace vask {
 namespace {
 
 // New buffers are zero, which is black, so that a copy of one clears the screen at any depth.
-void FillBlack(IPixel* screen) {
+// Returns whether there was one.
+bool FillBlack(IPixel* screen) {
   const CRect<int> all{0, 0, screen->GetWidth(), screen->GetHeight()};
   const Gfx::ImagePtr black(Gfx::NewScreenBuffer(all.w, all.h, Gfx::kMagenta));
   Gfx::CopyPixels(black.get(), all, screen, 0, 0);
   screen->AddDirtyRect(all);
+  return !black->IsEmpty();
 }
 
 // The screen layer belongs to itself. It is counted once for itself, so that the last smart pointer
@@ -62,6 +64,9 @@ void CScreenLayer::DrawFrame() {
   } else {
     DrawAll();
   }
+  if (TakeLostBackground()) {
+    RefreshAll();  // the next frame tries again
+  }
 }
 
 void CScreenLayer::DrawAll() {
@@ -69,10 +74,13 @@ void CScreenLayer::DrawAll() {
   myCanvasSprite->SetImage(myScreen);
   myCanvasSprite->SetRect(myScreen->GetRect());
   *CLog::GetSingletonPtr() << "drawing all\n";
-  FillBlack(myScreen);
+  const bool isBlack = FillBlack(myScreen);
   // What was saved belongs to the last screen; painting saves new backgrounds.
   ForgetBackground();
   Draw(GetCanvas());
+  if (!isBlack) {
+    RefreshAll();
+  }
 }
 
 }  // namespace vask

@@ -203,7 +203,13 @@ void CSprite::SaveBackground(CSprite* canvas) {
   mySavedArea = {};
   const CRect<int> area = ShownPart(whole);
   // No larger than the canvas, since no picture has the size of every rectangle.
-  if (area.IsEmpty() || !FitBackBuffer(std::min(myRect.w, whole.w), std::min(myRect.h, whole.h))) {
+  if (area.IsEmpty()) {
+    return;
+  }
+  if (!FitBackBuffer(std::min(myRect.w, whole.w), std::min(myRect.h, whole.h))) {
+    if (myParent != nullptr) {
+      myParent->LoseBackground();
+    }
     return;
   }
   mySavedArea = area;

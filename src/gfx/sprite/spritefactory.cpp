@@ -2,6 +2,7 @@
 
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/sprite/spritetypes.h"
+#include "utils/log/log.h"
 #include "utils/xml/xml.h"
 
 #include <memory>
@@ -20,6 +21,7 @@ bool IsSpriteFile(std::string_view fileName) {
 CSprite* ReadSprite(const std::string& fileName) {
   const std::unique_ptr<CXmlElement> root = ReadXmlFile(fileName);
   if (root == nullptr) {
+    Log().Warning() << "The sprite file " << fileName << " can't be read\n";
     return new CSprite;
   }
   CSprite* sprite = CreateSprite(SpriteTypeFromName(root->GetAttribute("type").ToString()));

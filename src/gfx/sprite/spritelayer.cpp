@@ -104,6 +104,14 @@ void CSpriteLayer::RaiseDepthMark(int z) { myDepthMark = std::max(myDepthMark, z
 
 int CSpriteLayer::GetDepthMark() const { return myDepthMark; }
 
+void CSpriteLayer::LoseBackground() {
+  CSpriteLayer* outermost = this;
+  while (outermost->GetParent() != nullptr) {
+    outermost = outermost->GetParent();
+  }
+  outermost->myHasLostBackground = true;
+}
+
 void CSpriteLayer::AddDirty(CSprite* sprite) {
   sprite->myInDirtyList = true;
   RestoreDownTo(sprite);

@@ -4,6 +4,7 @@
 #include "gfx/sprite/sprite.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace vask {
@@ -49,9 +50,14 @@ class CSpriteLayer : public CSprite {
   virtual void ShowChild(CSprite* sprite);
 
   const std::vector<CSprite*>& GetChildren() const { return myChildren.Items(); }
+  // What is below a child that was painted could not be saved: the outermost layer has to paint all
+  // anew.
+  void LoseBackground();
 
  protected:
   void ForgetBackground() override;
+  // Returns whether a background of it, or of a layer on it, was lost since the last call.
+  bool TakeLostBackground() { return std::exchange(myHasLostBackground, false); }
 
  private:
   friend class CSprite;
@@ -69,6 +75,7 @@ class CSpriteLayer : public CSprite {
   CWalkList<CSprite> myChildren;
   CWalkList<CSprite> myHiddenChildren;
   CSprite* myCanvas = nullptr;
+  bool myHasLostBackground = false;
   int myDepthMark;
   // So many children, from the front on, are off the canvas until the next pass. They are not
   // visited again, so that a frame in which all move costs each of them one visit.

@@ -1,0 +1,83 @@
+#!/usr/bin/python3
+"""Starts the game once for each call that can fail, with that call failing.
+
+Usage: run.py BUILD_FOLDER [--each | --some]
+
+Every place that calls a function of faults.cpp fails at its first call; with --each every call of
+the run does, with --some every tenth place. Prints what did not hold, and how many calls failed.
+"""
+import collections
+import concurrent.futures
+import contextlib
+import os
+import pathlib
+import re
+import socketserver
+import sys
+import threading
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+import headless
+
+SCORES = "300 2026-01-01 -\n200 2026-01-02 -\n100 2026-01-03 -\n"
+FRAME = (*("advance 20", "frame") * 3, "compare")
+CONSOLE = ("run load(data/keys/console.txt)", *FRAME)
+# The title, a whole game, its end, the console, other screens, a recorded game, a mail and the end.
+ORDERS = (*FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *CONSOLE,
+          "run window::Resize(640, 480)", *FRAME, "run window::Fullscreen", *FRAME, *CONSOLE,
+          "run replaygame(data/demo.replay)", *FRAME)
+# SDL and SDL_image follow a null pointer there.
+LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW")
+# Nothing is lost there: the libraries go on without, a check is left out, something has been written
+# or answered, is tried again, or was only for the standard output. The log has no other place.
+SILENT = re.compile("SDL_SetVideoMode|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|IsGifFile|"
+                    "SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|^close|^fwrite|CMail")
+
+
+class MailHost(socketserver.StreamRequestHandler):
+    def handle(self):
+        with contextlib.suppress(ConnectionError):
+            self.wfile.write(b"220 here\r\n")
+            while self.rfile.readline() not in (b"", b"QUIT\r\n"):
+                self.wfile.write(b"250 well\r\n")
+
+
+# Returns what was printed and reported, and what did not hold.
+def run(program, orders, environment):
+    end, log, scores = headless.run(program, orders, environment, SCORES)
+    wrong = [f"status {end.returncode}"] if end.returncode else []
+    wrong += re.findall("the picture is wrong", end.stdout)
+    wrong += [] if set(SCORES.split()) <= set(scores.split()) else ["a score is lost"]
+    return end.stdout, log + end.stderr.splitlines(), wrong
+
+
+def main():
+    program = f"{sys.argv[1]}/brumble_faults"
+    host = socketserver.ThreadingTCPServer(("127.0.0.1", 0), MailHost)
+    threading.Thread(target=host.serve_forever, daemon=True).start()
+    orders = [*ORDERS, f"mail {host.server_address[1]}", *FRAME]
+    printed, usual, wrong = run(program, orders, {})
+    calls = re.findall(r"^call (\d+) (\d+)", printed, re.M)
+    faults = list(dict.fromkeys(call["--each" not in sys.argv] for call in calls))
+    failed, bad, theirs = collections.Counter(), len(wrong), 0
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for printed, said, wrong in pool.map(lambda fault: run(program, orders, {"FAULT": fault}),
+                                             faults[::10 if "--some" in sys.argv else 1]):
+            place = re.search(r"^failed \d+ \d+ (\w+)\n((?:.*0x.*\n)*)", printed, re.M)
+            if not place:
+                continue  # the sound's thread did not come as far
+            failed[place[1]] += 1
+            new = [line for line in said if line not in usual]
+            if not new and not SILENT.search(place[1] + place[2]):
+                wrong.append("no message")
+            theirs += bool(wrong and LIBRARY.search(place[2]))
+            if wrong and not LIBRARY.search(place[2]):
+                bad += 1
+                print(*wrong, place[0], *new, sep="\n", flush=True)
+    print("\n".join(f"{name:24} {count:5}" for name, count in sorted(failed.items())))
+    print(f"{failed.total()} calls failed, {theirs} of them beyond us; {bad} faults")
+    return 0 if failed and not bad else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
