@@ -101,9 +101,9 @@ class CPlainCalculator {
   void TakeNumbers(const Text& words) {
     std::istringstream stream(words);
     for (Text word; std::getline(stream, word, ' ');) {
-      word = Trim(word);
-      if (!word.empty() && word.find_first_not_of("0123456789.+-") == Text::npos) {
-        myValues.push_back(std::clamp(std::strtod(word.c_str(), nullptr), -kGreatest, kGreatest));
+      const Text number(Trim(word));  // of a tab between two blanks nothing, which counts as 0
+      if (!word.empty() && number.find_first_not_of("0123456789.+-") == Text::npos) {
+        myValues.push_back(std::clamp(std::strtod(number.c_str(), nullptr), -kGreatest, kGreatest));
       }
     }
   }
