@@ -42,14 +42,15 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     int button, screen;
     std::string shown, gone;
   } const clicks[] = {
-      {.button = kMiddle, .screen = Ui::kTitle, .shown = "title_screen", .gone = "help_screen"},
-      {.button = kLeft, .screen = kHelp, .shown = "help_bubbles", .gone = "title_screen"},
+      {.button = kMiddle, .screen = Ui::kTitle, .shown = "title_best", .gone = "help_screen"},
+      {.button = kLeft, .screen = kHelp, .shown = "help_bubbles", .gone = "title_best"},
       {.button = vask::kWheelDown, .screen = kHelp, .shown = "help_screen", .gone = "background"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_bubbles"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "help_screen"},
       {.button = vask::kNoButton, .screen = kHelp, .shown = "gameover", .gone = "title_screen"},
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "gameover"},
   };
+  EnterScore({1, Today(), "-", ""});
   task.Start();
   for (const auto& c : clicks) {
     SCOPED_TRACE(c.shown);

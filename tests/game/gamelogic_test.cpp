@@ -6,7 +6,6 @@
 #include "game/gfxfactory.h"
 #include "gfx/text/font.h"
 #include "gfx/text/textsprite.h"
-#include "kernel/applicationfactory.h"
 #include "platform/random.h"
 
 namespace brumble {
@@ -176,10 +175,11 @@ TEST_F(RulesTest, AKittenThatRestsOutOfReachIsPushedUntilItMovesOn) {
   EXPECT_EQ(pushes(7999, 60.4F, -62.5F), 0);
   EXPECT_EQ(pushes(1, 58.4F, -62.5F), 1);
   EXPECT_EQ(pushes(4999, 59, -63), 1);
-  EXPECT_EQ(pushes(1, 57.3F, -61.5F), 1) << "too far";
-  EXPECT_EQ(pushes(7000, 57.3F, -55.1F), 1) << "within reach";
-  EXPECT_EQ(pushes(8000, 57.3F, -55.3F), 1);
-  EXPECT_EQ(pushes(8000, 57.3F, -56.25F), 2);
+  EXPECT_EQ(pushes(1, 59, -63), 2);
+  EXPECT_EQ(pushes(5000, 57.3F, -61.5F), 2) << "too far";
+  EXPECT_EQ(pushes(7000, 57.3F, -55.1F), 2) << "within reach";
+  EXPECT_EQ(pushes(8000, 57.3F, -55.3F), 2);
+  EXPECT_EQ(pushes(8000, 57.3F, -56.25F), 3);
 }
 
 TEST_F(RulesTest, QuickSignsStackDownwardAndGo) {

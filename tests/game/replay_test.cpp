@@ -141,6 +141,7 @@ TEST_F(ReplayTest, EveryGameIsPlayedAgainToTheSameStates) {
     Click();
     Click();
     PlayFor(1500, game.disturb);
+    ASSERT_FALSE(Replays().empty());
     const std::string file = *Replays().rbegin();
     task.Exit();
     vask::Gfx::SetFactory(nullptr);
@@ -364,6 +365,7 @@ TEST_F(ReplayTest, KeysHoldAStepAndSpeedUpAReplay) {
   RecordShortGame(900);
   task.Start();
   Line("replaygame(game.replay)");
+  ASSERT_NE(Impl().GetReplay(), nullptr);
   const auto timeAfter = [this](const char* key, unsigned wait) {
     Press(key);
     Frame(wait);

@@ -36,6 +36,7 @@ TEST(Geometry, SegmentsAreMetCutAndLeft) {
   EXPECT_EQ(text(*IntersectSegmentPlane({0, 0}, {4, 0}, {1, 3}, {1, 0})), text({1, 0}));
   EXPECT_FALSE(IntersectSegmentPlane({4, 0}, {4, 0}, {4, 3}, {1, 0})) << "a point";
   EXPECT_FALSE(IntersectSegmentPlane({0, 0}, {4, 0}, {5, 3}, {1, 0})) << "it ends before";
+  EXPECT_FALSE(IntersectSegmentPlane({0, 0}, {4, 0}, {-1, 3}, {1, 0})) << "it starts behind";
   EXPECT_EQ(text(ClipSegment({0, 0}, {4, 0}, {1, 3}, {1, 0}).b), text({1, 0}));
   EXPECT_EQ(text(ClipSegment({0, 0}, {4, 0}, {1, 3}, {-1, 0}).a), text({1, 0}));
   EXPECT_EQ(CircleBox({3, 0}, 1.1F, {0, 0}, {2, 1}, 0)->normal.x, 1.0F);
