@@ -1,9 +1,13 @@
 #include "designpatterns/walklist.h"
 
+#include "designpatterns/walkset.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <random>
 
 namespace vask {
 namespace {
@@ -59,6 +63,39 @@ TEST(WalkList, WalksSurviveEveryChange) {
     list->ForEachPresent(visit);
     EXPECT_EQ(visited, row.present);
   }
+}
+
+// The plain list tells what the one for very many has to do.
+TEST(WalkSet, BehavesLikeASortedWalkList) {
+  struct SByRank {
+    bool operator()(const char* a, const char* b) const { return *a < *b; }
+  };
+  std::mt19937 random;
+  std::string ranks(3000, 'a');
+  std::ranges::generate(ranks, [&] { return static_cast<char>('a' + random() % 10); });
+  List list;
+  CWalkSet<const char, SByRank> set;
+  auto listWalk = std::make_unique<List::CWalk>(list);
+  auto setWalk = std::make_unique<decltype(set)::CWalk>(set);
+  for (int step = 0; step < 30'000; ++step) {
+    const char* item = &ranks[random() % ranks.size()];
+    EXPECT_EQ(set.Contains(item), list.Contains(item));
+    if (list.Remove(item)) {
+      EXPECT_TRUE(set.Remove(item));
+    } else if (step < 10'000) {  // from then on they only go
+      const auto [begin, end] = std::ranges::equal_range(list.Items(), item, SByRank());
+      const bool isFirst = step % 2 == 0;
+      list.Insert(static_cast<std::size_t>((isFirst ? begin : end) - list.Items().begin()), item);
+      (set.*(isFirst ? &decltype(set)::Prepend : &decltype(set)::Append))(item);
+    }
+    const char* next = listWalk->Next();
+    ASSERT_EQ(setWalk->Next(), next) << "step " << step;
+    if (next == nullptr) {
+      listWalk = std::make_unique<List::CWalk>(list);
+      setWalk = std::make_unique<decltype(set)::CWalk>(set);
+    }
+  }
+  EXPECT_EQ(set.Items(), list.Items());
 }
 
 }  // namespace
