@@ -28,10 +28,12 @@ ORDERS = (*FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *
           "run replaygame(data/demo.replay)", *FRAME)
 # SDL and SDL_image follow a null pointer there.
 LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW")
-# Nothing is lost there: the libraries go on without, a check is left out, something has been written
-# or answered, is tried again, or was only for the standard output. The log has no other place.
-SILENT = re.compile("SDL_SetVideoMode|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|IsGifFile|"
-                    "SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|^close|^fwrite|CMail")
+# Nothing is lost there: the libraries go on without or only look which kind of picture it is, a check
+# is left out, something has been written or answered, is tried again, or was only for the standard
+# output. The log has no other place.
+SILENT = re.compile(r"IMG_is|libSDL_image[^(]*\(\+\w+\)\S*\n\S*IMG_LoadTyped_RW|SDL_SetVideoMode|"
+                    "Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|IsGifFile|CLogFile|RemoveOldReplays|"
+                    "SDLMixer(Effect|Music)Data4Load|^close|^fwrite|CMail")
 
 
 class MailHost(socketserver.StreamRequestHandler):
