@@ -81,10 +81,6 @@ class Game(Scoped):
 
     # Its time.
 
-    # The time of play, in seconds.
-    def now(self):
-        return time.monotonic()
-
     def let_pass(self, seconds):
         time.sleep(seconds)
 
@@ -171,9 +167,9 @@ class Game(Scoped):
         self.click()
         self.wait_for(lambda: not self.shows("help_screen"), "play")
 
-    # Waits until a kitten is well inside the window, or has fallen that far.
-    def wait_for_kitten(self, y=60):
-        self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > y, "a kitten")
+    # Waits until a kitten is well inside the window.
+    def wait_for_kitten(self):
+        self.wait_for(lambda: (find_kitten(self.picture()) or (0, 0))[1] > 60, "a kitten")
 
 
 # The installed game, started by its launcher in an empty home.
@@ -232,6 +228,7 @@ class Stepper(Game):
         self.order("frame")
         self.clock += self.FRAME
 
+    # The time of play, in seconds.
     def now(self):
         return self.clock / 1000
 

@@ -21,8 +21,7 @@ class Focus(GameTest):
         screen.focus(game.window)
         game.point_at(20, 20)
         game.wait_for_cursor(False)
-        above_sign = slice(0, 226)
-        game.wait_for(lambda: (frozen[above_sign] != game.picture()[above_sign]).any(), "motion")
+        game.wait_for(lambda: (frozen[:226] != game.picture()[:226]).any(), "motion above the sign")
 
 
 # A program that never rests takes a whole core. Neither bound depends on how fast or busy the

@@ -109,12 +109,9 @@ class Launcher(unittest.TestCase):
         self.assertEqual(self.report(DISPLAY="", WAYLAND_DISPLAY="wayland-0").arguments, "")
         self.assertEqual(self.report(SDL_VIDEO_X11_WMCLASS="mine").window_class, "mine")
 
-
-class InstalledGame(unittest.TestCase):
-    def test_plays_from_its_prefix(self):
-        prefix = self.enterContext(tempfile.TemporaryDirectory(prefix="brumble prefix "))
-        install(prefix)
-        launcher = f"{prefix}/games/brumble"
+    def test_the_game_plays_from_its_prefix(self):
+        install(self.folder / "real")
+        launcher = self.folder / "real/games/brumble"
         version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
         self.assertEqual(subprocess.check_output([launcher, "--version"], text=True, timeout=LIMIT),
                          f"brumble {version[1]}\n")
