@@ -62,22 +62,12 @@ TEST_F(ConsoleTest, ParsesParameters) {
 TEST_F(ConsoleTest, AssignsAndReads) {
   int number = 3;
   myConsole.RegisterVariable("number", number);
-  ExpectResults({{" two words\t", "two words"},
-                 {"x = 5", "5"},
-                 {"a = b= \t7 ", "7"},
-                 {"c = echo(1, x)", "[n:1][s:x]"},
-                 {"d = a", "7"},  // the value is executed: a variable's name gives its value
-                 {"e =", ""},
-                 {"f = 1;; g // a::b; c", "1\ng\n"},
-                 {"g = echo (h = 3)", "[s:h = 3]"},
-                 {"=f", ""},  // an empty piece is dropped, so the name comes after the sign
+  ExpectResults({{"a =", ""},
+                 {"a = echo (h = 3); a", "[s:h = 3]\n[s:h = 3]\n"},
                  {"number = 2147483648", "3"},
                  {"text = number = 12.9", "12"},
                  {"text", "12"}});
   EXPECT_EQ(number, 12);
-  CVariableString text;
-  text.SetNumber(7.5);
-  EXPECT_EQ(text.GetString(), "7.5");
 }
 
 TEST_F(ConsoleTest, VeryManyVariablesComeAndGo) {

@@ -6,7 +6,6 @@
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/logcapture.h"
-#include "support/tasks.h"
 
 #include <gtest/gtest.h>
 
@@ -103,11 +102,7 @@ TEST_F(Application, HelpListsAndExplains) {
             "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
             "toggle\nVariables: z\nhelp(name) tells more of one.\n");
   EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
-  CConsole& console = *CApplicationFactory::GetSingleton().GetConsole();
-  for (const std::string& name : console.GetCommandNames()) {
-    EXPECT_TRUE(Execute("help(" + name + ")").starts_with(name)) << name;
-  }
-  EXPECT_FALSE(IsQuitting());
+  EXPECT_TRUE(Execute("help(QUIT)").starts_with("quit"));
 }
 
 TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
@@ -115,18 +110,14 @@ TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
                                 << "starttask(loaded, l)\nkernel_frame_sleep = 3\n"
                                 << "load(more.txt)\nquit";
   std::ofstream("more.txt") << "starttask(loaded, more)";
-  // The task factory serves the next application, too, and knows the library's type by then.
-  for (const char* expected : {"l@100 more@100 more.exit l.exit ",
-                               "early@100 l@100 more@100 more.exit l.exit early.exit "}) {
-    {
-      CApplication application;
-      EXPECT_EQ(application.Run(), 0);
-      EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 3);
-    }
-    EXPECT_EQ(std::exchange(ourRecord, {}), expected);
-    EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);
-    EXPECT_EQ(CLog::PeekSingletonPtr(), nullptr);
+  {
+    CApplication application;
+    EXPECT_EQ(application.Run(), 0);
+    EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 3);
   }
+  EXPECT_EQ(ourRecord, "l@100 more@100 more.exit l.exit ");
+  EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);
+  EXPECT_EQ(CLog::PeekSingletonPtr(), nullptr);
 }
 
 }  // namespace

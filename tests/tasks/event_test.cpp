@@ -1,7 +1,11 @@
+#include "console/consoleparams.h"
 #include "events/eventrecorder.h"
 #include "gfx/sdl/video.h"
+#include "input/keyboard.h"
+#include "input/keynames.h"
 #include "support/tasks.h"
 #include "tasks/taskeventsdl.h"
+#include "tasks/taskkeyboard.h"
 #include "tasks/taskmouse.h"
 
 #include <gtest/gtest.h>
@@ -130,6 +134,42 @@ TEST(MouseTask, ConsoleLinesReachTheCursor) {
   RunScript("stoptask( mouse )");
   RunScript("mouse::CursorHide");
   EXPECT_EQ(hardware.last, "");
+}
+
+// A command that collects its parameters.
+struct CNote : CConsoleCommand {
+  CNote() { CApplicationFactory::GetSingletonPtr()->GetConsole()->AddCommand("note", this); }
+  ~CNote() override { CApplicationFactory::GetSingletonPtr()->GetConsole()->RemoveCommand("note"); }
+  std::string Execute(CConsoleParams* params) override { return notes += params->GetString(0); }
+  std::string Execute() override { return {}; }
+  std::string notes;
+};
+
+using Lines = std::vector<std::string>;
+
+// What is noted when keys come down, one in each frame, bound by these lines alone.
+std::string Noted(const Lines& lines, const Lines& keys) {
+  CKeyboard::DeleteSingleton();
+  const CNote note;
+  CTaskKeyboard task;
+  EXPECT_TRUE(task.Start());
+  for (const std::string& line : lines) {
+    task.ExecuteCommand(line);
+  }
+  for (const std::string& key : keys) {
+    CEventBridge::GetSingleton().KeyDown(KeyFromName(key), 0);
+    task.Update();
+  }
+  return note.notes;
+}
+
+TEST(KeyboardTask, BoundLinesRunWhenTheirKeysGoDown) {
+  const std::string at9 = "bind(a, note(x), 9)", at11 = "bind(a, note(z), 11)";
+  EXPECT_EQ(Noted({at9, "bind(a, note(y))", at11, "bind(a, note(w), soon)"}, {"a"}), "xwyz");
+  EXPECT_EQ(Noted({"bind(\" a, note(x))"}, {"\"", "a"}), "x") << "a quote is a key";
+  EXPECT_EQ(Noted({"bind(\"a b\" c, note(x))"}, {"a", "b", "c"}), "") << "a name with a blank";
+  EXPECT_EQ(Noted({"bind(\"1\", note(x))", "bind(1, note(y))"}, {"1"}), "x") << "a number is none";
+  EXPECT_EQ(Noted({"bind", "bind()", "bind(a)", "bind(a, 5)"}, {"a"}), "");
 }
 
 }  // namespace
