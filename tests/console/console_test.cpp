@@ -80,12 +80,6 @@ TEST_F(ConsoleTest, VeryManyVariablesComeAndGo) {
   }
 }
 
-TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
-  myConsole.SetCaseSensitive(true);
-  ExpectResults({{"x = 1", "1"}, {"X", "X"}});
-  EXPECT_TRUE(myConsole.IsCaseSensitive());
-}
-
 TEST_F(ConsoleTest, ALibraryIsLoadedAndTakenBack) {
   CCommandFactory factory;
   factory.AddCommand("lib", "one", std::make_unique<CEcho>());

@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
 #include <regex>
 #include <sstream>
@@ -47,7 +46,6 @@ struct CRecorder : CTask {
 
 // A fresh kernel, a clock that only the test moves, and tasks that record.
 struct CKernelTest : testing::Test {
-  CKernelTest() { Clean(); }
   ~CKernelTest() override { Clean(); }
 
   void Clean() {
@@ -245,22 +243,90 @@ TEST_F(CKernelTest, TimedTasksCatchUpInTheOrderOfTheirDueTimes) {
             "| | fast | fast slow | fast fast slow fast fast slow fast | fast slow ");
 }
 
-TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
-  Start("t", 10, 100);
-  const std::string pause = "resume t wait clock@90 pause t";  // what runs cannot be resumed
-  EXPECT_EQ(RunFrames({pause, "wait clock@90 resume t wait clock@100", "wait clock@1"}),
-            "| t.pause | t.resume | t ");
-}
-
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
   Kernel().FrameSleep() = -7;
   RunFrames({});
   EXPECT_EQ(Kernel().FrameSleep(), 0);
   Kernel().FrameSleep() = 5000;
-  const auto start = std::chrono::steady_clock::now();
   RunFrames({});
-  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
   EXPECT_EQ(Kernel().FrameSleep(), 100);
+}
+
+// Writes its letter down when it runs, and "~" and its letter when it is deleted.
+struct CThread : CFakeThread {
+  CThread(char name, int interval) : myName(name) {
+    SetInterval(interval);
+    Start();
+  }
+  ~CThread() override { ourRecord += std::string("~") + myName; }
+  void Update() override {
+    ourRecord += myName;
+    if (const auto reaction = std::exchange(myReaction, nullptr)) {
+      reaction();
+    }
+  }
+
+  std::function<void()> myReaction;  // called once; may delete the thread
+
+  char myName;
+};
+
+// What a pass over the threads runs when the clock has gone on by so many milliseconds.
+struct CFakeThreadTest : testing::Test {
+  ~CFakeThreadTest() override {
+    DeleteAll();
+    ourRecord.clear();
+  }
+  static void DeleteAll() {
+    while (CFakeThread::PeekList() != nullptr) {
+      delete CFakeThread::GetList().Front();
+    }
+  }
+  std::string RunAfter(unsigned milliseconds) {
+    myClock.Advance(milliseconds);
+    CFakeThread::RunThreads(0);
+    return std::exchange(ourRecord, {});
+  }
+
+  CFakeClock myClock{0xFFFFFFF0U};  // wraps soon
+  CThread* a = new CThread('a', 20);
+  CThread* b = new CThread('b', 10);
+};
+
+TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYounger) {
+  EXPECT_EQ(RunAfter(0), "ab");
+  EXPECT_EQ(RunAfter(19), "");
+  EXPECT_EQ(RunAfter(1), "ab");
+  EXPECT_EQ(RunAfter(100), "ab");
+  EXPECT_EQ(RunAfter(19), "");
+}
+
+TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
+  RunAfter(0);
+  myClock.Advance(19);
+  a->Pause();
+  EXPECT_EQ(RunAfter(500), "");
+  a->Resume();
+  EXPECT_EQ(RunAfter(0), "");
+  EXPECT_EQ(RunAfter(1), "ab");
+  a->Pause();
+  a->Start();
+  EXPECT_EQ(RunAfter(0), "a") << "its time begins anew";
+}
+
+TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
+  a->myReaction = [this] {
+    delete b;
+    b = new CThread('c', 10);
+  };
+  EXPECT_EQ(RunAfter(20), "a~bc");
+  a->myReaction = [this] { a->Kill(); };
+  EXPECT_EQ(RunAfter(20), "a~ac");
+  b->Kill();
+  a = new CThread('d', 10);
+  EXPECT_EQ(RunAfter(20), "~cd");
+  a->myReaction = &DeleteAll;
+  EXPECT_EQ(RunAfter(20), "d~d");
 }
 
 }  // namespace

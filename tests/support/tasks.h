@@ -3,7 +3,6 @@
 #include "console/console.h"
 #include "console/consolecommand.h"
 #include "kernel/applicationfactory.h"
-#include "kernel/kernel.h"
 #include "kernel/task.h"
 #include "support/paths.h"
 
@@ -42,22 +41,6 @@ inline void RunScript(const std::string& lines) {
   for (std::string line; std::getline(script >> std::ws, line);) {
     CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
   }
-}
-
-// Whether somebody has asked the kernel to quit: a run of it lasts one frame then.
-inline bool IsQuitting() {
-  struct CCounter : CTask {
-    void Update() override {
-      if (++updates > 1) {
-        CKernel::GetSingletonPtr()->Quit();
-      }
-    }
-    int updates = 0;
-  } counter;
-  CKernel::GetSingletonPtr()->StartTask(&counter, nullptr);
-  CKernel::GetSingletonPtr()->Run();
-  CKernel::DeleteSingleton();
-  return counter.updates == 1;
 }
 
 }  // namespace vask::test

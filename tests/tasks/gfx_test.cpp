@@ -1,5 +1,4 @@
 #include "events/eventbridge.h"
-#include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
@@ -67,17 +66,6 @@ TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
   EXPECT_EQ(colorAt(400, 176), kMiddle) << "in its own size";
   EXPECT_EQ(colorAt(300, 176), kGround) << "two thirds as wide";
   EXPECT_NEAR(colorAt(64, 176) & 0xFF, 160, 8) << "turned";
-}
-
-TEST_F(GfxTask, TheLastTaskTakesTheFactoryAlong) {
-  CTaskGfxSDL other;
-  other.Start();
-  myTask.Start();
-  Gfx::SetFactory(new CGfxFactorySDL);
-  other.Exit();
-  EXPECT_NE(Gfx::GetFactory(), nullptr);
-  myTask.Exit();
-  EXPECT_EQ(Gfx::GetFactory(), nullptr);
 }
 
 TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {
