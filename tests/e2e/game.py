@@ -294,27 +294,3 @@ def fit(shown, expected):
         return 0.0
     off = numpy.abs(corner.astype(int) - expected[:, :, :3]).max(axis=2)
     return (off[expected[:, :, 3] == 255] <= 4).mean()
-
-
-# Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf.
-class Digits:
-    STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
-
-    def __init__(self):
-        fields = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0].split(";")
-        columns, _, width, height = map(int, fields[1:5])
-        self.glyphs = {}
-        for index, character in enumerate(fields[7]):
-            glyph_width = int(int(fields[8][2 * index:2 * index + 2]) * 0.015625 * width)
-            x, y = index % columns * width, index // columns * height
-            if character.isdigit():
-                self.glyphs[character] = load_picture("numbers")[y:y + height, x:x + glyph_width]
-
-    # The number at the board's corner; None when nothing there reads as one.
-    def read(self, picture, place):
-        (x, y), text = place, ""
-        while found := [((glyph[:, :, 3] == 255).sum(), digit)
-                        for digit, glyph in self.glyphs.items() if fit(picture[y:, x:], glyph) > 0.98]:
-            text += max(found)[1]  # a thin one fits into others
-            x += self.glyphs[text[-1]].shape[1]
-        return int(text) if text else None
