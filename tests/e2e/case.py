@@ -1,6 +1,5 @@
 """What the end-to-end tests share."""
 import functools
-import itertools
 import subprocess
 import unittest
 
@@ -17,35 +16,19 @@ class GameTest(unittest.TestCase):
         return self.screen, self.game
 
 
-# Runs the test for each combination of the choices: lists, or functions that return one.
-def for_each(**choices):
-    def decorate(test):
-        @functools.wraps(test)
-        def run(self):
-            lists = (choice() if callable(choice) else choice for choice in choices.values())
-            for values in itertools.product(*lists):
-                with self.subTest(values):
-                    test(self, **dict(zip(choices, values)))
-        return run
-    return decorate
-
-
 # The environments that run the program on each SDL 1.2 that there is: the classic library, and the
 # one over SDL 2.
 @functools.cache
 def libraries():
     with Game() as game:
         game.wait_for_end()
-        is_classic = game.has_classic_sdl()
-    return [{}, {"LD_LIBRARY_PATH": compatibility_library()}] if is_classic else [{}]
-
-
-# The folder of Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed.
-def compatibility_library():
+        if not game.has_classic_sdl():
+            return [{}]
+    # Debian's SDL 1.2 over SDL 2, unpacked beside the build, never installed.
     folder = ROOT / "build/sdl12-compat"
     if not list(folder.rglob("libSDL-1.2.so.0")):
         folder.mkdir(parents=True, exist_ok=True)
         how = {"cwd": folder, "check": True, "timeout": 10 * LIMIT}
         subprocess.run(["apt-get", "download", "-qq", "libsdl1.2-compat"], **how)
         subprocess.run(["dpkg", "-x", next(folder.glob("*.deb")), "."], **how)
-    return str(next(folder.rglob("libSDL-1.2.so.0")).parent)
+    return [{}, {"LD_LIBRARY_PATH": str(next(folder.rglob("libSDL-1.2.so.0")).parent)}]

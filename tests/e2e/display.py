@@ -76,19 +76,16 @@ class Display(Scoped):
         # first time on a machine; this list comes when it begins to manage windows.
         wait_for(lambda: self._property(self.root, "_NET_CLIENT_LIST"), "the window manager")
         self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        self._map_pixels()
-
-    def _disconnect(self):
-        if self.server.poll() is None:
-            self.connection.close()
-
-    def _map_pixels(self):
         # The server keeps its screen in a file in the XWD format: a header of big-endian words, a
         # colour table, then the pixels.
         memory = numpy.memmap(self.folder / "Xvfb_screen0", mode="r")
         header, (width, height) = memory[:100].view(">u4"), self.SIZE
         start = int(header[0]) + 12 * int(header[19])
         self.pixels = memory[start:start + 4 * width * height].reshape(height, width, 4)
+
+    def _disconnect(self):
+        if self.server.poll() is None:
+            self.connection.close()
 
     # What the rectangle (x, y, w, h) shows, as rows of (red, green, blue).
     def picture(self, rect):
@@ -126,17 +123,11 @@ class Display(Scoped):
     def move_pointer(self, x, y):
         self._fake(X.MotionNotify, x=int(x), y=int(y))
 
-    def press(self, button):
+    def click(self, button=1):
         self._fake(X.ButtonPress, button)
         self.settle()  # the window manager holds a press back, but no keys that come after it
-
-    def release(self, button):
-        self._fake(X.ButtonRelease, button)
-
-    def click(self, button=1):
-        self.press(button)
         time.sleep(0.03)
-        self.release(button)
+        self._fake(X.ButtonRelease, button)
 
     # A key has an X name, such as Escape, F11 or Alt_L, or is its key code.
     def _code(self, key):

@@ -1,4 +1,5 @@
 """The real program, started in a copy of runtime/ and watched from outside."""
+import contextlib
 import functools
 import os
 import pathlib
@@ -14,6 +15,7 @@ from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
+WHOLE_SOAK = 7200  # seconds: that for many games
 
 
 # One run; what is still running at the end is killed.
@@ -29,11 +31,15 @@ class Game(Scoped):
         self.executable, self.environment = ROOT / "build" / build / self.PROGRAM, environment
 
     def _open(self, undo):
-        self.errors = undo.enter_context(open(self.folder / "stderr", "w"))
-        self.process = undo.enter_context(self._start())
+        folder, environment = self._prepare()
+        errors = undo.enter_context(open(self.folder / "stderr", "w"))
+        self.process = undo.enter_context(subprocess.Popen(
+            self.executable, cwd=folder, env=environment, stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE, stderr=errors, bufsize=0))
         undo.callback(self.process.kill)
 
-    def _start(self):
+    # Returns the folder to start it in, and the environment.
+    def _prepare(self):
         self.runtime = self.folder / "runtime"
         shutil.copytree(ROOT / "runtime", self.runtime,
                         ignore=shutil.ignore_patterns("log.txt", "user.txt", "scores.*", "replays"))
@@ -42,15 +48,11 @@ class Game(Scoped):
             with open(self.runtime / "autoexec.txt", "a") as script:
                 script.write("\ngame_demo_after = 0\n" + self.lines + "\n")
         # An empty name is that of no display.
-        return self._run([self.executable], self.runtime, {
+        return self.runtime, {
             **os.environ, "DISPLAY": self.screen.name if self.screen else "", "WAYLAND_DISPLAY": "",
             "SDL_VIDEODRIVER": "", "SDL_AUDIODRIVER": "dummy",
             "LSAN_OPTIONS": f"suppressions={ROOT}/tests/support/leaks.supp:print_suppressions=0",
-            **self.environment})
-
-    def _run(self, command, folder, environment):
-        return subprocess.Popen(command, cwd=folder, env=environment, stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, stderr=self.errors, bufsize=0)
+            **self.environment}
 
     # What it reports.
 
@@ -179,15 +181,14 @@ class Installed(Game):
 
     def __init__(self, screen, launcher):
         super().__init__(screen)
-        self.launcher = launcher
+        self.executable = launcher
 
-    def _start(self):
+    def _prepare(self):
         self.home = self.folder / "home"
         self.home.mkdir()
         self.runtime = self.home / ".local/share/brumble"
-        return self._run([self.launcher], self.home, {
-            "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": self.screen.name,
-            "SDL_AUDIODRIVER": "dummy"})
+        return self.home, {"PATH": os.environ["PATH"], "HOME": str(self.home),
+                           "DISPLAY": self.screen.name, "SDL_AUDIODRIVER": "dummy"}
 
     # Everything in the home, but for what a graphics driver keeps.
     def written(self):
@@ -244,6 +245,27 @@ class Stepper(Game):
             self.frame()
 
 
+# The stepper, or a program made of it, without a window, when it has run with all orders at once.
+@contextlib.contextmanager
+def headless(program, orders, environment={}, scores=""):
+    def prepare(runtime):
+        script = (runtime / "autoexec.txt").read_text()
+        # More sounds at a time than there are when time runs faster, and no pointer, which SDL would
+        # draw into the picture.
+        for before, after in (("512, 16)", "512, 256)"), ("starttask(event", "// starttask(event")):
+            script = script.replace(before, after)
+        (runtime / "autoexec.txt").write_text(script)
+        (runtime / "scores.txt").write_text(scores)
+
+    run = Stepper(lines="kernel_frame_sleep = 0", prepare=prepare,
+                  environment={"SDL_VIDEODRIVER": "dummy", **environment})
+    run.executable = pathlib.Path(program).resolve()
+    with run:
+        output, _ = run.process.communicate("\n".join([*orders, ""]).encode(), WHOLE_SOAK)
+        run.printed = output.decode(errors="replace")
+        yield run
+
+
 # The main colour of every kitten picture; nothing else that play shows has it.
 KITTEN = numpy.array((22, 200, 216))
 
@@ -269,27 +291,3 @@ def fit(shown, expected):
         return 0.0
     off = numpy.abs(corner.astype(int) - expected[:, :, :3]).max(axis=2)
     return (off[expected[:, :, 3] == 255] <= 4).mean()
-
-
-# Reads the numbers that the boards show, by the glyphs of data/gfx/numbers.ogf.
-class Digits:
-    STAKE, SCORE, LEFT = (270, 530), (270, 560), (562, 558)
-
-    def __init__(self):
-        fields = (ROOT / "runtime/data/gfx/numbers.ogf").read_text().split("\n")[0].split(";")
-        columns, _, width, height = map(int, fields[1:5])
-        self.glyphs = {}
-        for index, character in enumerate(fields[7]):
-            glyph_width = int(int(fields[8][2 * index:2 * index + 2]) * 0.015625 * width)
-            x, y = index % columns * width, index // columns * height
-            if character.isdigit():
-                self.glyphs[character] = load_picture("numbers")[y:y + height, x:x + glyph_width]
-
-    # The number at the board's corner; None when nothing there reads as one.
-    def read(self, picture, place):
-        (x, y), text = place, ""
-        while found := [((glyph[:, :, 3] == 255).sum(), digit)
-                        for digit, glyph in self.glyphs.items() if fit(picture[y:, x:], glyph) > 0.98]:
-            text += max(found)[1]  # a thin one fits into others
-            x += self.glyphs[text[-1]].shape[1]
-        return int(text) if text else None

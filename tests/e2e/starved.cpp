@@ -25,11 +25,9 @@ using Place = std::array<void*, 100>;  // the functions that are being called; t
 
 constinit int ourPlaces = 0;
 constinit int ourFaults = 0;
-constinit bool ourIsCopy = false;
-constinit bool ourIsBusy = false;
+constinit bool ourIsBusy = false;  // and stays so in a copy
 
 [[noreturn]] void Starve(int output) {
-  ourIsCopy = true;
   dup2(output, STDERR_FILENO);
   alarm(10);  // seconds; the end may wait for ever
   std::get_new_handler()();
@@ -75,7 +73,7 @@ const struct SReport {
 
 void* operator new(std::size_t size) {
   const bool isMainThread = gettid() == getpid();
-  if (std::get_new_handler() != nullptr && isMainThread && !ourIsBusy && !ourIsCopy) {
+  if (std::get_new_handler() != nullptr && isMainThread && !ourIsBusy) {
     ourIsBusy = true;
     OnRequest();
     ourIsBusy = false;
@@ -87,7 +85,7 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 // In place of SDL's. In a copy there is no thread of the sound, for which SDL's would wait.
 extern "C" void SDL_Quit() {
-  if (ourIsCopy) {
+  if (ourIsBusy) {
     std::fputs("screen back\n", stderr);
     return;
   }

@@ -3,7 +3,6 @@
 //
 //   run LINE      executes LINE in the application console
 //   advance MS    moves the clock on
-//   redraw        makes the next frame a full redraw
 //   frame         lets one frame go by
 //   click         presses the left button
 //   play MANNER SEED UPDATES
@@ -12,7 +11,6 @@
 //   mail PORT     sends a mail to this host
 //   fail          fails an assertion that watches two variables: ourCount, and limit, a constant
 //   fail N        fails one with a message of the numbers 1 to N, one a line
-//   unban         lifts the ban that "Ignore All" sets
 //   tell          prints the variable and the window's state
 //
 // It prints "ok" when each is done, or what is wrong; the end of the input quits.
@@ -104,19 +102,39 @@ std::string SendMail(int port) {
   return mail.Send("stepper@localhost") ? "ok" : mail.GetError();
 }
 
-// A game that a pilot plays to its end.
-class CPlayedGame {
+class CStepper : public vask::CTask {
  public:
-  explicit CPlayedGame(std::istream& order) {
-    std::string manner;
-    std::uint32_t seed = 0;
-    order >> manner >> seed >> myUpdates;
-    brumble::CPilot::EManner found = {};
-    brumble::CPilot::FindManner(manner, found);
-    myPilot.emplace(found, seed);
+  void Update() override {
+    if (myPilot && PlayFrame()) {
+      return;
+    }
+    myPilot.reset();
+    if (std::exchange(myFrameRuns, false)) {
+      std::cout << "ok" << std::endl;
+    }
+    std::string order;
+    while (!myFrameRuns && std::getline(std::cin, order)) {
+      Obey(order);
+    }
+    if (!std::cin) {
+      vask::CKernel::GetSingletonPtr()->Quit();
+    }
   }
 
-  // Returns whether it goes on.
+ private:
+  static constexpr unsigned kFrameTime = 20;  // milliseconds; play drops what is more
+
+  void StartPilot(std::istream& order) {
+    std::string name;
+    std::uint32_t seed = 0;
+    order >> name >> seed >> myUpdates;
+    brumble::CPilot::EManner manner = {};
+    brumble::CPilot::FindManner(name, manner);
+    myPilot.emplace(manner, seed);
+    myTime = 0;
+  }
+
+  // Returns whether the game goes on.
   bool PlayFrame() {
     for (int i = 0; i < myUpdates; ++i) {
       brumble::CBrumbleTaskImpl* const game = brumble::CBrumbleTaskImpl::GetCurrent();
@@ -131,40 +149,12 @@ class CPlayedGame {
     return true;
   }
 
- private:
-  static constexpr unsigned kFrameTime = 20;  // milliseconds; play drops what is more
-
-  std::optional<brumble::CPilot> myPilot;
-  unsigned myTime = 0;
-  int myUpdates = 1;
-};
-
-class CStepper : public vask::CTask {
- public:
-  void Update() override {
-    if (myGame && myGame->PlayFrame()) {
-      return;
-    }
-    myGame.reset();
-    if (std::exchange(myFrameRuns, false)) {
-      std::cout << "ok" << std::endl;
-    }
-    std::string order;
-    while (!myFrameRuns && std::getline(std::cin, order)) {
-      Obey(order);
-    }
-    if (!std::cin) {
-      vask::CKernel::GetSingletonPtr()->Quit();
-    }
-  }
-
- private:
   void Obey(const std::string& line) {
     std::istringstream order(line);
     std::string verb;
     order >> verb;
     if (verb == "play") {
-      myGame.emplace(order);
+      StartPilot(order);
     }
     myFrameRuns = verb == "frame" || verb == "play";
     if (!myFrameRuns) {
@@ -180,14 +170,10 @@ class CStepper : public vask::CTask {
       std::cerr << vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
     } else if (verb == "advance" && order >> number) {
       theClock->Advance(number);
-    } else if (verb == "redraw") {
-      vask::CScreenLayer::GetSingletonPtr()->RefreshAll();
     } else if (verb == "click") {
       vask::CEventBridge::GetSingletonPtr()->MouseButtonDown(vask::kLeftButton);
     } else if (verb == "fail") {
       Fail(order);
-    } else if (verb == "unban") {
-      vask::BanAsserts(false);
     } else if (verb == "tell") {
       Tell();
     } else if (verb == "compare") {
@@ -198,7 +184,9 @@ class CStepper : public vask::CTask {
     return "ok";
   }
 
-  std::optional<CPlayedGame> myGame;
+  std::optional<brumble::CPilot> myPilot;
+  int myUpdates = 1;  // of the game in each frame while it plays
+  unsigned myTime = 0;
   bool myFrameRuns = false;
 };
 

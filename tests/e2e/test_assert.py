@@ -78,7 +78,8 @@ class Dialog(GameTest):
         game.order("fail")
         game.fail("fail 1")
         game.close("Ignore All")
-        for command in ("fail 1", "unban", "fail"):
+        unban = "run starttask(debug, debug)", "run debug::BanAsserts(0)"
+        for command in ("fail 1", *unban, "fail"):
             game.order(command)
         self.assertEqual(game.fail("fail 1"), (350, 240))
         game.push("Abort")

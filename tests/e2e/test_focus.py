@@ -2,41 +2,33 @@
 import time
 
 from case import GameTest
-
-
-class Focus(GameTest):
-    def test_play_stands_still_without_the_focus(self):
-        screen, game = self.start()
-        game.start_playing()
-        # The cursor is part of the picture where it shows: keep it outside the window.
-        screen.move_pointer(5, 5)
-        game.wait_for_kitten()
-        screen.focus(screen.open_other())
-        game.wait_for_cursor(True)
-        game.wait_for_sprite("paused")
-        game.settle()
-        frozen = game.picture()
-        game.settle()
-        self.assertTrue((frozen == game.picture()).all(), "the world does not move")
-        screen.focus(game.window)
-        game.point_at(20, 20)
-        game.wait_for_cursor(False)
-        game.wait_for(lambda: (frozen[:226] != game.picture()[:226]).any(), "motion above the sign")
+from game import find_kitten
 
 
 # A program that never rests takes a whole core. Neither bound depends on how fast or busy the
 # machine is: a rest comes after the work of a frame at most, and lasts a millisecond. Both are
 # about the main thread; the compatibility library may draw in others.
-class Rest(GameTest):
-    def test_at_the_title_in_play_and_without_the_focus(self):
+class Focus(GameTest):
+    def test_play_stands_still_without_it_and_rests_with_and_without(self):
         screen, game = self.start()
         game.wait_for_title()
         self.assert_rests("title")
         game.start_playing()
-        game.point_at(300, 300)
+        # The cursor is part of the picture where it shows: keep it outside the window.
+        screen.move_pointer(5, 5)
+        game.wait_for_kitten()
         self.assert_rests("play")
         screen.focus(screen.open_other())
+        game.wait_for_cursor(True)
+        game.wait_for_sprite("paused")
+        game.settle()
+        frozen = game.picture()
         self.assert_rests("without the focus")
+        self.assertTrue((frozen == game.picture()).all(), "the world does not move")
+        screen.focus(game.window)
+        game.point_at(20, 20)
+        game.wait_for_cursor(False)
+        game.wait_for(lambda: find_kitten(game.picture()) != find_kitten(frozen), "motion")
 
     def assert_rests(self, where):
         game, thread = self.game, f"task/{self.game.process.pid}"

@@ -23,11 +23,6 @@ exit 40
 Report = collections.namedtuple("Report", "folder data script window_class arguments end")
 
 
-def install(prefix):
-    subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix], check=True,
-                   stdout=subprocess.DEVNULL, timeout=LIMIT)
-
-
 class Launcher(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(
@@ -37,11 +32,14 @@ class Launcher(unittest.TestCase):
         self.own = self.home / ".local/share/brumble"
         self.own.mkdir(parents=True)
 
-    # Installs the game, whose program it replaces; returns its folder of data.
-    def install(self, name):
-        install(self.folder / name)
-        (self.folder / name / "libexec/brumble/brumble").write_text(PROGRAM)
-        return self.folder / name / "share/games/brumble/data"
+    # Installs the game, with that in place of its program; returns its folder of data.
+    def install(self, name, program=PROGRAM):
+        prefix = self.folder / name
+        subprocess.run(["cmake", "--install", ROOT / "build/release", "--prefix", prefix], check=True,
+                       stdout=subprocess.DEVNULL, timeout=LIMIT)
+        if program:
+            (prefix / "libexec/brumble/brumble").write_text(program)
+        return prefix / "share/games/brumble/data"
 
     def start(self, *arguments, launcher="prefix/games/brumble", **environment):
         # A shell cannot catch what whoever started the tests has it ignore.
@@ -109,8 +107,8 @@ class Launcher(unittest.TestCase):
         self.assertEqual(self.report(DISPLAY="", WAYLAND_DISPLAY="wayland-0").arguments, "")
         self.assertEqual(self.report(SDL_VIDEO_X11_WMCLASS="mine").window_class, "mine")
 
-    def test_the_game_plays_from_its_prefix(self):
-        install(self.folder / "real")
+    def test_the_real_game_plays_from_its_prefix(self):
+        self.install("real", program=None)
         launcher = self.folder / "real/games/brumble"
         version = re.search(r"project\(brumble VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())
         self.assertEqual(subprocess.check_output([launcher, "--version"], text=True, timeout=LIMIT),

@@ -6,20 +6,24 @@ import subprocess
 import numpy
 from PIL import Image
 
-from case import GameTest, for_each
-from game import ROOT, Digits, Stepper
+from case import GameTest
+from game import ROOT, Stepper
 
 PLAYER = ROOT / "build" / "release" / "brumble_replay"
 STORES_PICTURES = "BRUMBLE_STORE_PICTURES" in os.environ
 
 
 class Replay(GameTest):
+    def test_a_game_in_the_window_comes_to_its_score_and_picture(self):
+        for name in ("chaser-30", "spinner-30", "presser-40"):
+            with self.subTest(name):
+                self.play(name)
+
     # The program without a window tells what the window should come to.
-    @for_each(name=("chaser-30", "spinner-30", "presser-40"))
-    def test_a_game_in_the_window_comes_to_its_score_and_panel(self, name):
+    def play(self, name):
         file = ROOT / "tests" / "replays" / f"{name}.replay"
         told = subprocess.run([PLAYER, file], capture_output=True, text=True, check=True).stdout
-        summary, score = re.search(r"held, (score (\d+) .*)", told).groups()
+        summary = re.search("held, score .*", told)[0]
         screen, game = self.start(kind=Stepper)
         game.wait_for_window()
         screen.move_pointer(5, 5)  # out of the picture
@@ -31,10 +35,9 @@ class Replay(GameTest):
         game.run(f"replaygame({file})")
         screen.tap(*["Up"] * 6)
         game.wait_for_log("Gameover")
-        self.assertIn(f"Replay: held, {summary}", game.log())
+        self.assertIn(f"Replay: {summary}", game.log())
         game.let_pass(3)
         picture = game.picture()
-        self.assertEqual(Digits().read(picture, Digits.SCORE), int(score))
         self.assertFalse((game.runtime / "replays").exists() or
                          (game.runtime / "scores.txt").exists(), "a trace of the replay")
         self.assert_is_stored(picture, file.with_suffix(".png"))

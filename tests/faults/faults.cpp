@@ -1,6 +1,6 @@
 // In place of the libraries' functions: one call fails, on order. The number in the environment
-// variable FAULT is that of the call, or of a place, where the first call fails; a place is the last
-// twelve functions that are being called there. Without it all calls are printed, with both.
+// variable FAULT is that of the call, or of a place, where the first call fails; a place is the
+// last twelve functions that are being called there. Without it all calls are printed, with both.
 
 #include <SDL_image.h>
 #include <SDL_mixer.h>
@@ -30,11 +30,6 @@ constinit std::atomic<std::uint64_t> ourCalls = 0;
 constinit std::atomic<bool> ourHasFailed = false;
 constinit thread_local bool ourIsBusy = false;  // counting, which may itself call such a function
 
-void PrintPlace() {
-  std::array<void*, 100> calls{};
-  backtrace_symbols_fd(calls.data(), backtrace(calls.data(), 100), STDOUT_FILENO);
-}
-
 // The same in every run, wherever the libraries are.
 std::uint64_t NumberOfPlace() {
   std::array<void*, kDepth> calls{};
@@ -52,6 +47,9 @@ std::uint64_t NumberOfPlace() {
 }
 
 bool Fails(const char* name) {
+  if (std::exchange(ourIsBusy, true)) {
+    return false;
+  }
   const std::uint64_t call = ++ourCalls;
   const std::uint64_t place = NumberOfPlace();
   const char* const fault = std::getenv("FAULT");
@@ -61,17 +59,12 @@ bool Fails(const char* name) {
     dprintf(STDOUT_FILENO, "\n%s %lu %lu %s\n", fails ? "failed" : "call", call, place, name);
   }
   if (fails) {
-    PrintPlace();
+    std::array<void*, 100> calls{};
+    backtrace_symbols_fd(calls.data(), backtrace(calls.data(), 100), STDOUT_FILENO);
     SDL_SetError("%s has failed", name);
     errno = EIO;
   }
-  return fails;
-}
-
-bool FailsHere(const char* name) {
-  const bool isOurs = std::exchange(ourIsBusy, true);
-  const bool fails = !isOurs && Fails(name);
-  ourIsBusy = isOurs;
+  ourIsBusy = false;
   return fails;
 }
 
@@ -84,7 +77,7 @@ Result Next(const char* name, Arguments... arguments) {
 // Fails as a function of its kind does, or calls the library's.
 template <typename Result, typename... Arguments>
 Result Call(const char* name, Arguments... arguments) {
-  if (!FailsHere(name)) {
+  if (!Fails(name)) {
     return Next<Result>(name, arguments...);
   }
   if constexpr (std::is_signed_v<Result>) {
@@ -96,65 +89,55 @@ Result Call(const char* name, Arguments... arguments) {
 
 }  // namespace
 
-#define FAILING1(R, name, A) \
-  extern "C" R name(A a) { return Call<R, A>(#name, a); }
-#define FAILING2(R, name, A, B) \
-  extern "C" R name(A a, B b) { return Call<R, A, B>(#name, a, b); }
-#define FAILING3(R, name, A, B, C) \
-  extern "C" R name(A a, B b, C c) { return Call<R, A, B, C>(#name, a, b, c); }
-#define FAILING4(R, name, A, B, C, D) \
-  extern "C" R name(A a, B b, C c, D d) { return Call<R, A, B, C, D>(#name, a, b, c, d); }
-FAILING1(int, SDL_Init, Uint32)
-FAILING1(int, SDL_InitSubSystem, Uint32)
-FAILING4(SDL_Surface*, SDL_SetVideoMode, int, int, int, Uint32)
-FAILING3(SDL_Surface*, SDL_ConvertSurface, SDL_Surface*, SDL_PixelFormat*, Uint32)
-FAILING1(SDL_Surface*, SDL_DisplayFormat, SDL_Surface*)
-FAILING1(SDL_Surface*, SDL_DisplayFormatAlpha, SDL_Surface*)
-FAILING1(int, SDL_LockSurface, SDL_Surface*)
-FAILING4(int, SDL_UpperBlit, SDL_Surface*, SDL_Rect*, SDL_Surface*, SDL_Rect*)
-FAILING3(int, SDL_FillRect, SDL_Surface*, SDL_Rect*, Uint32)
-FAILING2(SDL_RWops*, SDL_RWFromFile, const char*, const char*)
-FAILING1(SDL_Surface*, IMG_Load, const char*)
-FAILING1(SDL_Surface*, IMG_LoadGIF_RW, SDL_RWops*)
-FAILING4(int, Mix_OpenAudio, int, Uint16, int, int)
-FAILING2(Mix_Chunk*, Mix_LoadWAV_RW, SDL_RWops*, int)
-FAILING1(Mix_Music*, Mix_LoadMUS, const char*)
-FAILING4(int, Mix_PlayChannelTimed, int, Mix_Chunk*, int, int)
-FAILING2(int, Mix_PlayMusic, Mix_Music*, int)
-FAILING4(SDL_Surface*, rotozoomSurface, SDL_Surface*, double, double, int)
-FAILING4(SDL_Surface*, zoomSurface, SDL_Surface*, double, double, int)
-FAILING3(int, open, const char*, int, mode_t)
-FAILING4(int, openat, int, const char*, int, mode_t)
-FAILING2(FILE*, fopen, const char*, const char*)
-FAILING2(FILE*, fopen64, const char*, const char*)
-FAILING4(size_t, fread, void*, size_t, size_t, FILE*)
-FAILING4(size_t, fwrite, const void*, size_t, size_t, FILE*)
-FAILING3(ssize_t, read, int, void*, size_t)
-FAILING3(ssize_t, write, int, const void*, size_t)
-FAILING3(ssize_t, writev, int, const iovec*, int)
-FAILING2(int, rename, const char*, const char*)
-FAILING1(int, fsync, int)
-FAILING3(int, socket, int, int, int)
-FAILING3(int, connect, int, const sockaddr*, socklen_t)
-FAILING4(ssize_t, send, int, const void*, size_t, int)
-FAILING4(ssize_t, recv, int, void*, size_t, int)
+// The function of those parameters, which are named again for the call.
+#define FAILING(R, name, parameters, ...) \
+  extern "C" R name parameters { return Call<R>(#name, __VA_ARGS__); }
+FAILING(int, SDL_Init, (Uint32 a), a)
+FAILING(int, SDL_InitSubSystem, (Uint32 a), a)
+FAILING(SDL_Surface*, SDL_SetVideoMode, (int a, int b, int c, Uint32 d), a, b, c, d)
+FAILING(SDL_Surface*, SDL_ConvertSurface, (SDL_Surface * a, SDL_PixelFormat* b, Uint32 c), a, b, c)
+FAILING(SDL_Surface*, SDL_DisplayFormat, (SDL_Surface * a), a)
+FAILING(SDL_Surface*, SDL_DisplayFormatAlpha, (SDL_Surface * a), a)
+FAILING(int, SDL_LockSurface, (SDL_Surface * a), a)
+FAILING(int, SDL_UpperBlit, (SDL_Surface * a, SDL_Rect* b, SDL_Surface* c, SDL_Rect* d), a, b, c, d)
+FAILING(int, SDL_FillRect, (SDL_Surface * a, SDL_Rect* b, Uint32 c), a, b, c)
+FAILING(SDL_RWops*, SDL_RWFromFile, (const char* a, const char* b), a, b)
+FAILING(SDL_Surface*, IMG_Load, (const char* a), a)
+FAILING(SDL_Surface*, IMG_LoadGIF_RW, (SDL_RWops * a), a)
+FAILING(int, Mix_OpenAudio, (int a, Uint16 b, int c, int d), a, b, c, d)
+FAILING(Mix_Chunk*, Mix_LoadWAV_RW, (SDL_RWops * a, int b), a, b)
+FAILING(Mix_Music*, Mix_LoadMUS, (const char* a), a)
+FAILING(int, Mix_PlayChannelTimed, (int a, Mix_Chunk* b, int c, int d), a, b, c, d)
+FAILING(int, Mix_PlayMusic, (Mix_Music * a, int b), a, b)
+FAILING(SDL_Surface*, rotozoomSurface, (SDL_Surface * a, double b, double c, int d), a, b, c, d)
+FAILING(SDL_Surface*, zoomSurface, (SDL_Surface * a, double b, double c, int d), a, b, c, d)
+FAILING(int, open, (const char* a, int b, mode_t c), a, b, c)
+FAILING(int, openat, (int a, const char* b, int c, mode_t d), a, b, c, d)
+FAILING(FILE*, fopen, (const char* a, const char* b), a, b)
+FAILING(FILE*, fopen64, (const char* a, const char* b), a, b)
+FAILING(size_t, fread, (void* a, size_t b, size_t c, FILE* d), a, b, c, d)
+FAILING(size_t, fwrite, (const void* a, size_t b, size_t c, FILE* d), a, b, c, d)
+FAILING(ssize_t, read, (int a, void* b, size_t c), a, b, c)
+FAILING(ssize_t, write, (int a, const void* b, size_t c), a, b, c)
+FAILING(ssize_t, writev, (int a, const iovec* b, int c), a, b, c)
+FAILING(int, rename, (const char* a, const char* b), a, b)
+FAILING(int, fsync, (int a), a)
+FAILING(int, socket, (int a, int b, int c), a, b, c)
+FAILING(int, connect, (int a, const sockaddr* b, socklen_t c), a, b, c)
+FAILING(ssize_t, send, (int a, const void* b, size_t c, int d), a, b, c, d)
+FAILING(ssize_t, recv, (int a, void* b, size_t c, int d), a, b, c, d)
+FAILING(SDL_Surface*, SDL_CreateRGBSurface,
+        (Uint32 a, int b, int c, int d, Uint32 e, Uint32 f, Uint32 g, Uint32 h), a, b, c, d, e, f,
+        g, h)
+FAILING(SDL_Surface*, SDL_CreateRGBSurfaceFrom,
+        (void* a, int b, int c, int d, int e, Uint32 f, Uint32 g, Uint32 h, Uint32 i), a, b, c, d,
+        e, f, g, h, i)
 // Closing fails where something was written, and closes all the same.
 extern "C" int fclose(FILE* file) {
-  const bool fails = __fwriting(file) != 0 && FailsHere("fclose");
+  const bool fails = __fwriting(file) != 0 && Fails("fclose");
   return Next<int>("fclose", file) == 0 && !fails ? 0 : EOF;
 }
 extern "C" int close(int file) {
-  const bool fails = Next<ssize_t>("write", file, "", size_t{0}) == 0 && FailsHere("close");
+  const bool fails = Next<ssize_t>("write", file, "", size_t{0}) == 0 && Fails("close");
   return Next<int>("close", file) == 0 && !fails ? 0 : -1;
-}
-extern "C" SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth,
-                                             Uint32 red, Uint32 green, Uint32 blue, Uint32 alpha) {
-  return Call<SDL_Surface*>("SDL_CreateRGBSurface", flags, width, height, depth, red, green, blue,
-                            alpha);
-}
-extern "C" SDL_Surface* SDL_CreateRGBSurfaceFrom(void* pixels, int width, int height, int depth,
-                                                 int pitch, Uint32 red, Uint32 green, Uint32 blue,
-                                                 Uint32 alpha) {
-  return Call<SDL_Surface*>("SDL_CreateRGBSurfaceFrom", pixels, width, height, depth, pitch, red,
-                            green, blue, alpha);
 }

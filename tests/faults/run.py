@@ -16,24 +16,25 @@ import socketserver
 import sys
 import threading
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import headless
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
+from game import headless  # noqa: E402
 
 SCORES = "300 2026-01-01 -\n200 2026-01-02 -\n100 2026-01-03 -\n"
 FRAME = (*("advance 20", "frame") * 3, "compare")
 CONSOLE = ("run load(data/keys/console.txt)", *FRAME)
-# The title, a whole game, its end, the console, other screens, a recorded game, a mail and the end.
+# The title, a whole game, its end, the console, other screens, a recorded game, no screen, a mail
+# and the end.
 ORDERS = (*FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *CONSOLE,
           "run window::Resize(640, 480)", *FRAME, "run window::Fullscreen", *FRAME, *CONSOLE,
-          "run replaygame(data/demo.replay)", *FRAME)
+          "run replaygame(data/demo.replay)", *FRAME, "run stoptask(window)", *FRAME)
 # SDL and SDL_image follow a null pointer there.
 LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW")
-# Nothing is lost there: the libraries go on without or only look which kind of picture it is, a check
-# is left out, something has been written or answered, is tried again, or was only for the standard
-# output. The log has no other place.
-SILENT = re.compile(r"IMG_is|libSDL_image[^(]*\(\+\w+\)\S*\n\S*IMG_LoadTyped_RW|SDL_SetVideoMode|"
-                    "Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|IsGifFile|CLogFile|RemoveOldReplays|"
-                    "SDLMixer(Effect|Music)Data4Load|^close|^fwrite|CMail")
+# Nothing is lost there: the libraries go on without, a check is left out, something has been written
+# or answered, is tried again (as another kind of picture, too), or was only for the standard output.
+# The log has no other place.
+SILENT = re.compile("SDL_SetVideoMode|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|IsGifFile|IMG_is|"
+                    "SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|^close|^fwrite|CMail|"
+                    r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|CXmlParser.*\n.*\n.*PictureCache")
 
 
 class MailHost(socketserver.StreamRequestHandler):
@@ -46,11 +47,13 @@ class MailHost(socketserver.StreamRequestHandler):
 
 # Returns what was printed and reported, and what did not hold.
 def run(program, orders, environment):
-    end, log, scores = headless.run(program, orders, environment, SCORES)
-    wrong = [f"status {end.returncode}"] if end.returncode else []
-    wrong += re.findall("the picture is wrong", end.stdout)
-    wrong += [] if set(SCORES.split()) <= set(scores.split()) else ["a score is lost"]
-    return end.stdout, log + end.stderr.splitlines(), wrong
+    with headless(program, orders, environment, SCORES) as game:
+        status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
+        wrong = [f"status {status}"] if status else []
+        wrong += re.findall("the picture is wrong", game.printed)
+        wrong += [] if set(SCORES.split()) <= set(scores.split()) else ["a score is lost"]
+        said = re.sub("New log created on.*", "", game.log())  # which tells the minute
+        return game.printed, (said + game.standard_error()).splitlines(), wrong
 
 
 def main():

@@ -6,8 +6,8 @@ Usage: run.py BUILD_FOLDER [GAMES CONSOLES TASKS]
 import pathlib
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import headless
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
+from game import headless  # noqa: E402
 
 MANNERS = ("idle", "sweeper", "chaser", "bouncer", "spinner", "presser", "fidgeter")
 CENSUS = "run census::now"
@@ -40,11 +40,11 @@ def changes(what, before, now):
 
 def main():
     games, consoles, tasks = map(int, sys.argv[2:] or (30, 100, 1000))
-    end, _, _ = headless.run(f"{sys.argv[1]}/brumble_soak", orders(games, consoles, tasks), scores=BEST)
+    with headless(f"{sys.argv[1]}/brumble_soak", orders(games, consoles, tasks), scores=BEST) as game:
+        game.wait_for_end()
     counts = [(int(words[1]), dict(word.split("=") for word in words[2:]))
-              for words in map(str.split, end.stdout.splitlines()) if words[:1] == ["census"]]
-    if end.returncode or len(counts) != games + 4:
-        sys.exit(f"{len(counts)} counts, then status {end.returncode}: {end.stderr[-2000:]}")
+              for words in map(str.split, game.printed.splitlines()) if words[:1] == ["census"]]
+    assert len(counts) == games + 4, f"{len(counts)} counts"
     wrong = [line for number in range(2, games)
              for line in changes(f"game {number + 1}", counts[1], counts[number])]
     wrong += changes("the consoles", counts[games], counts[games + 1])
