@@ -185,9 +185,6 @@ class Display(Scoped):
     def close_window(self, window):
         self._ask_manager(window, "_NET_CLOSE_WINDOW", 2)
 
-    def run(self, *command):
-        subprocess.run(command, env=self.environment, check=True, timeout=LIMIT)
-
     def focus(self, window):
         self.settle()  # the window manager may be about to give it to a new window
         window.set_input_focus(X.RevertToParent, X.CurrentTime)
