@@ -1,4 +1,5 @@
-"""A virtual display with a window manager, a real pointer, and the pixels that it shows."""
+# A virtual display with a window manager, a real pointer, and the pixels that it shows.
+
 import contextlib
 import os
 import pathlib

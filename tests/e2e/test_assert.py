@@ -1,4 +1,5 @@
-"""The window that a failed assertion opens, in a program whose assertions fail on order."""
+# The window that a failed assertion opens, in a program whose assertions fail on order.
+
 import ctypes
 import os
 import signal

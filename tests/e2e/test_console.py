@@ -1,4 +1,5 @@
-"""The developer console over the running game, with a real pointer and a real keyboard."""
+# The developer console over the running game, with a real pointer and a real keyboard.
+
 import subprocess
 
 from case import GameTest, libraries

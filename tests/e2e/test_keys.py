@@ -1,4 +1,5 @@
-"""The keys that the start-up script binds, typed on a real keyboard."""
+# The keys that the start-up script binds, typed on a real keyboard.
+
 import re
 
 import numpy
