@@ -1,4 +1,5 @@
-"""What the end-to-end tests share."""
+# What the end-to-end tests share.
+
 import functools
 import subprocess
 import unittest

@@ -1,4 +1,5 @@
-"""A virtual display with a window manager, a real pointer, and the pixels that it shows."""
+# A virtual display with a window manager, a real pointer, and the pixels that it shows.
+
 import contextlib
 import os
 import pathlib
@@ -184,9 +185,6 @@ class Display(Scoped):
     # As the close button of the window's frame does.
     def close_window(self, window):
         self._ask_manager(window, "_NET_CLOSE_WINDOW", 2)
-
-    def run(self, *command):
-        subprocess.run(command, env=self.environment, check=True, timeout=LIMIT)
 
     def focus(self, window):
         self.settle()  # the window manager may be about to give it to a new window

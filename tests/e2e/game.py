@@ -1,4 +1,5 @@
-"""The real program, started in a copy of runtime/ and watched from outside."""
+# The real program, started in a copy of runtime/ and watched from outside.
+
 import contextlib
 import functools
 import os

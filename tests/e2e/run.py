@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Runs the end-to-end tests: all of them, or those that are named (test_play.Play.test_x)."""
+# Runs the end-to-end tests: all of them, or those that are named (test_play.Play.test_x).
+
 import pathlib
 import sys
 import unittest

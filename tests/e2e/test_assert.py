@@ -1,4 +1,5 @@
-"""The window that a failed assertion opens, in a program whose assertions fail on order."""
+# The window that a failed assertion opens, in a program whose assertions fail on order.
+
 import ctypes
 import os
 import signal
@@ -145,9 +146,7 @@ class Dialog(GameTest):
             game.order("frame")
         self.assertEqual(game.order("tell"), before)
 
-
-# No display, or the connection cut: reported once for each place, and on it goes.
-class Without(GameTest):
+    # No display, or the connection cut: reported once for each place, and on it goes.
     def fail_without(self, game, reason, fail):
         for command in ("fail", "fail", "fail 1"):
             fail(command)
@@ -156,18 +155,18 @@ class Without(GameTest):
                 self.assertEqual(report.count(text), 1, report)
             self.assertEqual(report.count(reason), 2, report)
 
-    def test_display(self):
+    def test_without_a_display(self):
         with Asserter() as game:
             self.fail_without(game, "there is no display", game.order)
 
-    def test_the_connection(self):
+    def test_without_the_connection(self):
         def fail(command):
             game.fail(command)
             game.dialog.kill_client()
             screen.sync()
             game.reply()
 
-        screen, game = self.start(kind=Asserter)
+        screen, game = self.start()
         self.fail_without(game, "the display has gone", fail)
         game.process.stdin.close()
         game.wait_for_end()

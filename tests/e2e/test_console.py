@@ -1,16 +1,55 @@
-"""The developer console over the running game, with a real pointer and a real keyboard."""
-from case import GameTest
-from console import Console
+# The developer console over the running game, with a real pointer and a real keyboard.
+
+import subprocess
+
+from case import GameTest, libraries
+from game import fit, load_picture
 
 FIRED = "a task mark that doesn't exist"
+CLOSE_X, CLOSE_Y = 375, 2  # where its close button is
+
+
+class Console:
+    def __init__(self, screen, game):
+        self.screen, self.game = screen, game
+        self.close_picture = load_picture("close", "gui/{}.gif")
+
+    # Where its corner is in the game's picture, by the close button; None when it is not open.
+    def place(self):
+        picture = self.game.picture()
+        middles = (picture == self.close_picture[10, 10, :3]).all(axis=2).nonzero()
+        for y, x in zip(*middles):
+            if fit(picture[y - 10:, x - 10:], self.close_picture) == 1:
+                return int(x) - 10 - CLOSE_X, int(y) - 10 - CLOSE_Y
+        return None
+
+    # None: until it is closed.
+    def wait_for_place(self, place):
+        self.game.wait_for(lambda: self.place() == place, f"a console at {place}")
+
+    # Types the line where the focus is, and waits for what it writes to the log.
+    def enter(self, line, logged, end="Return"):
+        self.screen.type(line)
+        self.screen.tap(end)
+        self.game.wait_for_log(f"( ) {line}\n")
+        self.game.wait_for_log(logged)
+
+    def click(self, x, y):
+        self.game.point_at(x + 5, y)  # a pointer that does not move reports no place
+        self.game.click_at(x, y)
+        self.game.settle()
+        self.game.let_pass(0.35)  # so that the next one makes no double click
 
 
 class DeveloperConsole(GameTest):
+    UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
+
     def test_keys_go_to_the_console_once_its_line_has_the_focus(self):
         screen, game = self.start(lines="keyboard::bind(k, stoptask(mark))")
         game.start_playing()
         console = Console(screen, game)
-        console.open()
+        screen.tap("F1")
+        console.wait_for_place((10, 10))
         self.assertTrue(screen.cursor_is_visible())
         screen.tap("k")
         game.wait_for_log(FIRED)
@@ -27,3 +66,20 @@ class DeveloperConsole(GameTest):
         self.assertEqual(game.log().count(FIRED), 1, "k has typed")
         screen.tap("k")
         game.wait_for_log(FIRED, times=2)
+
+    def test_keys_with_other_names(self):
+        for library in libraries():
+            with self.subTest(library):
+                screen, game = self.start(lines="keyboard::bind(p, stoptask(mark))",
+                                          environment=library)
+                game.wait_for_title()
+                console = Console(screen, game)
+                for times, layout in enumerate(("ru", "ua", "fr"), 1):
+                    subprocess.run(["setxkbmap", layout], env=screen.environment, check=True)
+                    screen.tap(self.UKRAINIAN_YI, self.P)
+                    game.wait_for_log(FIRED, times=times)
+                    self.assertIsNone(console.place(), "yi opens nothing")
+                    screen.tap(self.UNDER_ESCAPE)
+                    console.wait_for_place((10, 10))
+                    screen.tap(self.UNDER_ESCAPE)
+                    console.wait_for_place(None)

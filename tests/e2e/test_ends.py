@@ -1,4 +1,5 @@
-"""How the program ends: with its window or display, or for want of one, of a script or of memory."""
+# How the program ends: with its window or display, or for want of one, of a script or of memory.
+
 import itertools
 
 from case import GameTest, libraries

@@ -1,4 +1,5 @@
-"""What the focus changes, and the use of the processor."""
+# What the focus changes, and the use of the processor.
+
 import time
 
 from case import GameTest

@@ -1,10 +1,10 @@
-"""The keys that the start-up script binds, typed on a real keyboard."""
+# The keys that the start-up script binds, typed on a real keyboard.
+
 import re
 
 import numpy
 
-from case import GameTest, libraries
-from console import Console
+from case import GameTest
 from display import wait_for
 from game import ROOT, find_kitten, fit, load_picture
 
@@ -69,24 +69,3 @@ class Keys(GameTest):
         self.press("Pause")
         game.wait_for(lambda: find_kitten(game.picture()) != place, "play after the pause")
         game.wait_for_cursor(False)
-
-
-class Layouts(GameTest):
-    UNDER_ESCAPE, P, UKRAINIAN_YI = 49, 33, 35  # key codes: keys by their place
-
-    def test_keys_with_other_names(self):
-        for library in libraries():
-            with self.subTest(library):
-                screen, game = self.start(lines="keyboard::bind(p, stoptask(mark))",
-                                          environment=library)
-                game.wait_for_title()
-                console = Console(screen, game)
-                for times, layout in enumerate(("ru", "ua", "fr"), 1):
-                    screen.run("setxkbmap", layout)
-                    screen.tap(self.UKRAINIAN_YI, self.P)
-                    game.wait_for_log("a task mark that", times=times)
-                    self.assertIsNone(console.place(), "yi opens nothing")
-                    screen.tap(self.UNDER_ESCAPE)
-                    console.wait_for_place((10, 10))
-                    screen.tap(self.UNDER_ESCAPE)
-                    console.wait_for_place(None)

@@ -1,4 +1,5 @@
-"""The launcher of the installed game: with a program that reports how it was started, and for real."""
+# The launcher of the installed game: with a program that reports how it was started, and for real.
+
 import collections
 import os
 import pathlib

@@ -1,4 +1,5 @@
-"""Two whole games in one run, played with a real pointer, and with a clock that waits for it."""
+# Two whole games in one run, played with a real pointer, and with a clock that waits for it.
+
 from case import GameTest
 from game import WHOLE_GAME, Stepper, find_kitten
 

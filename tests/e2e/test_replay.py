@@ -1,4 +1,5 @@
-"""Recorded games in a real window."""
+# Recorded games in a real window.
+
 import os
 import re
 import subprocess

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Starts the game once for each call that can fail, with that call failing.
+# Starts the game once for each call that can fail, with that call failing.
+#
+# Usage: run.py BUILD_FOLDER [--each | --some]
+#
+# Every place that calls a function of faults.cpp fails at its first call; with --each every call of
+# the run does, with --some every tenth place. Prints what did not hold, and how many calls failed.
 
-Usage: run.py BUILD_FOLDER [--each | --some]
-
-Every place that calls a function of faults.cpp fails at its first call; with --each every call of
-the run does, with --some every tenth place. Prints what did not hold, and how many calls failed.
-"""
 import collections
 import concurrent.futures
 import contextlib

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Plays whole games, opens consoles and starts tasks, and compares what lives before and after.
+# Plays whole games, opens consoles and starts tasks, and compares what lives before and after.
+#
+# Usage: run.py BUILD_FOLDER [GAMES CONSOLES TASKS]
 
-Usage: run.py BUILD_FOLDER [GAMES CONSOLES TASKS]
-"""
 import pathlib
 import sys
 
@@ -40,7 +40,8 @@ def changes(what, before, now):
 
 def main():
     games, consoles, tasks = map(int, sys.argv[2:] or (30, 100, 1000))
-    with headless(f"{sys.argv[1]}/brumble_soak", orders(games, consoles, tasks), scores=BEST) as game:
+    program = f"{sys.argv[1]}/brumble_soak"
+    with headless(program, orders(games, consoles, tasks), scores=BEST) as game:
         game.wait_for_end()
     counts = [(int(words[1]), dict(word.split("=") for word in words[2:]))
               for words in map(str.split, game.printed.splitlines()) if words[:1] == ["census"]]
