@@ -122,6 +122,12 @@ TEST_F(ConsoleTest, ScriptsExecuteEveryLine) {
   EXPECT_EQ(myLog.Text(), "");
 }
 
+TEST_F(ConsoleTest, CaseCountsOnlyWhenItIsTold) {
+  myConsole.SetCaseSensitive(true);
+  ExpectResults({{"x = 1", "1"}, {"X", "X"}});
+  EXPECT_TRUE(myConsole.IsCaseSensitive());
+}
+
 TEST_F(ConsoleTest, ScriptsNeverNestEndlessly) {
   CConsole second;  // files load each other through it, as from a task's console
   CLoad loadInSecond(second);

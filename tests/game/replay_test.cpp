@@ -173,7 +173,7 @@ TEST_F(ReplayTest, AWholeGameTakesTheSameCourseInEveryBuild) {
     const std::string state = PackState(StateOf(play));
     hash = crc32_z(hash, reinterpret_cast<const Bytef*>(state.data()), state.size());
   }
-  EXPECT_GT(play.GetGameLogic().GetStory().banked.bonuses, 0) << "all has happened";
+  EXPECT_GT(play.GetGameLogic().GetStory().banked.bonuses, 0) << "the game has too little in it";
   EXPECT_EQ(std::pair(kRulesVersion, hash), kVersionAndHash);
 }
 
@@ -205,8 +205,9 @@ TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
     for (const std::size_t length : {end, end + 5, next - 1}) {
       WriteAll("cut.replay", bytes.substr(0, length));
       unsigned time = 0;
-      EXPECT_TRUE(Verdict("cut.replay", &time).starts_with("it ends before its game does"));
-      EXPECT_NEAR(time, start, 900);
+      const std::string verdict = Verdict("cut.replay", &time);
+      EXPECT_TRUE(verdict.starts_with("it ends before its game does")) << length << " " << verdict;
+      EXPECT_NEAR(time, start, 900) << length;
     }
     end = next;
   }
@@ -216,16 +217,21 @@ TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
 // Which of the checks finds it depends on the place; none may be taken for a whole game.
 TEST_F(ReplayTest, NoFlippedBitPassesForAWholeGame) {
   RecordShortGame(60);
+  using Item = CRecordingReader::EItem;
+  const auto lastItem = [](const std::string& bytes) {
+    CRecordingReader reader(std::make_unique<std::istringstream>(bytes));
+    Item item = reader.Next();
+    while (item == Item::kInput || item == Item::kState) {
+      item = reader.Next();
+    }
+    return item;
+  };
   const std::string whole = ReadAll("game.replay");
+  EXPECT_EQ(lastItem(whole), Item::kEnd);
   for (std::size_t bit = 0; bit < whole.size() * 8; ++bit) {
     std::string bytes = whole;
     bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
-    CRecordingReader reader(std::make_unique<std::istringstream>(bytes));
-    auto item = reader.Next();
-    while (item == CRecordingReader::EItem::kInput || item == CRecordingReader::EItem::kState) {
-      item = reader.Next();
-    }
-    EXPECT_EQ(item, CRecordingReader::EItem::kNone) << "bit " << bit;
+    EXPECT_EQ(lastItem(bytes), Item::kNone) << "bit " << bit;
   }
 }
 
@@ -410,7 +416,7 @@ TEST_F(ReplayTest, AReplayLeavesNoTrace) {
   Line("replaygame(game.replay)");
   Frame(20000);
   EXPECT_TRUE(log.Has("Replay: held, score"));
-  EXPECT_EQ(traces(), before) << "somebody had left that game before its end";
+  EXPECT_EQ(traces(), before) << "after the end of the recording";
 }
 
 }  // namespace

@@ -75,7 +75,8 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
     std::replace(name.begin(), name.end(), ' ', '_');
     name = name == "unknown_key" ? "" : name == "`" ? "backquote" : name;
     name = name == ");" ? ";" : name;  // a slip of the compatibility library
-    EXPECT_EQ(NameFromKey(key), name);
+    EXPECT_EQ(NameFromKey(key), name) << key;
+    EXPECT_EQ(KeyFromName(name), name.empty() ? 0 : key) << name;
   }
   SDL_Quit();
 }

@@ -103,6 +103,9 @@ TEST_F(Application, HelpListsAndExplains) {
             "toggle\nVariables: z\nhelp(name) tells more of one.\n");
   EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
   EXPECT_TRUE(Execute("help(QUIT)").starts_with("quit"));
+  for (const char* name : {"load", "pausetask", "resumetask", "starttask", "toggle"}) {
+    EXPECT_TRUE(Execute("help(" + std::string(name) + ")").starts_with(name)) << name;
+  }
 }
 
 TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {

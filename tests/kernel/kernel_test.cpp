@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 #include <regex>
 #include <sstream>
@@ -243,12 +244,21 @@ TEST_F(CKernelTest, TimedTasksCatchUpInTheOrderOfTheirDueTimes) {
             "| | fast | fast slow | fast fast slow fast fast slow fast | fast slow ");
 }
 
+TEST_F(CKernelTest, ATimedTaskCountsFromItsResume) {
+  Start("t", 10, 100);
+  const std::string pause = "resume t wait clock@90 pause t";  // what runs cannot be resumed
+  EXPECT_EQ(RunFrames({pause, "wait clock@90 resume t wait clock@100", "wait clock@1"}),
+            "| t.pause | t.resume | t ");
+}
+
 TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
   Kernel().FrameSleep() = -7;
   RunFrames({});
   EXPECT_EQ(Kernel().FrameSleep(), 0);
   Kernel().FrameSleep() = 5000;
+  const auto start = std::chrono::steady_clock::now();
   RunFrames({});
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
   EXPECT_EQ(Kernel().FrameSleep(), 100);
 }
 

@@ -88,6 +88,8 @@ TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
       Audio::PlayEffect( "data/sfx/kitten_01.wav" )
   )");
   EXPECT_EQ(Mix_Playing(-1), 1);
+  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
+  EXPECT_NE(console.Execute("audio_effect_volume", false), "audio_effect_volume") << "no variable";
   RunScript("stoptask( Audio )");
 }
 

@@ -67,19 +67,24 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
   EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("127.0.0.1\n220 "));
 }
 
-TEST(Mail, CarriesAttachmentsWhole) {
+TEST(Mail, CarriesAttachmentsWholeAndLetsNoTextAddALine) {
   const std::string got = Serve(kGoodHost, [](int port) {
     CMail mail({60s, 60s});
     mail.SetHost("127.0.0.1");
     mail.SetPort(0x10000 + port);
     EXPECT_EQ(mail.GetPort(), 25);
     mail.SetPort(port);
-    mail.SetSender("Me", "me@a");
+    mail.SetHelo("here\r\nRCPT TO:all@b");
+    mail.SetSender("Me\nBcc: all", "me@a");
+    mail.SetSubject("Sub\r\n.\r\nject");
     mail.SetText("Text");
     mail.AddAttachment("f\x7F\r\n.txt", std::string(58, 'i'));
     EXPECT_TRUE(mail.Send("you@b"));
   });
-  EXPECT_EQ(got.substr(got.find("Content-type")),
+  EXPECT_EQ(got,
+            "HELO here  RCPT TO:all@b\r\nMAIL FROM:me@a\r\nRCPT TO:you@b\r\nDATA\r\n\r\n"
+            "MIME-Version: 1.0\r\nFrom: Me Bcc: all <me@a>\r\nTo: you <you@b>\r\n"
+            "Subject: Sub  .  ject\r\n"
             "Content-type: multipart/mixed; boundart=\"stringiboundi\"\r\n--stringiboundi\r\n"
             "Content-type: text/plain; charset=\"us-ascii\"\r\n"
             "Content-Transfer-Encoding: quoted-printable\r\nText\r\n\r\n--stringiboundi\r\n"

@@ -5,7 +5,7 @@
 namespace vask {
 namespace {
 
-TEST(RandomState, EqualSeedsGiveEqualSequences) {
+TEST(RandomState, GivesTheSequenceThatIsPublishedForTheSeed) {
   CRandomState random;
   // SplitMix64's published first values for the seed 0, and one that was computed apart.
   EXPECT_EQ(random.Next(), 0xE220A839U);
