@@ -18,7 +18,6 @@ class Focus(GameTest):
         # The cursor is part of the picture where it shows: keep it outside the window.
         screen.move_pointer(5, 5)
         game.wait_for_kitten()
-        self.assert_rests("play")
         screen.focus(screen.open_other())
         game.wait_for_cursor(True)
         game.wait_for_sprite("paused")
@@ -31,6 +30,7 @@ class Focus(GameTest):
         game.point_at(20, 20)
         game.wait_for_cursor(False)
         game.wait_for(lambda: find_kitten(game.picture()) != find_kitten(frozen), "motion")
+        self.assert_rests("play")
 
     def assert_rests(self, where):
         game, thread = self.game, f"task/{self.game.process.pid}"
