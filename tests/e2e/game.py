@@ -34,10 +34,12 @@ class Game(Scoped):
     def _open(self, undo):
         folder, environment = self._prepare()
         errors = undo.enter_context(open(self.folder / "stderr", "w"))
-        self.process = undo.enter_context(subprocess.Popen(
-            self.executable, cwd=folder, env=environment, stdin=subprocess.PIPE,
-            stdout=subprocess.PIPE, stderr=errors, bufsize=0))
+        self.process = undo.enter_context(self._run(folder, environment, errors))
         undo.callback(self.process.kill)
+
+    def _run(self, folder, environment, errors):
+        return subprocess.Popen(self.executable, cwd=folder, env=environment, stderr=errors,
+                                stdin=subprocess.PIPE, stdout=subprocess.PIPE, bufsize=0)
 
     # Returns the folder to start it in, and the environment.
     def _prepare(self):

@@ -18,18 +18,19 @@ class Focus(GameTest):
         # The cursor is part of the picture where it shows: keep it outside the window.
         screen.move_pointer(5, 5)
         game.wait_for_kitten()
-        self.assert_rests("play")
         screen.focus(screen.open_other())
         game.wait_for_cursor(True)
         game.wait_for_sprite("paused")
         game.settle()
         frozen = game.picture()
-        self.assert_rests("without the focus")
+        game.settle()
         self.assertTrue((frozen == game.picture()).all(), "the world does not move")
+        self.assert_rests("without the focus")
         screen.focus(game.window)
         game.point_at(20, 20)
         game.wait_for_cursor(False)
         game.wait_for(lambda: find_kitten(game.picture()) != find_kitten(frozen), "motion")
+        self.assert_rests("play")
 
     def assert_rests(self, where):
         game, thread = self.game, f"task/{self.game.process.pid}"
