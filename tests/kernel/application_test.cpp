@@ -28,6 +28,8 @@ struct CTaskSample : CTask {
     return true;
   }
   void Update() override {}
+  void Pause() override { ourRecord += GetName() + ".pause "; }
+  void Resume() override { ourRecord += GetName() + ".resume "; }
   void Exit() override { ourRecord += GetName() + ".exit "; }
   bool ExecuteCommand(const std::string& line) override {
     ourRecord += GetName() + "<" + line + "> ";
@@ -64,7 +66,7 @@ TEST_F(Application, BasicCommandsReachTheTasks) {
   EXPECT_EQ(outcome("starttask(sample, b, 99999999999, 7)"), "b started | b@2147483647,7 ");
   EXPECT_EQ(outcome("a::do(1, 2)"), " | a<do(1, 2)> ");
   EXPECT_EQ(outcome("a::unknown"), "No namespace named space\n | a<unknown> ");
-  EXPECT_EQ(outcome("pausetask(a); resumetask(a)"), "\n\n | ");
+  EXPECT_EQ(outcome("pausetask(a); resumetask(a)"), "\n\n | a.pause a.resume ");
   EXPECT_EQ(outcome("stoptask(a)"), " | a.exit ");
   EXPECT_EQ(outcome("stoptask(a)"), " | ") << "ended already";
   EXPECT_EQ(CTaskFactory::GetSingleton().GetTaskNames(), (std::vector<std::string>{"b", "sample"}));

@@ -1,5 +1,6 @@
 #include "events/eventbridge.h"
 #include "gfx/picture/gfx.h"
+#include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -71,6 +72,14 @@ TEST_F(WindowTask, CommandsChangeTheWindow) {
   EXPECT_EQ(SeenAfter("fullscreen"), "120 x 90 ");
   EXPECT_EQ(Run("Resize"), "[ERROR] You should give atleast two parameters");
   EXPECT_EQ(Run("SetIcon"), "[ERROR] You have to give atleast one parameter");
+  for (const auto& [width, height] : {std::pair{32, 32}, {33, 32}, {32, 33}}) {
+    const sdl::SurfacePtr icon(
+        SDL_CreateRGBSurface(0, width, height, 24, 0xFF, 0xFF00, 0xFF0000, 0));
+    SDL_SaveBMP(icon.get(), "icon.bmp");
+    Run("SetIcon(icon.bmp)");
+  }
+  EXPECT_EQ(log.Count("is larger than 32 pixels"), 2U);
+  EXPECT_FALSE(log.Has("is not available"));
   Run("SetIcon(set.bmp)");
   for (const std::string icon : {"start.bmp", "set.bmp"}) {
     EXPECT_TRUE(log.Has(" CApplicationSDL::WindowSetIcon() Could not load file: " + icon));

@@ -35,7 +35,9 @@ TEST_F(UiTest, MouseEventsCarryTheButtonsThatAreHeld) {
 TEST_F(UiTest, NothingReachesWidgetsFromTheExitToTheNextStart) {
   new CTextInputWidget(Desktop(), {10, 10, 400, 20}, false, "", {}, "");
   Click({20, 20});
+  EXPECT_TRUE(myTask.StopsKey());
   myTask.Exit();
+  EXPECT_FALSE(myTask.StopsKey());
   Click({20, 20});
   Bridge().Resize(640, 480);
   EXPECT_EQ(CDesktopWidget::PeekSingletonPtr(), nullptr);

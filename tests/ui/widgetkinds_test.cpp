@@ -123,7 +123,8 @@ TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
   input->Resize(6, 20);
   EXPECT_FALSE(ShowsCursorAt(21, 15)) << "outside the widget";
   input->CursorHome();
-  EXPECT_TRUE(ShowsCursorAt(15, 15));
+  Press({70, 50}, kRightButton);
+  EXPECT_TRUE(ShowsCursorAt(15, 15)) << "another button takes no focus away";
   Click({70, 50});
   EXPECT_EQ(Cursor(), "type 1");
   EXPECT_FALSE(ShowsCursorAt(15, 15)) << "without the focus";

@@ -20,7 +20,7 @@ struct CPlainFont : CFont {
 };
 
 // Whether the picture shows the two lines from a height on, and nothing else.
-bool Shows(const IPixel& picture, const std::string& first, const std::string& second, int y = 0) {
+bool Shows(const IPixel& picture, const std::string& first, const std::string& second, int y = -4) {
   CPlainFont font;
   const Gfx::ImagePtr expected(Gfx::NewBuffer(picture.GetWidth(), picture.GetHeight()));
   font.WriteLine(&*expected, first, 0, y);
@@ -83,7 +83,7 @@ struct ConsoleWidget : testing::Test {
 
   test::CFakeClock myClock;
   const test::CTestScreen myScreen{80, 60};
-  CWidget myParent{nullptr, {0, 0, 60, 44}, false, "", {}};
+  CWidget myParent{nullptr, {0, 0, 60, 40}, false, "", {}};
   CConsoleWidget* myWidget = new CConsoleWidget(&myParent, "");  // shows two lines
 };
 
@@ -97,7 +97,7 @@ TEST_F(ConsoleWidget, ShowsTheEndOfTheLogEachTenthOfASecond) {
   EXPECT_TRUE(Shows(Picture(), "1", "2"));
   Log("one two three");
   EXPECT_FALSE(CScreenLayer::GetSingletonPtr()->GetChildren().empty()) << "is on the screen";
-  myParent.Resize(30, 44);
+  myParent.Resize(30, 40);
   EXPECT_TRUE(Shows(Picture(), "two", "three")) << "at once, with other line breaks";
 }
 

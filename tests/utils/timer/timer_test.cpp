@@ -3,6 +3,7 @@
 #include "events/eventbridge.h"
 #include "support/fakeclock.h"
 #include "utils/timer/globalapptimer.h"
+#include "utils/xml/xml.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +65,22 @@ TEST(Timer, MarksAndFollowsItsSource) {
   timer.Resume();
   clock.Advance(40);
   EXPECT_EQ(timer.GetTime(), 1750U) << "its source is paused";
+}
+
+TEST(Timer, ReadsBackWhatItWrote) {
+  test::CFakeClock clock;
+  CTimer timer, read;
+  clock.Advance(100);
+  SaveXml(timer, "running.xml");
+  timer.Pause();
+  SaveXml(timer, "paused.xml");
+  LoadXml(read, "paused.xml");
+  clock.Advance(50);
+  EXPECT_EQ(read.GetTime(), 100U);
+  read.Resume();
+  LoadXml(read, "running.xml");
+  clock.Advance(50);
+  EXPECT_EQ(read.GetTime(), 150U);
 }
 
 TEST(AppTimer, StopsWithoutTheFocus) {

@@ -38,7 +38,7 @@ TEST(Xml, DocumentsAreReadAndWritten) {
 
 struct SPlace {
   void Serialize(CXmlContext& xml) {
-    xml.Value("Rect", rect);
+    EXPECT_TRUE(xml.Value("Rect", rect));
     xml.OptionalValue("Extra", extra);
   }
   CRect<int> rect;
