@@ -10,6 +10,7 @@
 #include "game/replay/rulesversion.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
+#include "support/waves.h"
 
 #include <zlib.h>
 
@@ -33,9 +34,7 @@ std::string ReadAll(const std::string& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-void WriteAll(const std::string& file, const std::string& bytes) {
-  std::ofstream(file, std::ios::binary) << bytes;
-}
+using vask::test::WriteFile;
 
 std::set<std::string> Replays() {
   std::set<std::string> files;
@@ -198,12 +197,12 @@ TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
     return 12 + CByteReader(std::string_view(bytes).substr(at)).TakeWord();
   };
   std::size_t end = kHeadBytes + blockFrom(kHeadBytes);  // of the last whole block
-  WriteAll("cut.replay", bytes.substr(0, kHeadBytes));
+  WriteFile("cut.replay", bytes.substr(0, kHeadBytes));
   EXPECT_EQ(Verdict("cut.replay"), "it ends before its game begins");
   for (unsigned start = 0; end < bytes.size(); start += 5000) {
     const std::size_t next = end + blockFrom(end);
     for (const std::size_t length : {end, end + 5, next - 1}) {
-      WriteAll("cut.replay", bytes.substr(0, length));
+      WriteFile("cut.replay", bytes.substr(0, length));
       unsigned time = 0;
       const std::string verdict = Verdict("cut.replay", &time);
       EXPECT_TRUE(verdict.starts_with("it ends before its game does")) << length << " " << verdict;
@@ -236,11 +235,11 @@ TEST_F(ReplayTest, NoFlippedBitPassesForAWholeGame) {
 }
 
 TEST_F(ReplayTest, FilesThatAreNoRecordingsAreRefusedInALine) {
-  WriteAll("game.replay", "GIF89a and more");
+  WriteFile("game.replay", "GIF89a and more");
   EXPECT_EQ(Verdict("game.replay"), "it is no recording");
-  WriteAll("game.replay", "brumrec\n\x02\x01");
+  WriteFile("game.replay", "brumrec\n\x02\x01");
   EXPECT_EQ(Verdict("game.replay"), "it has version 2 of the format, and this program reads 1");
-  WriteAll("game.replay", "brumrec\n\x01\x63");
+  WriteFile("game.replay", "brumrec\n\x01\x63");
   EXPECT_TRUE(
       Verdict("game.replay").starts_with("its game has version 99 of the rules, and this "));
   EXPECT_EQ(Verdict("data"), "it is no recording");
@@ -283,7 +282,7 @@ TEST_F(ReplayTest, HostileRecordingsAreRefused) {
 TEST_F(ReplayTest, KeepsTheLastTenGamesAndThoseOfTheBestScores) {
   fs::create_directory(kReplayFolder);
   const std::string mine = std::string(kReplayFolder) + "/0 mine.replay";
-  WriteAll(mine, "not of this game");
+  WriteFile(mine, "not of this game");
   std::vector<std::string> games;
   for (int game = 0; game < 12; ++game) {
     StartGame();
@@ -291,7 +290,7 @@ TEST_F(ReplayTest, KeepsTheLastTenGamesAndThoseOfTheBestScores) {
     Frame(101);
     games.push_back(*Replays().rbegin());
     EXPECT_EQ(ReadScores()->back().recording, games.back()) << "equal scores stay in order";
-    WriteAll(kScoresFile, "90 2001-01-01 " + games[0] + "\n");
+    WriteFile(kScoresFile, "90 2001-01-01 " + games[0] + "\n");
     task.Exit();
   }
   std::set<std::string> kept(games.begin() + 2, games.end());
@@ -305,7 +304,7 @@ TEST_F(ReplayTest, NothingIsOverwritten) {
     StartGame();
     EXPECT_EQ(Replays().size(), game) << "in the same second";
   }
-  WriteAll("game.replay", "mine");
+  WriteFile("game.replay", "mine");
   EXPECT_EQ(Line("recordgame(game.replay)"), "Error: RecordGame() game.replay is there already.");
 }
 
