@@ -2,7 +2,6 @@
 
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
-#include "game/gfxfactory.h"
 #include "game/physics/physicsgfxbridge.h"
 #include "gfx/animation/animatedsprite.h"
 #include "ui/desktopwidget.h"

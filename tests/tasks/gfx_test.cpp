@@ -2,7 +2,6 @@
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
-#include "gfx/sprite/screenlayer.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
