@@ -1,18 +1,13 @@
-#include "gfx/sdl/gfxfactorysdl.h"
-#include "gfx/sdl/pixelscreensdl.h"
-#include "gfx/sprite/screenlayer.h"
+#include "stage.h"
 #include "ui/console/consolewindow.h"
 #include "ui/console/loglistenerforconsole.h"
 #include "ui/desktopwidget.h"
 
-#include <SDL.h>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <limits>
 #include <string>
@@ -29,30 +24,10 @@ using Clock = std::chrono::steady_clock;
 constexpr int kLines = 100'000;
 constexpr double kLongest = std::numeric_limits<double>::infinity();
 
-class CStage {
+class CConsoleStage : public CStage {
  public:
-  CStage() {
-    std::filesystem::current_path(BRUMBLE_RUNTIME_FOLDER);
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    SDL_Init(SDL_INIT_VIDEO);
-    Gfx::SetFactory(&myFactory);
-    myScreen.Reset(SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE));
-    Gfx::SetScreen(&myScreen);
-  }
-  ~CStage() {
-    ui::CDesktopWidget::DeleteSingleton();
-    CScreenLayer::DeleteSingleton();
-    Gfx::SetScreen(nullptr);
-    myScreen.SetSurface(nullptr, false);
-    Gfx::SetFactory(nullptr);
-    SDL_Quit();
-  }
-  CStage(const CStage&) = delete;
-  CStage& operator=(const CStage&) = delete;
-
- private:
-  CGfxFactorySDL myFactory;
-  CPixelScreenSDL myScreen;
+  CConsoleStage() : CStage(BRUMBLE_RUNTIME_FOLDER) {}
+  ~CConsoleStage() { ui::CDesktopWidget::DeleteSingleton(); }
 };
 
 // Of 20 to 60 characters, which fit into the window; one in ten is three times as long.
@@ -107,7 +82,7 @@ void Compare(benchmark::State& state, const std::function<void()>& action, doubl
 }
 
 void BM_Open(benchmark::State& state) {
-  const CStage stage;
+  const CConsoleStage stage;
   FillLog();
   Compare(
       state, [] { const CConsoleWindow console; }, 4.5);
@@ -115,7 +90,7 @@ void BM_Open(benchmark::State& state) {
 BENCHMARK(BM_Open)->Iterations(40)->Unit(benchmark::kMillisecond);
 
 void BM_StepOfWidth(benchmark::State& state) {
-  const CStage stage;
+  const CConsoleStage stage;
   FillLog();
   const CConsoleWindow console;
   ui::CWidget& window = *ui::CDesktopWidget::GetSingleton().GetChildren().front();

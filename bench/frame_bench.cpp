@@ -1,12 +1,9 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/animation/animationupdator.h"
-#include "gfx/sdl/gfxfactorysdl.h"
-#include "gfx/sdl/pixelscreensdl.h"
-#include "gfx/sprite/screenlayer.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/textsprite.h"
+#include "stage.h"
 
-#include <SDL.h>
 #include <SDL_gfxBlitFunc.h>
 #include <SDL_rotozoom.h>
 #include <benchmark/benchmark.h>
@@ -35,8 +32,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using SurfacePtr = sdl::SurfacePtr;
 
-constexpr int kWidth = 800;
-constexpr int kHeight = 600;
 constexpr int kFrames = 24;  // in one pass: the kitten turns once
 constexpr float kTurn = 15.0F;
 constexpr int kBytesPerPixel = 8 + 8 + 12;  // restored, saved, painted
@@ -91,31 +86,9 @@ IPixel* NewBlob(const CRect<int>& size, std::uint8_t blue, double strength = 1.0
 SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
 
 // The screen, and a font for the numbers, which are in the folder of the game.
-class CStage {
+class CFrameStage : public CStage {
  public:
-  CStage() {
-    std::filesystem::current_path(BRUMBLE_RUNTIME_FOLDER);
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    SDL_Init(SDL_INIT_VIDEO);
-    Gfx::SetFactory(&myFactory);
-    myScreen.Reset(SDL_SetVideoMode(kWidth, kHeight, 32, SDL_SWSURFACE));
-    Gfx::SetScreen(&myScreen);
-  }
-  ~CStage() {
-    CScreenLayer::DeleteSingleton();
-    Gfx::SetScreen(nullptr);
-    myScreen.SetSurface(nullptr, false);
-    Gfx::SetFactory(nullptr);
-    SDL_Quit();
-  }
-  CStage(const CStage&) = delete;
-  CStage& operator=(const CStage&) = delete;
-
-  SDL_Surface* Screen() const { return myScreen.GetSurface(); }
-
- private:
-  CGfxFactorySDL myFactory;
-  CPixelScreenSDL myScreen;
+  CFrameStage() : CStage(BRUMBLE_RUNTIME_FOLDER) {}
 };
 
 class CSpriteFrames {
@@ -358,7 +331,7 @@ double SecondsPerFrame(Draw draw) {
 }
 
 void BM_PlayFrame(benchmark::State& state) {
-  const CStage stage;
+  const CFrameStage stage;
   CSpriteFrames sprites;
   CPlainFrames plain;
   CCopier copier;
@@ -429,7 +402,7 @@ class CCastFrames {
 };
 
 void BM_LivingCast(benchmark::State& state) {
-  const CStage stage;
+  const CFrameStage stage;
   const auto measure = [](bool isLiving) {
     CCastFrames frames(isLiving);
     const auto draw = [&frames](int frame) { frames.Draw(frame); };
@@ -453,7 +426,7 @@ BENCHMARK(BM_LivingCast)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterat
 
 // How much of a frame SDL_gfx alone takes for turning the kitten.
 void BM_Rotation(benchmark::State& state) {
-  const CStage stage;
+  const CFrameStage stage;
   const Gfx::ImagePtr kitten(NewBlob(kKitten, 255));
   std::vector<double> ours;
   std::vector<double> plains;
@@ -488,7 +461,7 @@ std::vector<std::uint32_t> Premultiplied(const SDL_Surface& surface) {
 
 void BM_OverBlit(benchmark::State& state) {
   const CRect<int> size{0, 0, 200, 80};
-  const CStage stage;
+  const CFrameStage stage;
   const Gfx::ImagePtr sprite(NewBlob(size, 255));
   const Gfx::ImagePtr ground(NewBlob({0, 0, 300, 200}, 30, 0.6));
   ground->SetRect({50, 60, size.w, size.h});

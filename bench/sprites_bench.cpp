@@ -1,15 +1,11 @@
-#include "gfx/sdl/gfxfactorysdl.h"
-#include "gfx/sdl/pixelscreensdl.h"
-#include "gfx/sprite/screenlayer.h"
 #include "gfx/sprite/spritefactory.h"
+#include "stage.h"
 
-#include <SDL.h>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <limits>
@@ -26,8 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kWidth = 800;
-constexpr int kHeight = 600;
 constexpr int kSide = 32;
 constexpr char kSpriteFile[] = "sprites_bench.tga";
 constexpr char kGroundFile[] = "sprites_bench_ground.bmp";
@@ -72,33 +66,16 @@ void SaveGround() {
 
 SDL_Surface* SurfaceOf(IPixel* image) { return dynamic_cast<CPixelSDL&>(*image).GetSurface(); }
 
-class CStage {
+class CSpriteStage : public CStage {
  public:
-  CStage() {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    SDL_Init(SDL_INIT_VIDEO);
-    Gfx::SetFactory(&myFactory);
-    myScreen.Reset(SDL_SetVideoMode(kWidth, kHeight, 32, SDL_SWSURFACE));
-    Gfx::SetScreen(&myScreen);
+  CSpriteStage() : CStage(std::filesystem::temp_directory_path()) {
     SaveDisc();
     SaveGround();
   }
-  ~CStage() {
+  ~CSpriteStage() {
     std::filesystem::remove(kSpriteFile);
     std::filesystem::remove(kGroundFile);
-    CScreenLayer::DeleteSingleton();
-    Gfx::SetScreen(nullptr);
-    myScreen.SetSurface(nullptr, false);
-    Gfx::SetFactory(nullptr);
-    SDL_Quit();
   }
-  CStage(const CStage&) = delete;
-  CStage& operator=(const CStage&) = delete;
-
- private:
-  CGfxFactorySDL myFactory;
-  CPixelScreenSDL myScreen;
 };
 
 class CSprites {
@@ -182,7 +159,7 @@ constexpr double kLongest = std::numeric_limits<double>::infinity();
 
 void BM_AgainstPlainBlits(benchmark::State& state) {
   const auto count = static_cast<int>(state.range(0));
-  const CStage stage;
+  const CSpriteStage stage;
   CSprites sprites(count);
   CPlainBlits plain(count);
   sprites.Draw(0);
@@ -221,7 +198,7 @@ void BM_Growth(benchmark::State& state) {
   double many = kLongest;
   for ([[maybe_unused]] auto _ : state) {
     const auto measure = [](int count, int& frame, double& best) {
-      const CStage stage;
+      const CSpriteStage stage;
       CSprites sprites(count);
       sprites.Draw(frame);
       for (int pass = 0; pass < 3; ++pass) {
