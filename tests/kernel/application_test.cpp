@@ -40,6 +40,9 @@ struct CTaskSample : CTask {
 void RegisterSampleTasks() { const CTaskTypeRegistrar<CTaskSample> registrar("loaded"); }
 const CTaskLibraryRegistrar theLibraryRegistrar("samples", &RegisterSampleTasks);
 
+int theVariable = 0;
+const CConsoleVariableRegistrar theVariableRegistrar("program_variable", theVariable);
+
 struct Application : testing::Test {
   ~Application() override {
     CTaskFactory::DeleteSingleton();
@@ -97,12 +100,15 @@ TEST_F(Application, ToggleRunsItsLinesInTurnAndKeepsItsState) {
   EXPECT_EQ(Execute("_on"), "0");
   EXPECT_EQ(Execute("toggle(_on, _on = -0.5, two)"), "-0.5") << "the line may say otherwise";
   EXPECT_EQ(Execute("toggle(_on, one, help(z))"), "z is a variable: two");
+  for (const char* line : {"toggle(1, z, z)", "toggle(_on, 1, z)", "toggle(_on, z, 1)"}) {
+    EXPECT_TRUE(Execute(line).starts_with("Error: Toggle(")) << line;
+  }
 }
 
 TEST_F(Application, HelpListsAndExplains) {
   EXPECT_EQ(Execute("z = 1; help"),
             "1\nCommands: help, load, pausetask, quit, resumetask, starttask, stoptask, taskload, "
-            "toggle\nVariables: z\nhelp(name) tells more of one.\n");
+            "toggle\nVariables: program_variable, z\nhelp(name) tells more of one.\n");
   EXPECT_EQ(Execute("help(5)"), "There is no command or variable 5.");
   EXPECT_TRUE(Execute("help(QUIT)").starts_with("quit"));
   for (const char* name : {"load", "pausetask", "resumetask", "starttask", "toggle"}) {
@@ -113,12 +119,14 @@ TEST_F(Application, HelpListsAndExplains) {
 TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
   std::ofstream("autoexec.txt") << "starttask(loaded, early)\ntaskload(samples)\n"
                                 << "starttask(loaded, l)\nkernel_frame_sleep = 3\n"
+                                << "program_variable = 7\n"
                                 << "load(more.txt)\nquit";
   std::ofstream("more.txt") << "starttask(loaded, more)";
   {
     CApplication application;
     EXPECT_EQ(application.Run(), 0);
     EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 3);
+    EXPECT_EQ(theVariable, 7);
   }
   EXPECT_EQ(ourRecord, "l@100 more@100 more.exit l.exit ");
   EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);

@@ -142,6 +142,7 @@ TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
   Start("timed", 10, 10, false);
   Do("park parked@10");
   CRecorder& task = Make("a", 10);
+  EXPECT_FALSE(task.ExecuteCommand("line")) << "a task knows no line unless it says so";
   React("a", "update", "kill a");
   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list

@@ -2,6 +2,7 @@
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
+#include "gfx/sprite/screenlayer.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -59,6 +60,8 @@ TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
   pictures.Update();  // on a new ground
   EXPECT_EQ(colorAt(0, 0), kBar);
   EXPECT_EQ(colorAt(16, 0), kGround);
+  EXPECT_EQ(colorAt(0, 16), kGround);
+  EXPECT_EQ(colorAt(32, 0), kBar);
   EXPECT_EQ(colorAt(64, 64), kMiddle);
   EXPECT_NEAR(colorAt(64, 20) & 0xFF, 160 * 61 / 255, 1) << "the rim";
   EXPECT_NEAR(colorAt(176, 64) & 0xFF, 160 * 191 / 255, 1) << "faded";
@@ -87,6 +90,9 @@ TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {
     EXPECT_EQ(Gfx::GetScreen()->GetWidth(), std::max(width, 0));
     EXPECT_EQ(Gfx::GetScreen()->GetRect(), Gfx::ScreenRect());
   }
+  myTask.Exit();
+  EXPECT_EQ(Gfx::GetScreen(), Gfx::NullImage());
+  EXPECT_EQ(CScreenLayer::PeekSingletonPtr(), nullptr);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ struct Widget : testing::Test {
 };
 
 TEST(Layout, IsPlainWhenAllFourAreNumbers) {
-  const SLayout plain{" 10", "-20.9\t", "+99999999999", ".5"};
+  const SLayout plain{" +10", "-20.9\t", "+99999999999", ".5"};
   EXPECT_TRUE(plain.IsPlain());
   EXPECT_EQ(plain.ToRect(), (Rect{10, -20, INT_MAX, 0}));
   for (const char* other : {"", "-", "1 2", "this.w"}) {
@@ -188,7 +188,9 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
   CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
   SendToMouseCapture(event);
+  SetFocus(&c);
   ClearReceivers();
+  EXPECT_EQ(GetFocus(), nullptr);
   SendToMouseCapture(event);
   EXPECT_EQ(ourNotes, "a.move ~a c.move c.move ");
 }

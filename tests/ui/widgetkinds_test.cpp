@@ -112,7 +112,7 @@ TEST_F(Input, TheCursorGoesToThePointAndStaysInTheText) {
 
 TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
   EXPECT_FALSE(ShowsCursorAt(10, 10));
-  Click({11, 11});
+  Press({11, 11});
   EXPECT_EQ(Cursor(), "type 3");
   input->SetText("   ");
   input->CursorEnd();
@@ -129,6 +129,10 @@ TEST_F(Input, TheCursorIsASpriteWithinTheWidget) {
   EXPECT_EQ(Cursor(), "type 1");
   EXPECT_FALSE(ShowsCursorAt(15, 15)) << "without the focus";
   EXPECT_EQ(GetFocus(), nullptr) << "the empty desktop takes it away";
+  EXPECT_EQ(input->GetSprite()->GetRect(), input->GetRect());
+  Move({15, 15});
+  delete input;
+  EXPECT_EQ(Cursor(), "type 1") << "a dying widget gives the cursor back";
 }
 
 struct Window : UiTest {
@@ -178,6 +182,7 @@ TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
   EXPECT_EQ(Dragged({100, 100}, {-30, -20}), (Rect{0, 0, 330, 270})) << "over the upper left";
   EXPECT_EQ(Dragged({285, 249}, {799, 249}), (Rect{86, 100, 714, 150})) << "once only";
   EXPECT_EQ(Dragged({160, 110}, {900, 900}), (Rect{600, 450, 200, 150})) << "the title bar";
+  EXPECT_EQ(Dragged({160, 110}, {170, 130}), (Rect{110, 120, 200, 150}));
 }
 
 TEST_F(Window, OnlyTheLeftButtonResizes) {

@@ -65,6 +65,12 @@ TEST(LogView, KnowsItsHeightAtEachWidth) {
     log.Draw(nullptr, {0, 0, width, 20}, false);
     EXPECT_EQ(log.GetTextHeight(), expected) << width;
   }
+  struct CTallFont : CPlainFont {
+    int GetLineHeight() const override { return 20; }
+  } tall;
+  const int before = log.GetTextHeight();
+  log.SetLevelFont(kLogNormal, &tall);
+  EXPECT_GT(log.GetTextHeight(), before);
 }
 
 struct ConsoleWidget : testing::Test {
