@@ -1,6 +1,7 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/sprite/spritefactory.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "stage.h"
 

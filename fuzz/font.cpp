@@ -4,6 +4,7 @@
 
 #include "fuzz.h"
 #include "gfx/text/fontalign.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "support/testpicture.h"
 

@@ -2,6 +2,7 @@
 
 #include "game/gamefiles.h"
 #include "gfx/sprite/screenlayer.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 
 #include <memory>

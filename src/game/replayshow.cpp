@@ -5,7 +5,7 @@
 #include "game/gfxfactory.h"
 #include "game/physics/screentransform.h"
 #include "gfx/sprite/screenlayer.h"
-#include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"

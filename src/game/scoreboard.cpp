@@ -6,6 +6,7 @@
 #include "gfx/animation/externalanimator.h"
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/sprite/spritemasker.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "console/consoleparams.h"
 #include "gfx/sprite/screenlayer.h"
-#include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "input/mouse.h"
 #include "input/playbackmouse.h"

@@ -3,6 +3,7 @@
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"

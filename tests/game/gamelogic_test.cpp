@@ -5,6 +5,7 @@
 #include "game/gamefiles.h"
 #include "game/gfxfactory.h"
 #include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "platform/random.h"
 

@@ -3,6 +3,7 @@
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"

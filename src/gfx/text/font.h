@@ -77,8 +77,4 @@ class CFont {
   std::array<int, 256> myWidths{};
 };
 
-// A font from a file. A name that ends in "ogf" is read as an OGF file, any other gives the system
-// font. Never null.
-std::unique_ptr<CFont> LoadFont(const std::string& fileName);
-
 }  // namespace vask

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 namespace vask {
@@ -14,5 +15,9 @@ class IFontLoader {
   virtual std::string GetKey() const = 0;
   virtual void Load(CFont& font, const std::string& fileName) = 0;
 };
+
+// A font from a file. A name that ends in "ogf" is read as an OGF file, any other gives the system
+// font. Never null.
+std::unique_ptr<CFont> LoadFont(const std::string& fileName);
 
 }  // namespace vask

@@ -1,6 +1,7 @@
 #include "gfx/text/textsprite.h"
 
 #include "gfx/sprite/spritetypes.h"
+#include "gfx/text/fontloader.h"
 #include "utils/xml/xmlcontext.h"
 
 #include <algorithm>

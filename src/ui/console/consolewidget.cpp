@@ -2,6 +2,7 @@
 
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/text/fontalign.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/lotsatextsprite.h"
 #include "input/buttons.h"
 #include "ui/console/loglistenerforconsole.h"

@@ -1,5 +1,6 @@
 #include "gfx/sdl/sdltextures.h"
 #include "gfx/text/font.h"
+#include "gfx/text/fontloader.h"
 #include "gfx/text/lotsatextsprite.h"
 #include "gfx/text/ogffontloader.h"
 #include "gfx/text/textsprite.h"

@@ -1,5 +1,6 @@
 #include "ui/console/consolewindow.h"
 
+#include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "input/keynames.h"
 #include "support/logcapture.h"
