@@ -2,8 +2,10 @@
 #include "turns.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <lua.hpp>
 #include <memory>
 #include <random>
@@ -57,6 +59,47 @@ void BM_Assignment(benchmark::State& state) {
   MeasureInTurns(state, kGoal, InTurn(lines, ours), InTurn(lines, peer));
 }
 BENCHMARK(BM_Assignment)
+    ->Arg(1)
+    ->Arg(100)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+// The least that a line has to read when nothing of it is in a cache: the line, the place of a
+// table that holds a name and a pointer, and the variable, each of which tells where the next one
+// is.
+void BM_AssignmentReads(benchmark::State& state) {
+  struct SVariable {
+    std::array<char, 88> content{};
+  };
+  struct SPlace {
+    std::string key;
+    std::unique_ptr<SVariable> variable;
+  };
+  const std::unique_ptr<lua_State, decltype(&lua_close)> lua(luaL_newstate(), &lua_close);
+  const auto peer = [&](const std::string& line) {
+    benchmark::DoNotOptimize(luaL_dostring(lua.get(), line.c_str()));
+  };
+  std::vector<std::string> lines = MakeLines(state.range(0));
+  std::for_each(lines.begin(), lines.end(), peer);
+  std::vector<SPlace> places(lines.size() * 5 / 4);
+  for (SPlace& place : places) {
+    place = {"VARIABLE", std::make_unique<SVariable>()};
+  }
+  std::shuffle(places.begin(), places.end(), std::minstd_rand());
+  std::shuffle(lines.begin(), lines.end(), std::minstd_rand());
+  std::size_t read = 0;
+  const auto ours = [&](const std::string& line) {
+    const std::size_t hash = std::hash<std::string>()(line) + (read & 1);
+    SVariable& variable = *places[hash % places.size()].variable;
+    read += static_cast<std::size_t>(places[hash % places.size()].key[0]);
+    read += static_cast<std::size_t>(variable.content[8] + ++variable.content[80]);
+  };
+  MeasureInTurns(state, kGoal, InTurn(lines, ours), InTurn(lines, peer));
+  benchmark::DoNotOptimize(read);
+}
+BENCHMARK(BM_AssignmentReads)
     ->Arg(1)
     ->Arg(100)
     ->Arg(10'000)
