@@ -4,6 +4,7 @@
 #include "input/heldinput.h"
 #include "input/keynames.h"
 #include "input/keyplaces.h"
+#include "input/multikeyevent.h"
 
 #include <SDL.h>
 #include <gtest/gtest.h>
@@ -100,6 +101,10 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
   held.Press(0, 49, '`');
   EXPECT_EQ(held.Release(0, 21, 0), 0);
   EXPECT_EQ(held.Release(0, 49, 0), '`');
+  held.Press('a', 38, 'a');
+  held.Press('a', 38, 'b');
+  EXPECT_EQ(held.Release('a', 38, 0), 'b');
+  EXPECT_EQ(held.Release('a', 38, 0), 0) << "held once";
 }
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
@@ -120,6 +125,24 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   CKeyboard::GetSingletonPtr()->AddKeyEvent(theAdded['s'].get(), 1);
   CKeyboard::GetSingletonPtr()->BindKeys({'j', 'k', 'j'}, last, 7);
   EXPECT_EQ(Hear("+k+j"), "spaZqRbcspZqR");
+  CKeyboard::DeleteSingleton();
+}
+
+TEST(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
+  struct CBoth : CMultiKeyEvent {
+    using CMultiKeyEvent::CMultiKeyEvent;
+    bool Trigger(int key) override {
+      theRecord += CMultiKeyEvent::Trigger(key) ? "both " : "one ";
+      return true;
+    }
+  };
+  const CSmartPtr<IKeyEvent> both(new CBoth({'j', 'k'}));
+  EXPECT_FALSE(CMultiKeyEvent({}).Trigger('j')) << "not bound";
+  CKeyboard::GetSingletonPtr()->BindKeys({'j', 'k'}, both, 10);
+  EXPECT_EQ(Hear("+j"), "one ");
+  EXPECT_EQ(Hear("+k"), "both ");
+  EXPECT_EQ(Hear("-j"), "");
+  EXPECT_EQ(Hear("+k"), "one ");
   CKeyboard::DeleteSingleton();
 }
 

@@ -1,6 +1,7 @@
 #include "input/mouse.h"
 
 #include "events/eventbridge.h"
+#include "input/cursorimages.h"
 
 #include <gtest/gtest.h>
 
@@ -124,6 +125,15 @@ TEST_F(MouseTest, EveryHandlerMayDeleteAllObjects) {
     }
   }
   EXPECT_EQ(Hear("m1,1"), "") << "an entry of a dead object was left behind";
+}
+
+TEST(CursorImages, EachPointsWithAPixelThatItShows) {
+  for (int type = 1; GetCursorImage(type) != nullptr; ++type) {
+    const SCursorImage& image = *GetCursorImage(type);
+    const int bit = image.hotY * SCursorImage::kSide + image.hotX;
+    const SCursorPlanes planes = MakeCursorPlanes(image);
+    EXPECT_NE(planes.mask.at(bit / 8) & 0x80 >> bit % 8, 0) << type;
+  }
 }
 
 }  // namespace

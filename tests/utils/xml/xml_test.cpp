@@ -117,6 +117,7 @@ TEST(XmlContext, GoesOnAfterTheElementThatItBeganIn) {
   CXmlContext xml(root->GetChild(1), CXmlContext::kReading);
   xml.EndNode("b");
   EXPECT_EQ(xml.GetChild("c")->GetContent(), "2");
+  EXPECT_FALSE(CXmlContext(nullptr, CXmlContext::kReading).HasChild("c"));
 }
 
 // Each would take minutes, or the whole stack, if the work grew faster than the input.
