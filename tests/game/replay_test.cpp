@@ -10,13 +10,10 @@
 #include "game/replay/rulesversion.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
-#include "support/waves.h"
 
 #include <zlib.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -29,11 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kHeadBytes = 10;  // the mark and two versions
 
-std::string ReadAll(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
+using vask::test::FileText;
 using vask::test::WriteFile;
 
 std::set<std::string> Replays() {
@@ -192,7 +185,7 @@ TEST_F(ReplayTest, TheFirstDifferenceNamesTimeBodyFieldAndValues) {
 
 TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
   RecordShortGame(1200);
-  const std::string bytes = ReadAll("game.replay");
+  const std::string bytes = FileText("game.replay");
   const auto blockFrom = [&bytes](std::size_t at) {
     return 12 + CByteReader(std::string_view(bytes).substr(at)).TakeWord();
   };
@@ -225,7 +218,7 @@ TEST_F(ReplayTest, NoFlippedBitPassesForAWholeGame) {
     }
     return item;
   };
-  const std::string whole = ReadAll("game.replay");
+  const std::string whole = FileText("game.replay");
   EXPECT_EQ(lastItem(whole), Item::kEnd);
   for (std::size_t bit = 0; bit < whole.size() * 8; ++bit) {
     std::string bytes = whole;

@@ -5,27 +5,23 @@
 #include "platform/wallclock.h"
 #include "support/docexample.h"
 #include "support/fakeclock.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "utils/randomstate.h"
 #include "utils/timer/timer.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 namespace vask {
 namespace {
 
-std::string FileText(const char* file) {
-  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
-}
+using test::FileText;
 
 std::string WithoutSeed(const std::string& file) { return file.substr(file.find('\n') + 1); }
 
 // Plays the file in frames of twelve days; returns what a recorder hears of it.
 std::string PlayBack(const std::string& file) {
-  std::ofstream("played.rec") << file;
+  test::WriteFile("played.rec", file);
   test::CFakeClock real(0);
   const CRecordMouse hearer("heard.rec");
   CPlaybackMouse playback("played.rec", GetGlobalTimerImpl());

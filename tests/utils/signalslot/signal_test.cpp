@@ -1,6 +1,7 @@
 #include "utils/signalslot/signal.h"
 
 #include "support/docexample.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "utils/containers/varref.h"
 #include "utils/signalslot/cssobject.h"
@@ -9,10 +10,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <map>
-#include <sstream>
 
 namespace vask::test {
 namespace {
@@ -134,14 +133,14 @@ struct SignalWiringTest : SignalTest {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
   }
   void Read(const std::string& text) {
-    std::ofstream("slots.xml") << text;
+    WriteFile("slots.xml", text);
     css::CSignalWiring wiring(*mySignal);
     LoadXml(wiring, "slots.xml");
   }
   std::string Written() {
     css::CSignalWiring wiring(*mySignal);
     SaveXml(wiring, "slots.xml");
-    return (std::ostringstream() << std::ifstream("slots.xml").rdbuf()).str();
+    return FileText("slots.xml");
   }
 
   CLamp a{"a"};
