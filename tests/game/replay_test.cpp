@@ -251,18 +251,17 @@ TEST_F(ReplayTest, HostileRecordingsAreRefused) {
     writer.End(false, 0);
     return Verdict("game.replay");
   };
-  EXPECT_EQ(verdict({.resetCounter = -kMostCounter, .bodies = 8 + kMostKittens}, {}), "");
-  const SGameStart starts[] = {{.bodies = 7},
-                               {.bodies = 9 + kMostKittens},
-                               {.resetCounter = kMostCounter + 1, .bodies = 8},
-                               {.lookCounter = -1, .bodies = 8},
-                               {.lookCounter = kMostCounter + 1, .bodies = 8},
-                               {.bodies = 8, .pointerX = kMostPointer + 1},
-                               {.bodies = 8, .pointerY = -kMostPointer - 1}};
-  for (const SGameStart& start : starts) {
-    EXPECT_EQ(verdict(start, {}), "its block 1 is damaged") << &start - starts;
-  }
-  const SGameStart start = {.bodies = 8};
+  constexpr int kFew = kFirstKittenIndex, kMany = kFew + kMostKittens;
+  const std::string damaged = "its block 1 is damaged";
+  EXPECT_EQ(verdict({.resetCounter = -kMostCounter, .bodies = kMany}, {}), "");
+  EXPECT_EQ(verdict({.bodies = kFew - 1}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kMany + 1}, {}), damaged);
+  EXPECT_EQ(verdict({.resetCounter = kMostCounter + 1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.lookCounter = -1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.lookCounter = kMostCounter + 1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kFew, .pointerX = kMostPointer + 1}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kFew, .pointerY = -kMostPointer - 1}, {}), damaged);
+  const SGameStart start = {.bodies = kFew};
   EXPECT_EQ(verdict(start, {{.pointerX = -kMostPointer, .pointerY = kMostPointer}}), "");
   EXPECT_EQ(verdict(start, {{.pointerX = -kMostPointer - 1}}), "its block 2 is damaged");
   EXPECT_EQ(verdict(start, {{.pointerY = kMostPointer + 1}}), "its block 2 is damaged");
