@@ -24,45 +24,39 @@ std::unique_ptr<List> NewList(const std::string& letters) {
   return list;
 }
 
-void SendToEnd(std::unique_ptr<List>& list) {
-  list->Remove(Item('c'));
-  list->AppendOnce(Item('c'));
-}
-
 TEST(WalkList, WalksSurviveEveryChange) {
-  // Changes that are made when a walk over "abcd" is at "b", and what the two kinds of walk visit.
-  const char *a = Item('a'), *b = Item('b'), *c = Item('c'), *e = Item('e');
-  const struct {
-    std::function<void(std::unique_ptr<List>&)> change;
-    std::string walked, present;
-  } cases[] = {
-      {.change = [=](auto& list) { list->Remove(b); }, .walked = "abcd", .present = "abcd"},
-      {.change = [=](auto& list) { list->Remove(a); }, .walked = "abcd", .present = "abcd"},
-      {.change = [=](auto& list) { list->Remove(c); }, .walked = "abd", .present = "abd"},
-      {.change = [=](auto& list) { list->Insert(1, e); }, .walked = "abcd", .present = "abcd"},
-      {.change = [=](auto& list) { list->Insert(2, e); }, .walked = "abecd", .present = "abcd"},
-      {.change = [=](auto& list) { list->Clear(); }, .walked = "ab", .present = "ab"},
-      {.change = [=](auto& list) { list.reset(); }, .walked = "ab", .present = "ab"},
-      {.change = &SendToEnd, .walked = "abdc", .present = "abd"}};
-  for (const auto& row : cases) {
-    SCOPED_TRACE("row " + std::to_string(&row - cases));
+  // Whom the two kinds of walk over "abcd" visit when the list changes so at "b".
+  const auto visited = [](const std::function<void(std::unique_ptr<List>&)>& change) {
     std::unique_ptr<List> list = NewList("abcd");
-    std::string visited;
+    std::string items;
     const auto visit = [&](const char* item) {
-      visited += *item;
-      if (visited == "ab") {
-        row.change(list);
+      items += *item;
+      if (items.ends_with("ab")) {
+        change(list);
       }
     };
     List::CWalk walk(*list);
     while (const char* item = walk.Next()) {
       visit(item);
     }
-    EXPECT_EQ(std::exchange(visited, {}), row.walked);
+    items += " ";
     list = NewList("abcd");
     list->ForEachPresent(visit);
-    EXPECT_EQ(visited, row.present);
-  }
+    return items;
+  };
+  const char *a = Item('a'), *b = Item('b'), *c = Item('c'), *e = Item('e');
+  const auto sendToEnd = [=](auto& list) {
+    list->Remove(c);
+    list->AppendOnce(c);
+  };
+  EXPECT_EQ(visited([=](auto& list) { list->Remove(b); }), "abcd abcd");
+  EXPECT_EQ(visited([=](auto& list) { list->Remove(a); }), "abcd abcd");
+  EXPECT_EQ(visited([=](auto& list) { list->Remove(c); }), "abd abd");
+  EXPECT_EQ(visited([=](auto& list) { list->Insert(1, e); }), "abcd abcd");
+  EXPECT_EQ(visited([=](auto& list) { list->Insert(2, e); }), "abecd abcd");
+  EXPECT_EQ(visited([](auto& list) { list->Clear(); }), "ab ab");
+  EXPECT_EQ(visited([](auto& list) { list.reset(); }), "ab ab");
+  EXPECT_EQ(visited(sendToEnd), "abdc abd");
 }
 
 // The plain list tells what the one for very many has to do.

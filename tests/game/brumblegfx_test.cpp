@@ -14,9 +14,9 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
   BridgeTest() {
     SetScreenTransform(kScreenOffset, kScreenScale);
     CGfxFactory::GetSingletonPtr()->Load("data/gfx/gfx_resources.xml", "GfxFactory");
-    bridge.SetIndex(8);
+    bridge.SetIndex(kFirstKittenIndex);
   }
-  int SpawnKitten() override { return 8; }
+  int SpawnKitten() override { return kFirstKittenIndex; }
   void PushKitten(int, SVec2) override {}
   void Report(float x, float y, float angle = 0.0F) {
     bridge.Update(x, y, angle, 2.5F, 2.5F, 1, 0);
@@ -27,17 +27,21 @@ class BridgeTest : public test::GameTest, public IKittenSpawner {
   CBrumbleGfx bridge{&logic};
 };
 
-// The very first report counts, though nothing has moved. Fractions drop after centring.
 TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
-  const std::pair<SVec2, const char*> reports[] = {
-      {{0, 0}, "380,280"},      {{0.25F, -0.6F}, "381,276"}, {{-70, 0}, "-40,280"},
-      {{-70.2F, 0}, "798,598"}, {{70, 0}, "800,280"},        {{70.2F, 0}, "798,598"},
-      {{0, 53.4F}, "380,600"},  {{0, 53.6F}, "798,598"},     {{0, -53.6F}, "798,598"},
+  const auto placeAt = [this](float x, float y) {
+    Report(x, y);
+    return Place();
   };
-  for (const auto& [at, place] : reports) {
-    Report(at.x, at.y);
-    EXPECT_EQ(Place(), place) << at.x << ", " << at.y;
-  }
+  const std::string parked = "798,598";
+  EXPECT_EQ(placeAt(0, 0), "380,280") << "the first report counts, though nothing has moved";
+  EXPECT_EQ(placeAt(0.25F, -0.6F), "381,276") << "fractions drop after centring";
+  EXPECT_EQ(placeAt(-70, 0), "-40,280");
+  EXPECT_EQ(placeAt(-70.2F, 0), parked) << "on the left";
+  EXPECT_EQ(placeAt(70, 0), "800,280");
+  EXPECT_EQ(placeAt(70.2F, 0), parked) << "on the right";
+  EXPECT_EQ(placeAt(0, 53.4F), "380,600");
+  EXPECT_EQ(placeAt(0, 53.6F), parked) << "below";
+  EXPECT_EQ(placeAt(0, -53.6F), parked) << "above";
 }
 
 TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
@@ -63,20 +67,21 @@ TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {
   logic.SetOwner(this);
   Pass(601);
   logic.Tick();
-  EXPECT_EQ(bridge.SetIndex(9), 8);
-  EXPECT_EQ(logic.GetRecord(8), nullptr);
-  const CKittenRecord& record = *logic.GetRecord(9);
+  EXPECT_EQ(bridge.SetIndex(kFirstKittenIndex + 1), kFirstKittenIndex);
+  EXPECT_EQ(logic.GetRecord(kFirstKittenIndex), nullptr);
+  const CKittenRecord& record = *logic.GetRecord(kFirstKittenIndex + 1);
   CBrumbleGfx wall(&logic);
-  wall.SetIndex(3);
+  wall.SetIndex(kRightWallIndex);
   bridge.OnImpact(1.0F, &wall);
   bridge.OnImpact(1.0F, nullptr);
-  EXPECT_EQ(record.myTouches, (std::vector<int>{3, 0}));
+  EXPECT_EQ(record.myTouches, (std::vector<int>{kRightWallIndex, 0}));
   bridge.SetAngularVelocity(-10.0F);
-  for (const auto& [health, told] : {std::pair{9.0F, 3000.0F}, {10.0F, 10.0F}}) {
-    bridge.myHealth = health;
-    bridge.OnDamaged();
-    EXPECT_EQ(record.myLastHealth, told) << "when bald and slow, the rules are not told";
-  }
+  bridge.myHealth = 9.0F;
+  bridge.OnDamaged();
+  EXPECT_EQ(record.myLastHealth, 3000.0F) << "bald and slow, the rules are not told";
+  bridge.myHealth = 10.0F;
+  bridge.OnDamaged();
+  EXPECT_EQ(record.myLastHealth, 10.0F);
 }
 
 TEST_F(BridgeTest, TheMonsterShowsWhatItHits) {

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <utility>
 
 namespace brumble {
 namespace {
@@ -49,12 +48,14 @@ class Cast : public test::GameTest {
 
 TEST_F(Cast, MarkersShowWhereKittensAreAboveTheScreen) {
   CAboveMarkers markers;
-  const std::pair<float, std::string> rows[] = {
-      {-20, ""}, {-24, "382,0 size_1; "}, {-226, "382,0 size_2; "}, {-833, "382,0 size_4; "}};
-  for (const auto& [y, shown] : rows) {
+  const auto markerAt = [&](float y) {
     markers.Update({Kitten(400, y)});
-    EXPECT_EQ(Describe(AboveMarkerFile(1)), shown) << y;
-  }
+    return Describe(AboveMarkerFile(1));
+  };
+  EXPECT_EQ(markerAt(-20), "");
+  EXPECT_EQ(markerAt(-24), "382,0 size_1; ");
+  EXPECT_EQ(markerAt(-226), "382,0 size_2; ");
+  EXPECT_EQ(markerAt(-833), "382,0 size_4; ");
   markers.Update({Kitten(400, -500, 3)});
   EXPECT_EQ(Describe(AboveMarkerFile(1)) + Describe(AboveMarkerFile(3)), "382,0 size_3; ");
   markers.Update({Kitten(100, -100), Kitten(200, -100)});
@@ -66,14 +67,17 @@ TEST_F(Cast, MarkersShowWhereKittensAreAboveTheScreen) {
 TEST_F(Cast, TheOvenTellsHowNearTheWorstKittenIsToBald) {
   COvenLights lights;
   lights.Begin();
-  const std::pair<float, std::string> rows[] = {{3000, "lit_0"}, {2251, "lit_0"}, {2250, "lit_1"},
-                                                {1500, "lit_2"}, {750, "lit_3"},  {0, "lit_3"},
-                                                {-1, "lit_4"}};
-  for (const auto& [health, lit] : rows) {
+  const auto lampsAt = [&](float health) {
     lights.Update({Kitten(0, 0), Kitten(0, 0, 1, health), Kitten(0, 0)}, story);
-    EXPECT_EQ(Describe(kLampsFile), "50,281 " + lit + "; ") << health;
-    EXPECT_TRUE(Shown(kOvenBreathFile).empty());
-  }
+    return Describe(kLampsFile);
+  };
+  EXPECT_EQ(lampsAt(2251), "50,281 lit_0; ");
+  EXPECT_EQ(lampsAt(2250), "50,281 lit_1; ");
+  EXPECT_EQ(lampsAt(1500), "50,281 lit_2; ");
+  EXPECT_EQ(lampsAt(750), "50,281 lit_3; ");
+  EXPECT_EQ(lampsAt(0), "50,281 lit_3; ");
+  EXPECT_EQ(lampsAt(-1), "50,281 lit_4; ");
+  EXPECT_TRUE(Shown(kOvenBreathFile).empty());
   story.isDoorOpen = true;
   lights.Update({}, story);
   EXPECT_EQ(Shown(kOvenBreathFile).size(), 1U) << "it breathes while its door is open";
@@ -115,13 +119,13 @@ TEST_F(Cast, TheMonsterMindsWhatHappens) {
 TEST_F(Cast, PupilsLookAtTheNearestKitten) {
   BeginFace();
   monster->SetPosition(100, 100);  // its middle is at 138, 138
-  const std::pair<SVec2, std::string> rows[] = {{{500, 138}, "129,128; 147,126; "},
-                                                {{138, 500}, "125,132; 145,128; "},
-                                                {{138, 138}, "125,128; 145,126; "}};
-  for (const auto& [place, pupils] : rows) {
-    face.Update(monster.Get(), {Kitten(-2000, 138), Kitten(place.x, place.y)}, story);
-    EXPECT_EQ(Describe(kMonsterPupilFile), pupils);
-  }
+  const auto pupilsFor = [this](float x, float y) {
+    face.Update(monster.Get(), {Kitten(-2000, 138), Kitten(x, y)}, story);
+    return Describe(kMonsterPupilFile);
+  };
+  EXPECT_EQ(pupilsFor(500, 138), "129,128; 147,126; ") << "to the right";
+  EXPECT_EQ(pupilsFor(138, 500), "125,132; 145,128; ") << "down";
+  EXPECT_EQ(pupilsFor(138, 138), "125,128; 145,126; ") << "straight on";
 }
 
 TEST_F(Cast, HintsAreForWhoHasNeverServedAKitten) {
@@ -155,7 +159,8 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     Pass(3000);
     EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");
   }
-  EXPECT_EQ(std::pair(RankOf(-5), RankOf(80000)), std::pair(1, 8));
+  EXPECT_EQ(RankOf(-5), 1);
+  EXPECT_EQ(RankOf(80000), 8);
   result.story.banked = {};
   EXPECT_FALSE(result.IsNewBest()) << "no points are no best";
 }

@@ -8,22 +8,19 @@
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/docexample.h"
+#include "support/files.h"
 #include "support/logcapture.h"
-#include "support/paths.h"
 #include "support/testpicture.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
 #include <sstream>
 
 namespace brumble {
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string Written(const std::string& file) {
   std::ostringstream text;
@@ -35,9 +32,9 @@ std::string Written(const std::string& file) {
 TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
   const vask::test::CTestScreen screen(80, 60);
   const vask::test::CLogCapture log;
-  fs::create_directory_symlink(vask::test::SourcePath("runtime/data"), "data");
+  const vask::test::CDataFolder data;
   for (const char* kind : {"Sprites", "Animated sprites", "Text sprites", "The sprite table"}) {
-    std::ofstream("example.xml") << vask::test::DocExample(kind);
+    vask::test::WriteFile("example.xml", vask::test::DocExample(kind));
     if (std::string(kind) == "The sprite table") {
       CGfxFactory table;
       table.Load("example.xml", "");
@@ -48,10 +45,9 @@ TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
     }
     EXPECT_EQ(Written("written.xml"), Written("example.xml")) << kind;
   }
-  std::ofstream("example.ogf") << vask::test::DocExample("Fonts");
+  vask::test::WriteFile("example.ogf", vask::test::DocExample("Fonts"));
   EXPECT_TRUE(vask::LoadFont("example.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
-  fs::remove("data");
 }
 
 TEST(Documents, LinesOfTheLanguageReturnWhatThePageSays) {
@@ -74,8 +70,7 @@ TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
   const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   std::vector<std::string> names = console.GetCommandNames();
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
-  std::ifstream file(vask::test::SourcePath("docs/console.md"));
-  const std::string page((std::istreambuf_iterator<char>(file)), {});
+  const std::string page = vask::test::FileText(vask::test::SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
   }

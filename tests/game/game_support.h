@@ -18,14 +18,13 @@
 #include "kernel/taskfactory.h"
 #include "platform/wallclock.h"
 #include "support/fakeclock.h"
+#include "support/files.h"
 #include "support/logcapture.h"
-#include "support/paths.h"
 #include "utils/assert.h"
 #include "utils/timer/globalapptimer.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -120,7 +119,6 @@ class CFakeAudio : public vask::CTask {
 class GameTest : public ::testing::Test {
  protected:
   GameTest() {
-    std::filesystem::create_directory_symlink(vask::test::SourcePath("runtime/data"), "data");
     vask::Gfx::SetFactory(&pictures);
     vask::CGlobalAppTimer::GetSingletonPtr()->Reset();
     GameState() = {};
@@ -130,7 +128,6 @@ class GameTest : public ::testing::Test {
   ~GameTest() override {
     CDeathToASprite::DeleteAll();
     vask::Gfx::SetFactory(nullptr);
-    std::filesystem::remove("data");
     std::filesystem::remove_all(kReplayFolder);
   }
 
@@ -140,6 +137,7 @@ class GameTest : public ::testing::Test {
     vask::CAnimationUpdator::GetSingletonPtr()->Update(clock.Now());
   }
 
+  const vask::test::CDataFolder data;
   vask::test::CFakeClock clock;
   CFakePictures pictures;
   CFakeAudio& audio = CFakeAudio::Get();

@@ -22,20 +22,22 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
   RulesTest() { rules.SetOwner(this); }
   int SpawnKitten() override {
     ++spawned;
-    return 8;
+    return kFirstKittenIndex;
   }
-  void PushKitten(int index, SVec2) override { pushed += index == 8 ? 1 : 0; }
+  void PushKitten(int index, SVec2) override { pushed += index == kFirstKittenIndex ? 1 : 0; }
   void TickAfter(unsigned wait) {
     Pass(wait);
     rules.Tick();
   }
   const CKittenRecord& Spawn() {
     TickAfter(601);
-    return *rules.GetRecord(8);
+    return *rules.GetRecord(kFirstKittenIndex);
   }
   // The touch as its other side reports it: no damage.
-  void Touch(int toucher) { rules.OnKittenImpact(toucher, 1.0F, {}, 8, 0.0F); }
-  void Hit(float impulse, int by) { rules.OnKittenImpact(8, impulse, {}, by, 1.0F); }
+  void Touch(int toucher) { rules.OnKittenImpact(toucher, 1.0F, {}, kFirstKittenIndex, 0.0F); }
+  void Hit(float impulse, int by) {
+    rules.OnKittenImpact(kFirstKittenIndex, impulse, {}, by, 1.0F);
+  }
   int Stake() const { return rules.GetStakeBoard().GetTarget(); }
   // Whether the game is over, and what its boards show or are about to show.
   std::string Describe() const {
@@ -60,11 +62,11 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
 TEST_F(RulesTest, ANewGameBeginsAfreshAlsoInTheMiddleOfOne) {
   Spawn();
   Hit(40000.0F, 1);
-  rules.OnKittenInHell(9);  // an extra kitten ends nobody's turn
+  rules.OnKittenInHell(kFirstKittenIndex + 1);  // an extra kitten ends nobody's turn
   EXPECT_EQ(Describe(), "left 9, stake 1000, score 0");
   rules.NewGame();
   EXPECT_EQ(Describe(), "left 10, stake 0, score 0");
-  EXPECT_EQ(rules.GetRecord(8), nullptr);
+  EXPECT_EQ(rules.GetRecord(kFirstKittenIndex), nullptr);
   TickAfter(600);
   EXPECT_EQ(spawned, 1) << "the pause begins anew";
   TickAfter(1);
@@ -77,7 +79,7 @@ TEST_F(RulesTest, EachFifthSpinOfTheMonsterIsABonus) {
   Touch(kMonsterIndex);
   for (int spin = 0; spin < 10; ++spin) {
     Pass(251);
-    rules.OnKittenSpin(8, {}, 10.1F, 3000.0F);
+    rules.OnKittenSpin(kFirstKittenIndex, {}, 10.1F, 3000.0F);
   }
   EXPECT_EQ(Bonuses(), "89");
   EXPECT_EQ(Stake(), 10 * (1 + 2 + 3 + 4 + 5 + 6 + 7 + 8 + 9 + 10) + 2000 + 5000);
@@ -89,7 +91,7 @@ TEST_F(RulesTest, WallHitsShowTheirPointsAndWhatBecomesOfTheHair) {
   const auto impact = [&](float impulse, float health) {
     CDeathToASprite::DeleteAll();
     const int before = record.myScore;
-    rules.OnKittenImpact(8, impulse, {}, 1, health);
+    rules.OnKittenImpact(kFirstKittenIndex, impulse, {}, 1, health);
     std::string text = std::to_string(record.myScore - before);
     for (const std::string effect : {"lose_hair", "hit_small", "hit_big"}) {
       text += Shown("data/gfx/kitten_" + effect + ".xml").empty() ? "" : " " + effect;
@@ -107,8 +109,8 @@ TEST_F(RulesTest, WallHitsShowTheirPointsAndWhatBecomesOfTheHair) {
   EXPECT_EQ(Stake(), 4220 + 3000) << "a bonus is not multiplied";
   Touch(kMonsterIndex);
   EXPECT_EQ(impact(9000, 1), "0") << "in the tick of a push by the monster";
-  rules.SetKittenPosition(8, {20.0F, 51.0F});
-  rules.OnKittenInHell(8);
+  rules.SetKittenPosition(kFirstKittenIndex, {20.0F, 51.0F});
+  rules.OnKittenInHell(kFirstKittenIndex);
   EXPECT_EQ(Describe(), "left 9, stake 3000, score 0");
   EXPECT_EQ(CentreOf("data/gfx/hellfire.xml"), "520,546");
 }
@@ -117,15 +119,18 @@ TEST_F(RulesTest, WallHitsShowTheirPointsAndWhatBecomesOfTheHair) {
 TEST_F(RulesTest, HardTouchesOfWallsAreHeard) {
   vask::platform::SeedRand(22);
   Spawn();
-  for (const auto& [wait, impulse] :
-       {std::pair{0U, 5000.0F}, {0U, 5001.0F}, {350U, 9000.0F}, {1U, 9000.0F}}) {
+  const auto heard = [this](unsigned wait, float impulse) {
     Pass(wait);
-    rules.OnKittenImpact(kRightWallIndex, impulse, {}, 8, 0.0F);
-    audio.played += "; ";
-  }
-  rules.OnKittenInHell(8);
-  rules.OnKittenInOven(8);
-  EXPECT_EQ(audio.played, "; kitten_05 ; ; kitten_02 ; kitten_burn kitten_burn ");
+    rules.OnKittenImpact(kRightWallIndex, impulse, {}, kFirstKittenIndex, 0.0F);
+    return std::exchange(audio.played, "");
+  };
+  EXPECT_EQ(heard(0, 5000), "") << "too soft";
+  EXPECT_EQ(heard(0, 5001), "kitten_05 ");
+  EXPECT_EQ(heard(350, 9000), "") << "too soon";
+  EXPECT_EQ(heard(1, 9000), "kitten_02 ");
+  rules.OnKittenInHell(kFirstKittenIndex);
+  rules.OnKittenInOven(kFirstKittenIndex);
+  EXPECT_EQ(audio.played, "kitten_burn kitten_burn ");
 }
 
 TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
@@ -139,10 +144,10 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
     for (const int toucher : touches) {
       Touch(toucher);
     }
-    rules.SetKittenPosition(8, end);
+    rules.SetKittenPosition(kFirstKittenIndex, end);
     CDeathToASprite::DeleteAll();
     log.Clear();
-    rules.OnKittenInOven(8);
+    rules.OnKittenInOven(kFirstKittenIndex);
     const std::string numbers = Bonuses();
     const auto floating = Floating();
     EXPECT_EQ(floating.size(), numbers.size());
@@ -152,11 +157,11 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
     }
     return numbers + Describe().substr(6);
   };
-  EXPECT_EQ(bank(0, {-49.9F, 0}, {1, 7, 0}), "0, stake 0, score 500");
-  EXPECT_EQ(bank(0, {-30, -40}, {0, 7, 1}), "012, stake 0, score 8000");
+  EXPECT_EQ(bank(0, {-49.9F, 0}, {1, kMonsterIndex, 0}), "0, stake 0, score 500");
+  EXPECT_EQ(bank(0, {-30, -40}, {0, kMonsterIndex, 1}), "012, stake 0, score 8000");
   EXPECT_EQ(bank(5, {0, 0}, {}), "0, stake 0, score 10500");
   EXPECT_EQ(bank(6, {-64, 0}, {}), "051, stake 0, score 17500");
-  EXPECT_EQ(bank(0, {-64, 0}, {7, 7, 1}), "0162, stake 0, score 15000");
+  EXPECT_EQ(bank(0, {-64, 0}, {kMonsterIndex, kMonsterIndex, 1}), "0162, stake 0, score 15000");
 }
 
 // Above y = -55.2, within 1 of where the count began: first after 8 s, then every 5 s. A way of
@@ -168,7 +173,7 @@ TEST_F(RulesTest, AKittenThatRestsOutOfReachIsPushedUntilItMovesOn) {
     Pass(9000);  // counts for nothing
     rules.ResumeClock();
     Pass(wait);
-    rules.SetKittenPosition(8, {x, y});
+    rules.SetKittenPosition(kFirstKittenIndex, {x, y});
     rules.Tick();
     return pushed;
   };
@@ -259,24 +264,30 @@ TEST_F(RulesTest, TheDoorFollowsTheLastOrder) {
 // A step of 1 at any gap, of 10 beyond 10, of 100 beyond 100, of 1000 beyond 5000, and of 10000
 // beyond 30000, one after the other.
 TEST_F(RulesTest, BoardsRunInStagesAndNeverOvershoot) {
-  const std::pair<int, int> firstSteps[] = {{1, 1},       {11, 1},       {12, 11},
-                                            {111, 11},    {112, 111},    {5111, 111},
-                                            {5112, 1111}, {31111, 1111}, {31112, 11111}};
-  for (const auto& [gap, step] : firstSteps) {
-    for (const int sign : {1, -1}) {
-      CScoreBoard board;
-      board.SetPosition(270, 560);
-      board.Add(500);
-      board.Set(3);
-      board.Add(sign * gap);
+  const auto firstStep = [](int gap) {
+    CScoreBoard board;
+    board.SetPosition(270, 560);
+    board.Add(500);
+    board.Set(3);
+    board.Add(gap);
+    board.Run();
+    const int step = board.GetShown() - 3;
+    for (int i = 0; i < 300; ++i) {
       board.Run();
-      EXPECT_EQ(board.GetShown(), 3 + sign * step) << gap;
-      for (int i = 0; i < 300; ++i) {
-        board.Run();
-        EXPECT_LE(sign * board.GetShown(), sign * board.GetTarget()) << gap;
-      }
-      EXPECT_EQ(board.GetSprite().GetText(), std::to_string(3 + sign * gap));
+      EXPECT_LE(std::abs(board.GetShown() - 3), std::abs(gap)) << gap;
     }
+    EXPECT_EQ(board.GetSprite().GetText(), std::to_string(3 + gap));
+    return step;
+  };
+  for (const int sign : {1, -1}) {
+    EXPECT_EQ(firstStep(sign * 11), sign * 1);
+    EXPECT_EQ(firstStep(sign * 12), sign * 11);
+    EXPECT_EQ(firstStep(sign * 111), sign * 11);
+    EXPECT_EQ(firstStep(sign * 112), sign * 111);
+    EXPECT_EQ(firstStep(sign * 5111), sign * 111);
+    EXPECT_EQ(firstStep(sign * 5112), sign * 1111);
+    EXPECT_EQ(firstStep(sign * 31111), sign * 1111);
+    EXPECT_EQ(firstStep(sign * 31112), sign * 11111);
   }
 }
 

@@ -10,13 +10,10 @@
 #include "game/replay/rulesversion.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
-#include "support/waves.h"
 
 #include <zlib.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -29,11 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kHeadBytes = 10;  // the mark and two versions
 
-std::string ReadAll(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
+using vask::test::FileText;
 using vask::test::WriteFile;
 
 std::set<std::string> Replays() {
@@ -192,7 +185,7 @@ TEST_F(ReplayTest, TheFirstDifferenceNamesTimeBodyFieldAndValues) {
 
 TEST_F(ReplayTest, ACutRecordingPlaysUpToItsLastWholeBlock) {
   RecordShortGame(1200);
-  const std::string bytes = ReadAll("game.replay");
+  const std::string bytes = FileText("game.replay");
   const auto blockFrom = [&bytes](std::size_t at) {
     return 12 + CByteReader(std::string_view(bytes).substr(at)).TakeWord();
   };
@@ -225,7 +218,7 @@ TEST_F(ReplayTest, NoFlippedBitPassesForAWholeGame) {
     }
     return item;
   };
-  const std::string whole = ReadAll("game.replay");
+  const std::string whole = FileText("game.replay");
   EXPECT_EQ(lastItem(whole), Item::kEnd);
   for (std::size_t bit = 0; bit < whole.size() * 8; ++bit) {
     std::string bytes = whole;
@@ -258,18 +251,17 @@ TEST_F(ReplayTest, HostileRecordingsAreRefused) {
     writer.End(false, 0);
     return Verdict("game.replay");
   };
-  EXPECT_EQ(verdict({.resetCounter = -kMostCounter, .bodies = 8 + kMostKittens}, {}), "");
-  const SGameStart starts[] = {{.bodies = 7},
-                               {.bodies = 9 + kMostKittens},
-                               {.resetCounter = kMostCounter + 1, .bodies = 8},
-                               {.lookCounter = -1, .bodies = 8},
-                               {.lookCounter = kMostCounter + 1, .bodies = 8},
-                               {.bodies = 8, .pointerX = kMostPointer + 1},
-                               {.bodies = 8, .pointerY = -kMostPointer - 1}};
-  for (const SGameStart& start : starts) {
-    EXPECT_EQ(verdict(start, {}), "its block 1 is damaged") << &start - starts;
-  }
-  const SGameStart start = {.bodies = 8};
+  constexpr int kFew = kFirstKittenIndex, kMany = kFew + kMostKittens;
+  const std::string damaged = "its block 1 is damaged";
+  EXPECT_EQ(verdict({.resetCounter = -kMostCounter, .bodies = kMany}, {}), "");
+  EXPECT_EQ(verdict({.bodies = kFew - 1}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kMany + 1}, {}), damaged);
+  EXPECT_EQ(verdict({.resetCounter = kMostCounter + 1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.lookCounter = -1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.lookCounter = kMostCounter + 1, .bodies = kFew}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kFew, .pointerX = kMostPointer + 1}, {}), damaged);
+  EXPECT_EQ(verdict({.bodies = kFew, .pointerY = -kMostPointer - 1}, {}), damaged);
+  const SGameStart start = {.bodies = kFew};
   EXPECT_EQ(verdict(start, {{.pointerX = -kMostPointer, .pointerY = kMostPointer}}), "");
   EXPECT_EQ(verdict(start, {{.pointerX = -kMostPointer - 1}}), "its block 2 is damaged");
   EXPECT_EQ(verdict(start, {{.pointerY = kMostPointer + 1}}), "its block 2 is damaged");

@@ -2,6 +2,7 @@
 
 #include "platform/filelock.h"
 #include "platform/wallclock.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 
 #include <gtest/gtest.h>
@@ -10,18 +11,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace brumble {
 namespace {
 
-SScore Score(int points) { return {points, "2026-11-25", "-", ""}; }
+using vask::test::FileText;
 
-std::string FileText() {
-  return (std::ostringstream() << std::ifstream(kScoresFile).rdbuf()).str();
-}
+SScore Score(int points) { return {points, "2026-11-25", "-", ""}; }
 
 class Scores : public ::testing::Test {
  protected:
@@ -37,7 +33,8 @@ TEST_F(Scores, AreKeptBestFirstAndAfterEqualOnes) {
   vask::platform::SetWallClock(nullptr);
   EXPECT_EQ(EnterScore({500, "2026-01-02", "second", ""}), 2);
   EXPECT_EQ(EnterScore({700, "2026-01-03", "-", ""}), 1);
-  EXPECT_EQ(FileText(), "700 2026-01-03 -\n500 2026-01-01 first\n500 2026-01-02 second\n");
+  EXPECT_EQ(FileText(kScoresFile),
+            "700 2026-01-03 -\n500 2026-01-01 first\n500 2026-01-02 second\n");
   EXPECT_EQ(BestScore(), 700);
 }
 
@@ -51,10 +48,11 @@ TEST_F(Scores, OnlyTheTenBestAreKept) {
 }
 
 TEST_F(Scores, UnknownFieldsAreKeptAndBrokenLinesReportedOnce) {
-  std::ofstream(kScoresFile) << "200 2026-01-01 game.rec new field\nnonsense\n100 yesterday -\n"
-                                "99999999999 2026-01-01 -\n300 2026-1-01 -\n";
+  vask::test::WriteFile(kScoresFile,
+                        "200 2026-01-01 game.rec new field\nnonsense\n100 yesterday -\n"
+                        "99999999999 2026-01-01 -\n300 2026-1-01 -\n");
   EXPECT_EQ(EnterScore(Score(100)), 2);
-  EXPECT_EQ(FileText(), "200 2026-01-01 game.rec new field\n100 2026-11-25 -\n");
+  EXPECT_EQ(FileText(kScoresFile), "200 2026-01-01 game.rec new field\n100 2026-11-25 -\n");
   ReadScores();
   EXPECT_EQ(log.Lines().size(), 1U) << log.Text();
   EXPECT_TRUE(log.Has("Scores: a line of scores.txt is no score: nonsense"));
@@ -75,7 +73,7 @@ TEST_F(Scores, FileThatCannotBeWrittenIsReportedAndLeftAsItIs) {
   disk.rlim_cur = RLIM_INFINITY;
   setrlimit(RLIMIT_FSIZE, &disk);
   EXPECT_EQ(log.Lines().size(), 2U);
-  EXPECT_EQ(FileText(), "100 2026-11-25 -\n");
+  EXPECT_EQ(FileText(kScoresFile), "100 2026-11-25 -\n");
 }
 
 TEST_F(Scores, OfTwoWritersAtOnceNoneIsLost) {

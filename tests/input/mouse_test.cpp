@@ -74,23 +74,28 @@ struct MouseTest : testing::Test {
 };
 
 TEST_F(MouseTest, ObjectsUnderThePointerHearWhatConcernsThem) {
-  // From front to back, and whether they block.
-  using Objects = std::vector<std::pair<CRect<int>, bool>>;
-  const auto hear = [this](const Objects& objects, const std::string& events) {
+  struct SObject {
+    CRect<int> rect;
+    bool blocks = true;
+  };
+  // What "a" and, behind it, "b" hear of the events.
+  const auto hear = [this](const std::vector<SObject>& objects, const std::string& events) {
     myTargets.clear();
-    for (const auto& [rect, isBlocking] : objects) {
-      Add(myTargets.empty() ? 'a' : 'b', rect, isBlocking);
+    for (const SObject& object : objects) {
+      Add(myTargets.empty() ? 'a' : 'b', object.rect, object.blocks);
     }
     return Hear(events);
   };
-  EXPECT_EQ(hear({{kLeft, true}, {{50, 0, 100, 100}, true}}, "m60,10 d1"), "am ad1 ");
-  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m9,20 m10,19 m40,20 m10,60"), "");
-  EXPECT_EQ(hear({{{10, 20, 30, 40}, true}}, "m10,20 m39,59"), "am am ");
-  EXPECT_EQ(hear({{kLeft, false}, {kLeft, true}}, "m1,1 m500,1"), "am bm bo5001 ");
-  EXPECT_EQ(hear({{kLeft, true}, {kRight, true}}, "m1,1 m201,1 m202,1"), "am bm ao2011 bm ");
-  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d4 m500,1 u4 u4"), "am ad4 ao5001 au4 ");
-  EXPECT_EQ(hear({{kLeft, true}}, "m1,1 d1 u1"), "am ad1 au1 ");
-  EXPECT_EQ(hear({{kLeft, false}}, "m1,1 d1 m500,1 u1"), "am ad1 ");
+  const SObject left{.rect = kLeft}, right{.rect = kRight}, ghost{.rect = kLeft, .blocks = false};
+  const SObject small{.rect = {10, 20, 30, 40}};
+  EXPECT_EQ(hear({left, {.rect = {50, 0, 100, 100}}}, "m60,10 d1"), "am ad1 ");
+  EXPECT_EQ(hear({small}, "m9,20 m10,19 m40,20 m10,60"), "");
+  EXPECT_EQ(hear({small}, "m10,20 m39,59"), "am am ");
+  EXPECT_EQ(hear({ghost, left}, "m1,1 m500,1"), "am bm bo5001 ");
+  EXPECT_EQ(hear({left, right}, "m1,1 m201,1 m202,1"), "am bm ao2011 bm ");
+  EXPECT_EQ(hear({left}, "m1,1 d4 m500,1 u4 u4"), "am ad4 ao5001 au4 ");
+  EXPECT_EQ(hear({left}, "m1,1 d1 u1"), "am ad1 au1 ");
+  EXPECT_EQ(hear({ghost}, "m1,1 d1 m500,1 u1"), "am ad1 ");
 }
 
 TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {

@@ -5,27 +5,23 @@
 #include "platform/wallclock.h"
 #include "support/docexample.h"
 #include "support/fakeclock.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "utils/randomstate.h"
 #include "utils/timer/timer.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 namespace vask {
 namespace {
 
-std::string FileText(const char* file) {
-  return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
-}
+using test::FileText;
 
 std::string WithoutSeed(const std::string& file) { return file.substr(file.find('\n') + 1); }
 
 // Plays the file in frames of twelve days; returns what a recorder hears of it.
 std::string PlayBack(const std::string& file) {
-  std::ofstream("played.rec") << file;
+  test::WriteFile("played.rec", file);
   test::CFakeClock real(0);
   const CRecordMouse hearer("heard.rec");
   CPlaybackMouse playback("played.rec", GetGlobalTimerImpl());
@@ -63,21 +59,14 @@ TEST(Recording, IsPlayedBack) {
 
 TEST(Recording, IsPlayedLineByLineAtItsTimes) {
   const std::string example = test::DocExample("Input records");
-  struct {
-    std::string file, events;
-  } const files[] = {
-      {.file = example, .events = WithoutSeed(example)},
-      {"7\n1500 mm 20\n", "1500 mm 0 0\n"},
-      {"\xFF\n\nmm\n5\n5 mx 1 2\n5 md\n5 MD 1\n \t9 \t mu  8 7\r\n", "9 mu 8\n"},
-      {"x\nx mm y z\nx md \xFF", "0 mm 0 0\n0 md 0\n"},
-      {"7\n1 mm 99999999999999999999 -2147483648\n", "1 mm 1000000 -1000000\n"},
-      {"7\n50 md 1\n20 md 2\n60 mu 1\n", "50 md 1\n50 md 2\n60 mu 1\n"},
-      {"7\n2000000000 md 1\n4000000000 md 2\n5 md 4\n",
-       "2000000000 md 1\n4000000000 md 2\n5 md 4\n"},
-  };
-  for (const auto& [file, events] : files) {
-    EXPECT_EQ(PlayBack(file), events) << file;
-  }
+  EXPECT_EQ(PlayBack(example), WithoutSeed(example));
+  EXPECT_EQ(PlayBack("7\n1500 mm 20\n"), "1500 mm 0 0\n") << "no place";
+  EXPECT_EQ(PlayBack("\xFF\n\nmm\n5\n5 mx 1 2\n5 md\n5 MD 1\n \t9 \t mu  8 7\r\n"), "9 mu 8\n");
+  EXPECT_EQ(PlayBack("x\nx mm y z\nx md \xFF"), "0 mm 0 0\n0 md 0\n") << "no numbers";
+  EXPECT_EQ(PlayBack("7\n1 mm 99999999999999999999 -2147483648\n"), "1 mm 1000000 -1000000\n");
+  EXPECT_EQ(PlayBack("7\n50 md 1\n20 md 2\n60 mu 1\n"), "50 md 1\n50 md 2\n60 mu 1\n");
+  const std::string days = "2000000000 md 1\n4000000000 md 2\n5 md 4\n";
+  EXPECT_EQ(PlayBack("7\n" + days), days);
 }
 
 }  // namespace

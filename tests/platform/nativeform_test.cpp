@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
+#include <map>
+#include <sstream>
 
 namespace vask::platform {
 namespace {
@@ -30,66 +31,77 @@ struct CCanvas : INativeCanvas {
   std::string drawn;
 };
 
+// Presses the keys of these names, those that begin with "shift-" with the shift key held;
+// "nothing" is a key that types nothing, and other words are what is typed. The pointer is pressed
+// within the second character or far to the right, and dragged there or to above and left of the
+// field.
+void Use(CEditControl& edit, const std::string& words, const INativeFont& font) {
+  using enum ENativeKey;
+  const std::map<std::string, ENativeKey> keys = {
+      {"left", kLeft},           {"right", kRight},   {"up", kUp},
+      {"down", kDown},           {"home", kHome},     {"end", kEnd},
+      {"backspace", kBackspace}, {"delete", kDelete}, {"return", kReturn},
+      {"all", kSelectAll}};
+  std::istringstream stream(words);
+  for (std::string word; stream >> word;) {
+    const bool isShifted = word.starts_with("shift-");
+    word.erase(0, isShifted ? 6 : 0);
+    if (word.starts_with("press")) {
+      edit.OnPress(word == "press" ? kTextX + 14 : 999, kTextY + 5, font);
+    } else if (word.starts_with("drag")) {
+      const bool isFar = word == "drag-far";
+      edit.OnDrag(isFar ? 999 : kTextX - 9, kTextY + (isFar ? 5 : -9), font);
+    } else if (keys.contains(word)) {
+      edit.OnKey({keys.at(word), "", isShifted}, font);
+    } else {
+      edit.OnKey({kText, word == "nothing" ? "" : word, isShifted}, font);
+    }
+  }
+}
+
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
-  // A text and keys: "<>^v{}#!~$" from left to select all, "_" types nothing, "+" holds the shift
-  // key from there on, "-" no more; "1" to "9" press the pointer there, 10 apart, "*" far beyond;
-  // ")" drags it far beyond, "(" to above and left of the field. Then what fields show that are
-  // three characters wide: one line, and two lines that wrap.
-  const std::string longText = std::string(100'000, 'a') + "b";
-  const struct {
-    std::string text, keys, one, two;
-  } cases[] = {
-      {.text = "", .keys = "<#x~y", .one = "xy/|20,0", .two = "x/y/|10,10"},
-      {.text = "ab", .keys = "}x>#!#!", .one = "a/|10,0", .two = "a/|10,0"},
-      {.text = "abcd", .keys = "<#", .one = "abc/|0,0", .two = "abc/d/|0,0"},
-      {.text = "ab cd", .keys = "v", .one = "ab /|0,0", .two = "ab /cd/|0,10"},
-      {.text = "abc d", .keys = "}", .one = " d/|20,0", .two = "abc/d/|30,0"},
-      {.text = "abc ", .keys = "}", .one = "c /|20,0", .two = "abc//|30,0"},
-      {.text = "iiiiiii", .keys = "", .one = "iiiiii/|0,0", .two = "iiiiii/i/|0,0"},
-      {.text = "a\n\nb\n", .keys = "vvv", .one = "a\n\n/|0,0", .two = "b//|0,10"},
-      {.text = "abcdef", .keys = "v}^x", .one = "fx/|20,0", .two = "abx/cde/|0,10"},
-      {.text = "abcdefghi", .keys = "vv{^^", .one = "abc/|0,0", .two = "abc/def/|0,0"},
-      {.text = "abcd", .keys = "1", .one = "abc/|10,0", .two = "abc/d/|10,0"},
-      {.text = "abcdefg", .keys = "}1x", .one = "fxg/|20,0", .two = "axb/cde/|20,0"},
-      {.text = longText, .keys = "}*", .one = "ab/|20,0", .two = "aaa/aaa/|20,0"},
-      {.text = "abc", .keys = ">+>>_", .one = "[0-20]bc/|20,0", .two = "[10-30]abc/|30,0"},
-      {.text = "abcd", .keys = "$", .one = "[0-20]cd/|20,0", .two = "[0-30]abc/[0-10]d/|10,10"},
-      {.text = "abcd", .keys = "$#", .one = "/|0,0", .two = "/|0,0"},
-      {.text = "abc", .keys = ">>#", .one = "ac/|10,0", .two = "ac/|10,0"},
-      {.text = "abc", .keys = ">>>+<<-!", .one = "a/|10,0", .two = "a/|10,0"},
-      {.text = "abc", .keys = "+>-}", .one = "bc/|20,0", .two = "abc/|30,0"},
-      {.text = "abc", .keys = ">>>+<<->x", .one = "cx/|20,0", .two = "abc/x/|10,10"},
-      {.text = "abcd", .keys = "1)x", .one = "ax/|20,0", .two = "axc/d/|20,0"},
-      {.text = "abc", .keys = "}1(x{", .one = "xc/|0,0", .two = "xbc/|0,0"},
-      {.text = "abcdefgh", .keys = "}1((x", .one = "xh/|10,0", .two = "xbc/def/|10,0"},
-      {.text = "abcdefgh", .keys = "vv1((x", .one = "xbc/|10,0", .two = "xef/gh/|10,0"},
-  };
-  constexpr std::string_view kKeys = "<>^v{}#!~$";
-  for (const auto& [text, keys, one, two] : cases) {
+  // What fields show that are three characters wide: one line, and two lines that wrap.
+  const auto shown = [](const std::string& text, const std::string& words) {
+    std::string drawn;
     for (const bool wraps : {false, true}) {
-      CEditControl edit("what was\nthere before", {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16}, 0,
-                        wraps ? 0 : kAutoScroll);
+      const SBox box = {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16};
+      CEditControl edit("what was\nthere before", box, 0, wraps ? 0 : kAutoScroll);
       CCanvas canvas;
       edit.OnPress(999, 999, canvas);
       edit.SetText(text);
-      bool isShiftHeld = false;
-      for (const char key : keys) {
-        const std::size_t name = kKeys.find(key) + 1;  // 0 for a letter: kText
-        if (key == '+' || key == '-') {
-          isShiftHeld = key == '+';
-        } else if (key == '(' || key == ')') {
-          edit.OnDrag(key == '(' ? kTextX - 9 : 999, key == '(' ? kTextY - 9 : kTextY + 5, canvas);
-        } else if (key == '*' || std::isdigit(key) != 0) {
-          edit.OnPress(kTextX + (key == '*' ? 999 : 10 * (key - '0') + 4), kTextY + 5, canvas);
-        } else {
-          const std::string typed = name == 0 && key != '_' ? std::string(1, key) : "";
-          edit.OnKey({static_cast<ENativeKey>(name), typed, isShiftHeld}, canvas);
-        }
-      }
+      Use(edit, words, canvas);
       edit.Draw(canvas, true, false);
-      EXPECT_EQ(canvas.drawn, wraps ? two : one) << text.substr(0, 9) << " " << keys;
+      drawn += (wraps ? "  " : "") + canvas.drawn;
     }
-  }
+    return drawn;
+  };
+  const std::string longText = std::string(100'000, 'a') + "b";
+  EXPECT_EQ(shown("", "left backspace x return y"), "xy/|20,0  x/y/|10,10");
+  EXPECT_EQ(shown("ab", "end x right backspace delete backspace delete"), "a/|10,0  a/|10,0");
+  EXPECT_EQ(shown("abcd", "left backspace"), "abc/|0,0  abc/d/|0,0");
+  EXPECT_EQ(shown("ab cd", "down"), "ab /|0,0  ab /cd/|0,10");
+  EXPECT_EQ(shown("abc d", "end"), " d/|20,0  abc/d/|30,0");
+  EXPECT_EQ(shown("abc ", "end"), "c /|20,0  abc//|30,0");
+  EXPECT_EQ(shown("iiiiiii", ""), "iiiiii/|0,0  iiiiii/i/|0,0");
+  EXPECT_EQ(shown("a\n\nb\n", "down down down"), "a\n\n/|0,0  b//|0,10");
+  EXPECT_EQ(shown("abcdef", "down end up x"), "fx/|20,0  abx/cde/|0,10");
+  EXPECT_EQ(shown("abcdefghi", "down down home up up"), "abc/|0,0  abc/def/|0,0");
+  EXPECT_EQ(shown("abcd", "press"), "abc/|10,0  abc/d/|10,0");
+  EXPECT_EQ(shown("abcdefg", "end press x"), "fxg/|20,0  axb/cde/|20,0");
+  EXPECT_EQ(shown(longText, "end press-far"), "ab/|20,0  aaa/aaa/|20,0");
+  EXPECT_EQ(shown("abc", "right shift-right shift-right shift-nothing"),
+            "[0-20]bc/|20,0  [10-30]abc/|30,0");
+  EXPECT_EQ(shown("abcd", "all"), "[0-20]cd/|20,0  [0-30]abc/[0-10]d/|10,10");
+  EXPECT_EQ(shown("abcd", "all backspace"), "/|0,0  /|0,0");
+  EXPECT_EQ(shown("abc", "right right backspace"), "ac/|10,0  ac/|10,0");
+  EXPECT_EQ(shown("abc", "right right right shift-left shift-left delete"), "a/|10,0  a/|10,0");
+  EXPECT_EQ(shown("abc", "shift-right end"), "bc/|20,0  abc/|30,0");
+  EXPECT_EQ(shown("abc", "right right right shift-left shift-left right x"),
+            "cx/|20,0  abc/x/|10,10");
+  EXPECT_EQ(shown("abcd", "press drag-far x"), "ax/|20,0  axc/d/|20,0");
+  EXPECT_EQ(shown("abc", "end press drag-back x home"), "xc/|0,0  xbc/|0,0");
+  EXPECT_EQ(shown("abcdefgh", "end press drag-back drag-back x"), "xh/|10,0  xbc/def/|10,0");
+  EXPECT_EQ(shown("abcdefgh", "down down press drag-back drag-back x"), "xbc/|10,0  xef/gh/|10,0");
 }
 
 // A picture of letters: a character is one cell wide and high; "." is the face, "," a field, "_"
@@ -155,22 +167,25 @@ TEST(NativeForm, ClicksWhereTheButtonIsPressedAndReleased) {
   form.Add(EControlKind::kEdit, "iii", {0, 10, 50, 20}, 2, 0);
   form.Add(EControlKind::kButton, "a", {0, 40, 50, 20}, 3, 0);
   form.Add(EControlKind::kButton, "b", {0, 70, 50, 20}, 4, 0);
-  // Pressed at, released at, and the id that is clicked. The edit is in front of the static.
-  const int clicks[][3] = {{45, 45, 3}, {45, 75, 0}, {5, 5, 0}, {35, 45, 0}, {15, 45, 0}};
-  for (const auto& [down, up, id] : clicks) {
-    form.Press(10, down, font);
-    form.MovePointer(10, up, font);
-    EXPECT_EQ(form.Release().value_or(0), id) << down << " " << up;
-  }
+  const auto clicked = [&](int pressedAt, int releasedAt) {
+    form.Press(10, pressedAt, font);
+    form.MovePointer(10, releasedAt, font);
+    return form.Release().value_or(0);
+  };
+  EXPECT_EQ(clicked(45, 45), 3);
+  EXPECT_EQ(clicked(45, 75), 0) << "on the other button";
+  EXPECT_EQ(clicked(5, 5), 0) << "on the text";
+  EXPECT_EQ(clicked(35, 45), 0) << "between them";
+  EXPECT_EQ(clicked(15, 45), 0) << "on the edit, in front of the text";
   form.Key({ENativeKey::kReturn, ""}, font);
   EXPECT_EQ(form.GetControl(1).GetText(), "i\nii") << "the caret is where it was pressed";
   // The focus goes round from the edit to both buttons and back to it.
-  std::string clicked;
+  std::string ids;
   for (const bool isBackwards : {false, false, false, false, false, true, true, true, true}) {
     form.FocusNext(isBackwards);
-    clicked += std::to_string(form.Key({ENativeKey::kReturn, ""}, font).value_or(0));
+    ids += std::to_string(form.Key({ENativeKey::kReturn, ""}, font).value_or(0));
   }
-  EXPECT_EQ(clicked, "340343043");
+  EXPECT_EQ(ids, "340343043");
 }
 
 }  // namespace

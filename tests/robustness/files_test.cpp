@@ -1,11 +1,12 @@
 // What the harnesses in fuzz/ leave out: the shipped files are whole, and pipes are left alone.
 
+#include "support/files.h"
+
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
 #include "gfx/text/font.h"
 #include "gfx/text/fontloader.h"
 #include "support/logcapture.h"
-#include "support/tasks.h"
 #include "support/testpicture.h"
 #include "utils/inputfile.h"
 #include "utils/outputfile.h"

@@ -4,21 +4,12 @@
 #include "console/consolecommand.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/task.h"
-#include "support/paths.h"
+#include "support/files.h"
 
-#include <filesystem>
 #include <sstream>
 #include <string>
 
 namespace vask::test {
-
-// The game's data files in the test's folder, under the name by which the program opens them.
-class CDataFolder {
- public:
-  CDataFolder() { std::filesystem::create_directory_symlink(SourcePath("runtime/data"), "data"); }
-  ~CDataFolder() { std::filesystem::remove("data"); }
-  CDataFolder& operator=(CDataFolder&&) = delete;  // neither moved nor copied
-};
 
 // Starts the task with parameters as they stand in a script, and returns what the start returns.
 inline bool StartWith(CTask& task, const std::string& params) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <fstream>
-#include <string>
+#include "support/files.h"
 
 namespace vask::test {
 
@@ -28,10 +27,6 @@ inline std::string Format(const SFormat& sound = {}) {
 
 inline std::string Data(std::size_t size = 1000) {
   return Chunk("data", std::string(size, '\x70'));
-}
-
-inline void WriteFile(const std::string& name, const std::string& content) {
-  std::ofstream(name, std::ios::binary) << content;
 }
 
 // Half a minute of sound, so that nothing ends by itself while a test looks at it.

@@ -10,7 +10,15 @@ namespace brumble {
 namespace {
 
 CPhysicsBody Box(float x, float y, float halfWidth, float halfHeight, float angle = 0.0F) {
-  return {kBox, halfWidth, halfHeight, x, y, angle, 0, 0, 0, 0, 0, kDynamic, 0, nullptr};
+  CPhysicsBody box;
+  box.shape = kBox;
+  box.halfWidth = halfWidth;
+  box.halfHeight = halfHeight;
+  box.x = x;
+  box.y = y;
+  box.angle = angle;
+  box.kind = kDynamic;
+  return box;
 }
 CPhysicsBody Disc(float x, float y, float radius) {
   CPhysicsBody disc = Box(x, y, radius, radius);

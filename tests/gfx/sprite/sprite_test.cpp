@@ -5,6 +5,7 @@
 #include "gfx/sprite/spritetypes.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
+#include "support/files.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
 
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <functional>
 #include <sstream>
 
@@ -25,7 +25,7 @@ CSpritePtr Load(const std::string& file) {
   return CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(file));
 }
 CSpritePtr LoadXmlText(const std::string& type, const std::string& fields) {
-  std::ofstream("s.xml") << "<Sprite type=\"" << type << "\" >" << fields << "</Sprite>";
+  WriteFile("s.xml", "<Sprite type=\"" + type + "\" >" + fields + "</Sprite>");
   return Load("s.xml");
 }
 
@@ -37,6 +37,7 @@ class Sprite : public testing::Test {
   CScreenLayer* myLayer = CScreenLayer::GetSingletonPtr();
 };
 
+// Its rectangle, the one outside which it is hidden, its depth and its alpha.
 std::string State(const CSprite& sprite) {
   std::ostringstream text;
   for (const Rect& r : {sprite.GetRect(), sprite.GetScrollRect()}) {
@@ -48,26 +49,22 @@ std::string State(const CSprite& sprite) {
 
 TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
   const std::string a = "<ImageFilename>a.bmp</ImageFilename>";
-  const std::pair<std::string, const char*> cases[] = {
-      // fields; the rectangle, the one outside which it is hidden, depth and alpha
-      {"", "0,0 0x0; 0,0 0x0; 100; 255"},
-      {"<ImageFilename>no.bmp</ImageFilename>", "0,0 0x0; 0,0 0x0; 100; 255"},
-      {a + "<Alpha>300</Alpha>", "0,0 40x30; 0,0 0x0; 100; 255"},
-      {a + "<Alpha>-5</Alpha>", "0,0 40x30; 0,0 0x0; 100; 0"},
-      {a + R"(<ImageRect x="7" y="8" />)", "7,8 40x30; 0,0 0x0; 100; 255"},
-      {a + R"(<ImageRect w="9" /><Z>-3</Z>)", "0,0 9x30; 0,0 0x0; -3; 255"},
-      {a + R"(<ScrollRect x="5" y="5" w="0" h="0" />)", "0,0 40x30; 0,0 0x0; 100; 255"},
-      {a + R"(<ScrollRect w="6" /><Alpha>99</Alpha>)", "0,0 40x30; 0,0 6x0; 100; 99"},
+  // As it is read, and as it is written and read again.
+  const auto state = [](const std::string& fields) {
+    const CSpritePtr sprite = LoadXmlText("sprite_base", fields);
+    EXPECT_EQ(sprite->GetName(), "s.xml");
+    SaveXml(*sprite, "written.xml");
+    EXPECT_EQ(State(*Load("written.xml")), State(*sprite)) << fields;
+    return State(*sprite);
   };
-  for (const auto& [fields, expected] : cases) {
-    CSpritePtr sprite = LoadXmlText("sprite_base", fields);
-    for (const char* file : {"s.xml", "written.xml"}) {
-      EXPECT_EQ(State(*sprite), expected) << fields << file;
-      EXPECT_EQ(sprite->GetName(), file);
-      SaveXml(*sprite, "written.xml");
-      sprite = Load("written.xml");
-    }
-  }
+  EXPECT_EQ(state(""), "0,0 0x0; 0,0 0x0; 100; 255");
+  EXPECT_EQ(state("<ImageFilename>no.bmp</ImageFilename>"), "0,0 0x0; 0,0 0x0; 100; 255");
+  EXPECT_EQ(state(a + "<Alpha>300</Alpha>"), "0,0 40x30; 0,0 0x0; 100; 255");
+  EXPECT_EQ(state(a + "<Alpha>-5</Alpha>"), "0,0 40x30; 0,0 0x0; 100; 0");
+  EXPECT_EQ(state(a + R"(<ImageRect x="7" y="8" />)"), "7,8 40x30; 0,0 0x0; 100; 255");
+  EXPECT_EQ(state(a + R"(<ImageRect w="9" /><Z>-3</Z>)"), "0,0 9x30; 0,0 0x0; -3; 255");
+  EXPECT_EQ(state(a + R"(<ScrollRect x="5" y="5" />)"), "0,0 40x30; 0,0 0x0; 100; 255");
+  EXPECT_EQ(state(a + R"(<ScrollRect w="6" /><Alpha>99</Alpha>)"), "0,0 40x30; 0,0 6x0; 100; 99");
 }
 
 TEST_F(Sprite, KindsAreMadeByNumberAndName) {
@@ -87,7 +84,7 @@ TEST_F(Sprite, KindsAreMadeByNumberAndName) {
 
 TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
   ImagePtr(NewPicture(10, 20, kRed))->SaveToFile("door.bmp");
-  std::ofstream("door.xml") << "<Sprite><ImageFilename>door.bmp</ImageFilename></Sprite>";
+  WriteFile("door.xml", "<Sprite><ImageFilename>door.bmp</ImageFilename></Sprite>");
 
   CSpritePtr door(CSpriteFactory::GetSingletonPtr()->Load("door.xml"));
   door->SetPosition(0, -10);

@@ -4,13 +4,13 @@
 #include "gfx/text/lotsatextsprite.h"
 #include "gfx/text/ogffontloader.h"
 #include "gfx/text/textsprite.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "utils/xml/xml.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
 
 namespace vask::test {
@@ -27,7 +27,7 @@ class Font : public ::testing::Test {
   }
 
   static std::unique_ptr<CFont> FontOf(const std::string& content) {
-    std::ofstream("a.ogf", std::ios::binary) << content;
+    WriteFile("a.ogf", content);
     return LoadFont("a.ogf");
   }
   // Red of some pixels of a text that is drawn at the origin of an empty picture.
@@ -73,7 +73,7 @@ TEST_F(Font, GlyphsAreCutFromTheirCells) {
 }
 
 TEST_F(Font, TintMultipliesTheColoursOfACopy) {
-  std::ofstream("numbers.ogf") << "OGF;3;2;16;8;1;940;+;64;sheet.bmp";
+  WriteFile("numbers.ogf", "OGF;3;2;16;8;1;940;+;64;sheet.bmp");
   const ImagePtr target(Gfx::NewBuffer(100, 20));
   const CLogCapture log;
 
@@ -86,24 +86,26 @@ TEST_F(Font, TintMultipliesTheColoursOfACopy) {
   EXPECT_EQ(FontOf(myFont)->GetSheet()->GetPixel(47, 15).g, 100);
 }
 
-TEST_F(Font, BadFileIsReportedInOneLineAndDrawsNothing) {
-  const std::pair<std::string, const char*> cases[] = {
-      // the file, what is logged
-      {"ogf" + myFont.substr(3), "a.ogf is probably not a ogf file"},
-      {"OGF;1;1;1;1;8;888;ab;6432;x", "the char count (8) and numbers of charachters (9)"},
-      {"OGF;1;1;1;1;2;888;ab;646;x", "the number of character width's ( 3) doesn't match"},
-      {"OGF;3;2;16;8;2;888;ab;6464;none.bmp", "Could not load imagenone.bmp"},
-      {"OGF;0;2;16;8;2;888;ab;6464;sheet.bmp", "no valid size"},
-      {"OGF;1;2;1;2049;1;888;a;64;sheet.bmp", "no valid size"},
-  };
-  for (const auto& [content, message] : cases) {
+TEST_F(Font, BadFileIsReportedAndDrawsNothing) {
+  const auto complaint = [](const std::string& content) {
     const CLogCapture log;
-    const auto font = FontOf(content);
-    EXPECT_EQ(Reds(*font, "ab", {0}), std::vector{0});
-    EXPECT_TRUE(log.Has(message)) << log.Text();
-    const bool isPictureMissing = content.ends_with("none.bmp");  // which is told of, too
-    EXPECT_EQ(log.Lines().size(), isPictureMissing ? 2U : 1U) << content;
-  }
+    EXPECT_EQ(Reds(*FontOf(content), "ab", {0}), std::vector{0}) << content;
+    return log.Text();
+  };
+  EXPECT_EQ(complaint("ogf" + myFont.substr(3)), "a.ogf is probably not a ogf file\n");
+  EXPECT_EQ(complaint("OGF;1;1;1;1;8;888;ab;6432;x"),
+            "a.ogfError, the char count (8) and numbers of charachters (9) don't match\n");
+  EXPECT_EQ(complaint("OGF;1;1;1;1;2;888;ab;646;x"),
+            "a.ogf Error, the number of character width's ( 3) doesn't match the number of "
+            "characters (2) times two\n");
+  EXPECT_TRUE(complaint("OGF;3;2;16;8;2;888;ab;6464;none.bmp")
+                  .ends_with("\nCould not load imagenone.bmp\n"));
+  EXPECT_EQ(
+      complaint("OGF;0;2;16;8;2;888;ab;6464;sheet.bmp"),
+      "a.ogf Error, the sheet has no valid size: 0 x 2 cells of 16 x 8 pixels for 2 characters\n");
+  EXPECT_EQ(complaint("OGF;1;2;1;2049;1;888;a;64;sheet.bmp"),
+            "a.ogf Error, the sheet has no valid size: 1 x 2 cells of 1 x 2049 pixels for 1 "
+            "characters\n");
 }
 
 TEST_F(Font, TextIsLaidOutByTheAlignment) {
@@ -115,7 +117,7 @@ TEST_F(Font, TextIsLaidOutByTheAlignment) {
     std::string lines;
   } font;
   // Widths: "x" 10, "i" 1, blank 4; lines are 12 high.
-  std::ofstream("a.ogf") << "OGF;3;1;10;12;3;888;xi ;640726;sheet.bmp";
+  WriteFile("a.ogf", "OGF;3;1;10;12;3;888;xi ;640726;sheet.bmp");
   COgfFontLoader().Load(font, "a.ogf");
   enum { kLeft, kCenter, kRight, kJustify, kNone };
   const ImagePtr target(Gfx::NewBuffer(300, 100));
@@ -162,42 +164,40 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   CTextSprite list(LoadFont("system"), 0, 0);
   list.GetFont()->SetAlign(2);
   list.SetText("HH HH");
-  const std::pair<Rect, Rect> cases[] = {
-      // the size, what is drawn
-      {{0, 0, 100, 40}, {70, 2, 30, 8}}, {{0, 0, 50, 20}, {20, 2, 30, 8}},
-      {{0, 0, 20, 12}, {2, 2, 12, 8}},   {{0, 0, 20, 0}, {}},
-      {{0, 0, 20, 30}, {2, 2, 18, 20}},
+  const auto drawnAt = [&list](int width, int height) {
+    list.SetSize(width, height);
+    return Drawn(list);
   };
-  for (const auto& [size, drawn] : cases) {
-    list.SetSize(size.w, size.h);
-    EXPECT_EQ(Drawn(list), drawn) << size.w << "," << size.h;
-    EXPECT_EQ(list.IsEmpty(), size.h == 0);
-  }
+  EXPECT_EQ(drawnAt(100, 40), (Rect{70, 2, 30, 8}));
+  EXPECT_EQ(drawnAt(50, 20), (Rect{20, 2, 30, 8}));
+  EXPECT_EQ(drawnAt(20, 12), (Rect{2, 2, 12, 8})) << "the second line is cut off";
+  EXPECT_EQ(drawnAt(20, 0), Rect{});
+  EXPECT_TRUE(list.IsEmpty());
+  EXPECT_EQ(drawnAt(20, 30), (Rect{2, 2, 18, 20}));
+  EXPECT_FALSE(list.IsEmpty());
   list.SetBackdrop(ImagePtr(NewPicture(7, 3, {1, 2, 3})));
   EXPECT_EQ(Drawn(list), (Rect{0, 0, 20, 22}));
 }
 
 TEST_F(Font, TextSpriteFileGivesSizePlaceTextAndBackdrop) {
   ImagePtr(NewPicture(40, 10, {10, 20, 30}))->SaveToFile("back.bmp");
-  const std::pair<const char*, Rect> cases[] = {
-      // fields, what is drawn
-      {"", {0, 2, 12, 8}},
-      {R"(<FontRect x="20" y="10" w="5" h="5"/>)", {20, 12, 12, 8}},
-      {R"(<FontStartPosition x="7" y="5"/><FontRect x="20"/>)", {7, 7, 12, 8}},
-      {"<BackdropFile>back.bmp</BackdropFile>", {0, 0, 40, 10}},
-      {R"(<FontRect x="2147483647" w="-2147483648"/>)", {}},
+  // As it is read, and as it is written and read again.
+  const auto drawn = [](const std::string& fields) {
+    CTextSprite sprite, again;
+    WriteFile("text.xml", R"(<S><ImageRect x="3" y="4" w="50" h="30"/><Text>HH</Text>)" + fields +
+                              "<FontFile>system</FontFile></S>");
+    LoadXml(sprite, "text.xml");
+    EXPECT_TRUE(SaveXml(sprite, "written.xml"));
+    LoadXml(again, "written.xml");
+    EXPECT_EQ(Drawn(sprite), Drawn(again)) << fields;
+    EXPECT_EQ(again.GetRect(), (Rect{3, 4, 50, 30})) << fields;
+    return Drawn(sprite);
   };
-  for (const auto& [fields, drawn] : cases) {
-    std::ofstream("text.xml") << R"(<S><ImageRect x="3" y="4" w="50" h="30"/><Text>HH</Text>)"
-                              << fields << "<FontFile>system</FontFile></S>";
-    for (const char* file : {"text.xml", "written.xml"}) {
-      CTextSprite sprite;
-      LoadXml(sprite, file);
-      EXPECT_EQ(Drawn(sprite), drawn) << fields << file;
-      EXPECT_EQ(sprite.GetRect(), (Rect{3, 4, 50, 30})) << fields;
-      EXPECT_TRUE(SaveXml(sprite, "written.xml"));
-    }
-  }
+  EXPECT_EQ(drawn(""), (Rect{0, 2, 12, 8}));
+  EXPECT_EQ(drawn(R"(<FontRect x="20" y="10" w="5" h="5"/>)"), (Rect{20, 12, 12, 8}));
+  EXPECT_EQ(drawn(R"(<FontStartPosition x="7" y="5"/><FontRect x="20"/>)"), (Rect{7, 7, 12, 8}));
+  EXPECT_EQ(drawn("<BackdropFile>back.bmp</BackdropFile>"), (Rect{0, 0, 40, 10}));
+  EXPECT_EQ(drawn(R"(<FontRect x="2147483647" w="-2147483648"/>)"), Rect{});
 }
 
 // A text of any height that notes what it is asked to paint.

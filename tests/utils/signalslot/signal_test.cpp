@@ -1,6 +1,7 @@
 #include "utils/signalslot/signal.h"
 
 #include "support/docexample.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "utils/containers/varref.h"
 #include "utils/signalslot/cssobject.h"
@@ -9,10 +10,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <map>
-#include <sstream>
 
 namespace vask::test {
 namespace {
@@ -60,34 +59,29 @@ struct SignalTest : testing::Test {
 };
 
 TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
-  const auto emit = [&] { mySignal->Emit(); };
-  const auto deleteB = [&] { myTargets.erase('b'); };
-  // What "a", the first of "a", "b" and "c", does when it is called, and then "b"; whom that
-  // emission calls, and the next one.
-  const struct {
-    std::function<void()> a;
-    std::string called, next;
-    std::function<void()> b = nullptr;
-  } cases[] = {{.a = [&] { myTargets.erase('a'); }, .called = "abc", .next = "bc"},
-               {.a = deleteB, .called = "ac", .next = "ac"},
-               {.a = [&] { myTargets['a']->DropConnections(); }, .called = "abc", .next = "bc"},
-               {.a = [&] { myTargets.clear(); }, .called = "a", .next = ""},
-               {.a = [&] { Connect('d'); }, .called = "abc", .next = "abcd"},
-               {.a = emit, .called = "aabcbc", .next = "abc"},
-               {.a = emit, .called = "aabcc", .next = "ac", .b = deleteB},
-               {.a = emit, .called = "aab", .next = "", .b = [&] { mySignal.reset(); }}};
-  for (const auto& row : cases) {
-    SCOPED_TRACE("row " + std::to_string(&row - cases));
+  // Connects "a", "b" and "c". Returns whom an emission calls when "a" and "b" react so, and whom
+  // the next one calls.
+  const auto called = [&](const auto& reactionOfA, const std::function<void()>& reactionOfB = {}) {
     mySignal = std::make_unique<css::CSignal>();
     for (const char name : {'a', 'b', 'c'}) {
       Connect(name);
     }
-    myTargets['a']->myReaction = row.a;
-    myTargets['b']->myReaction = row.b;
-    EXPECT_EQ(Emit(), row.called);
-    EXPECT_EQ(Emit(), row.next);
-    EXPECT_EQ(mySignal != nullptr ? mySignal->GetConnectionCount() : 0, row.next.size());
-  }
+    myTargets['a']->myReaction = reactionOfA;
+    myTargets['b']->myReaction = reactionOfB;
+    const std::string first = Emit(), next = Emit();
+    EXPECT_EQ(mySignal != nullptr ? mySignal->GetConnectionCount() : 0, next.size());
+    return first + " " + next;
+  };
+  const auto emit = [&] { mySignal->Emit(); };
+  const auto deleteB = [&] { myTargets.erase('b'); };
+  EXPECT_EQ(called([&] { myTargets.erase('a'); }), "abc bc");
+  EXPECT_EQ(called(deleteB), "ac ac");
+  EXPECT_EQ(called([&] { myTargets['a']->DropConnections(); }), "abc bc");
+  EXPECT_EQ(called([&] { myTargets.clear(); }), "a ");
+  EXPECT_EQ(called([&] { Connect('d'); }), "abc abcd");
+  EXPECT_EQ(called(emit), "aabcbc abc");
+  EXPECT_EQ(called(emit, deleteB), "aabcc ac");
+  EXPECT_EQ(called(emit, [&] { mySignal.reset(); }), "aab ");
 }
 
 TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
@@ -134,14 +128,14 @@ struct SignalWiringTest : SignalTest {
     return "  <Slot function=\"" + function + "\" target=\"" + target + "\" >\n  </Slot>\n";
   }
   void Read(const std::string& text) {
-    std::ofstream("slots.xml") << text;
+    WriteFile("slots.xml", text);
     css::CSignalWiring wiring(*mySignal);
     LoadXml(wiring, "slots.xml");
   }
   std::string Written() {
     css::CSignalWiring wiring(*mySignal);
     SaveXml(wiring, "slots.xml");
-    return (std::ostringstream() << std::ifstream("slots.xml").rdbuf()).str();
+    return FileText("slots.xml");
   }
 
   CLamp a{"a"};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "support/paths.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace vask::test {
+
+// All that is in the file; empty without one.
+inline std::string FileText(const std::filesystem::path& file) {
+  return (std::ostringstream() << std::ifstream(file, std::ios::binary).rdbuf()).str();
+}
+
+inline void WriteFile(const std::filesystem::path& file, const std::string& text) {
+  std::ofstream(file, std::ios::binary) << text;
+}
+
+// The game's data files in the test's folder, under the name by which the program opens them.
+class CDataFolder {
+ public:
+  CDataFolder() { std::filesystem::create_directory_symlink(SourcePath("runtime/data"), "data"); }
+  ~CDataFolder() { std::filesystem::remove("data"); }
+  CDataFolder& operator=(CDataFolder&&) = delete;  // neither moved nor copied
+};
+
+}  // namespace vask::test
