@@ -50,6 +50,7 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
       {.button = kLeft, .screen = 0, .shown = "background", .gone = "gameover"},
   };
   EnterScore({1, Today(), "-", ""});
+  SetScreenTransform({}, {});
   task.Start();
   for (const auto& c : clicks) {
     SCOPED_TRACE(c.shown);
@@ -74,6 +75,7 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     isCursorShown = c.screen != 0;
   }
   EXPECT_EQ(GameState().kittensLeft, 10) << "a new game";
+  EXPECT_EQ(ToScreenPixel({1.0F, 2.0F}), (SScreenPoint{406, 312}));
 }
 
 TEST_F(TaskTest, AClickOnAWidgetIsNotForTheScreen) {
@@ -154,6 +156,7 @@ TEST_F(TaskTest, TheCastStandsStillWhileTheGameDoes) {
   sceneAfter(1);
   task.Pause();
   const std::string paused = sceneAfter(0);
+  EXPECT_NE(paused.find("says_"), std::string::npos);
   EXPECT_EQ(sceneAfter(20), paused);
   task.Resume();
   EXPECT_NE(sceneAfter(20), paused);

@@ -5,6 +5,7 @@
 #include "game/gameoverpanel.h"
 #include "game/gfxfactory.h"
 #include "gfx/animation/animatedsprite.h"
+#include "gfx/text/textsprite.h"
 
 #include <algorithm>
 #include <numeric>
@@ -30,6 +31,15 @@ class Cast : public test::GameTest {
     }
     std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
+  }
+  // Where numbers stand, and what they show.
+  static std::string Numbers() {
+    std::string texts;
+    for (vask::CSprite* sprite : Shown("")) {
+      const auto& number = dynamic_cast<vask::CTextSprite&>(*sprite);
+      texts += test::PlaceOf(number) + " " + number.GetText() + "; ";
+    }
+    return texts;
   }
   void BeginFace() {
     monster = CGfxFactory::GetSingletonPtr()->LoadSprite("data/gfx/monster.xml");
@@ -155,6 +165,9 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     EXPECT_EQ(Shown(kPanelShortFile).empty(), place == 1);
     EXPECT_EQ(Shown(kPanelNewBestFile).empty(), place != 1);
     EXPECT_EQ(Describe(RankFile(3)), place == 1 ? "290,213 best; " : "290,213 over; ");
+    EXPECT_EQ(Numbers(), "506,283 3; 274,283 7; 506,256 190; 274,256 2300; " +
+                             std::string(place == 1 ? "532,159 1; " : "289,184 1; 532,159 2; ") +
+                             "274,159 2500; ");
     EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
     Pass(3000);
     EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");

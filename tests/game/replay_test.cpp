@@ -385,6 +385,11 @@ TEST_F(ReplayTest, KeysHoldAStepAndSpeedUpAReplay) {
   Frame(60000);
   task.Resume();
   EXPECT_NEAR(timeAfter("", 0), 5000, kNear) << "no time passes in a pause";
+  EXPECT_NEAR(timeAfter("", 1000), 5500, kNear) << "and goes on after it";
+  Line("stopreplay");
+  task.Pause();
+  Line("replaygame(game.replay)");
+  EXPECT_NEAR(timeAfter("", 1000), 0, kNear) << "the game is paused already";
 }
 
 TEST_F(ReplayTest, AReplayLeavesNoTrace) {
