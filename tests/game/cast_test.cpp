@@ -168,6 +168,7 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     EXPECT_EQ(Numbers(), "506,283 3; 274,283 7; 506,256 190; 274,256 2300; " +
                              std::string(place == 1 ? "532,159 1; " : "289,184 1; 532,159 2; ") +
                              "274,159 2500; ");
+    EXPECT_EQ(Describe(kFateGhostFile) + Describe(kFatePlateFile), "302,323; 342,323; 322,323; ");
     EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
     Pass(3000);
     EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");

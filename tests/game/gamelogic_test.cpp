@@ -155,6 +155,9 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
       EXPECT_EQ(CentreOf(*floating[i]), "50," + std::to_string(125 + 25 * (floating.size() - i)));
       EXPECT_EQ(Shown(FindBonus(numbers[i] - '0').signFile).size(), 1U) << numbers[i];
     }
+    const SEarnings& banked = rules.GetStory().banked;
+    EXPECT_TRUE(Describe().ends_with(
+        "score " + std::to_string(banked.spins + banked.walls + banked.oven + banked.bonuses)));
     return numbers + Describe().substr(6);
   };
   EXPECT_EQ(bank(0, {-49.9F, 0}, {1, kMonsterIndex, 0}), "0, stake 0, score 500");

@@ -171,6 +171,14 @@ TEST_F(Window, BordersAreGrabbedWithinThreePixelsAndCornersWithinTwenty) {
             "type 8,type 8,type 6,type 9,");
 }
 
+TEST_F(Window, GivesTheCursorBackWhenItDies) {
+  auto* const dying = new CWindowWidget(Desktop(), {300, 300, 200, 150}, false, "", {});
+  Move({300, 370});
+  EXPECT_EQ(Cursor(), "type 6");
+  delete dying;
+  EXPECT_EQ(Cursor(), "type 1");
+}
+
 TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
   EXPECT_EQ(Dragged({100, 170}, {90, 999}), (Rect{90, 100, 210, 150}));
   EXPECT_EQ(Dragged({299, 170}, {309, 0}), (Rect{100, 100, 210, 150}));
