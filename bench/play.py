@@ -104,7 +104,7 @@ def measure(screen, game, games, goals):
     screen.focus(game.window)
     memory = play_on(game, games)
     growth = abs(100 * memory[-1] / memory[0] - 100)
-    goals.tell(f"memory after game {games} against game 1, apart", growth, 1, "%")
+    goals.tell(f"memory after game {games} against game 1, apart", growth, 1, "%", limit=2)
 
 
 def main():
