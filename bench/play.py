@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """Measures the real program under a virtual display: start, processor, frames, memory.
 
-Usage: bench/play.py [--games N]     (N games to compare the memory over, 10 by default)
+Usage: bench/play.py [--games N] [--results FILE]
 
+Compares the memory over N games, 10 by default. FILE is for limits.py.
 Needs build/release/brumble and the packages that ./check installs.
 """
 import argparse
@@ -17,6 +18,7 @@ from Xlib.ext import damage  # noqa: E402
 
 from display import Display  # noqa: E402
 from game import Game, fit, load_picture  # noqa: E402
+from goals import Goals  # noqa: E402
 
 
 def resident_kib(pid):
@@ -47,11 +49,13 @@ def start_milliseconds(screen):
         return (time.monotonic() - game.started) * 1000
 
 
-def share_of_a_core(game, seconds=10):
-    before, began = game.processor_seconds(), time.monotonic()
+def load(game, seconds=10):
+    """The share of a core, in per cent, and the wake-ups of each thread in a second."""
+    used, rested, began = game.processor_seconds(), game.rests(), time.monotonic()
     time.sleep(seconds)
-    used = game.processor_seconds() - before
-    return 100 * used / (time.monotonic() - began)
+    used, rests = game.processor_seconds() - used, game.rests() - rested
+    passed = time.monotonic() - began
+    return 100 * used / passed, [count / passed for count in rests.values()]
 
 
 def frame_intervals(screen, game, count=300):
@@ -84,28 +88,37 @@ def play_on(game, games):
     return memory
 
 
+def measure(screen, game, games, goals):
+    game.start_playing()
+    game.point_at(300, 300)
+    used, wakes = load(game)
+    goals.tell("processor in play", used, 2.3, "% of a core", limit=15)
+    goals.tell("wake-ups in play", sum(wakes), 350, "a second")
+    print("  by thread:", ", ".join(f"{count:.0f}" for count in wakes))
+    intervals = frame_intervals(screen, game)
+    goals.tell("frames apart, median", statistics.median(intervals), 17.5, "ms")
+    goals.tell("frames apart, 95 of 100", intervals[len(intervals) * 95 // 100], 19, "ms")
+    goals.tell("memory in play", resident_kib(game.process.pid) / 1024, 60, "MiB")
+    screen.focus(screen.open_other())
+    goals.tell("processor without focus", load(game)[0], used, "% of a core")
+    screen.focus(game.window)
+    memory = play_on(game, games)
+    growth = abs(100 * memory[-1] / memory[0] - 100)
+    goals.tell(f"memory after game {games} against game 1, apart", growth, 1, "%", limit=2)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("--games", type=int, default=10)
-    games = parser.parse_args().games
+    parser.add_argument("--results", type=pathlib.Path)
+    options = parser.parse_args()
+    goals = Goals()
     with Display() as screen:
         starts = [start_milliseconds(screen) for _ in range(5)]
-        print(f"start to title: {statistics.median(starts):.0f} ms (at most 400)")
+        goals.tell("start to title", statistics.median(starts), 400, "ms")
         with Game(screen) as game:
-            game.start_playing()
-            game.point_at(300, 300)
-            print(f"processor in play: {share_of_a_core(game):.1f} % of a core (at most 15)")
-            intervals = frame_intervals(screen, game)
-            print(f"frames: {intervals[len(intervals) // 20]:.1f} to "
-                  f"{intervals[-len(intervals) // 20]:.1f} ms apart (5th to 95th percentile)")
-            print(f"memory in play: {resident_kib(game.process.pid) / 1024:.1f} MiB (at most 60)")
-            screen.run("xdotool", "windowminimize", str(game.window.id))
-            time.sleep(0.5)
-            print(f"processor without focus: {share_of_a_core(game):.1f} % (no more than in play)")
-            screen.run("xdotool", "windowactivate", "--sync", str(game.window.id))
-            memory = play_on(game, games)
-            print(f"memory after game {games} against game 1: {100 * memory[-1] / memory[0] - 100:+.2f} %"
-                  " (within 1)")
+            measure(screen, game, options.games, goals)
+    goals.write(options.results)
 
 
 if __name__ == "__main__":

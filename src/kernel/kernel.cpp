@@ -8,11 +8,6 @@
 #include <algorithm>
 
 namespace vask {
-namespace {
-
-constexpr int kLongestFrameSleep = 100;  // milliseconds
-
-}  // namespace
 
 void CKernel::CWindowFocusHandler::OnResize(int, int) {}
 
@@ -74,8 +69,15 @@ void CKernel::RestAfterFrame() {
     platform::YieldTimeSlice();
   }
   myFrameSleep = std::clamp(myFrameSleep, 0, kLongestFrameSleep);
-  platform::SleepMilliseconds(static_cast<unsigned>(myFrameSleep));
+  platform::SleepMilliseconds(static_cast<unsigned>(NextSleep()));
+  mySleepLimit = kLongestFrameSleep;
 }
+
+void CKernel::SleepAtMost(int milliseconds) {
+  mySleepLimit = std::clamp(milliseconds, 0, mySleepLimit);
+}
+
+int CKernel::NextSleep() const { return std::min(myFrameSleep, mySleepLimit); }
 
 void CKernel::StartTask(CTask* task, CConsoleParams* params) {
   if (myKillsAll) {

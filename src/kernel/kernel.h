@@ -56,8 +56,14 @@ class CKernel : public CStaticSingleton<CKernel> {
   // Milliseconds slept at the end of each frame, 0 to 100: the console variable
   // "kernel_frame_sleep".
   int& FrameSleep() { return myFrameSleep; }
+  // Shortens the sleep at the end of this frame to so many milliseconds, as a task is due then.
+  void SleepAtMost(int milliseconds);
+  // What the sleep at the end of this frame has come to.
+  int NextSleep() const;
 
  private:
+  static constexpr int kLongestFrameSleep = 100;  // milliseconds
+
   struct SRunsEarlier {
     bool operator()(const CTask* a, const CTask* b) const { return a->IsLessThan(b); }
   };
@@ -88,6 +94,7 @@ class CKernel : public CStaticSingleton<CKernel> {
   bool myRunFakeThreads = true;
   CTaskTimedTasks myTimedTasks;
   int myFrameSleep = 0;
+  int mySleepLimit = kLongestFrameSleep;  // of this frame
   CTasksInHook<CTask> myTasksInHook;
   bool myKillsAll = false;
   std::uint64_t myFrame = 0;

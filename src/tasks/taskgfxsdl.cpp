@@ -7,6 +7,7 @@
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
+#include "kernel/kernel.h"
 
 namespace vask {
 
@@ -38,8 +39,13 @@ bool CTaskGfxSDL::Start() {
 }
 
 void CTaskGfxSDL::Update() {
+  if (myScreen == nullptr) {
+    return;
+  }
   const unsigned now = myFrameTimer.GetTime();
-  if (myScreen == nullptr || now - myLastFrame < myFrameInterval) {
+  const unsigned passed = now - myLastFrame;
+  if (passed < myFrameInterval) {
+    CKernel::GetSingletonPtr()->SleepAtMost(static_cast<int>(myFrameInterval - passed));
     return;
   }
   if (IsScreenStale()) {

@@ -165,6 +165,8 @@ std::string CTaskWindowSDL::InitVideo() {
   ChooseDriver();
   if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != -1) {
     QuitSdlAtExit();
+    // Nothing here uses SDL's timers, for whose sake a thread would wake every millisecond.
+    SDL_QuitSubSystem(SDL_INIT_TIMER);
     if (sdl::GetDriverName() == "x11") {
       platform::EndWithDisplay();
     }

@@ -1,5 +1,6 @@
 # The real program, started in a copy of runtime/ and watched from outside.
 
+import collections
 import contextlib
 import functools
 import os
@@ -93,13 +94,15 @@ class Game(Scoped):
     def settle(self):
         self.screen.settle()
         # Each frame ends with a rest; a few come from waiting for the display.
-        before = self.rests()
-        wait_for(lambda: self.rests() > before + 100, "some frames")
+        main, before = self.process.pid, self.rests()
+        wait_for(lambda: self.rests()[main] > before[main] + 30, "some frames")
 
-    # How often the program has given the processor away of its own will.
+    # How often each of its threads has given the processor away of its own will.
     def rests(self):
-        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
-        return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status)[1])
+        tasks = pathlib.Path(f"/proc/{self.process.pid}/task").iterdir()
+        return collections.Counter({
+            int(task.name): int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)",
+                                          (task / "status").read_text())[1]) for task in tasks})
 
     # What the program, or its main thread alone, has used of a core so far.
     def processor_seconds(self, thread=""):
@@ -206,7 +209,8 @@ class Stepper(Game):
     FRAME = 17  # milliseconds of play: the next one is drawn then
 
     def __init__(self, screen=None, build="release", lines="", **how):
-        super().__init__(screen, build, lines + "\nstarttask(stepper, stepper, 1)", **how)
+        super().__init__(
+            screen, build, lines + "\nkernel_frame_sleep = 0\nstarttask(stepper, stepper, 1)", **how)
         self.clock = 0
 
     def send(self, line):
@@ -260,8 +264,7 @@ def headless(program, orders, environment={}, scores=""):
         (runtime / "autoexec.txt").write_text(script)
         (runtime / "scores.txt").write_text(scores)
 
-    run = Stepper(lines="kernel_frame_sleep = 0", prepare=prepare,
-                  environment={"SDL_VIDEODRIVER": "dummy", **environment})
+    run = Stepper(prepare=prepare, environment={"SDL_VIDEODRIVER": "dummy", **environment})
     run.executable = pathlib.Path(program).resolve()
     with run:
         output, _ = run.process.communicate("\n".join([*orders, ""]).encode(), WHOLE_SOAK)

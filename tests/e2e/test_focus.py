@@ -6,9 +6,9 @@ from case import GameTest
 from game import find_kitten
 
 
-# A program that never rests takes a whole core. Neither bound depends on how fast or busy the
-# machine is: a rest comes after the work of a frame at most, and lasts a millisecond. Both are
-# about the main thread; the compatibility library may draw in others.
+# A program that never rests takes a whole core, and a thread that wakes every millisecond keeps it
+# from sleeping. Neither bound depends on how busy the machine is: the main thread rests after the
+# work of a frame at most, and for some milliseconds.
 class Focus(GameTest):
     def test_play_stands_still_without_it_and_rests_with_and_without(self):
         screen, game = self.start()
@@ -33,9 +33,11 @@ class Focus(GameTest):
         self.assert_rests("play")
 
     def assert_rests(self, where):
-        game, thread = self.game, f"task/{self.game.process.pid}"
-        used, rested, began = game.processor_seconds(thread), game.rests(), time.monotonic()
+        game, main = self.game, self.game.process.pid
+        used, rested, began = game.processor_seconds(f"task/{main}"), game.rests(), time.monotonic()
         game.let_pass(2)
-        used, rests = game.processor_seconds(thread) - used, game.rests() - rested
-        self.assertLess(used / rests, 0.001, f"{where}: work for a rest")
-        self.assertLess(rests / (time.monotonic() - began), 2000, f"{where}: rests a second")
+        used = game.processor_seconds(f"task/{main}") - used
+        rests = game.rests() - rested
+        self.assertLess(used / rests[main], 0.003, f"{where}: work for a rest")
+        busiest = max(rests.values()) / (time.monotonic() - began)
+        self.assertLess(busiest, 700, f"{where}: how often a thread rests in a second")

@@ -263,6 +263,11 @@ TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
   EXPECT_GE(rest, std::chrono::milliseconds(100));
   EXPECT_LT(rest, std::chrono::milliseconds(5000));
   EXPECT_EQ(Kernel().FrameSleep(), 100);
+  Kernel().SleepAtMost(3);
+  Kernel().SleepAtMost(50);
+  EXPECT_EQ(Kernel().NextSleep(), 3);
+  RunFrames({});
+  EXPECT_EQ(Kernel().NextSleep(), 100) << "the limit was for one frame";
 }
 
 // Writes its letter down when it runs, and "~" and its letter when it is deleted.

@@ -3,6 +3,7 @@
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
+#include "kernel/kernel.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
@@ -39,7 +40,11 @@ struct GfxTask : testing::Test {
 TEST_F(GfxTask, FramesAreAtLeast16MillisecondsApart) {
   EXPECT_TRUE(myTask.Start());
   EXPECT_TRUE(DrawsFrame(0)) << "the first one at once";
+  CKernel& kernel = *CKernel::GetSingletonPtr();
+  kernel.FrameSleep() = 8;
+  EXPECT_EQ(kernel.NextSleep(), 8);
   EXPECT_FALSE(DrawsFrame(15));
+  EXPECT_EQ(kernel.NextSleep(), 1) << "no longer than to the next one";
   EXPECT_TRUE(DrawsFrame(1));
   EXPECT_FALSE(DrawsFrame(15)) << "from the last one on";
   EXPECT_TRUE(DrawsFrame(100));
