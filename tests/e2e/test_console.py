@@ -67,7 +67,7 @@ class DeveloperConsole(GameTest):
         screen.tap("k")
         game.wait_for_log(FIRED, times=2)
 
-    def test_keys_with_other_names(self):
+    def test_the_key_under_escape_opens_it_in_any_layout(self):
         for library in libraries():
             with self.subTest(library):
                 screen, game = self.start(lines="keyboard::bind(p, stoptask(mark))",

@@ -6,9 +6,7 @@ from case import GameTest
 from game import find_kitten
 
 
-# A program that never rests takes a whole core. Neither bound depends on how fast or busy the
-# machine is: a rest comes after the work of a frame at most, and lasts a millisecond. Both are
-# about the main thread; the compatibility library may draw in others.
+# Play with a window that has the focus, loses it to another, and gets it back.
 class Focus(GameTest):
     def test_play_stands_still_without_it_and_rests_with_and_without(self):
         screen, game = self.start()
@@ -32,6 +30,9 @@ class Focus(GameTest):
         game.wait_for(lambda: find_kitten(game.picture()) != find_kitten(frozen), "motion")
         self.assert_rests("play")
 
+    # A program that never rests takes a whole core. Neither bound depends on how fast or busy the
+    # machine is: a rest comes after the work of a frame at most, and lasts a millisecond. Both are
+    # about the main thread; the compatibility library may draw in others.
     def assert_rests(self, where):
         game, thread = self.game, f"task/{self.game.process.pid}"
         used, rested, began = game.processor_seconds(thread), game.rests(), time.monotonic()

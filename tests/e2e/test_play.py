@@ -1,11 +1,11 @@
-# Two whole games in one run, played with a real pointer, and with a clock that waits for it.
+# Whole games, played with a real pointer, and with a clock that waits for it.
 
 from case import GameTest
 from game import WHOLE_GAME, Stepper, find_kitten
 
 
 class Play(GameTest):
-    def test_two_games(self):
+    def test_a_kitten_spins_and_another_game_follows(self):
         screen, game = self.start(kind=Stepper)
         game.start_playing()
         game.wait_for(self.spin_a_kitten, "a spin", WHOLE_GAME)
