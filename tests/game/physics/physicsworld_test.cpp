@@ -9,11 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 namespace brumble {
 
