@@ -1,9 +1,6 @@
 #pragma once
 
-#include "support/paths.h"
-
-#include <fstream>
-#include <string>
+#include "support/files.h"
 
 namespace vask::test {
 

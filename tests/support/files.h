@@ -1,13 +1,14 @@
 #pragma once
 
-#include "support/paths.h"
-
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 
 namespace vask::test {
+
+// The full path of a file or folder of the source tree, such as "runtime/data".
+std::string SourcePath(const std::string& name);
 
 // All that is in the file; empty without one.
 inline std::string FileText(const std::filesystem::path& file) {

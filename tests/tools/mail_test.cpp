@@ -1,8 +1,8 @@
 #include "tools/mail.h"
 
 #include "kernel/applicationfactory.h"
+#include "support/files.h"
 #include "support/logcapture.h"
-#include "support/paths.h"
 #include "tools/assertmail.h"
 
 #include <gtest/gtest.h>
