@@ -7,7 +7,6 @@
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
-#include "support/docexample.h"
 #include "support/files.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"

@@ -58,12 +58,11 @@ class CWorldTest : public testing::Test,
   }
   void OnDoorOpened() override { myLog += "opened; "; }
   void OnDoorClosed() override { myLog += "closed; "; }
-  void OnKittenInHell(int index) override { Add("hell", index); }
+  void OnKittenInHell(int index) override { myLog += "hell " + std::to_string(index) + "; "; }
   void OnKittenInOven(int index) override {
-    Add("oven", index);
+    myLog += "oven " + std::to_string(index) + "; ";
     AddKitten(0.0F, -40.0F);
   }
-  void Add(const char* end, int index) { myLog += end + (" " + std::to_string(index)) + "; "; }
 
   std::vector<CPhysicsBody>& Bodies() { return CPhysicsWorldPeer::Bodies(*myWorld); }
   // A kitten at rest.
