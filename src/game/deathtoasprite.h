@@ -9,8 +9,6 @@ namespace brumble {
 
 // Removes a sprite from the screen after a while: a cooperative thread that starts itself and is
 // deleted when its time is up.
-//
-//     CDeathToASprite::TakeOver(sign, 2100);
 class CDeathToASprite : public vask::CFakeThread, public vask::CAutoList<CDeathToASprite> {
  public:
   CDeathToASprite(vask::CSpritePtr sprite, unsigned lifetimeMs);

@@ -33,10 +33,7 @@
 #include <SDL.h>
 
 #include <iostream>
-#include <optional>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -59,7 +59,7 @@ class Dialog(GameTest):
     def start(self, **how):
         return super().start(kind=Asserter, **how)
 
-    def test_each_button(self):
+    def test_each_button_does_what_it_says(self):
         screen, game = self.start()
         self.assertEqual(game.fail("fail"), (350, 290))
         self.assertEqual(game.dialog.get_wm_class()[1], "CAssertError")
@@ -98,7 +98,7 @@ class Dialog(GameTest):
             screen.click(5)
         game.wait_for_text("numbers < 0")
 
-    def test_mail(self):
+    def test_the_mail_has_what_was_typed(self):
         screen, game = self.start()
         server = subprocess.Popen([ROOT / "tests/support/mailserver.py"], stdout=subprocess.PIPE,
                                   text=True)
@@ -117,7 +117,7 @@ class Dialog(GameTest):
         game.wait_for_text("Error couldn't connect to host localhost ")
         game.close("Continue")
 
-    def test_debugger(self):
+    def test_the_debug_button_stops_in_a_debugger(self):
         ptrace = ctypes.CDLL(None).ptrace
         seize, detach = 0x4206, 17
         _, game = self.start()
@@ -155,11 +155,11 @@ class Dialog(GameTest):
                 self.assertEqual(report.count(text), 1, report)
             self.assertEqual(report.count(reason), 2, report)
 
-    def test_without_a_display(self):
+    def test_without_a_display_it_is_only_reported(self):
         with Asserter() as game:
             self.fail_without(game, "there is no display", game.order)
 
-    def test_without_the_connection(self):
+    def test_a_lost_connection_is_only_reported(self):
         def fail(command):
             game.fail(command)
             game.dialog.kill_client()

@@ -6,9 +6,7 @@ from case import GameTest
 from game import find_kitten
 
 
-# A program that never rests takes a whole core, and a thread that wakes every millisecond keeps it
-# from sleeping. Neither bound depends on how busy the machine is: the main thread rests after the
-# work of a frame at most, and for some milliseconds.
+# Play with a window that has the focus, loses it to another, and gets it back.
 class Focus(GameTest):
     def test_play_stands_still_without_it_and_rests_with_and_without(self):
         screen, game = self.start()
@@ -32,6 +30,9 @@ class Focus(GameTest):
         game.wait_for(lambda: find_kitten(game.picture()) != find_kitten(frozen), "motion")
         self.assert_rests("play")
 
+    # A program that never rests takes a whole core, and a thread that wakes every millisecond keeps
+    # it from sleeping. Neither bound depends on how busy the machine is: the main thread rests after
+    # the work of a frame at most, and for some milliseconds.
     def assert_rests(self, where):
         game, main = self.game, self.game.process.pid
         used, rested, began = game.processor_seconds(f"task/{main}"), game.rests(), time.monotonic()

@@ -32,7 +32,7 @@ class Keys(GameTest):
             self.screen.tap(keys[-1])
 
     # The key for the end is one that the player's own script binds, as the console page shows.
-    def test_full_screen_size_and_own_lines(self):
+    def test_full_screen_comes_back_and_own_lines_bind_keys(self):
         own = re.search(r"\n    (keyboard::bind\(q, .*)", (ROOT / "docs/console.md").read_text())[1]
         _, game = self.start(prepare=lambda runtime: (runtime / "user.txt").write_text(own))
         game.wait_for_title()
@@ -50,7 +50,7 @@ class Keys(GameTest):
         self.press("q")
         game.wait_for_end()
 
-    def test_music_and_pause_and_effects_alone(self):
+    def test_m_stops_the_music_and_p_the_play(self):
         _, game = self.start(environment=Recorder.ENVIRONMENT)
         game.wait_for_title()
         recorder = Recorder(game)

@@ -96,11 +96,11 @@ class Launcher(unittest.TestCase):
             self.assertEqual(pathlib.Path(report.folder).parent, temporary, number)
             self.assertEqual(list(temporary.iterdir()), [], number)
 
-    def test_options(self):
+    def test_other_options_show_the_usage(self):
         for arguments, status in ((["--help"], 0), (["--fullscreen"], 2), (["--help", "x"], 2), ([""], 2)):
             self.assertIn("Usage: brumble", self.run_it(*arguments, status=status), arguments)
 
-    def test_the_environment(self):
+    def test_folders_and_display_follow_the_environment(self):
         elsewhere, own = str(self.folder / "else where"), str(self.own)
         for given, folder in ((elsewhere, elsewhere + "/brumble"), ("relative", own), ("", own)):
             self.assertEqual(self.report(XDG_DATA_HOME=given).folder, folder, given)

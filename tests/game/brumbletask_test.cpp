@@ -1,8 +1,8 @@
 #include "game/brumbletask.h"
 
+#include "events/eventrecorder.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
-#include "game/physics/physicsgfxbridge.h"
 #include "gfx/animation/animatedsprite.h"
 #include "ui/desktopwidget.h"
 
@@ -16,15 +16,8 @@ using Ui = CBrumbleTaskImpl::CBrumbleInGameUi;
 constexpr int kLeft = vask::kLeftButton, kMiddle = vask::kMiddleButton;
 constexpr int kHelp = Ui::kHelpOrGameOver;
 
-class TaskTest : public test::GameTaskTest, public vask::IMouseHardware {
+class TaskTest : public test::GameTaskTest {
  protected:
-  TaskTest() { vask::CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
-  ~TaskTest() override { vask::CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
-  void ShowCursor() override { isCursorShown = true; }
-  void HideCursor() override { isCursorShown = false; }
-  void ChangeCursor(int) override {}
-  void GrabInput(bool) override {}
-
   static std::string Frontmost() {
     return vask::CScreenLayer::GetSingletonPtr()->GetChildren().front()->GetName();
   }
@@ -33,7 +26,7 @@ class TaskTest : public test::GameTaskTest, public vask::IMouseHardware {
   // How many steps the last body, a kitten that falls freely, has made; the air hardly counts.
   long Steps() const { return std::lround(Bodies().back().vy / (9.83F * 0.015F)); }
 
-  bool isCursorShown = false;
+  vask::test::CNotingHardware cursor;
 };
 
 TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
@@ -60,19 +53,19 @@ TEST_F(TaskTest, ScreensFollowTheLeftButtonAndFreezeTheWorld) {
     }
     Click(c.button);
     EXPECT_EQ(Screen(), c.screen);
-    EXPECT_EQ(isCursorShown, c.screen != 0);
+    EXPECT_EQ(cursor.last, c.screen != 0 ? "show" : "hide");
     EXPECT_EQ(test::Shown("data/gfx/" + c.shown + ".xml").size(), 1U);
     EXPECT_TRUE(test::Shown("data/gfx/" + c.gone + ".xml").empty()) << c.gone;
     task.ExecuteCommand("");
     task.Pause();
-    EXPECT_TRUE(isCursorShown);
+    EXPECT_EQ(cursor.last, "show");
     EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
     task.Resume();
-    EXPECT_FALSE(isCursorShown);
+    EXPECT_EQ(cursor.last, "hide");
     EXPECT_TRUE(test::Shown("data/gfx/paused.xml").empty());
     Frame(6);
     EXPECT_EQ(Steps(), c.screen == 0 ? 1 : 0);
-    isCursorShown = c.screen != 0;
+    cursor.last = c.screen != 0 ? "show" : "hide";
   }
   EXPECT_EQ(GameState().kittensLeft, 10) << "a new game";
   EXPECT_EQ(ToScreenPixel({1.0F, 2.0F}), (SScreenPoint{406, 312}));
@@ -93,7 +86,7 @@ TEST_F(TaskTest, NoTimeOfTheGamePassesInAPauseAlsoOneThatBeganOnTheTitle) {
   task.Pause();
   Click();
   Click();
-  EXPECT_TRUE(isCursorShown);
+  EXPECT_EQ(cursor.last, "show");
   EXPECT_EQ(Frontmost(), "data/gfx/paused.xml");
   for (const int kittens : {0, 0, 0, 1}) {
     Frame(5000);

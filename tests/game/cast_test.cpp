@@ -7,7 +7,6 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/text/textsprite.h"
 
-#include <algorithm>
 #include <numeric>
 
 namespace brumble {
@@ -23,13 +22,12 @@ class Cast : public test::GameTest {
   }
   // Where sprites of that file are, and what they play, in the order of the text.
   static std::string Describe(const std::string& file) {
-    std::vector<std::string> texts;
+    std::multiset<std::string> texts;
     for (vask::CSprite* sprite : Shown(file)) {
       const auto* animated = dynamic_cast<vask::CAnimatedSprite*>(sprite);
-      texts.push_back(test::PlaceOf(*sprite) +
-                      (animated != nullptr ? " " + animated->GetAnimationName() : "") + "; ");
+      texts.insert(test::PlaceOf(*sprite) +
+                   (animated != nullptr ? " " + animated->GetAnimationName() : "") + "; ");
     }
-    std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
   }
   // Where numbers stand, and what they show.

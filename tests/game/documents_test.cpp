@@ -1,4 +1,5 @@
-// The documents of those who change the game: examples that run, and nothing left out.
+// What stands beside the code. The documents: their examples run, and nothing is left out. The
+// files: the shipped ones are whole, and pipes are left alone.
 
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
@@ -7,74 +8,106 @@
 #include "kernel/application.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/tasklibraries.h"
-#include "support/docexample.h"
 #include "support/files.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
+#include "utils/inputfile.h"
+#include "utils/outputfile.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <regex>
 #include <sstream>
 
-namespace brumble {
+namespace vask::test {
 namespace {
 
 std::string Written(const std::string& file) {
   std::ostringstream text;
-  vask::WriteXml(*vask::ReadXmlFile(file), text);
+  WriteXml(*ReadXmlFile(file), text);
   return text.str();
 }
 
 // What the engine makes of an example, it writes again: no element is misspelt, or read as nothing.
 TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
-  const vask::test::CTestScreen screen(80, 60);
-  const vask::test::CLogCapture log;
-  const vask::test::CDataFolder data;
+  const CTestScreen screen(80, 60);
+  const CLogCapture log;
+  const CDataFolder data;
   for (const char* kind : {"Sprites", "Animated sprites", "Text sprites", "The sprite table"}) {
-    vask::test::WriteFile("example.xml", vask::test::DocExample(kind));
+    WriteFile("example.xml", DocExample(kind));
     if (std::string(kind) == "The sprite table") {
-      CGfxFactory table;
+      brumble::CGfxFactory table;
       table.Load("example.xml", "");
-      vask::SaveXml(table, "written.xml", "GfxFactory");
+      SaveXml(table, "written.xml", "GfxFactory");
     } else {
-      const vask::CSpritePtr sprite(vask::CSpriteFactory::GetSingletonPtr()->Load("example.xml"));
-      vask::SaveXml(*sprite, "written.xml", "Sprite");
+      const CSpritePtr sprite(CSpriteFactory::GetSingletonPtr()->Load("example.xml"));
+      SaveXml(*sprite, "written.xml", "Sprite");
     }
     EXPECT_EQ(Written("written.xml"), Written("example.xml")) << kind;
   }
-  vask::test::WriteFile("example.ogf", vask::test::DocExample("Fonts"));
-  EXPECT_TRUE(vask::LoadFont("example.ogf")->HasGlyphs());
+  WriteFile("example.ogf", DocExample("Fonts"));
+  EXPECT_TRUE(LoadFont("example.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
 }
 
 TEST(Documents, LinesOfTheLanguageReturnWhatThePageSays) {
-  const vask::CApplication application;
-  const std::string example = vask::test::DocExample("The language", "console.md");
+  const CApplication application;
+  const std::string example = DocExample("The language", "console.md");
   EXPECT_NE(example, "");
   std::istringstream lines(example);
   for (std::string line; std::getline(lines, line);) {
-    std::string result =
-        vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    std::string result = CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
     std::ranges::replace(result, '\n', ' ');
-    EXPECT_EQ(vask::Trim(result), vask::Trim(line.substr(line.find("//") + 2))) << line;
+    EXPECT_EQ(Trim(result), Trim(line.substr(line.find("//") + 2))) << line;
   }
 }
 
 TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
-  const vask::CApplication application;
-  const vask::test::CTestScreen screen(8, 6);
-  vask::CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");
-  const vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
+  const CApplication application;
+  const CTestScreen screen(8, 6);
+  CTaskLibraries::GetSingletonPtr()->Load("sdl_mixer");
+  const CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
   std::vector<std::string> names = console.GetCommandNames();
   std::ranges::copy(console.GetVariableNames(), std::back_inserter(names));
-  const std::string page = vask::test::FileText(vask::test::SourcePath("docs/console.md"));
+  const std::string page = FileText(SourcePath("docs/console.md"));
   for (const std::string& name : names) {
     EXPECT_TRUE(std::regex_search(page, std::regex("`" + name + "[`(]"))) << name;
   }
 }
 
+// Every sprite file has its picture, and nothing is reported.
+TEST(ShippedFiles, AreWhole) {
+  const CDataFolder data;
+  const CTestScreen screen(80, 60);
+  const CLogCapture log;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator("data/")) {
+    const std::string file = entry.path();
+    if (file.ends_with(".xml") && !file.ends_with("gfx_resources.xml")) {
+      EXPECT_FALSE(CSpritePtr(CSpriteFactory::GetSingletonPtr()->Load(file))->IsEmpty()) << file;
+    }
+  }
+  EXPECT_TRUE(LoadFont("data/gfx/numbers.ogf")->HasGlyphs());
+  EXPECT_EQ(log.Text(), "");
+}
+
+// Reading a pipe without a writer would wait for ever, as would writing to one without a reader.
+TEST(Pipes, AreNeitherReadNorWritten) {
+  const CTestScreen screen(80, 60);
+  ASSERT_EQ(mkfifo("pipe.png", 0600), 0);
+  EXPECT_FALSE(OpenInputFile("pipe.png").is_open());
+  EXPECT_TRUE(Gfx::ImagePtr(Gfx::LoadImage("pipe.png", Gfx::kMagenta))->IsEmpty());
+  const int reader = open("pipe.png", O_RDONLY | O_NONBLOCK);  // to look
+  OpenOutputFile("pipe.png") << "text";
+  CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile("pipe.png");
+  char written = 0;
+  EXPECT_EQ(read(reader, &written, 1), 0);
+  close(reader);
+}
+
 }  // namespace
-}  // namespace brumble
+}  // namespace vask::test

@@ -3,7 +3,6 @@
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
 #include "platform/wallclock.h"
-#include "support/docexample.h"
 #include "support/fakeclock.h"
 #include "support/files.h"
 #include "support/logcapture.h"

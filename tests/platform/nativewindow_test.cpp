@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 // Last: the macros of X would spoil the other headers.
 #include "platform/errorguard.h"

@@ -1,7 +1,7 @@
 // The entry point of the test programs: without a display or a sound device, and in a folder of its
 // own for each run, so that tests run side by side and leave nothing behind.
 
-#include "support/paths.h"
+#include "support/files.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
-#include <string>
 
 namespace vask::tester {
 namespace {

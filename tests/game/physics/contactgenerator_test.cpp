@@ -3,22 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 #include <sstream>
 
 namespace brumble {
 namespace {
 
 CPhysicsBody Box(float x, float y, float halfWidth, float halfHeight, float angle = 0.0F) {
-  CPhysicsBody box;
-  box.shape = kBox;
-  box.halfWidth = halfWidth;
-  box.halfHeight = halfHeight;
-  box.x = x;
-  box.y = y;
-  box.angle = angle;
-  box.kind = kDynamic;
-  return box;
+  return {.shape = kBox,
+          .halfWidth = halfWidth,
+          .halfHeight = halfHeight,
+          .x = x,
+          .y = y,
+          .angle = angle,
+          .bridge = {}};
 }
 CPhysicsBody Disc(float x, float y, float radius) {
   CPhysicsBody disc = Box(x, y, radius, radius);

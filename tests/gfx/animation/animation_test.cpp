@@ -67,8 +67,10 @@ class Animation : public testing::Test {
     return sprite;
   }
   static void Update(const Times& times, unsigned start = 0) {
-    for (const unsigned time : times) {
-      CAnimationUpdator::GetSingletonPtr()->Update(start + time);
+    for (unsigned time : times) {
+      time += start;
+      CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
+      updator.Update(time);  // once a frame
     }
   }
   // Updates at each time and lists what is shown then.
@@ -252,28 +254,18 @@ TEST_F(Animator, MaskersMoveAndFade) {
 }
 
 TEST_F(Animator, UpdatesMayDeleteAnimatorsAndSprites) {
-  auto first = std::make_unique<CSprite>();
-  auto second = std::make_unique<CSprite>();
-  std::string log;
-  const auto add = [&](CSprite* sprite, char name, const std::function<void()>& action) {
-    const auto note = [&log, name, action](float) {
-      log += name;
-      action();
-    };
-    return new CExternalAnimator(new CProbe(sprite, note), 9, "", false);
-  };
+  auto first = std::make_unique<CSprite>(), second = std::make_unique<CSprite>();
   CExternalAnimator* self = nullptr;
-  add(nullptr, 'a', [&] { second.reset(); });
-  add(second.get(), 'x', [] {});
-  add(first.get(), 'b', [&] { first.reset(); });  // and with it its own place in the list
-  self = add(nullptr, 'c', [&] { delete self; });
-  add(nullptr, 'd', [] {});
-
-  for (const unsigned time : {1U, 2U, 3U}) {
-    CAnimationUpdator& updator = CAnimationUpdator::GetSingleton();
-    updator.Update(time);  // once a frame
-  }
-  EXPECT_EQ(log, "abcadad") << "who deletes itself ends the walk";
+  const auto add = [](CSprite* sprite, const Action& action) {
+    return new CExternalAnimator(new CProbe(sprite, action), 9, "", false);
+  };
+  add(nullptr, [&](float) { second.reset(); });
+  add(second.get(), [](float) { ADD_FAILURE() << "its sprite is dead"; });
+  add(first.get(), [&](float) { first.reset(); });  // and with it its own place in the list
+  self = add(nullptr, [&](float) { delete self; });
+  Start(9);
+  Update({1, 2, 3});
+  EXPECT_EQ(myValues.size(), 2U) << "who deletes itself ends the walk";
 }
 
 }  // namespace

@@ -228,7 +228,6 @@ TEST(LotsAText, KeepsItsPlaceInAGrowingText) {
   };
   EXPECT_EQ(askedAt(4, 0), "-16,30");
   EXPECT_EQ(askedAt(25, -2), "3,30");
-  EXPECT_EQ(askedAt(45, 0), "3,30");
   EXPECT_EQ(askedAt(50, 30), "30,30");
   EXPECT_EQ(askedAt(55, 0), "35,30");
   EXPECT_EQ(askedAt(1200000, -1000), "1198980,30");

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 #include <sstream>
-#include <string>
 
 namespace vask {
 namespace {

@@ -1,6 +1,5 @@
 #include "utils/signalslot/signal.h"
 
-#include "support/docexample.h"
 #include "support/files.h"
 #include "support/logcapture.h"
 #include "utils/containers/varref.h"
