@@ -7,6 +7,7 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/text/textsprite.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace brumble {
@@ -22,12 +23,13 @@ class Cast : public test::GameTest {
   }
   // Where sprites of that file are, and what they play, in the order of the text.
   static std::string Describe(const std::string& file) {
-    std::multiset<std::string> texts;
+    std::vector<std::string> texts;
     for (vask::CSprite* sprite : Shown(file)) {
       const auto* animated = dynamic_cast<vask::CAnimatedSprite*>(sprite);
-      texts.insert(test::PlaceOf(*sprite) +
-                   (animated != nullptr ? " " + animated->GetAnimationName() : "") + "; ");
+      texts.push_back(test::PlaceOf(*sprite) +
+                      (animated != nullptr ? " " + animated->GetAnimationName() : "") + "; ");
     }
+    std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
   }
   // Where numbers stand, and what they show.

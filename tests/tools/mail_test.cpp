@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 using Answers = std::vector<std::string>;
 
 const std::string kOk = "250 ok\r\n", kGo = "354 go\r\n", kBye = "221 bye\r\n";
-const Answers kGoodHost;  // says yes to everything
+const Answers kGoodHost = {"220 hello\r\n", kOk, kOk, kOk, kGo, kOk, kBye};
 
 // Runs the mail server's script, which describes the answers, and the client; returns what the
 // server got.
