@@ -1,15 +1,16 @@
 #!/usr/bin/python3
 # A mail server for one connection, on a free port of the loopback. Prints the port, and in the end
-# what it got. It greets with the first argument and answers each line, or the whole mail after "354",
-# with the next; then it closes and waits for the client to do so. Without any it says yes. "close"
+# what it got. Without arguments a real one. Else it greets with the first and answers each line, or
+# the whole mail after "354", with the next; then it closes and waits for the client to do so. "close"
 # closes at once, also after an answer, "hang" is silent, "drip" sends a byte every tenth of a second.
 # Nobody may use it for longer than a minute: then it is gone.
+import asyncio
 import signal
 import socket
 import sys
 import time
 
-GOOD = [f"{code} yes\r\n" for code in (220, 250, 250, 250, 354, 250, 221)]
+from aiosmtpd.smtp import SMTP
 
 signal.alarm(60)
 listener = socket.create_server(("127.0.0.1", 0))
@@ -17,7 +18,20 @@ print(listener.getsockname()[1], flush=True)
 got = []
 
 
-def serve(greeting, *answers):
+class RealServer(SMTP):
+    def __init__(self):
+        super().__init__(self, loop=loop)
+
+    async def handle_DATA(self, server, session, envelope):
+        got.append(f"{session.host_name} {envelope.mail_from} {envelope.rcpt_tos}\n".encode())
+        got.append(envelope.original_content)
+        return "250 kept"
+
+    def connection_lost(self, error):
+        loop.stop()
+
+
+def serve_badly(greeting, *answers):
     connection = listener.accept()[0]
     lines = connection.makefile("rb")
     connection.sendall(greeting.encode())
@@ -39,7 +53,12 @@ def serve(greeting, *answers):
 
 
 try:
-    serve(*(sys.argv[1:] or GOOD))
+    if sys.argv[1:]:
+        serve_badly(*sys.argv[1:])
+    else:
+        loop = asyncio.new_event_loop()
+        loop.run_until_complete(loop.create_server(RealServer, sock=listener))
+        loop.run_forever()
 except OSError as error:
     got.append(str(error).encode())
 sys.stdout.buffer.write(b"".join(got))
