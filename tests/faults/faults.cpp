@@ -17,7 +17,6 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <type_traits>
 #include <utility>
 

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <fstream>
 
 namespace vask::test {
@@ -124,6 +125,7 @@ TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
   std::ofstream("more.txt") << "starttask(loaded, more)";
   {
     CApplication application;
+    EXPECT_EQ(std::signal(SIGPIPE, SIG_DFL), SIG_IGN);
     EXPECT_EQ(application.Run(), 0);
     EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 3);
     EXPECT_EQ(theVariable, 7);

@@ -1,6 +1,7 @@
 #include "events/eventbridge.h"
 #include "gfx/text/textsprite.h"
 #include "support/fakeclock.h"
+#include "support/files.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
@@ -14,7 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <fstream>
 #include <regex>
 #include <tuple>
 
@@ -141,7 +141,7 @@ TEST_F(Debug, CommandsComplainOfWrongParameters) {
 }
 
 TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
-  std::ofstream("game.rec") << "1\n0 mm 3 4\n7 md 1\n";
+  WriteFile("game.rec", "1\n0 mm 3 4\n7 md 1\n");
   CTaskDebug other;
   other.Start();
   other.ExecuteCommand("RecordInput(copy.rec)");
@@ -151,10 +151,9 @@ TEST_F(Debug, RecordsAndPlaysBackOneAtATime) {
   CEventBridge::GetSingleton().MouseMove(5, 6, 0, 0);
   task.Exit();
   CEventBridge::GetSingleton().MouseButtonUp(1);
-  std::ostringstream records;
-  records << std::ifstream("new.rec").rdbuf() << std::ifstream("copy.rec").rdbuf();
   const std::regex seedOrTime("(^|\n)[0-9]+");
-  EXPECT_EQ(std::regex_replace(records.str(), seedOrTime, ""), " mm 5 6 mm 3 4 mm 5 6 mu 1\n");
+  EXPECT_EQ(std::regex_replace(FileText("new.rec") + FileText("copy.rec"), seedOrTime, ""),
+            " mm 5 6 mm 3 4 mm 5 6 mu 1\n");
 }
 
 }  // namespace

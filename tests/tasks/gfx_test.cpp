@@ -1,8 +1,10 @@
 #include "events/eventbridge.h"
+#include "gfx/animation/externalanimator.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
+#include "gfx/sprite/spritemasker.h"
 #include "kernel/kernel.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
@@ -51,6 +53,15 @@ TEST_F(GfxTask, FramesAreAtLeast16MillisecondsApart) {
   myBridge.FocusEvent(false);
   EXPECT_TRUE(DrawsFrame(16)) << "the pacing stood still with the application timer";
   myBridge.FocusEvent(true);
+}
+
+TEST_F(GfxTask, AFrameMovesWhatIsAnimated) {
+  EXPECT_TRUE(myTask.Start());
+  DrawsFrame(0);
+  CSprite sprite;
+  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 100, 0), 100, "", true);
+  DrawsFrame(50);
+  EXPECT_GT(sprite.GetX(), 0);
 }
 
 TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
