@@ -230,8 +230,8 @@ TEST_F(Animator, PauseDelaysTheEndAndNoDurationIsNone) {
   animator->Pause();
   Update({700});
   animator->Resume();
-  Update({1200});
-  EXPECT_EQ(myValues, (std::vector{0.4F, 0.9F}));
+  Update({1200, 9000});
+  EXPECT_EQ(myValues, (std::vector{0.4F, 0.9F, 1.0F}));
 }
 
 TEST_F(Animator, MaskersMoveAndFade) {
