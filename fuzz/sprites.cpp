@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const vask::CSpritePtr sprite = LoadSprite("input.xml");
     const std::string once = Saved(*sprite);
     const vask::CSpritePtr same = LoadSprite("output.xml");
-    vask::fuzz::Require(Saved(*same) == once);
+    vask::fuzz::Require(Saved(*same) == once || !vask::fuzz::HasOnlyPlainValues(once));
     Show(*sprite);
   }
   vask::CScreenLayer::DeleteSingleton();
