@@ -53,6 +53,7 @@ void OverPixel(std::uint32_t source, std::uint32_t* target) {
 // Four pixels at a time: a sprite is mostly runs of transparent and of opaque pixels, and one test
 // passes over four of either.
 constexpr int kStep = 4;
+constexpr int kSixteen = 16;
 constexpr int kAllBytes = 0xFFFF;
 
 __m128i Load(const std::uint32_t* pixels) {
@@ -112,8 +113,7 @@ void BlendFour(const std::uint32_t* source, std::uint32_t* target) {
 
 // As four calls of BlendFour do; one test passes over sixteen pixels of either kind.
 void BlendSixteen(const std::uint32_t* source, std::uint32_t* target) {
-  const __m128i from[] = {Load(source), Load(source + kStep), Load(source + 2 * kStep),
-                          Load(source + 3 * kStep)};
+  const __m128i from[] = {Load(source), Load(source + 4), Load(source + 8), Load(source + 12)};
   const __m128i any = _mm_or_si128(_mm_or_si128(from[0], from[1]), _mm_or_si128(from[2], from[3]));
   if (AllSet(_mm_cmpeq_epi32(_mm_srli_epi32(any, 24), _mm_setzero_si128()))) {
     return;
@@ -122,12 +122,11 @@ void BlendSixteen(const std::uint32_t* source, std::uint32_t* target) {
   const __m128i all =
       _mm_and_si128(_mm_and_si128(from[0], from[1]), _mm_and_si128(from[2], from[3]));
   const bool isOpaque = AllSet(_mm_cmpeq_epi32(_mm_and_si128(all, topByte), topByte));
-  for (int step = 0; step < 4; ++step) {
-    std::uint32_t* const onto = target + step * kStep;
+  for (int x = 0; x < kSixteen; x += kStep) {
     if (isOpaque) {
-      Store(onto, Select(topByte, Load(onto), from[step]));
+      Store(target + x, Select(topByte, Load(target + x), from[x / kStep]));
     } else {
-      BlendFour(source + step * kStep, onto);
+      BlendFour(source + x, target + x);
     }
   }
 }
@@ -219,7 +218,7 @@ const std::array<std::uint32_t, 256>& Reciprocals() {
 void BlendRow(const std::uint32_t* source, std::uint32_t* target, int count) {
   int x = 0;
 #if defined(__SSE2__)
-  for (; x + 4 * kStep <= count; x += 4 * kStep) {
+  for (; x + kSixteen <= count; x += kSixteen) {
     BlendSixteen(source + x, target + x);
   }
   for (; x + kStep <= count; x += kStep) {
