@@ -1,6 +1,8 @@
 #include "game/physics/collision.h"
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace brumble {
@@ -21,25 +23,28 @@ float ClampToHalf(float& value, float half) {
 }
 
 // The separating axis test: the axis of least penetration, counted A0, A1, B0, B1, or nothing when
-// one of them separates the boxes. Of equals the earlier one wins.
+// one of them separates the boxes. Of equals the earlier one wins. The axes of a box are at right
+// angles, so two products of axes tell all eight, but for their signs.
 std::optional<std::size_t> FindLeastPenetration(const SOrientedBox& a, const SOrientedBox& b,
                                                 SVec2 d) {
+  const float along = std::abs(Dot(a.axis[0], b.axis[0]));
+  const float across = std::abs(Dot(a.axis[0], b.axis[1]));
+  const std::array<float, 4> penetration = {
+      a.ownRadius[0] + (along * b.half.x + across * b.half.y) - std::abs(Dot(d, a.axis[0])),
+      a.ownRadius[1] + (across * b.half.x + along * b.half.y) - std::abs(Dot(d, a.axis[1])),
+      b.ownRadius[0] + (along * a.half.x + across * a.half.y) - std::abs(Dot(d, b.axis[0])),
+      b.ownRadius[1] + (across * a.half.x + along * a.half.y) - std::abs(Dot(d, b.axis[1]))};
+  // Bitwise: which axis separates can't be foretold, and half of the pairs have none.
+  if ((penetration[0] < 0.0F) | (penetration[1] < 0.0F) | (penetration[2] < 0.0F) |
+      (penetration[3] < 0.0F)) {
+    return std::nullopt;
+  }
   std::size_t best = 0;
-  float leastPenetration = 0.0F;
-  for (std::size_t number = 0; number < 4; ++number) {
-    const bool isOfA = number < 2;
-    const std::size_t k = number % 2;
-    const SVec2 u = isOfA ? a.axis[k] : b.axis[k];
-    const float reach =
-        isOfA ? a.ownRadius[k] + b.ProjectedRadius(u) : a.ProjectedRadius(u) + b.ownRadius[k];
-    const float distance = std::abs(Dot(d, u));
-    if (reach < distance) {
-      return std::nullopt;
-    }
-    const float penetration = reach - distance;
-    if (number == 0 || penetration < leastPenetration) {
+  float least = penetration[0];
+  for (std::size_t number = 1; number < penetration.size(); ++number) {
+    if (penetration[number] < least) {
       best = number;
-      leastPenetration = penetration;
+      least = penetration[number];
     }
   }
   return best;
@@ -52,50 +57,37 @@ struct SFace {
   SVec2 second;
 };
 
-// The face on the axis that looks at the other box. When the axis is perpendicular to d, neither
-// side is nearer, and both A and B use their negative face.
-SFace FindReferenceFace(const SOrientedBox& box, std::size_t axisOfBox, bool isBoxA, SVec2 d) {
+// The face on the axis that looks at the other box, which lies where `toOther` points. When the
+// axis is perpendicular to that, neither side is nearer, and the negative face is taken.
+SFace FindReferenceFace(const SOrientedBox& box, std::size_t axisOfBox, SVec2 toOther) {
   static constexpr std::size_t kCornersOfFace[4][2] = {{1, 3}, {0, 2}, {2, 3}, {0, 1}};
   const SVec2 u = box.axis[axisOfBox];
-  const float side = Dot(u, d);
-  const bool isNegative = isBoxA ? !(side > 0.0F) : side >= 0.0F;
+  const bool isNegative = !(Dot(u, toOther) > 0.0F);
   const std::size_t code = 2 * axisOfBox + (isNegative ? 1 : 0);
-  return {isNegative ? -u : u, box.Corner(kCornersOfFace[code][0]),
-          box.Corner(kCornersOfFace[code][1])};
+  return {isNegative ? -u : u, box.corner[kCornersOfFace[code][0]],
+          box.corner[kCornersOfFace[code][1]]};
 }
 
-struct SCorners {
-  std::array<SVec2, 2> corner;
-  std::size_t count = 0;
-};
-
-// The corners of the box on the inner side of the face; none when there are more than two.
-SCorners FindIncidentCorners(const SOrientedBox& box, const SFace& face) {
-  SCorners found;
-  for (std::size_t number = 0; number < 4; ++number) {
-    const SVec2 corner = box.Corner(number);
-    if (!(Dot(corner - face.first, face.normal) < 0.0F)) {
-      continue;
-    }
-    if (found.count == found.corner.size()) {
-      found.count = 0;
-      return found;
-    }
-    found.corner[found.count++] = corner;
+// A bit for each corner of the box that is on the inner side of the face.
+std::uint32_t FindIncidentCorners(const SOrientedBox& box, const SFace& face) {
+  std::uint32_t inside = 0;
+  for (std::size_t number = 0; number < box.corner.size(); ++number) {
+    const bool isInside = Dot(box.corner[number] - face.first, face.normal) < 0.0F;
+    inside |= static_cast<std::uint32_t>(isInside) << number;
   }
-  return found;
+  return inside;
+}
+
+SVec2 LowestCorner(const SOrientedBox& box, std::uint32_t corners) {
+  return box.corner[static_cast<std::size_t>(std::countr_zero(corners))];
+}
+
+SPointPair TouchFace(const SMeasuredSegment& face, SVec2 corner, bool isFaceOfA) {
+  const SVec2 onFace = ClosestPointOnSegment(face, corner);
+  return isFaceOfA ? SPointPair{onFace, corner} : SPointPair{corner, onFace};
 }
 
 }  // namespace
-
-SVec2 Direction(float angle) { return {std::cos(angle), std::sin(angle)}; }
-
-SVec2 SOrientedBox::Corner(std::size_t number) const {
-  const SVec2 dx = axis[0] * half.x;
-  const SVec2 dy = axis[1] * half.y;
-  const SVec2 onSide = (number & 1U) != 0 ? centre + dx : centre - dx;
-  return (number & 2U) != 0 ? onSide + dy : onSide - dy;
-}
 
 std::optional<STouch> CircleCircle(SVec2 posA, float radiusA, SVec2 posB, float radiusB) {
   const SVec2 apart = posA - posB;
@@ -139,34 +131,35 @@ std::optional<SBoxTouch> BoxBox(SVec2 posA, SVec2 halfA, float angleA, SVec2 pos
 }
 
 std::optional<SBoxTouch> BoxBox(const SOrientedBox& a, const SOrientedBox& b) {
-  const SVec2 d = b.centre - a.centre;
-  const std::optional<std::size_t> best = FindLeastPenetration(a, b, d);
+  // Returned everywhere, so that it is built in place: a copy costs much.
+  std::optional<SBoxTouch> result;
+  const std::optional<std::size_t> best = FindLeastPenetration(a, b, b.centre - a.centre);
   if (!best) {
-    return std::nullopt;
+    return result;
   }
   const bool isReferenceA = *best < 2;
   const SOrientedBox& reference = isReferenceA ? a : b;
-  const SFace face = FindReferenceFace(reference, *best % 2, isReferenceA, d);
-  SCorners inside = FindIncidentCorners(isReferenceA ? b : a, face);
-  if (inside.count == 0) {
-    return std::nullopt;
+  const SOrientedBox& other = isReferenceA ? b : a;
+  const SFace face = FindReferenceFace(reference, *best % 2, other.centre - reference.centre);
+  const std::uint32_t corners = FindIncidentCorners(other, face);
+  const std::uint32_t furtherCorners = corners & (corners - 1);
+  if (corners == 0 || (furtherCorners & (furtherCorners - 1)) != 0) {
+    return result;
   }
-  if (inside.count == 2) {
-    const SSegment edge = ClipSegmentToBox(inside.corner[0], inside.corner[1], reference.centre,
-                                           reference.axis[0], reference.axis[1], reference.half);
-    inside.corner = {edge.a, edge.b};
-  }
-  // Built in place: a copy costs as much as the rest.
-  std::optional<SBoxTouch> result(std::in_place);
-  SBoxTouch& touch = *result;
+  SBoxTouch& touch = result.emplace();
   touch.normal = isReferenceA ? -face.normal : face.normal;
-  touch.count = static_cast<int>(inside.count);
-  const SMeasuredSegment faceLine(face.first, face.second);
-  for (std::size_t k = 0; k < inside.count; ++k) {
-    const SVec2 corner = inside.corner[k];
-    const SVec2 onFace = ClosestPointOnSegment(faceLine, corner);
-    touch.points[k] = isReferenceA ? SPointPair{onFace, corner} : SPointPair{corner, onFace};
+  const SVec2 corner = LowestCorner(other, corners);
+  const SMeasuredSegment line(face.first, face.second);
+  if (furtherCorners == 0) {
+    touch.count = 1;
+    touch.points[0] = TouchFace(line, corner, isReferenceA);
+    return result;
   }
+  const SSegment edge =
+      ClipSegmentToBox(corner, LowestCorner(other, furtherCorners), reference.centre,
+                       reference.axis[0], reference.axis[1], reference.half);
+  touch.count = 2;
+  touch.points = {TouchFace(line, edge.a, isReferenceA), TouchFace(line, edge.b, isReferenceA)};
   return result;
 }
 

@@ -14,29 +14,44 @@ namespace brumble {
 // A is the first shape.
 
 // The unit vector at the angle: a box's own x axis.
-SVec2 Direction(float angle);
+inline SVec2 Direction(float angle) { return {std::cos(angle), std::sin(angle)}; }
 
 // A box with its axes and projections, which a caller that tests one box against many computes
 // once. Both forms of the tests give the same bits.
 struct SOrientedBox {
   SOrientedBox() = default;
-  SOrientedBox(SVec2 position, SVec2 halfExtents, SVec2 axis0)
-      : centre(position), half(halfExtents), axis{{axis0, {-axis0.y, axis0.x}}} {
+  SOrientedBox(SVec2 position, SVec2 halfExtents, SVec2 axis0) {
+    Turn(halfExtents, axis0);
+    MoveTo(position);
+  }
+
+  // To be followed by MoveTo, as the corners have to come along.
+  void Turn(SVec2 halfExtents, SVec2 axis0) {
+    half = halfExtents;
+    axis = {axis0, {-axis0.y, axis0.x}};
     ownRadius = {ProjectedRadius(axis[0]), ProjectedRadius(axis[1])};
+  }
+  void MoveTo(SVec2 position) {
+    const SVec2 dx = axis[0] * half.x;
+    const SVec2 dy = axis[1] * half.y;
+    const SVec2 left = position - dx;
+    const SVec2 right = position + dx;
+    centre = position;
+    corner = {left - dy, right - dy, left + dy, right + dy};
   }
 
   // Half the length of the box's projection on the unit vector.
   float ProjectedRadius(SVec2 u) const {
     return std::abs(Dot(axis[0], u)) * half.x + std::abs(Dot(axis[1], u)) * half.y;
   }
-  // Bit 0 of the number selects the side along axis 0, bit 1 the side along axis 1.
-  SVec2 Corner(std::size_t number) const;
 
   SVec2 centre;
   SVec2 half;
   std::array<SVec2, 2> axis = {{{1.0F, 0.0F}, {0.0F, 1.0F}}};
   // The projected radius on its own axes: the half extents, but for rounding.
   std::array<float, 2> ownRadius = {};
+  // Bit 0 of a corner's number tells its side along axis 0, bit 1 the side along axis 1.
+  std::array<SVec2, 4> corner = {};
 };
 
 struct SPointPair {

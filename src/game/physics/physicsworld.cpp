@@ -45,6 +45,12 @@ void SetSquareMass(CPhysicsBody& body, float mass, float half) {
   body.invInertia = 1.0F / (mass * (1.0F / 12.0F) * (side * side + side * side));
 }
 
+bool IsInOven(const CPhysicsBody& body) { return body.x < -kOvenX || body.x > kOvenX; }
+
+bool HasLeft(const CPhysicsBody& body) {
+  return body.kind != kStatic && (IsInOven(body) || body.y > kHellY);
+}
+
 bool IsFast(float speed) { return speed <= -kFreeSpeed || speed > kFreeSpeed; }
 
 }  // namespace
@@ -196,7 +202,9 @@ void CPhysicsWorld::ReportAndRemove() {
     if (myBodies[i].bridge != nullptr) {
       ReportBody(i);
     }
-    if (!RemoveIfOutside(i)) {
+    if (i >= kFirstKittenIndex && HasLeft(myBodies[i])) {
+      ReportAndRemoveKitten(i);
+    } else {
       ++i;
     }
   }
@@ -226,18 +234,10 @@ void CPhysicsWorld::DamageBySpin(std::size_t index) {
 }
 
 // Reports a kitten that has left to the game and removes it from the world.
-bool CPhysicsWorld::RemoveIfOutside(std::size_t index) {
-  const CPhysicsBody& body = myBodies[index];
-  if (index < kFirstKittenIndex || body.kind == kStatic) {
-    return false;
-  }
-  const bool isInOven = body.x < -kOvenX || body.x > kOvenX;
-  if (!isInOven && !(body.y > kHellY)) {
-    return false;
-  }
+void CPhysicsWorld::ReportAndRemoveKitten(std::size_t index) {
   if (IGameLogicReceiver* const receiver = GetGameLogicReceiver()) {
     const int kitten = static_cast<int>(index);
-    if (isInOven) {
+    if (IsInOven(myBodies[index])) {
       receiver->OnKittenInOven(kitten);
     } else {
       receiver->OnKittenInHell(kitten);
@@ -245,7 +245,6 @@ bool CPhysicsWorld::RemoveIfOutside(std::size_t index) {
   }
   CloseDoor();
   RemoveBody(index);
-  return true;
 }
 
 // The last body takes the free place, so that the others keep their indices.

@@ -71,7 +71,7 @@ class CPhysicsWorld {
   void ReportAndRemove();
   void ReportBody(std::size_t index);
   void DamageBySpin(std::size_t index);
-  bool RemoveIfOutside(std::size_t index);
+  void ReportAndRemoveKitten(std::size_t index);
   void RemoveBody(std::size_t index);
   void OpenDoor();
   void CloseDoor();

@@ -106,7 +106,9 @@ void Fade(const SDL_Surface& surface, const CRect<int>& area, int alpha) {
   for (int y = 0; y < area.h; ++y) {
     std::uint32_t* row = sdl::Row32(surface, area.y + y) + area.x;
     for (int x = 0; x < area.w; ++x) {
-      row[x] = (row[x] & ~sdl::kAlphaBits) | table[row[x] >> 24];
+      if (row[x] != 0) {  // most of a faded text is nothing
+        row[x] = (row[x] & ~sdl::kAlphaBits) | table[row[x] >> 24];
+      }
     }
   }
 }

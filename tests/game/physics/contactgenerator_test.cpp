@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <memory>
+#include <random>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 namespace brumble {
 namespace {
@@ -16,6 +21,9 @@ CPhysicsBody Box(float x, float y, float halfWidth, float halfHeight, float angl
           .y = y,
           .angle = angle,
           .bridge = {}};
+}
+SOrientedBox BoxOf(const CPhysicsBody& body) {
+  return {{body.x, body.y}, {body.halfWidth, body.halfHeight}, Direction(body.angle)};
 }
 CPhysicsBody Disc(float x, float y, float radius) {
   CPhysicsBody disc = Box(x, y, radius, radius);
@@ -81,6 +89,32 @@ TEST_F(ContactTest, PairsTouchWhereTheyShould) {
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(0, 2.8F, 5, 1)), "-2,2 -2,1.8 0,-1 2,2 2,1.8 0,-1 ");
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(3.2F, 0, 1, 1, kEighth)), "2,0 1.786,0 -1,0 ");
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(1, 0, 1, 1, kEighth)), "") << "three corners";
+}
+
+// Boxes that move now and then, come and go, some of them far outside the arena.
+TEST_F(ContactTest, AreThoseOfAPlainLoopInEveryStep) {
+  std::minstd_rand random;
+  const auto upTo = [&](float range) { return static_cast<float>(random() % 1000) * range / 1000; };
+  std::vector<CPhysicsBody> bodies;
+  for (int step = 0; step < 100; ++step) {
+    const float left = step % 10 == 0 ? -500.0F : -30.0F;
+    bodies.push_back(Box(left + upTo(60), upTo(60), 1 + upTo(4), 1 + upTo(4), upTo(6)));
+    bodies.erase(bodies.begin(), bodies.begin() + (step % 7 == 6 ? 1 : 0));
+    std::vector<const CPhysicsBody*> expected, found;
+    for (CPhysicsBody& a : bodies) {
+      a.x += step % 5 == 0 ? upTo(2) - 1 : 0;
+      for (CPhysicsBody* b = bodies.data(); b != &a; ++b) {
+        const auto touch = BoxBox(BoxOf(*b), BoxOf(a));
+        expected.insert(expected.end(), touch ? static_cast<std::size_t>(touch->count) : 0, b);
+      }
+    }
+    myGenerator.Generate(bodies, *myContacts);
+    for (const CContact& contact : *myContacts) {
+      found.push_back(contact.bodyA);
+    }
+    std::sort(expected.begin(), expected.end());
+    ASSERT_EQ(found, expected) << "step " << step;
+  }
 }
 
 // Each of 150 discs lies in each of 150 boxes.
