@@ -45,17 +45,23 @@ inline std::string ReadFile(const std::string& fileName) {
   return (std::ostringstream() << std::ifstream(fileName, std::ios::binary).rdbuf()).str();
 }
 
-// Whether all quotes of a document are around values. A broken document can give a value a quote of
-// its own, which no document can hold.
+// Whether all quotes in the tags of a document are around values. Where a broken document forgets
+// the opening one, a value gets a quote of its own, with which it can't be written and read again.
 inline bool HasOnlyPlainValues(const std::string& document) {
-  for (std::size_t open = document.find('"'); open != std::string::npos;) {
-    const std::size_t close = document.find('"', open + 1);
-    if (open == 0 || document[open - 1] != '=' || close == std::string::npos) {
-      return false;
+  bool isInTag = false, isInValue = false;
+  char previous = ' ';
+  for (const char character : document) {
+    if (!isInValue && (character == '<' || character == '>')) {
+      isInTag = character == '<';
+    } else if (isInTag && character == '"') {
+      if (!isInValue && previous != '=') {
+        return false;
+      }
+      isInValue = !isInValue;
     }
-    open = document.find('"', close + 1);
+    previous = character;
   }
-  return true;
+  return !isInValue;
 }
 
 }  // namespace vask::fuzz

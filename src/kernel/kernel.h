@@ -53,12 +53,12 @@ class CKernel : public CStaticSingleton<CKernel> {
   void ForgetTask(CTask* task);
   bool HasFocus() const;
 
-  // Milliseconds slept at the end of each frame, 0 to 100: the console variable
-  // "kernel_frame_sleep".
+  // Milliseconds slept at the end of each frame, 0 to 100, unless a task shortens it: the console
+  // variable "kernel_frame_sleep".
   int& FrameSleep() { return myFrameSleep; }
   // Shortens the sleep at the end of this frame to so many milliseconds, as a task is due then.
   void SleepAtMost(int milliseconds);
-  // What the sleep at the end of this frame has come to.
+  // How long the sleep at the end of this frame will be.
   int NextSleep() const;
 
  private:

@@ -26,11 +26,13 @@ using Place = std::array<void*, 100>;  // the functions that are being called; t
 const bool ourTriesEach = std::getenv("STARVE_EACH") != nullptr;
 constinit int ourPlaces = 0;
 constinit int ourFaults = 0;
-constinit bool ourIsBusy = false;  // and stays so in a copy
+constinit bool ourIsBusy = false;     // and stays so in a copy
+constinit bool ourIsStarved = false;  // a copy that has no memory
 
 [[noreturn]] void Starve(int output) {
   dup2(output, STDERR_FILENO);
   alarm(10);  // seconds; the end may wait for ever
+  ourIsStarved = true;
   std::get_new_handler()();
   std::_Exit(0);
 }
@@ -73,6 +75,9 @@ const struct SReport {
 }  // namespace
 
 void* operator new(std::size_t size) {
+  if (ourIsStarved) {
+    std::abort();  // the handler, too, has to do without
+  }
   const bool isMainThread = gettid() == getpid();
   if (std::get_new_handler() != nullptr && isMainThread && !ourIsBusy) {
     ourIsBusy = true;

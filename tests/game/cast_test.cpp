@@ -32,7 +32,7 @@ class Cast : public test::GameTest {
     std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
   }
-  // Where numbers stand, and what they show.
+  // Where numbers are, and what they show.
   static std::string Numbers() {
     std::string texts;
     for (vask::CSprite* sprite : Shown("")) {

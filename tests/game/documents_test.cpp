@@ -1,4 +1,4 @@
-// What stands beside the code. The documents: their examples run, and nothing is left out. The
+// What is beside the code. The documents: their examples run, and nothing is left out. The
 // files: the shipped ones are whole, and pipes are left alone.
 
 #include "game/gfxfactory.h"

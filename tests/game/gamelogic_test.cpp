@@ -275,7 +275,8 @@ TEST_F(RulesTest, BoardsRunInStagesAndNeverOvershoot) {
     const int step = board.GetShown() - 3;
     for (int i = 0; i < 300; ++i) {
       board.Run();
-      EXPECT_LE(std::abs(board.GetShown() - 3), std::abs(gap)) << gap;
+      EXPECT_EQ(std::clamp(board.GetShown(), std::min(3, 3 + gap), std::max(3, 3 + gap)),
+                board.GetShown());
     }
     EXPECT_EQ(board.GetSprite().GetText(), std::to_string(3 + gap));
     return step;

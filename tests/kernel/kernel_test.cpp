@@ -124,6 +124,7 @@ struct CKernelTest : testing::Test {
       {"wait", [this](auto&, int time) { myClock.Advance(static_cast<unsigned>(time)); }},
       {"lose", [](auto&, int) { CEventBridge::GetSingleton().FocusEvent(false); }},
       {"gain", [](auto&, int) { CEventBridge::GetSingleton().FocusEvent(true); }},
+      {"hurry", [](auto&, int time) { Kernel().SleepAtMost(time); }},
       {"start", [this](auto& name, int priority) { Start(name, priority); }},
       {"park", [this](auto& name, int priority) { Start(name, priority, 0, false); }},
       {"pause", [this](auto& name, int) { To(name, &CKernel::PauseTask); }},
@@ -142,7 +143,6 @@ TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
   Start("timed", 10, 10, false);
   Do("park parked@10");
   CRecorder& task = Make("a", 10);
-  EXPECT_FALSE(task.ExecuteCommand("line")) << "a task knows no line unless it says so";
   React("a", "update", "kill a");
   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
@@ -263,11 +263,15 @@ TEST_F(CKernelTest, AFrameRestsForATenthOfASecondAtMost) {
   EXPECT_GE(rest, std::chrono::milliseconds(100));
   EXPECT_LT(rest, std::chrono::milliseconds(5000));
   EXPECT_EQ(Kernel().FrameSleep(), 100);
-  Kernel().SleepAtMost(3);
-  Kernel().SleepAtMost(50);
-  EXPECT_EQ(Kernel().NextSleep(), 3);
-  RunFrames({});
-  EXPECT_EQ(Kernel().NextSleep(), 100) << "the limit was for one frame";
+}
+
+TEST_F(CKernelTest, ATaskMayShortenTheRestOfAFrame) {
+  Kernel().FrameSleep() = 100;
+  const auto start = std::chrono::steady_clock::now();
+  RunFrames(std::vector<std::string>(30, "hurry task@0 hurry task@50"));
+  const auto rests = std::chrono::steady_clock::now() - start;
+  EXPECT_LT(rests, std::chrono::milliseconds(30 * 100 / 2));
+  EXPECT_EQ(Kernel().NextSleep(), 100) << "the limit is for one frame";
 }
 
 // Writes its letter down when it runs, and "~" and its letter when it is deleted.

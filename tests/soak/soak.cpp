@@ -1,6 +1,6 @@
 // In place of the library's: counts what lives. The task type "census" prints at each command the
-// bytes of all memory, and the number of living objects of each class that has a virtual function,
-// by the name of its table, and of chunks of sound.
+// bytes of the heap, and the number of living objects of each class that has a virtual function, by
+// the name of its table.
 
 #include "kernel/taskfactory.h"
 #include "ui/console/loglistenerforconsole.h"

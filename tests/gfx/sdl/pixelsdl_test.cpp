@@ -261,7 +261,7 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
     ExpectShows(sheet->Rotate(25), *sheet, c.slack, 255, 25 * std::acos(-1) / 180);
     sheet->ClearRect({2, 0, 1, 3});
     EXPECT_TRUE(sheet->SaveToFile("part.tga"));
-    EXPECT_EQ(FileText("part.tga")[2], 2) << "true colour";
+    EXPECT_EQ(FileText("part.tga").at(2), 2) << "true colour";
     ExpectShows(Gfx::LoadImage("part.tga", Gfx::kMagenta), *sheet, c.slack);
   }
 }
