@@ -32,8 +32,9 @@ LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW")
 # Nothing is lost there: the libraries go on without, a check is left out, a script need not be there
 # (user.txt), something has been written or answered, is tried again (as another kind of picture, too),
 # or was only for the standard output. The log has no other place.
-SILENT = re.compile("SDL_SetVideoMode|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|(Is|Load)GifFile|IMG_is|"
-                    "SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|^close|^fwrite|CMail|"
+SILENT = re.compile("SDL_SetVideoMode|SDL_Flip|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|CFileLock|"
+                    "(Is|Load)GifFile|IMG_is|SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|"
+                    "^close|^fwrite|CMail|"
                     r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|4open\S+\n.*ExecuteFile|"
                     r"CXmlParser.*\n.*\n.*PictureCache")
 

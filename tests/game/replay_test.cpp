@@ -343,7 +343,7 @@ TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
   Line("game_demo_after = 0");
 }
 
-TEST_F(ReplayTest, KeysHoldAStepAndSpeedUpAReplay) {
+TEST_F(ReplayTest, KeysAndPausesHoldAReplayAndKeysChangeItsSpeed) {
   hitch = 0;
   RecordShortGame(900);
   task.Start();

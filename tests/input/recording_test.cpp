@@ -33,7 +33,7 @@ std::string PlayBack(const std::string& file) {
   return WithoutSeed(FileText("heard.rec"));
 }
 
-TEST(Recording, IsPlayedBack) {
+TEST(Recording, PlaysBackWhatItRecorded) {
   platform::SetWallClock([] { return std::int64_t{4000000000}; });  // beyond 31 bits
   const CRecordMouse recorder("game.rec");
   platform::SetWallClock(nullptr);

@@ -77,6 +77,9 @@ SurfacePtr LoadGifFile(const std::string& fileName) {
   }
   bytes.append(kPadding, '\0');
   SDL_RWops* const source = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
+  if (source == nullptr) {
+    return nullptr;
+  }
   SurfacePtr picture(IMG_LoadGIF_RW(source));
   SDL_RWclose(source);
   return picture;

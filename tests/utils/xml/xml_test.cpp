@@ -121,7 +121,7 @@ TEST(XmlContext, GoesOnAfterTheElementThatItBeganIn) {
 }
 
 // Each would take minutes, or the whole stack, if the work grew faster than the input.
-TEST(Xml, HugeDocuments) {
+TEST(Xml, HugeDocumentsEndSoonAndDoNotNest) {
   std::string nested, attributes = "<a";
   for (int i = 0; i < 300'000; ++i) {
     nested += "<a>";
