@@ -2,6 +2,7 @@
 #include "gfx/text/textsprite.h"
 #include "support/fakeclock.h"
 #include "support/files.h"
+#include "support/keys.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
@@ -39,12 +40,9 @@ struct Debug : testing::Test {
   static ui::CWidget& Window() { return *ui::CDesktopWidget::GetSingleton().GetChildren().front(); }
   static ui::CWidget* Line() { return Window().GetChildren().front()->GetChildren().front(); }
   // Types into the line of the frontmost console and returns what it shows then.
-  static std::string Type(const std::string& keys) {
+  static std::string Typed(const std::string& keys) {
     SetFocus(Line());
-    for (const char key : keys) {
-      ui::CKeyboardEvent event(ui::IEvent::kKeyDown, key, static_cast<std::uint8_t>(key));
-      ui::CDesktopWidget::GetSingletonPtr()->HandleEvent(event);
-    }
+    Type(keys);
     const auto* line = dynamic_cast<ui::CTextInputWidget*>(ui::GetFocus());
     return line != nullptr ? line->GetText() : "";
   }
@@ -57,19 +55,22 @@ struct Debug : testing::Test {
 };
 
 TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
-  RunScript("starttask(ui, ui1)\nstarttask(debug, two)");
+  ui.Exit();
   RunScript(R"(
+      starttask( ui, ui1 )
+      starttask( debug, two )
       starttask( debug, debug, 60 )
       debug::ToggleConsole
       debug::RecordInput( "game.rec" )
   )");
-  Type("stoptask(ui1)\r");
+  Typed("stoptask(ui1)\r");
   EXPECT_EQ(CountWindows(), 0U);
+  ui.Start();
   RunScript("debug::ToggleConsole");
-  EXPECT_EQ(Type("x"), "x") << "another console";
-  Type(";stoptask(debug);two::ToggleConsole\r");
+  EXPECT_EQ(Typed("x"), "x") << "another console";
+  Typed(";stoptask(debug);two::ToggleConsole\r");
   EXPECT_EQ(CountWindows(), 1U);
-  EXPECT_EQ(Type("x"), "x") << "the other task's";
+  EXPECT_EQ(Typed("x"), "x") << "the other task's";
   RunScript("stoptask(two)");
 }
 

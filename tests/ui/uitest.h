@@ -5,6 +5,7 @@
 #include "input/buttons.h"
 #include "input/keynames.h"
 #include "support/fakeclock.h"
+#include "support/keys.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
 #include "ui/desktopwidget.h"
@@ -42,10 +43,6 @@ struct UiTest : testing::Test {
   static void Click(SPoint at) {
     Press(at);
     Bridge().MouseButtonUp(kLeftButton);
-  }
-  static void Type(int key, char character = 0) {
-    Bridge().KeyDown(key, static_cast<unsigned char>(character));
-    Bridge().KeyUp(key, 0);
   }
   // The cursor that a widget has asked for since the last call; empty for none.
   std::string Cursor() { return std::exchange(myPointer.last, ""); }

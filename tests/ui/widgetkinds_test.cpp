@@ -71,7 +71,7 @@ struct Input : UiTest {
   std::string Edited(std::initializer_list<int> keys) {
     std::string seen;
     for (const int key : keys) {
-      Type(key, static_cast<char>(key));
+      test::TypeKey(key, static_cast<char>(key));
       std::string text = input->GetText();
       seen += text.insert(static_cast<std::size_t>(input->GetCursor()), "|") + " ";
     }

@@ -3,36 +3,31 @@
 #include "gfx/text/fontloader.h"
 #include "gfx/text/textsprite.h"
 #include "input/keynames.h"
+#include "support/keys.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
 #include "ui/console/consolecompletion.h"
 #include "ui/console/consoleinput.h"
 #include "ui/desktopwidget.h"
+#include "ui/receivers.h"
+#include "ui/uitask.h"
 
 #include <gtest/gtest.h>
 
 namespace vask::test {
 namespace {
 
-// Types the characters; "^", "_" and "<" are the keys up, down and left.
-void TypeInto(ui::CTextInputWidget& line, const std::string& keys) {
-  for (const char key : keys) {
-    const int code = key == '^' ? kUpKey : key == '_' ? kDownKey : key == '<' ? kLeftKey : key;
-    for (const int type : {ui::IEvent::kKeyDown, ui::IEvent::kKeyUp}) {
-      ui::CKeyboardEvent event(type, code, static_cast<std::uint8_t>(key));
-      line.OnKeyboardEvent(event);
-    }
-  }
-}
-
 // What a new console shows in its line after these keys.
 std::string Typed(const std::string& keys) {
   const CTestScreen screen(80, 60);
+  CUiTask task;
+  task.Start();
   const CConsoleWindow console;
   const ui::CWidget& window = *ui::CDesktopWidget::GetSingleton().GetChildren().front();
   auto& line =
       dynamic_cast<ui::CTextInputWidget&>(*window.GetChildren().front()->GetChildren().front());
-  TypeInto(line, keys);
+  SetFocus(&line);
+  Type(keys);
   return line.GetText();
 }
 
@@ -88,12 +83,18 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
 
 // Five characters of the system font and the cursor fit in.
 struct ConsoleInput : testing::Test {
+  ConsoleInput() {
+    myTask.Start();
+    SetFocus(&myInput);
+  }
+  ~ConsoleInput() override { myTask.Exit(); }
   const std::string& ShownAfter(const std::string& keys) {
-    TypeInto(myInput, keys);
+    Type(keys);
     return dynamic_cast<CTextSprite&>(*mySprite).GetText();
   }
 
   const CTestScreen myScreen{80, 60};
+  CUiTask myTask;
   const CSpritePtr mySprite{new CTextSprite(LoadFont("system"), 32, 20)};
   CConsoleInput myInput{nullptr, {100, 0, 32, 20}, false, "", mySprite, ""};
 };
@@ -115,9 +116,8 @@ TEST_F(ConsoleInput, ALongLineScrollsWithItsCursor) {
 }
 
 TEST_F(ConsoleInput, ControlCharactersStayOut) {
-  ui::CKeyboardEvent erase(ui::IEvent::kKeyDown, 0, 127);
-  myInput.OnKeyboardEvent(erase);
-  TypeInto(myInput, "\x1b\x1f~ ");
+  TypeKey(0, '\x7f');
+  Type("\x1b\x1f~ ");
   EXPECT_EQ(myInput.GetText(), "~ ");
 }
 
