@@ -44,6 +44,7 @@ TEST_F(AudioTask, HoldsItsParametersToWhatTheMixerSurvives) {
                 "1st start-up parameter (frequency) is held to 192000 instead of 192001",
                 "(num_of_channels) is held to 6 instead of 7",
                 "(number_of_audio_channels) is held to 256 instead of 257",
+                "(number_of_audio_channels) is held to 1 instead of 0",
                 "(chunk_size) is held to 512 instead of 500"});
 }
 

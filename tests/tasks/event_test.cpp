@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <functional>
 
 namespace vask::test {
@@ -54,7 +56,8 @@ TEST_F(EventTask, EveryEventReachesItsListeners) {
             "focus 1 0\nfocus 0 0\n");
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_a, 'A'), Key(SDL_KEYDOWN, SDLK_DELETE, 127)}),
             "down 97 65\ndown 127 127\n");
-  EXPECT_EQ(Heard({Key(SDL_KEYUP, SDLK_a, 128)}), "up 97 0\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_b, 1), Key(SDL_KEYUP, SDLK_a, 128)}),
+            "down 98 1\nup 97 0\n");
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_QUOTE, 39, 49)}), "down 39 39\n") << "no scancode of X";
   EXPECT_EQ(Heard({{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}}),
             "move 60000 7\nby -3 4\n");
@@ -74,10 +77,16 @@ TEST_F(EventTask, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
     const char* name;
     std::function<void()> lose, comeBack;
   } losses[] = {
-      {"the focus goes", [] { Push(Focus(0, SDL_APPINPUTFOCUS)); }, [] {}},
-      {"the task pauses", [&] { myTask.Pause(); }, [&] { myTask.Resume(); }},
-      {"the task ends", [&] { myTask.Exit(); }, [&] { myTask.Start(); }},
-      {"video ends", sdl::Quit, [] { SDL_Init(SDL_INIT_VIDEO); }},
+      {.name = "the focus goes",
+       .lose = [] { Push(Focus(0, SDL_APPINPUTFOCUS)); },
+       .comeBack = [] {}},
+      {.name = "the task pauses",
+       .lose = [&] { myTask.Pause(); },
+       .comeBack = [&] { myTask.Resume(); }},
+      {.name = "the task ends",
+       .lose = [&] { myTask.Exit(); },
+       .comeBack = [&] { myTask.Start(); }},
+      {.name = "video ends", .lose = sdl::Quit, .comeBack = [] { SDL_Init(SDL_INIT_VIDEO); }},
   };
   const SDL_Event down = Key(SDL_KEYDOWN, SDLK_RETURN), up = Key(SDL_KEYUP, SDLK_RETURN);
   myBridge.RemoveWindowListener(&myRecorder);
@@ -100,7 +109,9 @@ TEST_F(EventTask, AListenerThatPausesItKeepsNoPressFromTheOthers) {
 }
 
 TEST_F(EventTask, TheCursorChangesOnlyToOtherKnownTypes) {
-  SDL_Cursor* const initial = SDL_GetCursor();
+  std::array<Uint8, 8> plane{};
+  SDL_Cursor* const initial = SDL_CreateCursor(plane.data(), plane.data(), 8, 8, 0, 0);
+  SDL_SetCursor(initial);
   for (int type = -1; type <= 10; ++type) {
     const SDL_Cursor* const previous = SDL_GetCursor();
     const bool isKnown = type >= 1 && type <= 9;

@@ -1,5 +1,6 @@
 #include "events/eventbridge.h"
-#include "gfx/animation/externalanimator.h"
+#include "gfx/animation/animationupdator.h"
+#include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sdl/pixelscreensdl.h"
 #include "gfx/sdl/surface.h"
 #include "gfx/sdl/video.h"
@@ -23,6 +24,7 @@ struct GfxTask : testing::Test {
   ~GfxTask() override {
     myTask.Exit();
     myWindow.Exit();
+    CKernel::DeleteSingleton();
   }
   // Whether an update after the pause comes to the flip.
   bool DrawsFrame(unsigned pause) {
@@ -55,13 +57,18 @@ TEST_F(GfxTask, FramesAreAtLeast16MillisecondsApart) {
   myBridge.FocusEvent(true);
 }
 
-TEST_F(GfxTask, AFrameMovesWhatIsAnimated) {
-  EXPECT_TRUE(myTask.Start());
-  DrawsFrame(0);
-  CSprite sprite;
-  new CExternalAnimator(new CSpriteMoveToUpdator(&sprite, 100, 0), 100, "", true);
-  DrawsFrame(50);
-  EXPECT_GT(sprite.GetX(), 0);
+TEST_F(GfxTask, EachStartBeginsTheTimeOfAnimationsAnew) {
+  const CAnimationUpdator& updator = *CAnimationUpdator::GetSingletonPtr();
+  for (const char* start : {"first", "second"}) {
+    SCOPED_TRACE(start);
+    myClock.Advance(500);
+    myTask.Start();
+    DrawsFrame(0);
+    EXPECT_EQ(updator.GetTime(), 0U);
+    DrawsFrame(50);
+    EXPECT_EQ(updator.GetTime(), 50U);
+    myTask.Exit();
+  }
 }
 
 TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
@@ -96,17 +103,31 @@ TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {
   CLogCapture log;
   DrawsFrame(16);
   EXPECT_TRUE(log.Has("drawing all")) << "of a window that opened late";
-  for (const int width : {90, 90, -1, 110}) {
+  // How often all is drawn in two frames of a mode of that width.
+  const auto drawnAt = [&](int width) {
     myBridge.Resize(width, 60);
     Gfx::GetScreen()->ClearRect({0, 0, 640, 480});  // never beyond the new surface
     log.Clear();
     DrawsFrame(16);
     DrawsFrame(16);
-    EXPECT_EQ(log.Count("drawing all"), width > 0 ? 1U : 0U) << width;
-    EXPECT_EQ(Gfx::GetScreen()->GetWidth(), std::max(width, 0));
-    EXPECT_EQ(Gfx::GetScreen()->GetRect(), Gfx::ScreenRect());
-  }
+    EXPECT_EQ(Gfx::GetScreen()->GetRect(), Gfx::ScreenRect()) << width;
+    return log.Count("drawing all");
+  };
+  EXPECT_EQ(drawnAt(90), 1U);
+  EXPECT_EQ(drawnAt(90), 1U) << "the same size again";
+  EXPECT_EQ(drawnAt(-1), 0U) << "none";
+  EXPECT_EQ(drawnAt(110), 1U);
+}
+
+TEST_F(GfxTask, TheLastOneTakesEvenAForeignFactoryAlong) {
+  CTaskGfxSDL other;
+  myTask.Start();
+  other.Start();
+  Gfx::SetFactory(new CGfxFactorySDL);
+  other.Exit();
+  EXPECT_NE(Gfx::GetFactory(), nullptr);
   myTask.Exit();
+  EXPECT_EQ(Gfx::GetFactory(), nullptr);
   EXPECT_EQ(Gfx::GetScreen(), Gfx::NullImage());
   EXPECT_EQ(CScreenLayer::PeekSingletonPtr(), nullptr);
 }
