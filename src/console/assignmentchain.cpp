@@ -14,7 +14,6 @@ constexpr std::size_t kNone = std::string_view::npos;
 CAssignmentChain::CAssignmentChain(std::string_view line, std::size_t longestCommand,
                                    const IsCommand& isCommand)
     : myLine(line), myLongestCommand(longestCommand) {
-  FindOpen(0);
   TakeNames(isCommand);
 }
 

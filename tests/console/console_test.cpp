@@ -31,6 +31,20 @@ struct CEcho : CConsoleCommand {
   std::string myCalls;
 };
 
+TEST(Variable, EachKindTakesTextAndNumbers) {
+  CVariableString text;
+  text.SetNumber(1234567);
+  EXPECT_EQ(text.GetString(), "1.23457e+06");
+  text.SetString("7 x");
+  EXPECT_EQ(text.GetNumber(), 7);
+  CVariableNumber number;
+  number.SetString("2.5 x");
+  EXPECT_EQ(number.GetNumber(), 2.5);
+  number.SetNumber(-1);
+  EXPECT_EQ(number.GetString(), "-1");
+  EXPECT_TRUE(CVariable().IsType(CVariable::kNone));
+}
+
 struct ConsoleTest : testing::Test {
   ConsoleTest() { myConsole.AddCommand("Echo", &myEcho); }
 
@@ -45,6 +59,7 @@ TEST_F(ConsoleTest, ParsesParameters) {
   EXPECT_EQ(Run(R"(echo(10, -2.5, .5, abc, "a b", 1e5,))"),
             "[n:10][n:-2.5][n:0.5][s:abc][s:a b][s:1e5]");
   EXPECT_EQ(Run(" \tECHO "), "bare");
+  EXPECT_EQ(Run("any::echo"), "bare");
   EXPECT_EQ(Run(R"(echo("a,b",","","))"), R"([s:"a][s:b"][s:"][s:][s:"])");
   EXPECT_EQ(Run(R"(echo(""x"", ""))"), R"([s:"x"][s:])");
   EXPECT_EQ(Run("echo(f(1),(2))b)c"), "[s:f(1)][s:(2))b]");

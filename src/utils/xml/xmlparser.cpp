@@ -39,7 +39,6 @@ std::size_t FindValueEnd(std::string_view text) {
 
 // Drops the first and the last character: quotes, as a rule.
 std::string_view Unquote(std::string_view value) {
-  value = TrimBack(value);
   return value.size() < 2 ? std::string_view() : value.substr(1, value.size() - 2);
 }
 

@@ -1,6 +1,8 @@
 #include "utils/xml/xml.h"
 
 #include "support/logcapture.h"
+#include "utils/xml/xmlhandler.h"
+#include "utils/xml/xmlparser.h"
 
 #include <gtest/gtest.h>
 
@@ -31,9 +33,19 @@ TEST(Xml, DocumentsAreReadAndWritten) {
   EXPECT_EQ(Rewritten("<a>first<b/>last</a>"), "<a>\n  last\n  <b>\n  </b>\n</a>\n");
   EXPECT_EQ(Rewritten("<a>kept</x></y></z>text<b>after</b></a>"), "<a>\n  kept\n</a>\n");
   EXPECT_EQ(Rewritten("text<a><b"), "<a>\n</a>\n");
-  EXPECT_EQ(Rewritten("<a\nb>one\r\n  two  \n\n three</a>"), "<ab>\n  onetwothree\n</ab>\n");
+  EXPECT_EQ(Rewritten("<a\nb\r\r\n>one\r\n  two  \n\n three \r\r\n</a>"),
+            "<ab>\n  onetwothree\n</ab>\n");
   EXPECT_EQ(Rewritten("<!-- <a> --><!DOCTYPE x><></><b ></ b>"), "<b>\n</b>\n");
   EXPECT_EQ(Read("text <!-- a --> </a>"), nullptr);
+}
+
+TEST(Xml, AHandlerForgetsTheDocumentBefore) {
+  CXmlHandler handler;
+  for (const char* document : {"<a>", "<b/>"}) {
+    std::istringstream stream(document);
+    CXmlParser(handler).ParseStream(stream);
+  }
+  EXPECT_EQ(handler.TakeRootElement()->GetName(), "b");
 }
 
 struct SPlace {
