@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <random>
+#include <string>
 
 namespace vask {
 namespace {

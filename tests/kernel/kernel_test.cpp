@@ -123,6 +123,22 @@ struct CKernelTest : testing::Test {
     return ran;
   }
 
+  // What two frames of the tasks a to d run when b does that in the first one, and c that in its
+  // hooks.
+  std::string RanWhenB(bool isTimed, const std::string& acts,
+                       const std::map<std::string, std::string>& hooksOfC = {}) {
+    Clean();
+    Start("d", 40, isTimed ? 140 : 0);
+    Start("b", 20, isTimed ? 120 : 0);
+    Start("c", 30, isTimed ? 130 : 0);
+    Start("a", 10, isTimed ? 110 : 0);
+    React("b", "update", acts);
+    for (const auto& [hook, actsOfC] : hooksOfC) {
+      React("c", hook, actsOfC);
+    }
+    return RunFrames({"wait clock@150", "wait clock@150"});
+  }
+
   CFakeClock myClock;
   std::map<std::string, std::unique_ptr<CRecorder>> myTasks;
   const std::map<std::string, std::function<void(const std::string&, int)>> myVerbs = {
@@ -155,11 +171,10 @@ TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
 }
 
 TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
-  const std::vector<unsigned> plain = {0}, timed = {1};
-  // What b does in the first of two frames of the tasks a to d, and what the two frames run.
+  const std::vector<bool> plain = {false}, timed = {true};
   const struct {
     std::string act, ran;
-    std::vector<unsigned> kinds = {0, 1};
+    std::vector<bool> kinds = {false, true};
   } cases[] = {
       {.act = "", .ran = "| a b c d | a b c d "},
       {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = plain},
@@ -170,47 +185,28 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
       {.act = "pause c resume c", .ran = "| a b c.pause c.resume c d | a b c d ", .kinds = plain},
       {.act = "pause b resume b", .ran = "| a b b.pause b.resume c d | a c b d ", .kinds = timed},
       {.act = "kill b", .ran = "| a b b.exit c d | a c d "},
-      {.act = "kill c kill c", .ran = "| a b c.exit d | a b d "},
+      {.act = "kill c kill c pause c", .ran = "| a b c.exit d | a b d "},
+      {.act = "pause c kill c resume c", .ran = "| a b c.pause c.exit d | a b d "},
       {.act = "delete b", .ran = "| a b c d | a c d "},
       {.act = "delete c delete d", .ran = "| a b | a b "},
       {.act = "interval b@0", .ran = "| a b c d | a c d ", .kinds = timed},
       {.act = "interval b@-1", .ran = "| a b c d | a c d ", .kinds = timed}};  // the longest
   for (const auto& row : cases) {
-    for (const unsigned isTimed : row.kinds) {
-      SCOPED_TRACE((isTimed != 0 ? "timed" : "plain") + (" tasks, b does: " + row.act));
-      Clean();
-      Start("d", 40, isTimed * 140);
-      Start("b", 20, isTimed * 120);
-      Start("c", 30, isTimed * 130);
-      Start("a", 10, isTimed * 110);
-      React("b", "update", row.act);
-      EXPECT_EQ(RunFrames({"wait clock@150", "wait clock@150"}), row.ran);
+    for (const bool isTimed : row.kinds) {
+      SCOPED_TRACE((isTimed ? "timed" : "plain") + (" tasks, b does: " + row.act));
+      EXPECT_EQ(RanWhenB(isTimed, row.act), row.ran);
     }
   }
 }
 
-TEST_F(CKernelTest, NoHookIsCalledAfterTheExit) {
-  const std::string wait = "wait clock@15";
-  const std::vector frames = {wait, wait + " pause t", wait, wait + " resume t", wait + " kill t"};
-  const std::size_t none = std::string::npos;
-  for (const unsigned interval : {0U, 10U}) {
-    for (const char* hook : {"start", "update", "pause", "resume", "exit"}) {
-      for (const char* act :
-           {"pause t", "resume t", "kill t", "delete t", "start other@50", "lose focus"}) {
-        SCOPED_TRACE(std::string(act) + " in " + hook);
-        Clean();
-        Make("t", 20, interval).myPausesOnFocusLost = true;
-        React("t", hook, act);
-        Kernel().StartTask(myTasks["t"].get(), nullptr);
-        std::string ran = ourRecord;
-        ran += RunFrames(frames);
-        const std::size_t exit = ran.find("t.exit ");
-        if (myTasks["t"] != nullptr) {
-          EXPECT_NE(exit, none) << ran;
-        }
-        EXPECT_EQ(ran.find(" t", exit), none) << ran;
-      }
-    }
+TEST_F(CKernelTest, ATaskMayEndInItsOwnHook) {
+  for (const bool isTimed : {false, true}) {
+    SCOPED_TRACE(isTimed ? "timed" : "plain");
+    EXPECT_EQ(RanWhenB(isTimed, "pause c", {{"pause", "kill c"}}),
+              "| a b c.pause c.exit d | a b d ");
+    EXPECT_EQ(RanWhenB(isTimed, "pause c", {{"pause", "delete c"}}), "| a b c.pause d | a b d ");
+    EXPECT_EQ(RanWhenB(isTimed, "pause c resume c", {{"resume", "delete c"}}),
+              "| a b c.pause c.resume d | a b d ");
   }
 }
 
@@ -341,17 +337,11 @@ struct CFakeThreadTest : testing::Test {
   CThread* b = new CThread('b', 10);
 };
 
-TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYounger) {
+TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYoungerWhileItWaitsOrPauses) {
   EXPECT_EQ(RunAfter(0), "ab");
-  EXPECT_EQ(RunAfter(19), "");
-  EXPECT_EQ(RunAfter(1), "ab");
   EXPECT_EQ(RunAfter(100), "ab");
+  a->Start();  // nothing, since it runs
   EXPECT_EQ(RunAfter(19), "");
-}
-
-TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
-  RunAfter(0);
-  myClock.Advance(19);
   a->Pause();
   EXPECT_EQ(RunAfter(500), "");
   a->Resume();
@@ -359,7 +349,8 @@ TEST_F(CFakeThreadTest, APausedThreadHoldsBackTheYoungerAndItsTimeStops) {
   EXPECT_EQ(RunAfter(1), "ab");
   a->Pause();
   a->Start();
-  EXPECT_EQ(RunAfter(0), "a") << "its time begins anew";
+  EXPECT_EQ(a->GetTime(), 0U) << "begins anew";
+  EXPECT_EQ(RunAfter(0), "a");
 }
 
 TEST_F(CFakeThreadTest, TheOrderPutsTheDeadLastThenThePausedThenWhoIsDueSooner) {

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 
 namespace vask::test {
 namespace {
@@ -73,32 +72,24 @@ TEST_F(EventTask, EveryEventReachesItsListeners) {
 }
 
 TEST_F(EventTask, WhatIsHeldIsReleasedOnceHoweverItsReleaseGetsLost) {
-  const struct {
-    const char* name;
-    std::function<void()> lose, comeBack;
-  } losses[] = {
-      {.name = "the focus goes",
-       .lose = [] { Push(Focus(0, SDL_APPINPUTFOCUS)); },
-       .comeBack = [] {}},
-      {.name = "the task pauses",
-       .lose = [&] { myTask.Pause(); },
-       .comeBack = [&] { myTask.Resume(); }},
-      {.name = "the task ends",
-       .lose = [&] { myTask.Exit(); },
-       .comeBack = [&] { myTask.Start(); }},
-      {.name = "video ends", .lose = sdl::Quit, .comeBack = [] { SDL_Init(SDL_INIT_VIDEO); }},
-  };
   const SDL_Event down = Key(SDL_KEYDOWN, SDLK_RETURN), up = Key(SDL_KEYUP, SDLK_RETURN);
   myBridge.RemoveWindowListener(&myRecorder);
-  for (const auto& loss : losses) {
-    SCOPED_TRACE(loss.name);
+  const auto expectReleases = [&](const char* loss, const auto& lose, const auto& comeBack) {
+    SCOPED_TRACE(loss);
     Heard({down, Key(SDL_KEYDOWN, SDLK_UNKNOWN, '^'), Button(SDL_MOUSEBUTTONDOWN, 1)});
-    loss.lose();
+    lose();
     EXPECT_EQ(Heard({}), "up 13 0\nrelease 1 0\n");
-    loss.comeBack();
+    comeBack();
     EXPECT_EQ(Heard({up, Button(SDL_MOUSEBUTTONUP, 1)}), "");
     EXPECT_EQ(Heard({down, up}), "down 13 0\nup 13 0\n");
-  }
+  };
+  expectReleases(
+      "the focus goes", [] { Push(Focus(0, SDL_APPINPUTFOCUS)); }, [] {});
+  expectReleases(
+      "the task pauses", [&] { myTask.Pause(); }, [&] { myTask.Resume(); });
+  expectReleases(
+      "the task ends", [&] { myTask.Exit(); }, [&] { myTask.Start(); });
+  expectReleases("video ends", sdl::Quit, [] { SDL_Init(SDL_INIT_VIDEO); });
 }
 
 TEST_F(EventTask, AListenerThatPausesItKeepsNoPressFromTheOthers) {

@@ -83,27 +83,6 @@ TEST_F(SignalTest, ConnectionsEndAndBeginDuringAnEmission) {
   EXPECT_EQ(called(emit, [&] { mySignal.reset(); }), "aab ");
 }
 
-TEST_F(SignalTest, ADroppedConnectionIsFreedAtOnceOrAfterTheEmission) {
-  struct CSlot : css::CGenericEvent0<CReceiver> {
-    using CGenericEvent0::CGenericEvent0;
-    ~CSlot() override { ourRecord += " freed"; }
-  };
-  CReceiver target('a');
-  const auto connect = [&] {
-    mySignal->Connect(std::make_unique<css::CSignalConnection>(
-        std::make_unique<CSlot>(&target, &CReceiver::Hear), &target, false));
-  };
-  connect();
-  target.DropConnections();
-  EXPECT_EQ(std::exchange(ourRecord, {}), " freed");
-  connect();
-  target.myReaction = [&] {
-    target.DropConnections();
-    ourRecord += " dropped";
-  };
-  EXPECT_EQ(Emit(), "a dropped freed");
-}
-
 TEST_F(SignalTest, ArgumentsFitTheSlotOrItIsNotCalled) {
   CReceiver target('-');
   mySignal->Connect(&target, &CReceiver::Hear);
