@@ -3,7 +3,6 @@
 #include "events/eventbridge.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/fakethread.h"
-#include "kernel/task.h"
 #include "kernel/taskfactory.h"
 #include "support/fakeclock.h"
 
@@ -11,12 +10,7 @@
 
 #include <chrono>
 #include <functional>
-#include <map>
-#include <memory>
 #include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace vask::test {
 namespace {

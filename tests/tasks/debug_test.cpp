@@ -54,17 +54,14 @@ struct Debug : testing::Test {
 };
 
 TEST_F(Debug, ALineMayStopTheTaskThatExecutesItAndThatOfTheWidgets) {
-  ui.Exit();
+  RunScript("starttask(ui, ui1)\nstarttask(debug, two)");
   RunScript(R"(
-      starttask( ui, ui1 )
-      starttask( debug, two )
       starttask( debug, debug, 60 )
       debug::ToggleConsole
       debug::RecordInput( "game.rec" )
   )");
   Typed("stoptask(ui1)\r");
   EXPECT_EQ(CountWindows(), 0U);
-  ui.Start();
   RunScript("debug::ToggleConsole");
   EXPECT_EQ(Typed("x"), "x") << "another console";
   Typed(";stoptask(debug);two::ToggleConsole\r");

@@ -10,7 +10,6 @@
 #include "ui/console/consoleinput.h"
 #include "ui/desktopwidget.h"
 #include "ui/receivers.h"
-#include "ui/uitask.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +19,6 @@ namespace {
 // What a new console shows in its line after these keys.
 std::string Typed(const std::string& keys) {
   const CTestScreen screen(80, 60);
-  CUiTask task;
-  task.Start();
   const CConsoleWindow console;
   const ui::CWidget& window = *ui::CDesktopWidget::GetSingleton().GetChildren().front();
   auto& line =
@@ -83,18 +80,13 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
 
 // Five characters of the system font and the cursor fit in.
 struct ConsoleInput : testing::Test {
-  ConsoleInput() {
-    myTask.Start();
-    SetFocus(&myInput);
-  }
-  ~ConsoleInput() override { myTask.Exit(); }
+  ConsoleInput() { SetFocus(&myInput); }
   const std::string& ShownAfter(const std::string& keys) {
     Type(keys);
     return dynamic_cast<CTextSprite&>(*mySprite).GetText();
   }
 
   const CTestScreen myScreen{80, 60};
-  CUiTask myTask;
   const CSpritePtr mySprite{new CTextSprite(LoadFont("system"), 32, 20)};
   CConsoleInput myInput{nullptr, {100, 0, 32, 20}, false, "", mySprite, ""};
 };
