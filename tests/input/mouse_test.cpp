@@ -119,6 +119,7 @@ TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
 TEST_F(MouseTest, EveryHandlerMayDeleteAllObjects) {
   for (const char* event : {"m1,1", "d1", "u1", "m250,1"}) {
     for (const char killer : {'0', '1', '2'}) {
+      SCOPED_TRACE(std::string(event) + ", by " + killer);
       for (const char name : {'0', '1', '2'}) {
         CTarget* const target = Add(name, name == '2' ? kRight : kLeft, name == '1');
         myMouse->AddDragged(target);
