@@ -148,6 +148,9 @@ std::string Drawn(EControlKind kind, const std::string& text, const SHow& how = 
 
 TEST(NativeForm, DrawsItsControls) {
   using enum EControlKind;
+  CLetters focus;
+  focus.DottedEdge({1, 1, 6, 5});
+  EXPECT_EQ(focus.cells, "~~~~~~~~~/~_~_~__~~/~~~~~~~~~/~_~~~~_~~/~~~~~~~~~/~_~_~__~~/~~~~~~~~~/");
   EXPECT_EQ(Drawn(kButton, "ok"),
             "#########/#++++++-#/#+.....-#/#+.ok..-#/#+.....-#/#-------#/#########/");
   EXPECT_EQ(Drawn(kButton, "ok", {.isPressed = true}),
