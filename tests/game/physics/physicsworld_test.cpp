@@ -98,17 +98,31 @@ TEST_F(CWorldTest, AStepReportsInOrder) {
 
 // A kitten becomes a disc that lies beside the arena; the door keeps its flag.
 TEST_F(CWorldTest, SetUpResetsKittensAndLeavesTheDoorFlag) {
-  AddKitten(20.0F, -40.0F, 10.0F, 0.0F).look = 2;
+  CPhysicsBody& body = AddKitten(20.0F, -40.0F, 10.0F, 0.0F);
   myWorld->Step(0.0F);
+  body = {.shape = kBox,
+          .angle = 1.0F,
+          .vx = 1.0F,
+          .vy = 1.0F,
+          .angularVelocity = 1.0F,
+          .kind = kStatic,
+          .look = 2,
+          .bridge = {}};
   WorldState().resetCounter = 5;
   myWorld->SetUp();
   EXPECT_TRUE(CPhysicsWorld::IsDoorOpen());
   EXPECT_EQ(Bodies()[kDoorIndex].y, kDoorShutY);
-  const CPhysicsBody& body = Bodies().at(kFirstKittenIndex);
-  EXPECT_EQ(std::tuple(body.shape, body.kind, body.look), std::tuple(kCircle, kDynamic, 0));
-  EXPECT_EQ(std::tuple(body.halfWidth, body.halfHeight), std::tuple(2.2F, 2.2F));
-  EXPECT_EQ(std::tuple(body.x, body.y, body.angle), std::tuple(-38.0F, -7.8F, 0.0F));
-  EXPECT_EQ(std::tuple(body.vx, body.vy, body.angularVelocity), std::tuple(0.0F, 0.0F, 0.0F));
+  EXPECT_EQ(body.shape, kCircle);
+  EXPECT_EQ(body.kind, kDynamic);
+  EXPECT_EQ(body.look, 0);
+  EXPECT_EQ(body.halfWidth, 2.2F);
+  EXPECT_EQ(body.halfHeight, 2.2F);
+  EXPECT_EQ(body.x, -38.0F);
+  EXPECT_EQ(body.y, -7.8F);
+  EXPECT_EQ(body.angle, 0.0F);
+  EXPECT_EQ(body.vx, 0.0F);
+  EXPECT_EQ(body.vy, 0.0F);
+  EXPECT_EQ(body.angularVelocity, 0.0F);
   EXPECT_NEAR(1.0F / body.invMass, 3.15F, 0.05F);
   EXPECT_FLOAT_EQ(body.invInertia, body.invMass / (0.5F * 2.2F * 2.2F));
   EXPECT_EQ(body.bridge->GetIndex(), myBorn - 1) << "the bridge is a new one";
@@ -125,16 +139,13 @@ TEST_F(CWorldTest, ASpawnedKittenFalls) {
 }
 
 TEST_F(CWorldTest, OnlyKittensGetAVelocity) {
-  AddKitten(0.0F, 0.0F);
-  AddKitten(20.0F, -40.0F);
-  const int noBody = myWorld->GetBodyCount();
-  for (const int index : {kMonsterIndex, kFirstKittenIndex, noBody}) {
+  const CPhysicsBody& kitten = AddKitten(0.0F, 0.0F);
+  for (const int index : {kMonsterIndex, kFirstKittenIndex, kFirstKittenIndex + 1}) {
     myWorld->SetKittenVelocity(index, {5.0F, 6.0F});
   }
   EXPECT_EQ(Bodies()[kMonsterIndex].vx, 0.0F);
-  EXPECT_EQ(Bodies()[kFirstKittenIndex].vx, 5.0F);
-  EXPECT_EQ(Bodies()[kFirstKittenIndex].vy, 6.0F);
-  EXPECT_EQ(Bodies()[kFirstKittenIndex + 1].vx, 0.0F);
+  EXPECT_EQ(kitten.vx, 5.0F);
+  EXPECT_EQ(kitten.vy, 6.0F);
 }
 
 // Between two walls a body is thrown back and forth, at 0.8 of its speed each time.
