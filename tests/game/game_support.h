@@ -1,7 +1,6 @@
 #pragma once
 
 #include "console/console.h"
-#include "events/eventbridge.h"
 #include "game/brumbletask.h"
 #include "game/brumbletaskimpl.h"
 #include "game/deathtoasprite.h"
@@ -10,8 +9,10 @@
 #include "game/replayfiles.h"
 #include "game/scores.h"
 #include "gfx/animation/animationupdator.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
+#include "gfx/sprite/sprite.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
 #include "kernel/applicationfactory.h"
@@ -25,6 +26,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
