@@ -87,7 +87,6 @@ inline std::string CentreOf(vask::CSprite& sprite) {
   const vask::CRect<int> rect = sprite.GetRect();
   return std::to_string(rect.x + rect.w / 2) + "," + std::to_string(rect.y + rect.h / 2);
 }
-inline std::string CentreOf(const std::string& name) { return CentreOf(*Shown(name).at(0)); }
 // The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");
