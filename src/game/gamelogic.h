@@ -25,12 +25,8 @@ class IKittenSpawner {
 
 // The rules. They drop the kittens, are told by the physics and the bridges what happens to them,
 // and turn that into points: at stake while the kitten is in play, banked when it goes into the
-// oven, lost when it falls into the fire. A body without a record scores nothing.
-//
-//     CGameLogic logic;          // also works without pictures and sounds
-//     logic.SetOwner(&spawner);  // adds the kittens to the world
-//     logic.NewGame();
-//     logic.Tick();              // every 100 ms
+// oven, lost when it falls into the fire. A body without a record scores nothing. They also work
+// without pictures and sounds.
 class CGameLogic : public IGameLogicReceiver {
  public:
   // The clock's source is not owned and must outlive the rules.
@@ -45,6 +41,7 @@ class CGameLogic : public IGameLogicReceiver {
   void SetOwner(IKittenSpawner* owner) { myOwner = owner; }
 
   void NewGame();
+  // Every 100 ms.
   void Tick();
   // Stops the rules' clock: a pause neither ends a run of spins nor brings the next kitten nearer.
   void PauseClock() { myClock.Pause(); }

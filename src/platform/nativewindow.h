@@ -38,11 +38,12 @@ struct SNativeWindowClass {
 // A window of the desktop with standard controls, for messages outside the program's own screen.
 // Each has a connection of its own to the display; no error of that connection ends the program.
 //
-//     CNativeWindow window({"Greeting", style, ENativeCursor::kArrow, onClick});
+//     CNativeWindow window({"Greeting", 0, ENativeCursor::kArrow, onClick});
 //     window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption);
 //     window.SetDefaultFont();
 //     window.AddControl(EControlKind::kButton, "Good", {60, 40, 75, 20}, 1);
-//     window.Show();  // and then RunMessageLoop()
+//
+// And then Show() and RunMessageLoop().
 class CNativeWindow {
  public:
   explicit CNativeWindow(SNativeWindowClass windowClass);

@@ -42,7 +42,6 @@ void ReplaceAll(std::string& text, std::string_view name, int value) {
   const std::string number = std::to_string(value);
   for (auto at = text.find(name); at != std::string::npos; at = text.find(name, at)) {
     text.replace(at, name.size(), number);
-    at += number.size();
   }
 }
 

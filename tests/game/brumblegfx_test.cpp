@@ -12,7 +12,6 @@ namespace {
 class BridgeTest : public test::GameTest, public IKittenSpawner {
  protected:
   BridgeTest() {
-    SetScreenTransform(kScreenOffset, kScreenScale);
     CGfxFactory::GetSingletonPtr()->Load("data/gfx/gfx_resources.xml", "GfxFactory");
     bridge.SetIndex(kFirstKittenIndex);
   }
@@ -41,6 +40,7 @@ TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
   EXPECT_EQ(placeAt(70.2F, 0), parked) << "on the right";
   EXPECT_EQ(placeAt(0, 53.4F), "380,600");
   EXPECT_EQ(placeAt(0, 53.6F), parked) << "below";
+  EXPECT_EQ(placeAt(0, -53.4F), "380,-40");
   EXPECT_EQ(placeAt(0, -53.6F), parked) << "above";
 }
 
@@ -61,6 +61,16 @@ TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
   EXPECT_EQ(look(0, 1499), "data/gfx/kitten_02.xml");
   EXPECT_EQ(look(0, 0), "data/gfx/kitten_02.xml");
   EXPECT_EQ(look(6, -1), "data/gfx/kitten_03_spinning_easy.xml");
+}
+
+TEST_F(BridgeTest, AKittenWhoseLookIsMissingGetsItsFirstOneBack) {
+  Report(0, 0);
+  std::filesystem::rename("data", "elsewhere");
+  bridge.SetAngularVelocity(6);
+  EXPECT_FALSE(bridge.GetSprite());
+  std::filesystem::rename("elsewhere", "data");
+  Report(0, 0);
+  EXPECT_EQ(test::Shown("data/gfx/kitten_01.xml").size(), 1U);
 }
 
 TEST_F(BridgeTest, TellsTheRulesAndTakesItsRecordAlong) {

@@ -7,8 +7,8 @@
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/text/textsprite.h"
 
-#include <algorithm>
 #include <numeric>
+#include <set>
 
 namespace brumble {
 namespace {
@@ -21,25 +21,18 @@ class Cast : public test::GameTest {
   static SKittenView Kitten(float x, float y, int hair = 1, float health = 3000.0F) {
     return {.bridge = nullptr, .position = {x, y}, .hair = hair, .health = health};
   }
-  // Where sprites of that file are, and what they play, in the order of the text.
+  // Where sprites of that file (numbers have none) are, and what they play or show, in the order of
+  // the text.
   static std::string Describe(const std::string& file) {
-    std::vector<std::string> texts;
+    std::multiset<std::string> texts;
     for (vask::CSprite* sprite : Shown(file)) {
       const auto* animated = dynamic_cast<vask::CAnimatedSprite*>(sprite);
-      texts.push_back(test::PlaceOf(*sprite) +
-                      (animated != nullptr ? " " + animated->GetAnimationName() : "") + "; ");
+      const auto* number = dynamic_cast<vask::CTextSprite*>(sprite);
+      texts.insert(test::PlaceOf(*sprite) +
+                   (animated != nullptr ? " " + animated->GetAnimationName() : "") +
+                   (number != nullptr ? " " + number->GetText() : "") + "; ");
     }
-    std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
-  }
-  // Where numbers are, and what they show.
-  static std::string Numbers() {
-    std::string texts;
-    for (vask::CSprite* sprite : Shown("")) {
-      const auto& number = dynamic_cast<vask::CTextSprite&>(*sprite);
-      texts += test::PlaceOf(number) + " " + number.GetText() + "; ";
-    }
-    return texts;
   }
   void BeginFace() {
     monster = CGfxFactory::GetSingletonPtr()->LoadSprite("data/gfx/monster.xml");
@@ -92,6 +85,8 @@ TEST_F(Cast, TheOvenTellsHowNearTheWorstKittenIsToBald) {
   lights.Update({}, story);
   EXPECT_EQ(Shown(kOvenBreathFile).size(), 1U) << "it breathes while its door is open";
   EXPECT_EQ(Describe(kLampsFile), "50,281 lit_0; ") << "no kitten";
+  lights.Begin();
+  EXPECT_EQ(lampsAt(2250), "50,281 lit_1; ") << "the next game begins without";
 }
 
 TEST_F(Cast, AKittenSpeaksForAWhileWhenItLosesHair) {
@@ -156,27 +151,36 @@ TEST_F(Cast, HintsAreForWhoHasNeverServedAKitten) {
 TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
   SGameResult result;
   result.story.banked = {.spins = 2300, .walls = 190, .oven = 7, .bonuses = 3};
-  result.story.fates = {EFate::kBurnt, EFate::kServed, EFate::kBurnt};
   result.bestBefore = 2501;
-  for (const int place : {2, 1}) {
+  const auto shown = [&](int place) {
     result.place = place;
     CGameOverPanel panel;
     panel.Show(result);
-    EXPECT_EQ(Shown(kPanelShortFile).empty(), place == 1);
-    EXPECT_EQ(Shown(kPanelNewBestFile).empty(), place != 1);
-    EXPECT_EQ(Describe(RankFile(3)), place == 1 ? "290,213 best; " : "290,213 over; ");
-    EXPECT_EQ(Numbers(), "506,283 3; 274,283 7; 506,256 190; 274,256 2300; " +
-                             std::string(place == 1 ? "532,159 1; " : "289,184 1; 532,159 2; ") +
-                             "274,159 2500; ");
-    EXPECT_EQ(Describe(kFateGhostFile) + Describe(kFatePlateFile), "302,323; 342,323; 322,323; ");
-    EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
-    Pass(3000);
-    EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");
-  }
+    EXPECT_EQ(Describe(kPanelScoreFile), "204,159; ");
+    return Describe(kPanelShortFile) + Describe(kPanelNewBestFile) + Describe(RankFile(3)) +
+           Describe("");
+  };
+  EXPECT_EQ(shown(2),
+            "311,184; 290,213 over; 274,159 2500; 274,256 2300; 274,283 7; 289,184 1; 506,256 190; "
+            "506,283 3; 532,159 2; ");
+  EXPECT_EQ(shown(1),
+            "280,184; 290,213 best; 274,159 2500; 274,256 2300; 274,283 7; 506,256 190; 506,283 3; "
+            "532,159 1; ");
   EXPECT_EQ(RankOf(-5), 1);
   EXPECT_EQ(RankOf(80000), 8);
   result.story.banked = {};
   EXPECT_FALSE(result.IsNewBest()) << "no points are no best";
+}
+
+TEST_F(Cast, ThePanelShowsWhatBecameOfKittensAndTheirGhosts) {
+  SGameResult result;
+  result.story.fates = {EFate::kBurnt, EFate::kServed, EFate::kBurnt};
+  CGameOverPanel panel;
+  panel.Show(result);
+  EXPECT_EQ(Describe(kFateGhostFile) + Describe(kFatePlateFile), "302,323; 342,323; 322,323; ");
+  EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
+  Pass(3000);
+  EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "console/console.h"
-#include "events/eventbridge.h"
 #include "game/brumbletask.h"
 #include "game/brumbletaskimpl.h"
 #include "game/deathtoasprite.h"
@@ -10,8 +9,10 @@
 #include "game/replayfiles.h"
 #include "game/scores.h"
 #include "gfx/animation/animationupdator.h"
+#include "gfx/picture/gfx.h"
 #include "gfx/picture/pixelnull.h"
 #include "gfx/sprite/screenlayer.h"
+#include "gfx/sprite/sprite.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
 #include "kernel/applicationfactory.h"
@@ -25,6 +26,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -85,7 +87,6 @@ inline std::string CentreOf(vask::CSprite& sprite) {
   const vask::CRect<int> rect = sprite.GetRect();
   return std::to_string(rect.x + rect.w / 2) + "," + std::to_string(rect.y + rect.h / 2);
 }
-inline std::string CentreOf(const std::string& name) { return CentreOf(*Shown(name).at(0)); }
 // The floating numbers, the newest first.
 inline std::vector<vask::CSprite*> Floating() {
   std::vector<vask::CSprite*> found = Shown("");

@@ -9,8 +9,8 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <map>
+#include <sstream>
 
 namespace vask {
 namespace {
@@ -24,7 +24,7 @@ void KillAndBindMore();
 
 // Adds its name to the record. One with a capital letter hears of keys that come up, too.
 struct CEvent : IKeyEvent {
-  explicit CEvent(char sign) : name(sign) {}
+  explicit CEvent(char sign = 'E') : name(sign) {}
   bool Trigger(int) override {
     theRecord += name;
     if (name == theKiller) {
@@ -37,10 +37,13 @@ struct CEvent : IKeyEvent {
   char name;
 };
 
-// Binds events to "k" or, if their letter comes after "o", adds them for all keys.
-void Put(std::initializer_list<std::pair<char, int>> puts) {
+// Binds events, each told by its letter and its priority, to "k" or, if the letter comes after "o",
+// adds them for all keys.
+void Put(const std::string& events) {
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
-  for (const auto& [name, priority] : puts) {
+  std::istringstream stream(events);
+  char name = ' ';
+  for (int priority = 0; stream >> name >> priority;) {
     auto* const event = new CEvent(name);
     if (std::tolower(name) < 'o') {
       keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
@@ -54,7 +57,7 @@ void Put(std::initializer_list<std::pair<char, int>> puts) {
 void KillAndBindMore() {
   theKiller = ' ';
   theAdded.clear();
-  Put({{'n', 10}, {'t', 10}});
+  Put("n10 t10");
 }
 
 // Lets keys go down ("+a") and up ("-a") within one frame, and returns who heard of them.
@@ -108,7 +111,7 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
 }
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
-  Put({{'c', 10}, {'b', 10}, {'a', 5}, {'q', 10}, {'R', 10}, {'p', 5}, {'s', 30}});
+  Put("c10 b10 a5 q10 R10 p5 s30");
   const CSmartPtr<IKeyEvent> last(new CEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
   const auto hear = [](char stopper, const std::string& keys) {
@@ -147,9 +150,7 @@ TEST(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
 }
 
 TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
-  struct CMyEvent : CEvent {
-    CMyEvent() : CEvent('E') {}
-  };
+  using CMyEvent = CEvent;
   struct CTaker : IKeyInterceptor {
     bool TakesPress(int key) override { return key == kEscapeKey; }
   } taker;
@@ -165,7 +166,7 @@ TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   // Who hears of a key when that event kills them all.
   const auto heard = [](char killer) {
     theKiller = killer;
-    Put({{'b', 10}, {'p', 5}, {'q', 5}, {'r', 15}});
+    Put("b10 p5 q5 r15");
     const std::string names = Hear("+k");
     EXPECT_EQ(Hear("+k"), "tnb") << "newcomers wait for the next key";
     CKeyboard::DeleteSingleton();

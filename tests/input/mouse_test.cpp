@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <sstream>
 
@@ -118,14 +119,12 @@ TEST_F(MouseTest, DraggedObjectsHearEverythingOncePerEntry) {
 
 TEST_F(MouseTest, EveryHandlerMayDeleteAllObjects) {
   for (const char* event : {"m1,1", "d1", "u1", "m250,1"}) {
-    for (const char killer : {'0', '1', '2'}) {
-      for (const char name : {'0', '1', '2'}) {
-        CTarget* const target = Add(name, name == '2' ? kRight : kLeft, name == '1');
-        myMouse->AddDragged(target);
-        if (name == killer) {
-          target->onEvent = [this] { myTargets.clear(); };
-        }
-      }
+    for (const std::size_t killer : {0U, 1U, 2U}) {
+      SCOPED_TRACE(event + std::to_string(killer));
+      CTarget* const targets[] = {Add('a', kLeft, false), Add('b', kLeft, true),
+                                  Add('c', kRight, false)};
+      std::ranges::for_each(targets, [this](CTarget* target) { myMouse->AddDragged(target); });
+      targets[killer]->onEvent = [this] { myTargets.clear(); };
       Hear("m1,1 d1 " + std::string(event) + " m500,300 u1");
     }
   }

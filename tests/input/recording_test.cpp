@@ -1,4 +1,4 @@
-#include "events/eventbridge.h"
+#include "events/eventrecorder.h"
 #include "input/buttons.h"
 #include "input/playbackmouse.h"
 #include "input/recordmouse.h"
@@ -54,6 +54,16 @@ TEST(Recording, PlaysBackWhatItRecorded) {
   device->Update();
   device.reset();
   EXPECT_EQ(CRandomState::GetSingleton().Next(), number) << "its seed again";
+}
+
+TEST(Recording, AListenerMayEndThePlayback) {
+  test::WriteFile("played.rec", "7\n0 mm 20 30\n0 md 1\n");
+  auto playback = std::make_unique<CPlaybackMouse>("played.rec");
+  std::string heard;
+  test::CEventRecorder listener("", heard);
+  listener.react = [&playback] { playback.reset(); };
+  playback->Update();
+  EXPECT_EQ(heard, "move 20 30\nby 0 0\n");
 }
 
 TEST(Recording, IsPlayedLineByLineAtItsTimes) {

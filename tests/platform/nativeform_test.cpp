@@ -59,49 +59,50 @@ void Use(CEditControl& edit, const std::string& words, const INativeFont& font) 
   }
 }
 
+// What fields show that are three characters wide: one line, and two lines that wrap.
+std::string Shown(const std::string& text, const std::string& words) {
+  std::string drawn;
+  for (const bool wraps : {false, true}) {
+    const SBox box = {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16};
+    CEditControl edit("what was\nthere before", box, 0, wraps ? 0 : kAutoScroll);
+    CCanvas canvas;
+    edit.OnPress(999, 999, canvas);
+    edit.SetText(text);
+    Use(edit, words, canvas);
+    edit.Draw(canvas, true, false);
+    drawn += (wraps ? "  " : "") + canvas.drawn;
+  }
+  return drawn;
+}
+
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
-  // What fields show that are three characters wide: one line, and two lines that wrap.
-  const auto shown = [](const std::string& text, const std::string& words) {
-    std::string drawn;
-    for (const bool wraps : {false, true}) {
-      const SBox box = {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16};
-      CEditControl edit("what was\nthere before", box, 0, wraps ? 0 : kAutoScroll);
-      CCanvas canvas;
-      edit.OnPress(999, 999, canvas);
-      edit.SetText(text);
-      Use(edit, words, canvas);
-      edit.Draw(canvas, true, false);
-      drawn += (wraps ? "  " : "") + canvas.drawn;
-    }
-    return drawn;
-  };
   const std::string longText = std::string(100'000, 'a') + "b";
-  EXPECT_EQ(shown("", "left backspace x return y"), "xy/|20,0  x/y/|10,10");
-  EXPECT_EQ(shown("ab", "end x right backspace delete backspace delete"), "a/|10,0  a/|10,0");
-  EXPECT_EQ(shown("abcd", "left backspace"), "abc/|0,0  abc/d/|0,0");
-  EXPECT_EQ(shown("ab cd", "down"), "ab /|0,0  ab /cd/|0,10");
-  EXPECT_EQ(shown("abc d", "end"), " d/|20,0  abc/d/|30,0");
-  EXPECT_EQ(shown("abc ", "end"), "c /|20,0  abc//|30,0");
-  EXPECT_EQ(shown("iiiiiii", ""), "iiiiii/|0,0  iiiiii/i/|0,0");
-  EXPECT_EQ(shown("a\n\nb\n", "down down down"), "a\n\n/|0,0  b//|0,10");
-  EXPECT_EQ(shown("abcdef", "down end up x"), "fx/|20,0  abx/cde/|0,10");
-  EXPECT_EQ(shown("abcdefghi", "down down home up up"), "abc/|0,0  abc/def/|0,0");
-  EXPECT_EQ(shown("abcd", "press"), "abc/|10,0  abc/d/|10,0");
-  EXPECT_EQ(shown("abcdefg", "end press x"), "fxg/|20,0  axb/cde/|20,0");
-  EXPECT_EQ(shown(longText, "end press-far"), "ab/|20,0  aaa/aaa/|20,0");
-  EXPECT_EQ(shown("abc", "right shift-right shift-right shift-nothing"),
+  EXPECT_EQ(Shown("", "left backspace x return y"), "xy/|20,0  x/y/|10,10");
+  EXPECT_EQ(Shown("ab", "end x right backspace delete backspace delete"), "a/|10,0  a/|10,0");
+  EXPECT_EQ(Shown("abcd", "left backspace"), "abc/|0,0  abc/d/|0,0");
+  EXPECT_EQ(Shown("ab cd", "down"), "ab /|0,0  ab /cd/|0,10");
+  EXPECT_EQ(Shown("abc d", "end"), " d/|20,0  abc/d/|30,0");
+  EXPECT_EQ(Shown("abc ", "end"), "c /|20,0  abc//|30,0");
+  EXPECT_EQ(Shown("iiiiiii", ""), "iiiiii/|0,0  iiiiii/i/|0,0");
+  EXPECT_EQ(Shown("a\n\nb\n", "down down down"), "a\n\n/|0,0  b//|0,10");
+  EXPECT_EQ(Shown("abcdef", "down end up x"), "fx/|20,0  abx/cde/|0,10");
+  EXPECT_EQ(Shown("abcdefghi", "down down home up up"), "abc/|0,0  abc/def/|0,0");
+  EXPECT_EQ(Shown("abcdefg", "end press x"), "fxg/|20,0  axb/cde/|20,0");
+  EXPECT_EQ(Shown(longText, "end press-far"), "ab/|20,0  aaa/aaa/|20,0");
+}
+
+TEST(NativeEdit, SelectsWithTheShiftKeyAndThePointer) {
+  EXPECT_EQ(Shown("abc", "right shift-right shift-right shift-nothing"),
             "[0-20]bc/|20,0  [10-30]abc/|30,0");
-  EXPECT_EQ(shown("abcd", "all"), "[0-20]cd/|20,0  [0-30]abc/[0-10]d/|10,10");
-  EXPECT_EQ(shown("abcd", "all backspace"), "/|0,0  /|0,0");
-  EXPECT_EQ(shown("abc", "right right backspace"), "ac/|10,0  ac/|10,0");
-  EXPECT_EQ(shown("abc", "right right right shift-left shift-left delete"), "a/|10,0  a/|10,0");
-  EXPECT_EQ(shown("abc", "shift-right end"), "bc/|20,0  abc/|30,0");
-  EXPECT_EQ(shown("abc", "right right right shift-left shift-left right x"),
+  EXPECT_EQ(Shown("abcd", "all"), "[0-20]cd/|20,0  [0-30]abc/[0-10]d/|10,10");
+  EXPECT_EQ(Shown("abc", "right right right shift-left shift-left delete"), "a/|10,0  a/|10,0");
+  EXPECT_EQ(Shown("abc", "shift-right end"), "bc/|20,0  abc/|30,0");
+  EXPECT_EQ(Shown("abc", "right right right shift-left shift-left right x"),
             "cx/|20,0  abc/x/|10,10");
-  EXPECT_EQ(shown("abcd", "press drag-far x"), "ax/|20,0  axc/d/|20,0");
-  EXPECT_EQ(shown("abc", "end press drag-back x home"), "xc/|0,0  xbc/|0,0");
-  EXPECT_EQ(shown("abcdefgh", "end press drag-back drag-back x"), "xh/|10,0  xbc/def/|10,0");
-  EXPECT_EQ(shown("abcdefgh", "down down press drag-back drag-back x"), "xbc/|10,0  xef/gh/|10,0");
+  EXPECT_EQ(Shown("abcd", "press drag-far x"), "ax/|20,0  axc/d/|20,0");
+  EXPECT_EQ(Shown("abc", "end press drag-back x home"), "xc/|0,0  xbc/|0,0");
+  EXPECT_EQ(Shown("abcdefgh", "end press drag-back drag-back x"), "xh/|10,0  xbc/def/|10,0");
+  EXPECT_EQ(Shown("abcdefgh", "down down press drag-back drag-back x"), "xbc/|10,0  xef/gh/|10,0");
 }
 
 // A picture of letters: a character is one cell wide and high; "." is the face, "," a field, "_"
@@ -124,39 +125,45 @@ struct CLetters : INativeCanvas {
   std::string cells = "~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/";
 };
 
+struct SHow {
+  int wheel = 0;
+  int lineHeight = 1;
+  bool isPressed = false;
+};
+constexpr const char* kLines = "a\nb\nc\nd\ne\nf\ng\nh\ni";
+
+// Seven rows of a control that was scrolled to its end before it got its text.
+std::string Drawn(EControlKind kind, const std::string& text, const SHow& how = {}) {
+  CLetters canvas;
+  CNativeForm form;
+  canvas.lineHeight = how.lineHeight;
+  form.Add(kind, kLines, {0, 0, 9, 7}, 1, kClientEdge);
+  form.Wheel(1, 1, 9, canvas);
+  form.GetControl(0).SetText(text);
+  form.Wheel(1, 1, how.wheel, canvas);
+  form.Press(1, how.isPressed ? 1 : 9, canvas);
+  form.Draw(canvas);
+  return canvas.cells;
+}
+
 TEST(NativeForm, DrawsItsControls) {
-  CLetters dotted;
-  dotted.DottedEdge({1, 1, 6, 5});
-  EXPECT_EQ(dotted.cells, "~~~~~~~~~/~_~_~__~~/~~~~~~~~~/~_~~~~_~~/~~~~~~~~~/~_~_~__~~/~~~~~~~~~/");
-  const std::string lines = "a\nb\nc\nd\ne\nf\ng\nh\ni";
-  // Seven rows of a control that was scrolled to its end before it got its text.
-  const auto draw = [&](EControlKind kind, const std::string& text, int wheel = 0,
-                        int lineHeight = 1, bool isPressed = false) {
-    CLetters canvas;
-    CNativeForm form;
-    canvas.lineHeight = lineHeight;
-    form.Add(kind, lines, {0, 0, 9, 7}, 1, kClientEdge);
-    form.Wheel(1, 1, 9, canvas);
-    form.GetControl(0).SetText(text);
-    form.Wheel(1, 1, wheel, canvas);
-    form.Press(1, isPressed ? 1 : 9, canvas);
-    form.Draw(canvas);
-    return canvas.cells;
-  };
   using enum EControlKind;
-  EXPECT_EQ(draw(kButton, "ok"),
+  CLetters focus;
+  focus.DottedEdge({1, 1, 6, 5});
+  EXPECT_EQ(focus.cells, "~~~~~~~~~/~_~_~__~~/~~~~~~~~~/~_~~~~_~~/~~~~~~~~~/~_~_~__~~/~~~~~~~~~/");
+  EXPECT_EQ(Drawn(kButton, "ok"),
             "#########/#++++++-#/#+.....-#/#+.ok..-#/#+.....-#/#-------#/#########/");
-  EXPECT_EQ(draw(kButton, "ok", 0, 1, true),
+  EXPECT_EQ(Drawn(kButton, "ok", {.isPressed = true}),
             "#########/#------.#/#-......#/#-._._..#/#-..ok..#/#.......#/#########/");
-  EXPECT_EQ(draw(kStatic, "a b", 9),
+  EXPECT_EQ(Drawn(kStatic, "a b", {.wheel = 9}),
             "--------+/-~~~~~~~+/-~a b~~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/");
-  EXPECT_EQ(draw(kStatic, lines, 1),
+  EXPECT_EQ(Drawn(kStatic, kLines, {.wheel = 1}),
             "--------+/-~~~~~~~+/-~b~~~~~+/-~c~~~~~+/-~:::~~~+/-~~~~~~~+/+++++++++/");
-  EXPECT_EQ(draw(kStatic, lines, 9),
+  EXPECT_EQ(Drawn(kStatic, kLines, {.wheel = 9}),
             "--------+/-~~~~~~~+/-~g~~~~~+/-~h~~~~~+/-~i~~~~~+/-~~~~~~~+/+++++++++/");
-  EXPECT_EQ(draw(kStatic, "a b", 0, 2),
+  EXPECT_EQ(Drawn(kStatic, "a b", {.lineHeight = 2}),
             "--------+/-~~~~~~~+/-~~a b~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/");
-  EXPECT_EQ(draw(kEdit, "a"),
+  EXPECT_EQ(Drawn(kEdit, "a"),
             "--------+/-######.+/-#,,,,,.+/-#,a,,,.+/-#,,,,,.+/-.......+/+++++++++/");
 }
 

@@ -119,6 +119,9 @@ TEST_F(Widget, MovesChildrenAndSpriteAsFarAsItsParentAllows) {
   myRoot->MoveBy(-5, 5);
   EXPECT_EQ(sprite->GetRect(), (Rect{16, 27, 3, 5}));
   EXPECT_EQ(sprite->GetZ(), -2);
+  inner->SetLayout("this.x - 3", "27", "3", "5");
+  child->Resize(22, 9);
+  EXPECT_EQ(inner->GetRect().x, 13) << "its parent keeps its size";
   inner->SetRect({-7, 8, -9, 9000});
   EXPECT_EQ(sprite->GetRect(), (Rect{-7, 8, 1, 8192})) << "what a picture can have";
 }

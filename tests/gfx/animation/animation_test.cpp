@@ -88,27 +88,28 @@ class Animation : public testing::Test {
 
 TEST_F(Animation, FramesFollowTheirTimes) {
   struct SCase {
+    const char* name;
     std::string frames = Part(1, 100) + Part(2, 100);
     bool loop = true;
     float speed = 1;
     Times times = {0, 49, 50, 100, 200};
     const char* shown;  // x at each time
   };
-  const std::string noLength = Part(1, 0) + Sound("") + Part(2, 50, Sound("", "Wrapped"));
+  const std::string lazy = Part(1, 0) + Sound("") + Part(2, 50, Sound("", "Wrapped")) + Part(3, 30);
   const SCase cases[] = {
-      {.times = {0, 50, 99, 100, 150, 199, 200, 300}, .shown = "11122212"},
-      {.loop = false, .times = {0, 100, 199, 200, 900}, .shown = "12222"},
+      {.name = "loop", .times = {0, 50, 99, 100, 150, 199, 200, 300}, .shown = "11122212"},
+      {.name = "once", .loop = false, .times = {0, 100, 199, 200, 900}, .shown = "12222"},
       // Frames without a length end with the next update.
-      {.frames = noLength + Part(3, 30), .times = {0, 1, 2, 3, 32, 33, 34}, .shown = "1233112"},
-      {.frames = "", .shown = "00000"},
-      {.speed = 2, .shown = "11212"},
-      {.speed = 0, .shown = "11111"},
-      {.speed = 0.3F, .times = {0, 1, 333, 334, 335}, .shown = "11122"},
-      {.speed = NAN, .shown = "11121"},
+      {.name = "no length", .frames = lazy, .times = {0, 1, 2, 3, 32, 33, 34}, .shown = "1233112"},
+      {.name = "no frames", .frames = "", .shown = "00000"},
+      {.name = "twice as fast", .speed = 2, .shown = "11212"},
+      {.name = "standing", .speed = 0, .shown = "11111"},
+      {.name = "slow", .speed = 0.3F, .times = {0, 1, 333, 334, 335}, .shown = "11122"},
+      {.name = "no number", .speed = NAN, .shown = "11121"},
   };
   for (const unsigned start : {0U, 5000U, 4294967200U}) {
     for (const SCase& c : cases) {
-      SCOPED_TRACE(testing::Message() << c.frames << start << " at " << c.speed);
+      SCOPED_TRACE(testing::Message() << c.name << ", from " << start);
       const SpritePtr sprite = Read(Named("b", Part(9, 1)) + Named("a", c.frames, c.loop));
       sprite->SetTimeMultiply(c.speed);
       EXPECT_EQ(Play(*sprite, c.times, start), c.shown);

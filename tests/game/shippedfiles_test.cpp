@@ -1,5 +1,5 @@
-// What is beside the code. The documents: their examples run, and nothing is left out. The
-// files: the shipped ones are whole, and pipes are left alone.
+// The files beside the code. The documents: their examples run, and nothing is left out. The data:
+// it is whole.
 
 #include "game/gfxfactory.h"
 #include "gfx/sprite/spritefactory.h"
@@ -11,15 +11,10 @@
 #include "support/files.h"
 #include "support/logcapture.h"
 #include "support/testpicture.h"
-#include "utils/inputfile.h"
-#include "utils/outputfile.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <regex>
 #include <sstream>
@@ -93,20 +88,6 @@ TEST(ShippedFiles, AreWhole) {
   }
   EXPECT_TRUE(LoadFont("data/gfx/numbers.ogf")->HasGlyphs());
   EXPECT_EQ(log.Text(), "");
-}
-
-// Reading a pipe without a writer would wait for ever, as would writing to one without a reader.
-TEST(Pipes, AreNeitherReadNorWritten) {
-  const CTestScreen screen(80, 60);
-  ASSERT_EQ(mkfifo("pipe.png", 0600), 0);
-  EXPECT_FALSE(OpenInputFile("pipe.png").is_open());
-  EXPECT_TRUE(Gfx::ImagePtr(Gfx::LoadImage("pipe.png", Gfx::kMagenta))->IsEmpty());
-  const int reader = open("pipe.png", O_RDONLY | O_NONBLOCK);  // to look
-  OpenOutputFile("pipe.png") << "text";
-  CPixelSDL(sdl::NewSurface(2, 2, sdl::AlphaFormat()).release()).SaveToFile("pipe.png");
-  char written = 0;
-  EXPECT_EQ(read(reader, &written, 1), 0);
-  close(reader);
 }
 
 }  // namespace
