@@ -16,6 +16,8 @@ class CNewFile {
 
   // Appends all of it; nothing is buffered. After a failure nothing more is written.
   void Write(std::string_view bytes);
+  // Makes it fail for that reason, one of errno, as what belongs into it can't be told.
+  void Fail(int error) { myError = error; }
   // Whether everything has gone well, the making of the file included.
   bool IsGood() const { return myError == 0; }
   // Whether the file could not be made because there is one of that name.

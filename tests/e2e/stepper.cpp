@@ -3,6 +3,7 @@
 //
 //   run LINE      executes LINE in the application console
 //   advance MS    moves the clock on
+//   date SECONDS  stops the date, which is the seed of a game
 //   frame         lets one frame go by
 //   click         presses the left button
 //   play MANNER SEED UPDATES
@@ -26,6 +27,7 @@
 #include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
+#include "platform/wallclock.h"
 #include "support/fakeclock.h"
 #include "tools/mail.h"
 #include "utils/assert.h"
@@ -38,6 +40,7 @@
 namespace {
 
 vask::test::CFakeClock* theClock = nullptr;
+std::int64_t theDate = 0;
 
 int ourCount = 3;
 
@@ -167,6 +170,8 @@ class CStepper : public vask::CTask {
       std::cerr << vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
     } else if (verb == "advance" && order >> number) {
       theClock->Advance(number);
+    } else if (verb == "date" && order >> theDate) {
+      vask::platform::SetWallClock([] { return theDate; });
     } else if (verb == "click") {
       vask::CEventBridge::GetSingletonPtr()->MouseButtonDown(vask::kLeftButton);
     } else if (verb == "fail") {

@@ -7,10 +7,13 @@
 #include <SDL_rotozoom.h>
 #include <dlfcn.h>
 #include <execinfo.h>
+#include <netdb.h>
 #include <stdio_ext.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
+#include <zlib.h>
 
 #include <array>
 #include <atomic>
@@ -103,6 +106,11 @@ FAILING(int, SDL_Flip, (SDL_Surface * a), a)
 FAILING(SDL_Surface*, SDL_LoadBMP_RW, (SDL_RWops * a, int b), a, b)
 FAILING(SDL_RWops*, SDL_RWFromConstMem, (const void* a, int b), a, b)
 FAILING(int, SDL_FillRect, (SDL_Surface * a, SDL_Rect* b, Uint32 c), a, b, c)
+FAILING(SDL_Cursor*, SDL_CreateCursor, (Uint8 * a, Uint8* b, int c, int d, int e, int f), a, b, c,
+        d, e, f)
+FAILING(int, SDL_BuildAudioCVT,
+        (SDL_AudioCVT * a, Uint16 b, Uint8 c, int d, Uint16 e, Uint8 f, int g), a, b, c, d, e, f, g)
+FAILING(SDL_Rect**, SDL_ListModes, (SDL_PixelFormat * a, Uint32 b), a, b)
 FAILING(SDL_RWops*, SDL_RWFromFile, (const char* a, const char* b), a, b)
 FAILING(SDL_Surface*, IMG_Load, (const char* a), a)
 FAILING(SDL_Surface*, IMG_LoadGIF_RW, (SDL_RWops * a), a)
@@ -123,8 +131,14 @@ FAILING(ssize_t, read, (int a, void* b, size_t c), a, b, c)
 FAILING(ssize_t, write, (int a, const void* b, size_t c), a, b, c)
 FAILING(ssize_t, writev, (int a, const iovec* b, int c), a, b, c)
 FAILING(int, rename, (const char* a, const char* b), a, b)
+FAILING(int, unlink, (const char* a), a)
+FAILING(int, remove, (const char* a), a)
+FAILING(int, mkdir, (const char* a, mode_t b), a, b)
+FAILING(int, compress2, (Bytef * a, uLongf* b, const Bytef* c, uLong d, int e), a, b, c, d, e)
 FAILING(int, flock, (int a, int b), a, b)
 FAILING(int, poll, (struct pollfd * a, unsigned long b, int c), a, b, c)
+FAILING(int, getaddrinfo, (const char* a, const char* b, const addrinfo* c, addrinfo** d), a, b, c,
+        d)
 FAILING(int, socket, (int a, int b, int c), a, b, c)
 FAILING(int, connect, (int a, const sockaddr* b, socklen_t c), a, b, c)
 FAILING(ssize_t, send, (int a, const void* b, size_t c, int d), a, b, c, d)

@@ -24,15 +24,15 @@ FRAME = (*("advance 20", "frame") * 3, "compare")
 CONSOLE = ("run load(data/keys/console.txt)", *FRAME)
 # The title, a whole game, its end, the console, other screens, a recorded game, no screen, a mail
 # and the end.
-ORDERS = (*FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *CONSOLE,
+ORDERS = ("date 1", *FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *CONSOLE,
           "run window::Resize(640, 480)", *FRAME, "run window::Fullscreen", *FRAME, *CONSOLE,
           "run replaygame(data/demo.replay)", *FRAME, "run stoptask(window)", *FRAME)
-# SDL and SDL_image follow a null pointer there.
-LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW")
+# SDL and SDL_image follow a null pointer there, and SDL_mixer frees what it has not got.
+LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW|OGG_playAudio")
 # Nothing is lost there: the libraries go on without, a check is left out, a script need not be there
 # (user.txt), something has been written or answered, is tried again (as another kind of picture, too),
 # or was only for the standard output. The log has no other place.
-SILENT = re.compile("SDL_SetVideoMode|SDL_Flip|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|CFileLock|"
+SILENT = re.compile("SDL_(SetVideoMode|ListModes)|SDL_Flip|Mix_OpenAudio|Mix_LoadMUS|Mix_FadeInMusicPos|CFileLock|"
                     "(Is|Load)GifFile|IMG_is|SDLMixer(Effect|Music)Data4Load|CLogFile|RemoveOldReplays|"
                     "^close|^fwrite|CMail|"
                     r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|4open\S+\n.*ExecuteFile|"
@@ -47,7 +47,7 @@ class MailHost(socketserver.StreamRequestHandler):
                 self.wfile.write(b"250 well\r\n")
 
 
-# Returns what was printed and reported, and what did not hold.
+# Returns what was printed and reported, what did not hold, and whether the game's score is among the best.
 def run(program, orders, environment):
     with headless(program, orders, environment, SCORES) as game:
         status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
@@ -55,7 +55,8 @@ def run(program, orders, environment):
         wrong += re.findall("the picture is wrong", game.printed)
         wrong += [] if set(SCORES.split()) <= set(scores.split()) else ["a score is lost"]
         said = re.sub("New log created on.*", "", game.log())  # which tells the minute
-        return game.printed, (said + game.standard_error()).splitlines(), wrong
+        is_entered = len(scores.splitlines()) > len(SCORES.splitlines())
+        return game.printed, (said + game.standard_error()).splitlines(), wrong, is_entered
 
 
 def main():
@@ -63,13 +64,15 @@ def main():
     host = socketserver.ThreadingTCPServer(("127.0.0.1", 0), MailHost)
     threading.Thread(target=host.serve_forever, daemon=True).start()
     orders = [*ORDERS, f"mail {host.server_address[1]}", *FRAME]
-    printed, usual, wrong = run(program, orders, {})
+    printed, usual, wrong, is_entered = run(program, orders, {})
+    wrong += [] if is_entered else ["no score is entered"]
     calls = re.findall(r"^call (\d+) (\d+)", printed, re.M)
     faults = list(dict.fromkeys(call["--each" not in sys.argv] for call in calls))
     failed, bad, theirs = collections.Counter(), len(wrong), 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for printed, said, wrong in pool.map(lambda fault: run(program, orders, {"FAULT": fault}),
-                                             faults[::10 if "--some" in sys.argv else 1]):
+        runs = pool.map(lambda fault: run(program, orders, {"FAULT": fault}),
+                        faults[::10 if "--some" in sys.argv else 1])
+        for printed, said, wrong, is_entered in runs:
             place = re.search(r"^failed \d+ \d+ (\w+)\n((?:.*0x.*\n)*)", printed, re.M)
             if not place:
                 continue  # the sound's thread did not come as far
@@ -77,6 +80,8 @@ def main():
             new = [line for line in said if line not in usual]
             if not new and not SILENT.search(place[1] + place[2]):
                 wrong.append("no message")
+            if not new and not is_entered:
+                wrong.append("the score is not entered")
             theirs += bool(wrong and LIBRARY.search(place[2]))
             if wrong and not LIBRARY.search(place[2]):
                 bad += 1

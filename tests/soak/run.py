@@ -11,16 +11,19 @@ from game import headless  # noqa: E402
 
 MANNERS = ("idle", "sweeper", "chaser", "bouncer", "spinner", "presser", "fidgeter")
 CENSUS = "run census::now"
-BEST = "99999 2026-01-01 -\n"  # so that no game changes the title
-# To the title, which looks the same after every game; the panel at the end does not.
-TITLE = ("run replaygame(data/demo.replay)", "frame", "run stopreplay", *("advance 500", "frame") * 10)
+KINDS = 14  # of games: the panel at the end looks as it did after the last game of the kind
+BEST = "99999 2026-01-01 -\n" * 10  # so that no game changes the title, or has a place
+REST = ("advance 500", "frame") * 10
+TITLE = ("run replaygame(data/demo.replay)", "frame", "run stopreplay", *REST)
 WRAP = f"advance {2 ** 32 - 600_000}"  # ten minutes before the milliseconds begin anew
 
 
 def orders(games, consoles, tasks):
     yield from ("run starttask(census, census, 40)", WRAP)
     for number in range(games):
-        yield from ("click", "click", f"play {MANNERS[number % 7]} {number} 25", *TITLE, CENSUS)
+        kind = number % KINDS
+        yield from (f"date {kind}", "click", "click", f"play {MANNERS[kind % 7]} {kind} 25", *REST, CENSUS)
+        yield from (*TITLE, CENSUS)
     for number in range(consoles):
         toggle = ("run load(data/keys/console.txt)", "advance 20", "frame")
         yield from (*toggle, f"run keyboard::bind(f12, soak = {number})",
@@ -45,9 +48,13 @@ def main():
         game.wait_for_end()
     counts = [(int(words[1]), dict(word.split("=") for word in words[2:]))
               for words in map(str.split, game.printed.splitlines()) if words[:1] == ["census"]]
-    assert len(counts) == games + 4, f"{len(counts)} counts"
-    wrong = [line for number in range(2, games)
-             for line in changes(f"game {number + 1}", counts[1], counts[number])]
+    assert len(counts) == 2 * games + 4, f"{len(counts)} counts"
+    panels = counts[:2 * games:2]
+    del counts[:2 * games:2]
+    wrong = [line for number in range(KINDS + 1, games)
+             for line in changes(f"panel {number + 1}", panels[number - KINDS], panels[number])]
+    wrong += [line for number in range(2, games)
+              for line in changes(f"game {number + 1}", counts[1], counts[number])]
     wrong += changes("the consoles", counts[games], counts[games + 1])
     memory = [count[0] for count in counts]
     costs = [memory[-2] - memory[-3], memory[-1] - memory[-2]]

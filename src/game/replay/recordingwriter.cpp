@@ -5,19 +5,22 @@
 
 #include <zlib.h>
 
+#include <cerrno>
+
 namespace brumble {
 namespace {
 
 constexpr unsigned kBlockTime = 5000;  // milliseconds
 constexpr std::size_t kBlockBytes = 32768;
 
+// Empty when the library lacks memory.
 std::string Pack(const std::string& bytes) {
   uLongf size = compressBound(static_cast<uLong>(bytes.size()));
   std::string packed(size, '\0');
-  compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-            reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uLong>(bytes.size()),
-            Z_BEST_COMPRESSION);
-  packed.resize(size);
+  const int result = compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+                               reinterpret_cast<const Bytef*>(bytes.data()),
+                               static_cast<uLong>(bytes.size()), Z_BEST_COMPRESSION);
+  packed.resize(result == Z_OK ? size : 0);
   return packed;
 }
 
@@ -131,6 +134,9 @@ void CRecordingWriter::Flush() {
     return;
   }
   const std::string packed = Pack(bytes);
+  if (packed.empty()) {
+    myFile.Fail(ENOMEM);
+  }
   CByteWriter block;
   block.PutWord(static_cast<std::uint32_t>(packed.size()));
   block.PutWord(static_cast<std::uint32_t>(bytes.size()));
