@@ -254,7 +254,7 @@ class Stepper(Game):
 
 # The stepper, or a program made of it, without a window, when it has run with all orders at once.
 @contextlib.contextmanager
-def headless(program, orders, environment={}, scores=""):
+def headless(program, orders, environment={}, scores="", seconds=WHOLE_SOAK):
     def prepare(runtime):
         script = (runtime / "autoexec.txt").read_text()
         # More sounds at a time than there are when time runs faster, and no pointer, which SDL would
@@ -267,7 +267,7 @@ def headless(program, orders, environment={}, scores=""):
     run = Stepper(prepare=prepare, environment={"SDL_VIDEODRIVER": "dummy", **environment})
     run.executable = pathlib.Path(program).resolve()
     with run:
-        output, _ = run.process.communicate("\n".join([*orders, ""]).encode(), WHOLE_SOAK)
+        output, _ = run.process.communicate("\n".join([*orders, ""]).encode(), seconds)
         run.printed = output.decode(errors="replace")
         yield run
 

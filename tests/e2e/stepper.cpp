@@ -156,6 +156,7 @@ class CStepper : public vask::CTask {
     if (verb == "play") {
       StartPilot(order);
     }
+    std::cout.clear();  // that one answer could not be written must not hide the next
     myFrameRuns = verb == "frame" || verb == "play";
     if (!myFrameRuns) {
       std::cout << Answer(verb, order) << std::endl;

@@ -11,7 +11,6 @@
 #include <stdio_ext.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/uio.h>
 #include <unistd.h>
 #include <zlib.h>
 
@@ -93,15 +92,13 @@ Result Call(const char* name, Arguments... arguments) {
 
 // The function of those parameters, which are named again for the call.
 #define FAILING(R, name, parameters, ...) \
-  extern "C" R name parameters { return Call<R>(#name, __VA_ARGS__); }
+  extern "C" R name parameters { return Call<R>(#name __VA_OPT__(, ) __VA_ARGS__); }
 FAILING(int, SDL_Init, (Uint32 a), a)
 FAILING(int, SDL_InitSubSystem, (Uint32 a), a)
 FAILING(SDL_Surface*, SDL_SetVideoMode, (int a, int b, int c, Uint32 d), a, b, c, d)
 FAILING(SDL_Surface*, SDL_ConvertSurface, (SDL_Surface * a, SDL_PixelFormat* b, Uint32 c), a, b, c)
-FAILING(SDL_Surface*, SDL_DisplayFormat, (SDL_Surface * a), a)
 FAILING(SDL_Surface*, SDL_DisplayFormatAlpha, (SDL_Surface * a), a)
 FAILING(int, SDL_LockSurface, (SDL_Surface * a), a)
-FAILING(int, SDL_UpperBlit, (SDL_Surface * a, SDL_Rect* b, SDL_Surface* c, SDL_Rect* d), a, b, c, d)
 FAILING(int, SDL_Flip, (SDL_Surface * a), a)
 FAILING(SDL_Surface*, SDL_LoadBMP_RW, (SDL_RWops * a, int b), a, b)
 FAILING(SDL_RWops*, SDL_RWFromConstMem, (const void* a, int b), a, b)
@@ -110,6 +107,10 @@ FAILING(SDL_Cursor*, SDL_CreateCursor, (Uint8 * a, Uint8* b, int c, int d, int e
         d, e, f)
 FAILING(int, SDL_BuildAudioCVT,
         (SDL_AudioCVT * a, Uint16 b, Uint8 c, int d, Uint16 e, Uint8 f, int g), a, b, c, d, e, f, g)
+FAILING(int, SDL_OpenAudio, (SDL_AudioSpec * a, SDL_AudioSpec* b), a, b)
+FAILING(int, SDL_ConvertAudio, (SDL_AudioCVT * a), a)
+FAILING(SDL_mutex*, SDL_CreateMutex, ())
+FAILING(SDL_RWops*, SDL_AllocRW, ())
 FAILING(SDL_Rect**, SDL_ListModes, (SDL_PixelFormat * a, Uint32 b), a, b)
 FAILING(SDL_RWops*, SDL_RWFromFile, (const char* a, const char* b), a, b)
 FAILING(SDL_Surface*, IMG_Load, (const char* a), a)
@@ -117,7 +118,6 @@ FAILING(SDL_Surface*, IMG_LoadGIF_RW, (SDL_RWops * a), a)
 FAILING(int, Mix_OpenAudio, (int a, Uint16 b, int c, int d), a, b, c, d)
 FAILING(Mix_Music*, Mix_LoadMUS, (const char* a), a)
 FAILING(int, Mix_PlayChannelTimed, (int a, Mix_Chunk* b, int c, int d), a, b, c, d)
-FAILING(int, Mix_PlayMusic, (Mix_Music * a, int b), a, b)
 FAILING(int, Mix_FadeInMusicPos, (Mix_Music * a, int b, int c, double d), a, b, c, d)
 FAILING(SDL_Surface*, rotozoomSurface, (SDL_Surface * a, double b, double c, int d), a, b, c, d)
 FAILING(SDL_Surface*, zoomSurface, (SDL_Surface * a, double b, double c, int d), a, b, c, d)
@@ -129,18 +129,17 @@ FAILING(size_t, fread, (void* a, size_t b, size_t c, FILE* d), a, b, c, d)
 FAILING(size_t, fwrite, (const void* a, size_t b, size_t c, FILE* d), a, b, c, d)
 FAILING(ssize_t, read, (int a, void* b, size_t c), a, b, c)
 FAILING(ssize_t, write, (int a, const void* b, size_t c), a, b, c)
-FAILING(ssize_t, writev, (int a, const iovec* b, int c), a, b, c)
 FAILING(int, rename, (const char* a, const char* b), a, b)
-FAILING(int, unlink, (const char* a), a)
-FAILING(int, remove, (const char* a), a)
 FAILING(int, mkdir, (const char* a, mode_t b), a, b)
 FAILING(int, compress2, (Bytef * a, uLongf* b, const Bytef* c, uLong d, int e), a, b, c, d, e)
+FAILING(int, uncompress2, (Bytef * a, uLongf* b, const Bytef* c, uLong* d), a, b, c, d)
 FAILING(int, flock, (int a, int b), a, b)
 FAILING(int, poll, (struct pollfd * a, unsigned long b, int c), a, b, c)
 FAILING(int, getaddrinfo, (const char* a, const char* b, const addrinfo* c, addrinfo** d), a, b, c,
         d)
 FAILING(int, socket, (int a, int b, int c), a, b, c)
 FAILING(int, connect, (int a, const sockaddr* b, socklen_t c), a, b, c)
+FAILING(int, getsockopt, (int a, int b, int c, void* d, socklen_t* e), a, b, c, d, e)
 FAILING(ssize_t, send, (int a, const void* b, size_t c, int d), a, b, c, d)
 FAILING(ssize_t, recv, (int a, void* b, size_t c, int d), a, b, c, d)
 FAILING(SDL_Surface*, SDL_CreateRGBSurface,

@@ -49,7 +49,8 @@ class CCensus : public vask::CTask {
   void Update() override {}
   bool ExecuteCommand(const std::string&) override {
     Mix_HaltChannel(-1);
-    std::cout << "census " << mallinfo2().uordblks;
+    const struct mallinfo2 heap = mallinfo2();
+    std::cout << "census " << heap.uordblks + heap.hblkhd;
     for (const auto& [name, count] : CountLiving()) {
       std::cout << " " << name << "=" << count;
     }
