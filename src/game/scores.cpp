@@ -118,7 +118,8 @@ int EnterScore(const SScore& score) {
     return 0;
   }
   scores.resize(std::min(scores.size(), kBestScores));
-  if (!lock.IsHeld() || !WriteScores(scores)) {
+  // A second try, as the first may have failed for a moment only.
+  if (!lock.IsHeld() || !(WriteScores(scores) || WriteScores(scores))) {
     vask::Log().Warning() << "Scores: " << kScoresFile << " can't be written\n";
   }
   return static_cast<int>(place);
