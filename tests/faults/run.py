@@ -36,7 +36,7 @@ MESSAGE = re.compile("<!>|[(]!|ogf file|^(?![(<])")
 # (user.txt), something has been written or answered, is tried again (as another kind of picture, too),
 # or was only for the standard output. The log has no other place.
 SILENT = re.compile("SDL_(SetVideoMode|ListModes|Create(Cursor|Mutex)|Flip)|Mix_OpenAudio|Mix_LoadMUS|"
-                    "Mix_FadeInMusicPos|CFileLock|WriteScores|(Is|Load)GifFile|IMG_is|SDLMixer(Effect|Music)Data4Load|"
+                    "Mix_FadeInMusicPos|CFileLock|EnterScore|(Is|Load)GifFile|IMG_is|SDLMixer(Effect|Music)Data4Load|"
                     "CLogFile|RemoveOldReplays|^close|^fwrite|CMail|"
                     r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|4open\S+\n.*ExecuteFile|"
                     r"CXmlParser.*\n.*\n.*PictureCache")
