@@ -67,6 +67,8 @@ void BM_Recording(benchmark::State& state) {
   state.counters["plain_us"] = Median(plain);
   state.counters["recorded_us"] = Median(recorded);
   state.counters["recording_us"] = Median(recorded) - Median(plain);
+  state.counters["ratio"] = Median(recorded) / Median(plain);
+  state.counters["limit"] = 1.8;
   std::filesystem::remove(kFile);
 }
 BENCHMARK(BM_Recording)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(50);

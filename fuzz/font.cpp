@@ -1,4 +1,5 @@
-// The first line is an OGF file, the rest is a text: what is measured is what is drawn.
+// The first line is an OGF file, the rest is a text: what is measured is what is drawn, and no
+// pixel outside changes.
 
 #include "gfx/text/font.h"
 
@@ -12,9 +13,18 @@ namespace {
 
 constexpr int kWidth = 90;
 constexpr int kHeight = 60;
+constexpr vask::CRect<int> kPlace{7, 5, kWidth - 9, kHeight};
+
+void CheckOutside(const vask::IPixel& target, int right, int bottom) {
+  const std::vector<std::uint32_t> pixels = vask::test::PixelsOf(target);
+  for (int i = 0; i < kWidth * kHeight; ++i) {
+    const int x = i % kWidth, y = i / kWidth;
+    const bool isInside = x >= kPlace.x && x < right && y >= kPlace.y && y < bottom;
+    vask::fuzz::Require(isInside || pixels[static_cast<std::size_t>(i)] == 0);
+  }
+}
 
 void Write(vask::CFont& font, const std::string& text) {
-  const vask::Gfx::ImagePtr target(vask::Gfx::NewBuffer(kWidth, kHeight));
   int width = 0;
   for (const char character : text) {
     width += font.GetCharWidth(static_cast<unsigned char>(character));
@@ -22,11 +32,14 @@ void Write(vask::CFont& font, const std::string& text) {
   vask::fuzz::Require(font.GetTextWidth(text) == width);
   for (int align = -1; align <= 3; ++align) {
     font.SetAlign(align);
-    const vask::SPenPosition drawn = font.Write(target.get(), text, {7, 5, kWidth - 9, kHeight});
-    const vask::SPenPosition measured = font.Write(nullptr, text, {7, 5, kWidth - 9, kHeight});
+    const vask::Gfx::ImagePtr target(vask::Gfx::NewBuffer(kWidth, kHeight));
+    const vask::SPenPosition drawn = font.Write(target.get(), text, kPlace);
+    const vask::SPenPosition measured = font.Write(nullptr, text, kPlace);
     // A line that is drawn justified reaches to the right edge.
     const bool isJustified = align == vask::IFontAlign::kJustify;
     vask::fuzz::Require(drawn.y == measured.y && (isJustified || drawn.x == measured.x));
+    const bool isOneLine = align < 0;
+    CheckOutside(*target, isOneLine ? measured.x : kPlace.x + kPlace.w, measured.y);
   }
 }
 

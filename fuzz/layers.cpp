@@ -1,6 +1,6 @@
 // Sprites of all kinds on nested layers, changed at random on a screen whose size and depth change:
-// each frame shows what SDL alone draws, sprite by sprite from the back to the front. Prints how
-// many frames were compared.
+// each frame shows what SDL alone draws, sprite by sprite from the back to the front, in an order
+// that is kept beside them. Prints how many frames were compared.
 
 #include "fuzz.h"
 #include "support/testpicture.h"
@@ -10,7 +10,10 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -44,6 +47,72 @@ class CChoices {
   const std::uint8_t* myEnd;
 };
 
+// Where the sprites are, by what was done to them.
+class COrder {
+ public:
+  void SetZ(CSprite& sprite, int z) {
+    SPlace& place = myPlaces[&sprite];
+    place.arrival = z == place.z ? place.arrival : ++myArrivals;
+    place.z = z;
+    sprite.SetZ(z);
+  }
+  void SetVisible(CSprite& sprite, bool visible) {
+    SPlace& place = myPlaces[&sprite];
+    if (place.layer != nullptr && place.isVisible != visible) {
+      place.isVisible = visible;
+      place.arrival = ++myArrivals;
+    }
+    sprite.SetVisible(visible);
+  }
+  void SetParent(CSprite& sprite, CSpriteLayer* layer) {
+    if (!IsInside(layer, &sprite)) {
+      SPlace& place = myPlaces[&sprite];
+      place = {place.z, layer, true, ++myArrivals};
+    }
+    sprite.SetParent(layer);
+  }
+  // A new sprite is about to take its place.
+  void Forget(const CSprite* sprite) {
+    myPlaces.erase(sprite);
+    for (auto& [other, place] : myPlaces) {
+      place.layer = place.layer == sprite ? nullptr : place.layer;
+    }
+  }
+  // Front to back: of equal depth the last one to arrive is in front.
+  std::vector<CSprite*> ChildrenOf(const CSprite& layer) const {
+    std::vector<std::pair<const CSprite*, SPlace>> all(myPlaces.begin(), myPlaces.end());
+    std::erase_if(all, [&](const auto& item) {
+      return item.second.layer != &layer || !item.second.isVisible;
+    });
+    std::ranges::sort(all, [](const auto& a, const auto& b) {
+      return std::pair(a.second.z, b.second.arrival) < std::pair(b.second.z, a.second.arrival);
+    });
+    std::vector<CSprite*> children;
+    std::ranges::transform(all, std::back_inserter(children),
+                           [](const auto& item) { return const_cast<CSprite*>(item.first); });
+    return children;
+  }
+
+ private:
+  struct SPlace {
+    int z = 0;
+    const CSprite* layer = nullptr;
+    bool isVisible = true;
+    unsigned arrival = 0;
+  };
+
+  bool IsInside(const CSprite* sprite, const CSprite* outer) const {
+    while (sprite != nullptr && sprite != outer) {
+      const auto found = myPlaces.find(sprite);
+      sprite = found == myPlaces.end() ? nullptr : found->second.layer;
+    }
+    return sprite == outer;
+  }
+
+  std::map<const CSprite*, SPlace> myPlaces;
+  unsigned myArrivals = 0;
+};
+
 class CScene {
  public:
   explicit CScene(CChoices& choices) : my(choices) {
@@ -57,7 +126,7 @@ class CScene {
     const std::function<void()> changes[] = {
         [&] { s->SetPosition(my.Place(90), my.Place(70)); },
         [&] { s->SetPosition(s->GetX() + my.Below(9) - 4, s->GetY() + 2); },
-        [&] { s->SetZ(my.Below(kDepths)); },
+        [&] { myOrder.SetZ(*s, my.Below(kDepths)); },
         [&] { s->SetAlpha(my.Below(256)); },
         [&] { s->SetAlpha(255); },
         [&] { s->SetRotation(static_cast<float>(my.Below(256) * 3)); },
@@ -70,19 +139,20 @@ class CScene {
         },
         [&] { s->SetImage(AnyPicture()); },
         [&] { s->SetImage(nullptr); },
-        [&] { s->SetVisible(my.Below(4) > 0); },
-        [&] { s->SetParent(AnyLayer()); },
-        [&] { s->SetParent(nullptr); },
+        [&] { myOrder.SetVisible(*s, my.Below(4) > 0); },
+        [&] { myOrder.SetParent(*s, AnyLayer()); },
+        [&] { myOrder.SetParent(*s, nullptr); },
         [&] { Renew(my.Of(mySprites)); },
-        [&] { layer->SetZ(my.Below(kDepths)); },
-        [&] { layer->SetVisible(my.Below(4) > 0); },
-        [&] { layer->SetParent(AnyLayer()); },
+        [&] { myOrder.SetZ(*layer, my.Below(kDepths)); },
+        [&] { myOrder.SetVisible(*layer, my.Below(4) > 0); },
+        [&] { myOrder.SetParent(*layer, AnyLayer()); },
         [&] { layer->SetImage(AnyPicture()); },
         [&] { Renew(layer); },
         [&] { vask::CScreenLayer::GetSingletonPtr()->RefreshAll(); },
     };
     changes[my.Below(std::size(changes))]();
   }
+  const COrder& GetOrder() const { return myOrder; }
 
  private:
   using Layer = std::unique_ptr<CSpriteLayer>;
@@ -118,14 +188,16 @@ class CScene {
 
   template <typename T>
   void Renew(std::unique_ptr<T>& sprite) {
+    myOrder.Forget(sprite.get());
     sprite = std::make_unique<T>();
     sprite->SetImage(AnyPicture());
     sprite->SetPosition(my.Place(90), my.Place(70));
-    sprite->SetZ(my.Below(kDepths));
-    sprite->SetParent(AnyLayer());
+    myOrder.SetZ(*sprite, my.Below(kDepths));
+    myOrder.SetParent(*sprite, AnyLayer());
   }
 
   CChoices& my;
+  COrder myOrder;
   std::array<Layer, 3> myLayers;
   std::array<Sprite, 12> mySprites;
 };
@@ -151,19 +223,20 @@ void Paint(const CSprite& sprite, SDL_Surface* canvas) {
   SDL_UpperBlit(vask::test::SurfaceOf(image), &from, canvas, &to);
 }
 
-void PaintAll(const CSpriteLayer& layer, SDL_Surface* canvas) {
-  const std::vector<CSprite*>& children = layer.GetChildren();
+void PaintAll(const CSpriteLayer& layer, const COrder& order, SDL_Surface* canvas) {
+  const std::vector<CSprite*> children = order.ChildrenOf(layer);
+  vask::fuzz::Require(children == layer.GetChildren());
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
     Paint(**child, canvas);
     if (const auto* inner = dynamic_cast<const CSpriteLayer*>(*child)) {
-      PaintAll(*inner, canvas);
+      PaintAll(*inner, order, canvas);
     }
   }
 }
 
-void Compare(const SDL_Surface& screen) {
+void Compare(const SDL_Surface& screen, const COrder& order) {
   const auto canvas = vask::sdl::NewSurface(screen.w, screen.h, vask::sdl::FormatOf(screen));
-  PaintAll(vask::CScreenLayer::GetSingleton(), canvas.get());
+  PaintAll(vask::CScreenLayer::GetSingleton(), order, canvas.get());
   for (int y = 0; y < screen.h; ++y) {
     const int bytes = screen.w * screen.format->BytesPerPixel;
     vask::fuzz::Require(std::memcmp(vask::sdl::RowAddress(screen, y),
@@ -190,7 +263,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         scene.ChangeSomething();
       }
       vask::CScreenLayer::GetSingletonPtr()->DrawFrame();
-      Compare(*screen.Picture().GetSurface());
+      Compare(*screen.Picture().GetSurface(), scene.GetOrder());
     }
   }
   vask::CScreenLayer::DeleteSingleton();

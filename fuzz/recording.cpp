@@ -1,5 +1,5 @@
-// A record file is played while what it does is recorded: playing that does the same at the same
-// times.
+// A record file is played while what it does is recorded: that is what a plain reader finds in the
+// file, each event at its time, or with the one before it where that is past.
 
 #include "events/eventbridge.h"
 #include "fuzz.h"
@@ -10,6 +10,8 @@
 #include <algorithm>
 
 namespace {
+
+using Lines = std::vector<std::string>;
 
 struct SFastClock : vask::IGlobalTimerImpl {
   unsigned GetTicks() override { return now; }
@@ -32,18 +34,49 @@ std::string Replay(const std::string& fileName, std::size_t events) {
   return lines.substr(lines.find('\n') + 1);
 }
 
+// What the event's words say after its time; empty for no event.
+std::string Meaning(const Lines& words) {
+  constexpr long long kFarthest = 1'000'000;  // pixels
+  const auto number = [&](std::size_t i) { return std::strtoll(words[i].c_str(), nullptr, 10); };
+  const auto place = [&](std::size_t i) {
+    return std::to_string(words.size() < 4 ? 0 : std::clamp(number(i), -kFarthest, kFarthest));
+  };
+  const std::string type = words.size() < 2 ? "" : words[1];
+  if (type == "mm") {
+    return " mm " + place(2) + " " + place(3);
+  }
+  const bool isButton = (type == "mu" || type == "md") && words.size() > 2;
+  return isButton ? " " + type + " " + std::to_string(static_cast<std::uint32_t>(number(2))) : "";
+}
+
+std::string Expected(const Lines& lines) {
+  constexpr std::uint32_t kFuture = 1U << 31U;  // at most so far ahead, else past
+  std::string record;
+  std::uint32_t now = 0;
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    std::istringstream stream(lines[i]);
+    Lines words;
+    for (std::string word; stream >> word;) {
+      words.push_back(word);
+    }
+    if (const std::string meaning = Meaning(words); !meaning.empty()) {
+      const auto time = static_cast<std::uint32_t>(std::strtoll(words[0].c_str(), nullptr, 10));
+      now = time - now <= kFuture ? time : now;
+      record += std::to_string(now) + meaning + "\n";
+    }
+  }
+  return record;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kMostLines = 40;  // each one costs several files
   vask::CMouse::GetSingletonPtr();
-  const std::size_t lines = vask::fuzz::ToLines(data, size).size();
-  if (lines > kMostLines) {
-    return 0;
+  const Lines lines = vask::fuzz::ToLines(data, size);
+  if (lines.size() <= kMostLines) {
+    vask::fuzz::WriteFile("input.rec", vask::fuzz::ToText(data, size));
+    vask::fuzz::Require(Replay("input.rec", lines.size()) == Expected(lines));
   }
-  vask::fuzz::WriteFile("input.rec", vask::fuzz::ToText(data, size));
-  const std::string played = Replay("input.rec", lines);
-  vask::fuzz::WriteFile("played.rec", "1\n" + played);
-  vask::fuzz::Require(Replay("played.rec", lines) == played);
   return 0;
 }

@@ -1,30 +1,39 @@
-// Any bytes are a recording, the start and entries of one, or a state: reading them must neither
-// crash nor hang.
+// Any bytes are a recording, or the start and the entries of one: the game plays it, and comes to
+// the same once more. Any bytes are a state to compare with.
 
+#include "fuzz.h"
+#include "game/effects.h"
+#include "game/play.h"
+#include "game/playstate.h"
 #include "game/replay/recordingformat.h"
-#include "game/replay/recordingreader.h"
 #include "game/replay/rulesversion.h"
 #include "game/replay/statefield.h"
+#include "game/replayedgame.h"
 
 #include <zlib.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <sstream>
-#include <string>
 
 namespace {
 
-using brumble::CRecordingReader;
+constexpr const char* kFile = "input.replay";
 
-void Read(const std::string& file) {
-  CRecordingReader reader(std::make_unique<std::istringstream>(file));
-  CRecordingReader::EItem item = reader.Next();
-  while (item != CRecordingReader::EItem::kNone && item != CRecordingReader::EItem::kEnd) {
-    item = reader.Next();
+// What the game in the file has come to, and what was said of it.
+std::string Play(brumble::CPlay& play) {
+  constexpr int kMostInputs = 6000;
+  brumble::CReplayedGame game(play, kFile);
+  for (int i = 0; i < kMostInputs && !game.IsDone(); ++i) {
+    game.PlayNext();
   }
+  return game.GetProblem() + game.GetDifference() + game.GetSummary() +
+         brumble::PackState(brumble::StateOf(play));
+}
+
+void PlayTwice(const std::string& file) {
+  vask::fuzz::WriteFile(kFile, file);
+  brumble::CPlay play;
+  const std::string once = Play(play);
+  vask::fuzz::Require(Play(play) == once);
 }
 
 // With the checksum that makes the reader look into it.
@@ -44,15 +53,16 @@ std::string Block(const std::string& bytes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr std::size_t kStartBytes = 13;
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
-  Read(bytes);
+  constexpr std::size_t kStartBytes = 11;
+  brumble::SetEffectsShown(false);
+  const std::string bytes = vask::fuzz::ToText(data, size);
+  PlayTwice(bytes);
   brumble::CByteWriter head;
   head.PutBytes(brumble::kRecordingMark);
   head.PutByte(brumble::kFormatVersion);
   head.PutByte(brumble::kRulesVersion);
   const std::size_t start = std::min(size, kStartBytes);
-  Read(head.GetBytes() + Block(bytes.substr(0, start)) + Block(bytes.substr(start)));
+  PlayTwice(head.GetBytes() + Block(bytes.substr(0, start)) + Block(bytes.substr(start)));
   const brumble::CStateFields fields = {brumble::SStateField::Of("game", -1, "bodies", 8),
                                         brumble::SStateField::Of("body", 7, "x", 1.5F)};
   brumble::FirstDifference(fields, bytes);

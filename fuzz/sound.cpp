@@ -7,17 +7,42 @@
 
 #include <SDL_audio.h>
 
+#include <atomic>
+
+namespace {
+
+constexpr const char* kFile = "input";  // without an end, which would tell of the wrong kind
+
+std::atomic<int> ourMixes = 0;  // counted by the mixer's thread
+
+void OnMixed(void* /*unused*/, Uint8* /*stream*/, int /*bytes*/) {
+  ++ourMixes;
+  ourMixes.notify_one();
+}
+
+// Until the mixer has made a piece from its begin to its end.
+void AwaitMix() {
+  for (int i = 0; i < 2; ++i) {
+    ourMixes.wait(ourMixes.load());
+  }
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const auto device = vask::CAudioDevice::Open({44100, AUDIO_S16SYS, 2, 1024, 8}, "fuzz");
+  static const auto device = vask::CAudioDevice::Open({44100, AUDIO_S16SYS, 2, 256, 8}, "fuzz");
   vask::fuzz::Require(device != nullptr);
-  vask::fuzz::WriteFile("input.wav", vask::fuzz::ToText(data, size));
-  if (Mix_Chunk* effect = vask::CSDLMixerEffectData::Load("input.wav")) {
+  Mix_SetPostMix(OnMixed, nullptr);
+  vask::fuzz::WriteFile(kFile, vask::fuzz::ToText(data, size));
+  if (Mix_Chunk* effect = vask::CSDLMixerEffectData::Load(kFile)) {
     Mix_PlayChannel(0, effect, 0);
+    AwaitMix();
     Mix_HaltChannel(0);
     vask::CSDLMixerEffectData::Free(effect);
   }
-  if (Mix_Music* music = vask::CSDLMixerMusicData::Load("input.wav")) {
+  if (Mix_Music* music = vask::CSDLMixerMusicData::Load(kFile)) {
     Mix_PlayMusic(music, 0);
+    AwaitMix();
     Mix_HaltMusic();
     vask::CSDLMixerMusicData::Free(music);
   }

@@ -28,6 +28,28 @@ inline std::string TakeWhatWasSaid() {
   return said;
 }
 
+// The text as it has to arrive: in lines of at most 900 bytes, of ASCII, and with one more dot
+// before each that stands first.
+inline std::string Carried(const std::string& text) {
+  constexpr std::size_t kLongest = 900;
+  std::string carried;
+  std::size_t column = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    const bool isEnd = byte == '\n' || byte == '\r';
+    if (isEnd || column == kLongest) {
+      carried += '\n';
+      column = 0;
+    }
+    if (!isEnd) {
+      carried += column++ == 0 && byte == '.' ? ".." : std::string(1, byte < 127 ? text[i] : '?');
+    } else if (text.compare(i, 2, "\r\n") == 0) {
+      ++i;
+    }
+  }
+  return carried;
+}
+
 // Commands and header lines come in order, with nothing between them, and the mail ends where its
 // dot stands alone.
 inline void CheckDialogue(const std::string& said, bool isWhole) {

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "ui/geometry.h"
-#include "utils/calculator/calculator.h"
+#include "models/calculator.h"
 #include "utils/rect.h"
 
+#include <algorithm>
 #include <array>
+#include <climits>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -19,7 +21,10 @@ struct SPlainWidget {
   bool hasLayout = false;
   int mode = 1;
 
-  static int ToInt(double value) { return ui::ToPixels(value); }
+  static int ToInt(double value) {
+    const double whole = std::isnan(value) ? 0 : std::trunc(value);
+    return static_cast<int>(std::min<double>(std::max<double>(whole, INT_MIN), INT_MAX));
+  }
 
   void MoveBy(int dx, int dy) {
     const CRect<int> old = rect;
@@ -76,8 +81,8 @@ struct SPlainWidget {
 
  private:
   // One for all, as what a bad text leaves in it reaches into the next.
-  static CCalculator<double>& Calculator() {
-    static CCalculator<double> calculator;
+  static CPlainCalculator& Calculator() {
+    static CPlainCalculator calculator;
     return calculator;
   }
   static void Replace(std::string& text, const std::string& owner, const CRect<int>& values) {
