@@ -15,11 +15,11 @@ constexpr int kWidth = 90;
 constexpr int kHeight = 60;
 constexpr vask::CRect<int> kPlace{7, 5, kWidth - 9, kHeight};
 
-void CheckOutside(const vask::IPixel& target, int right, int bottom) {
+void CheckOutside(const vask::IPixel& target, int left, int right, int bottom) {
   const std::vector<std::uint32_t> pixels = vask::test::PixelsOf(target);
   for (int i = 0; i < kWidth * kHeight; ++i) {
     const int x = i % kWidth, y = i / kWidth;
-    const bool isInside = x >= kPlace.x && x < right && y >= kPlace.y && y < bottom;
+    const bool isInside = x >= left && x < right && y >= kPlace.y && y < bottom;
     vask::fuzz::Require(isInside || pixels[static_cast<std::size_t>(i)] == 0);
   }
 }
@@ -38,8 +38,10 @@ void Write(vask::CFont& font, const std::string& text) {
     // A line that is drawn justified reaches to the right edge.
     const bool isJustified = align == vask::IFontAlign::kJustify;
     vask::fuzz::Require(drawn.y == measured.y && (isJustified || drawn.x == measured.x));
-    const bool isOneLine = align < 0;
-    CheckOutside(*target, isOneLine ? measured.x : kPlace.x + kPlace.w, measured.y);
+    // The blank after a full line may reach over an edge.
+    const int margin = align < 0 ? 0 : font.GetSpaceWidth();
+    const int right = align < 0 ? measured.x : kPlace.x + kPlace.w + margin;
+    CheckOutside(*target, kPlace.x - margin, right, measured.y);
   }
 }
 
