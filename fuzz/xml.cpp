@@ -42,10 +42,11 @@ bool IsPlain(const std::string& name) {
   });
 }
 
-// Whether a document can hold it all: nothing is encoded when it is written.
+// Whether a document can hold it all: nothing is encoded when it is written, and a line ends with
+// both halves of its end.
 bool IsPlain(const CXmlElement& element) {
   bool holds =
-      IsPlain(element.GetName()) && element.GetContent().find_first_of("<&") == std::string::npos;
+      IsPlain(element.GetName()) && element.GetContent().find_first_of("<&\r") == std::string::npos;
   for (const auto& [name, value] : element.GetAttributes()) {
     holds = holds && IsPlain(name) && value.ToString().find('"') == std::string::npos;
   }
