@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr const char* kFile = "input";  // without an end, which would tell of the wrong kind
-
 std::atomic<int> ourMixes = 0;  // counted by the mixer's thread
 
 void OnMixed(void* /*unused*/, Uint8* /*stream*/, int /*bytes*/) {
@@ -35,17 +33,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vask::fuzz::Require(device != nullptr);
   Mix_SetPostMix(OnMixed, nullptr);
   const std::string sound = vask::fuzz::ToText(data, size);
-  if (!sound.starts_with("OggS") && !sound.starts_with("RIFF")) {
+  const bool isOgg = sound.starts_with("OggS");
+  if (!isOgg && !sound.starts_with("RIFF")) {
     return 0;
   }
-  vask::fuzz::WriteFile(kFile, sound);
-  if (Mix_Chunk* effect = vask::CSDLMixerEffectData::Load(kFile)) {
+  const std::string file = isOgg ? "input.ogg" : "input.wav";
+  vask::fuzz::WriteFile(file, sound);
+  if (Mix_Chunk* effect = vask::CSDLMixerEffectData::Load(file)) {
     Mix_PlayChannel(0, effect, 0);
     AwaitMix();
     Mix_HaltChannel(0);
     vask::CSDLMixerEffectData::Free(effect);
   }
-  if (Mix_Music* music = vask::CSDLMixerMusicData::Load(kFile)) {
+  if (Mix_Music* music = vask::CSDLMixerMusicData::Load(file)) {
     Mix_PlayMusic(music, 0);
     AwaitMix();
     Mix_HaltMusic();

@@ -170,7 +170,6 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
     std::string act, ran;
     std::vector<bool> kinds = {false, true};
   } cases[] = {
-      {.act = "", .ran = "| a b c d | a b c d "},
       {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = plain},
       {.act = "start x@20", .ran = "| a b x.start c d | a x b c d ", .kinds = plain},
       {.act = "park x@25", .ran = "| a b x.start c d | a b c d ", .kinds = plain},

@@ -161,8 +161,9 @@ TEST_F(NativeWindowTest, ShowsItsControlsUntilItIsClosed) {
   const auto onClick = [&](CNativeWindow&, int) {
     darkness.push_back(Count({100, 0, 100, 30}, kBlack));
     EXPECT_EQ(Count({0, 0, 100, 1}, 0x9a9791), 89) << "the edge of the field";
-    EXPECT_EQ(Count({140, 60, 60, 30}, kBlack), Count({150, 60, 20, 20}, kBlack))
-        << "a text is cut";
+    const auto shown = Count({150, 60, 20, 20}, kBlack);
+    EXPECT_GT(shown, 0);
+    EXPECT_EQ(Count({140, 60, 60, 30}, kBlack), shown) << "a text is cut";
   };
   CNativeWindow window({"Greeting", 0, ENativeCursor::kArrow, onClick});
   window.Create("Hello", {kDefaultPosition, kDefaultPosition, 200, 100}, kCaption);

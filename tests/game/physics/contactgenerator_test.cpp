@@ -119,6 +119,7 @@ TEST_F(ContactTest, AreThoseOfAPlainLoopInEveryStep) {
     }
     ASSERT_EQ(found.str(), expected.str()) << "step " << step;
   }
+  EXPECT_GT(myContacts->GetCount(), 0U);
 }
 
 // Each of 150 discs lies in each of 150 boxes.
