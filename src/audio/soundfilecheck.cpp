@@ -90,14 +90,15 @@ std::optional<SChunk> ReadChunk(std::istream& file, Offset at) {
                 ToNumber(header, 4, 4)};
 }
 
-// Where the first chunk begins. SDL takes a wave file without its first mark or its size, too.
-std::optional<Offset> FindFirstChunk(std::istream& file) {
+// Where the first chunk begins. As an effect SDL takes a wave file without its first mark or its
+// size, too; of music the mixer always skips a size.
+std::optional<Offset> FindFirstChunk(std::istream& file, EUse use) {
   const std::string header = ReadBytes(file, 0, kHeaderSize);
   if (header.size() < kHeaderSize || !(header.starts_with("RIFF") || header.starts_with("WAVE"))) {
     return std::nullopt;
   }
   for (const std::size_t at : {4U, 8U}) {
-    if (header.substr(at, 4) == "WAVE") {
+    if (header.substr(at, 4) == "WAVE" && (at == 8 || use == EUse::kEffect)) {
       return static_cast<Offset>(at) + 4;
     }
   }
@@ -106,8 +107,8 @@ std::optional<Offset> FindFirstChunk(std::istream& file) {
 
 // The chunk in which SDL expects the description. It goes from chunk to chunk by their bare sizes,
 // without the padding of odd ones, and so does this.
-std::optional<SChunk> FindDescription(std::istream& file) {
-  const std::optional<Offset> first = FindFirstChunk(file);
+std::optional<SChunk> FindDescription(std::istream& file, EUse use) {
+  const std::optional<Offset> first = FindFirstChunk(file, use);
   std::optional<SChunk> chunk = first ? ReadChunk(file, *first) : std::nullopt;
   while (chunk && (chunk->mark == "LIST" || chunk->mark == "fact")) {
     chunk = ReadChunk(file, chunk->End());
@@ -201,7 +202,7 @@ const char* FindFault(const SDescription& sound, Offset fileSize, EUse use) {
 
 // The same for a file; null also where SDL itself reports the fault.
 const char* FindFault(std::istream& file, EUse use) {
-  const std::optional<SChunk> chunk = FindDescription(file);
+  const std::optional<SChunk> chunk = FindDescription(file, use);
   const Offset size = SizeOf(file);
   if (!chunk) {
     return nullptr;
@@ -209,7 +210,7 @@ const char* FindFault(std::istream& file, EUse use) {
   if (size > kMostBytes) {
     return "The wave file is too large";
   }
-  if (use == EUse::kEffect && !HasWholeChunks(file, *FindFirstChunk(file), size)) {
+  if (use == EUse::kEffect && !HasWholeChunks(file, *FindFirstChunk(file, use), size)) {
     return "The wave file is cut off";
   }
   if (chunk->End() > size) {

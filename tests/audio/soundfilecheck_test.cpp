@@ -56,7 +56,9 @@ TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
   const std::string list = Chunk("LIST", "12345678"), fact = Chunk("fact", "1234");
   EXPECT_EQ(FaultsOf(Riff(broken)), OfBoth(kUnconvertible));
   EXPECT_EQ(FaultsOf(Riff(list + fact + broken)), OfBoth(kUnconvertible));
-  EXPECT_EQ(FaultsOf("RIFFWAVE" + broken), OfBoth(kUnconvertible)) << "without a size";
+  EXPECT_EQ(FaultsOf("RIFFWAVE" + broken), OfEffect(kUnconvertible)) << "without a size";
+  EXPECT_EQ(FaultsOf("RIFFWAVEWAVE" + Format()), OfEffect(kCut) + OfMusic(kNoData))
+      << "the first mark is the size of music";
   EXPECT_EQ(FaultsOf("WAVE....WAVE" + broken), OfBoth(kUnconvertible));
   EXPECT_EQ(FaultsOf("RIFX....WAVE" + broken), kFine) << "SDL sees by itself";
   EXPECT_EQ(FaultsOf(Riff(broken).substr(0, 35)), OfEffect(kCut));
