@@ -128,6 +128,16 @@ TEST_F(CWorldTest, SetUpResetsKittensAndLeavesTheDoorFlag) {
   EXPECT_EQ(body.bridge->GetIndex(), myBorn - 1) << "the bridge is a new one";
 }
 
+TEST_F(CWorldTest, ASpawnedKittenFalls) {
+  auto world = std::make_unique<CPhysicsWorld>();
+  world->SetUp();
+  const int kitten = world->SpawnKitten();
+  world->SetPlayerTarget(10.0F, -5.0F, 0.05F);
+  world->Step(0.015F);
+  EXPECT_EQ(kitten, kFirstKittenIndex);
+  EXPECT_FLOAT_EQ(world->GetBodies()[kFirstKittenIndex].vy, 9.83F * 0.015F * 0.999F);
+}
+
 TEST_F(CWorldTest, OnlyKittensGetAVelocity) {
   const CPhysicsBody& kitten = AddKitten(0.0F, 0.0F);
   for (const int index : {kMonsterIndex, kFirstKittenIndex, kFirstKittenIndex + 1}) {
