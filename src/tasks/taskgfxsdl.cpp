@@ -9,6 +9,8 @@
 #include "gfx/sprite/screenlayer.h"
 #include "kernel/kernel.h"
 
+#include <algorithm>
+
 namespace vask {
 
 namespace {
@@ -43,17 +45,20 @@ void CTaskGfxSDL::Update() {
     return;
   }
   const unsigned now = myFrameTimer.GetTime();
-  const unsigned passed = now - myLastFrame;
-  if (passed < myFrameInterval) {
-    CKernel::GetSingletonPtr()->SleepAtMost(static_cast<int>(myFrameInterval - passed));
-    return;
+  if (now - myLastFrame >= myFrameInterval) {
+    DrawFrame();
+    myLastFrame = now;
   }
+  const unsigned passed = std::min(myFrameTimer.GetTime() - myLastFrame, myFrameInterval);
+  CKernel::GetSingletonPtr()->SleepAtMost(static_cast<int>(myFrameInterval - passed));
+}
+
+void CTaskGfxSDL::DrawFrame() {
   if (IsScreenStale()) {
     OnResize(0, 0);
   }
   CTaskGfx::Update();
   myScreen->Flip();
-  myLastFrame = now;
 }
 
 void CTaskGfxSDL::Exit() {

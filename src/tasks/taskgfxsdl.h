@@ -12,7 +12,8 @@ class CGfxFactorySDL;
 class CPixelScreenSDL;
 
 // The graphics task over SDL (task type "gfx"): installs the picture factory and the screen
-// picture, and draws and shows a frame at most once every 16 milliseconds of real time.
+// picture, and draws and shows a frame at most once every 16 milliseconds of real time. The kernel
+// rests no longer than until the next one.
 class CTaskGfxSDL : public CTaskGfx {
  public:
   CTaskGfxSDL();
@@ -28,6 +29,7 @@ class CTaskGfxSDL : public CTaskGfx {
   void OnResize(int width, int height);
 
  private:
+  void DrawFrame();
   bool IsScreenStale() const;
   void FollowScreenSize();
   void Shutdown();
