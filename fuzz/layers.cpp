@@ -134,9 +134,7 @@ class CScene {
         [&] { s->SetRect(AnyRect()); },
         [&] { s->SetRect(kHuge); },
         [&] { s->SetScrollRect(AnyRect()); },
-        [&] {
-          s->SetImageRect({my.Below(10), my.Below(10), my.Below(50), my.Below(50)});
-        },
+        [&] { s->SetImageRect(AnyPart()); },
         [&] { s->SetImage(AnyPicture()); },
         [&] { s->SetImage(nullptr); },
         [&] { myOrder.SetVisible(*s, my.Below(4) > 0); },
@@ -159,13 +157,14 @@ class CScene {
   using Sprite = std::unique_ptr<CSprite>;
 
   Rect AnyRect() { return {my.Place(90), my.Place(70), 1 + my.Below(60), my.Below(60)}; }
+  Rect AnyPart() { return {my.Below(10), my.Below(10), my.Below(50), my.Below(50)}; }
   std::uint8_t AnyByte() { return static_cast<std::uint8_t>(my.Below(256)); }
   CSpriteLayer* AnyLayer() {
     const Layer& layer = my.Of(myLayers);
     return my.Below(2) == 0 && layer ? layer.get() : vask::CScreenLayer::GetSingletonPtr();
   }
 
-  // Of 8, 16 or 32 bits, the last ones with or without an alpha channel; with holes.
+  // Of 8, 16 or 32 bits, the last ones with or without an alpha channel; with holes and margins.
   vask::IPixel* AnyPicture() {
     static constexpr std::array<vask::sdl::SPixelFormat, 4> kFormats{
         {{8},
@@ -180,8 +179,11 @@ class CScene {
     auto* picture = new vask::CPixelSDL(surface, vask::CColor(255, 0, 255), "");
     const vask::CColor colors[] = {
         {palette[0].r, palette[0].g, palette[0].b, AnyByte()}, {255, 0, 255}, {9, 0, 9}};
+    const Rect drawn = AnyPart();
     for (int i = 0; i < surface->w * surface->h; ++i) {
-      picture->PutPixel(i % surface->w, i / surface->w, colors[i % 7 % 3]);
+      if (drawn.Contains(i % surface->w, i / surface->w)) {
+        picture->PutPixel(i % surface->w, i / surface->w, colors[i % 7 % 3]);
+      }
     }
     return picture;
   }

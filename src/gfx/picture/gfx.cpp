@@ -59,6 +59,11 @@ IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey) {
   return ourFactory->NewBuffer(width, height, CColor(colorKey));
 }
 
+CRect<int> SolidPart(const IPixel& picture) {
+  return ourFactory != nullptr ? ourFactory->SolidPart(picture)
+                               : CRect<int>{0, 0, picture.GetWidth(), picture.GetHeight()};
+}
+
 void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y) {
   if (ourFactory != nullptr) {
     ourFactory->CopyPixels(source, sourceRect, target, x, y);

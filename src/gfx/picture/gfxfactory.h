@@ -26,6 +26,8 @@ class CGfxFactory {
   // Implements Gfx::CopyPixels; the base copies nothing.
   virtual void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
                           int y);
+  // Implements Gfx::SolidPart; the base returns all of the picture.
+  virtual CRect<int> SolidPart(const IPixel& picture);
 };
 
 }  // namespace vask

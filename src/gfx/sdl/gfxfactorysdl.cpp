@@ -102,6 +102,11 @@ void CGfxFactorySDL::CopyPixels(IPixel* source, const CRect<int>& sourceRect, IP
   }
 }
 
+CRect<int> CGfxFactorySDL::SolidPart(const IPixel& picture) {
+  const auto* image = dynamic_cast<const CPixelSDL*>(&picture);
+  return image != nullptr ? image->SolidPart() : CGfxFactory::SolidPart(picture);
+}
+
 const sdl::SPixelFormat& CGfxFactorySDL::ScreenFormat() {
   if (const SDL_Surface* screen = sdl::GetVideoSurface()) {
     myFormat = sdl::FormatOf(*screen);

@@ -17,6 +17,7 @@ class CGfxFactorySDL : public CGfxFactory {
   void FreeImage(IPixel* image) override;
   void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x,
                   int y) override;
+  CRect<int> SolidPart(const IPixel& picture) override;
 
  private:
   const sdl::SPixelFormat& ScreenFormat();

@@ -323,6 +323,15 @@ void CPixelSDL::SetSurface(SDL_Surface* surface, bool releaseOld) {
   myRect = myFullRect;
 }
 
+CRect<int> CPixelSDL::SolidPart() const {
+  const CRect<int> area = ShownArea();
+  if (area.IsEmpty()) {
+    return {};
+  }
+  const CRect<int> solid = sdl::SolidPart(mySurface, area);
+  return {solid.x - myRect.x, solid.y - myRect.y, solid.w, solid.h};
+}
+
 void CPixelSDL::CopyPixels(const CRect<int>& source, CPixelSDL& target, int x, int y) const {
   const SCopy copy = ClipCopy(target, source, x, y);
   if (!copy.area.IsEmpty()) {

@@ -61,6 +61,8 @@ class CPixelSDL : public IPixel {
 
   // What Gfx::CopyPixels promises, between two SDL pictures.
   void CopyPixels(const CRect<int>& source, CPixelSDL& target, int x, int y) const;
+  // What Gfx::SolidPart promises.
+  CRect<int> SolidPart() const;
   bool UsesAlphaBlit() const { return myUseAlphaBlit; }
   void SetFileName(const std::string& name) { myFileName = name; }
 

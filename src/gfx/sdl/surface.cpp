@@ -1,8 +1,10 @@
 #include "gfx/sdl/surface.h"
 
+#include "gfx/sdl/pixelrow.h"
 #include "gfx/sdl/video.h"
 #include "utils/log/log.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -216,6 +218,36 @@ void SetColorKey(SDL_Surface* surface, const CColor& key) {
   if (lock.IsOpen()) {
     ClearKeyPixels(*surface, Bounds(*surface), *surface, 0, 0);
   }
+}
+
+CRect<int> SolidPart(SDL_Surface* surface, const CRect<int>& area) {
+  const CSurfaceLock lock(surface);
+  const bool blends = (surface->flags & SDL_SRCALPHA) != 0;
+  if (!lock.IsOpen() || !blends || surface->format->Amask != kAlphaBits) {
+    return area;
+  }
+  int left = area.x + area.w;
+  int right = area.x;
+  int top = area.y + area.h;
+  int bottom = area.y;
+  for (int y = area.y; y < area.y + area.h; ++y) {
+    const std::uint32_t* const row = Row32(*surface, y);
+    int x = area.x;
+    int end = area.x + area.w;
+    while (x < end && row[x] <= ~kAlphaBits) {
+      ++x;
+    }
+    while (end > x && row[end - 1] <= ~kAlphaBits) {
+      --end;
+    }
+    if (x < end) {
+      left = std::min(left, x);
+      right = std::max(right, end);
+      top = std::min(top, y);
+      bottom = y + 1;
+    }
+  }
+  return top < bottom ? CRect<int>{left, top, right - left, bottom - top} : CRect<int>{};
 }
 
 void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y) {

@@ -85,6 +85,10 @@ std::uint32_t* Row32(const SDL_Surface& surface, int y);
 // colour become transparent, and blits from the surface blend.
 void SetColorKey(SDL_Surface* surface, const CColor& key);
 
+// The smallest part of the area, which lies inside the surface, outside which blits from it change
+// nothing; the area itself for a surface without an alpha channel of 8 bits.
+CRect<int> SolidPart(SDL_Surface* surface, const CRect<int>& area);
+
 // Copies the pixels of the area as they are to a position of the target; both lie inside their
 // surfaces.
 void CopyPixels(SDL_Surface* source, const CRect<int>& area, SDL_Surface* target, int x, int y);

@@ -164,22 +164,30 @@ void CSprite::SetScrollRect(const CRect<int>& rect) {
 
 CRect<int> CSprite::GetScrollRect() const { return myScrollRect ? *myScrollRect : CRect<int>{}; }
 
-CRect<int> CSprite::ShownPart(const CRect<int>& canvas) const {
-  const CRect<int> part = myRect.Intersection(canvas);
-  return myScrollRect ? part.Intersection(*myScrollRect) : part;
+CRect<int> CSprite::PaintedPart(const CRect<int>& canvas) const {
+  const CRect<int> onCanvas = myRect.Intersection(canvas);
+  const CRect<int> part = myScrollRect ? onCanvas.Intersection(*myScrollRect) : onCanvas;
+  if (part.IsEmpty()) {
+    return {};
+  }
+  if (!mySolidPart) {
+    mySolidPart = Gfx::SolidPart(*GetImage());
+  }
+  const CRect<int> inPicture{part.x - myRect.x, part.y - myRect.y, part.w, part.h};
+  const CRect<int> solid = inPicture.Intersection(*mySolidPart);
+  return {solid.x + myRect.x, solid.y + myRect.y, solid.w, solid.h};
 }
 
 void CSprite::PaintPart(CSprite* canvas, const CRect<int>& clip) {
   if (canvas == nullptr || IsEmpty()) {
     return;
   }
-  const IPixel& image = *GetImage();
-  const CRect<int> shown{myRect.x, myRect.y, image.GetWidth(), image.GetHeight()};
-  const CRect<int> part = ShownPart(canvas->GetRect()).Intersection(clip).Intersection(shown);
+  const CRect<int> part = PaintedPart(canvas->GetRect()).Intersection(clip);
   if (part.IsEmpty()) {
     return;
   }
-  myImage->Blit(canvas->GetImage(), {part.x - myRect.x, part.y - myRect.y, part.w, part.h}, part);
+  GetImage()->Blit(canvas->GetImage(), {part.x - myRect.x, part.y - myRect.y, part.w, part.h},
+                   part);
   canvas->GetImage()->AddDirtyRect(part);
 }
 
@@ -201,7 +209,7 @@ void CSprite::SaveBackground(CSprite* canvas) {
   myLastRect = myRect;
   const CRect<int> whole = canvas->GetRect();
   mySavedArea = {};
-  const CRect<int> area = ShownPart(whole);
+  const CRect<int> area = PaintedPart(whole);
   // No larger than the canvas, since no picture has the size of every rectangle.
   if (area.IsEmpty()) {
     return;
@@ -327,6 +335,7 @@ void CSprite::SetOwnsBackBuffer(bool owns) {
 }
 
 void CSprite::MarkChanged() {
+  mySolidPart.reset();
   if (myParent != nullptr && !myInDirtyList) {
     myParent->AddDirty(this);
   }
@@ -407,6 +416,7 @@ IPixel* CSprite::GetImage() const {
 }
 
 void CSprite::ForgetBackground() {
+  mySolidPart.reset();
   mySavedArea = {};
   myBackBuffer.reset();  // its format may be that of a screen of another depth
   myDirtyState = kOffCanvas;

@@ -132,7 +132,8 @@ class CSprite {
   void TakeLoaded(IPixel* image);
   void ShowImage();
   void RenewCopy() const;
-  CRect<int> ShownPart(const CRect<int>& canvas) const;
+  // What of the canvas the picture shows on: that much is saved and painted.
+  CRect<int> PaintedPart(const CRect<int>& canvas) const;
   // False when no such buffer can be made.
   bool FitBackBuffer(int width, int height);
   void ReadFields(CXmlContext& xml);
@@ -144,6 +145,7 @@ class CSprite {
   mutable IPixel* myImage;
   // Sized, rotated and faded; null while the loaded picture is shown plain.
   mutable Gfx::ImagePtr myCopy;
+  mutable std::optional<CRect<int>> mySolidPart;  // of what is shown; null until it is painted
   mutable bool myIsCopyOld = false;  // of the right size, but to be renewed before it is shown
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;

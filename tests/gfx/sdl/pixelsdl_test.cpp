@@ -268,6 +268,20 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
 
 // A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
 // key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
+TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
+  const ImagePtr picture(NewPicture(20, 10, CColor(0, 0, 0, 0)));
+  EXPECT_TRUE(Gfx::SolidPart(*picture).IsEmpty());
+  picture->PutPixel(3, 6, CColor(9, 9, 9));
+  EXPECT_EQ(Gfx::SolidPart(*picture), (Rect{3, 6, 1, 1}));
+  picture->PutPixel(19, 0, CColor(9, 9, 9));
+  picture->PutPixel(1, 5, CColor(9, 9, 9));
+  EXPECT_EQ(Gfx::SolidPart(*picture), (Rect{1, 0, 19, 7}));
+  picture->SetRect({2, 1, 10, 9});
+  EXPECT_EQ(Gfx::SolidPart(*picture), (Rect{1, 5, 1, 1})) << "of what it shows";
+  const ImagePtr keyed(Gfx::NewScreenBuffer(20, 10, Gfx::kMagenta));
+  EXPECT_EQ(Gfx::SolidPart(*keyed), (Rect{0, 0, 20, 10}));
+}
+
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
   for (int kind = 0; kind < 8; ++kind) {
     SCOPED_TRACE(kind);
