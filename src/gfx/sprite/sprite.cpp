@@ -170,11 +170,11 @@ CRect<int> CSprite::PaintedPart(const CRect<int>& canvas) const {
   if (part.IsEmpty()) {
     return {};
   }
-  if (!mySolidPart) {
-    mySolidPart = Gfx::SolidPart(*GetImage());
-  }
+  const IPixel& image = *GetImage();
+  const CRect<int> solidPart =
+      mySolidPart.value_or(CRect<int>{0, 0, image.GetWidth(), image.GetHeight()});
   const CRect<int> inPicture{part.x - myRect.x, part.y - myRect.y, part.w, part.h};
-  const CRect<int> solid = inPicture.Intersection(*mySolidPart);
+  const CRect<int> solid = inPicture.Intersection(solidPart);
   return {solid.x + myRect.x, solid.y + myRect.y, solid.w, solid.h};
 }
 
@@ -245,6 +245,10 @@ void CSprite::CheckOverlap(CSprite* canvas) {
 bool CSprite::Draw(CSprite* canvas) {
   const bool due = myDirtyState != kPainted && !IsEmpty();
   if (due) {
+    // What changes from frame to frame is not worth the look.
+    if (!myInDirtyList && !mySolidPart) {
+      mySolidPart = Gfx::SolidPart(*GetImage());
+    }
     SaveBackground(canvas);
     Paint(canvas);
   }

@@ -145,7 +145,7 @@ class CSprite {
   mutable IPixel* myImage;
   // Sized, rotated and faded; null while the loaded picture is shown plain.
   mutable Gfx::ImagePtr myCopy;
-  mutable std::optional<CRect<int>> mySolidPart;  // of what is shown; null until it is painted
+  std::optional<CRect<int>> mySolidPart;  // of what is shown; null until it is painted unchanged
   mutable bool myIsCopyOld = false;  // of the right size, but to be renewed before it is shown
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
