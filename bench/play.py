@@ -4,11 +4,12 @@
 Usage: bench/play.py [--games N] [--results FILE]
 
 Compares the memory over N games, 10 by default. FILE is for limits.py.
-Needs build/release/brumble and the packages that ./check installs.
+Needs build/release/brumble, build/release/bench/flip and the packages that ./check installs.
 """
 import argparse
 import pathlib
 import statistics
+import subprocess
 import sys
 import time
 
@@ -17,7 +18,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "
 from Xlib.ext import damage  # noqa: E402
 
 from display import Display  # noqa: E402
-from game import Game, fit, load_picture  # noqa: E402
+from game import ROOT, Game, fit, load_picture  # noqa: E402
 from goals import Goals  # noqa: E402
 
 
@@ -34,6 +35,16 @@ class Started(Game):
     def _run(self, *how):
         self.started = time.monotonic()
         return super()._run(*how)
+
+
+class Flip(Game):
+    """The least that a program with our pictures and sound asks for: bench/flip.cpp."""
+
+    TITLE = "Flip"
+
+    def _run(self, folder, environment, errors):
+        return subprocess.Popen([ROOT / "build/release/bench/flip", "data/music/play.ogg"], cwd=folder,
+                                env=environment, stderr=errors)
 
 
 def start_milliseconds(screen):
@@ -88,11 +99,12 @@ def play_on(game, games):
     return memory
 
 
-def measure(screen, game, games, goals):
+def measure(screen, game, games, least, goals):
     game.start_playing()
     game.point_at(300, 300)
     used, wakes = load(game)
     goals.tell("processor in play", used, 2.3, "% of a core", limit=15)
+    goals.tell("... against a program that only flips and plays music", used / least, 2, "times", limit=4)
     goals.tell("wake-ups in play", sum(wakes), 350, "a second")
     print("  by thread:", ", ".join(f"{count:.0f}" for count in wakes))
     intervals = frame_intervals(screen, game)
@@ -116,8 +128,11 @@ def main():
     with Display() as screen:
         starts = [start_milliseconds(screen) for _ in range(5)]
         goals.tell("start to title", statistics.median(starts), 400, "ms")
+        with Flip(screen) as flip:
+            flip.wait_for_window()
+            least = load(flip)[0]
         with Game(screen) as game:
-            measure(screen, game, options.games, goals)
+            measure(screen, game, options.games, least, goals)
     goals.write(options.results)
 
 
