@@ -48,7 +48,7 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
   std::string Bonuses() const {
     std::string numbers;
     for (const auto& line : log.Lines()) {
-      numbers += line.text.starts_with("PlayEffect: ") ? line.text.substr(12) : "";
+      numbers += line.starts_with("PlayEffect: ") ? line.substr(12, 1) : "";
     }
     return numbers;
   }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "support/files.h"
 #include "utils/log/log.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <numeric>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,42 +20,36 @@ namespace vask::test {
 //   EXPECT_TRUE(log.Has("missing.bmp"));
 class CLogCapture : public ILogListener {
  public:
-  // A line without its line end; a block mark has an empty text and a negative level.
-  struct SLine {
-    std::string text;
-    int level;
-  };
-
   CLogCapture() { CLog::GetSingletonPtr()->AddListener(this); }
   ~CLogCapture() override { CLog::GetSingletonPtr()->RemoveListener(this); }
   CLogCapture& operator=(CLogCapture&&) = delete;  // neither moved nor copied
 
-  void OnLog(const std::string& line, int level) override {
-    myLines.push_back({line.substr(0, line.find('\n')), level});
-  }
+  void OnLog(const std::string& line, int) override { myLines.push_back(line); }
 
-  const std::vector<SLine>& Lines() const { return myLines; }
+  // Each with its line end; the mark of a block is an empty one.
+  const std::vector<std::string>& Lines() const { return myLines; }
 
   // How many lines contain the part.
   std::size_t Count(std::string_view part) const {
     return static_cast<std::size_t>(std::ranges::count_if(
-        myLines, [part](const SLine& line) { return line.text.find(part) != std::string::npos; }));
+        myLines, [part](const std::string& line) { return line.find(part) != line.npos; }));
   }
   bool Has(std::string_view part) const { return Count(part) > 0; }
 
-  // All lines, each with a line end; block marks are left out.
-  std::string Text() const {
-    std::string text;
-    for (const SLine& line : myLines) {
-      text += line.level < 0 ? "" : line.text + "\n";
-    }
-    return text;
-  }
+  std::string Text() const { return std::reduce(myLines.begin(), myLines.end()); }
 
   void Clear() { myLines.clear(); }
 
  private:
-  std::vector<SLine> myLines;
+  std::vector<std::string> myLines;
 };
+
+// What the action adds to the file of the log.
+inline std::string Logged(const std::function<void()>& action) {
+  Log();
+  const std::size_t before = FileText(CLog::kFileName).size();
+  action();
+  return FileText(CLog::kFileName).substr(before);
+}
 
 }  // namespace vask::test

@@ -4,7 +4,6 @@
 #include "console/consolecommand.h"
 #include "kernel/applicationfactory.h"
 #include "kernel/task.h"
-#include "support/files.h"
 
 #include <sstream>
 #include <string>
@@ -26,11 +25,16 @@ inline bool StartWith(CTask& task, const std::string& params) {
   return console.Execute("start(" + params + ")", false) == "running";
 }
 
-// Executes each line of a script in the application console.
+// The result of the line in the application console.
+inline std::string Execute(const std::string& line) {
+  return CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+}
+
+// Executes each line of a script there.
 inline void RunScript(const std::string& lines) {
   std::istringstream script(lines);
   for (std::string line; std::getline(script >> std::ws, line);) {
-    CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    Execute(line);
   }
 }
 

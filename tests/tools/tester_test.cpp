@@ -1,9 +1,9 @@
 #include "tools/tester.h"
 
-#include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +11,6 @@
 
 namespace vask::tester {
 namespace {
-
-// The report, each line after its level; blocks have levels of their own.
-std::string Report(CTester& tester) {
-  const test::CLogCapture log;
-  tester.RunAll();
-  std::string report;
-  for (const auto& line : log.Lines()) {
-    report += std::to_string(line.level) + line.text + "\n";
-  }
-  return report;
-}
 
 int ourError = 0;
 int Sum(int a, int b) { return a + b + ourError; }
@@ -34,22 +23,26 @@ const CTestRegistrar registrar(&TestSum, "Sum", __FILE__);
 
 TEST(Tester, ReportsEachTestAndTheOutcome) {
   CTester tester;
+  const auto report = [&tester] { return test::Logged([&tester] { tester.RunAll(); }); };
   tester.Register(&TestSum, "sum", "a.cpp");
-  const std::string rule = "1" + std::string(66, '-') + " \n";
-  const std::string begin = "1Vask tester...\n" + rule + "-2\n", end = "-1\n" + rule;
-  EXPECT_EQ(Report(tester), begin + "1sum [OK]\n" + end + "1All tests OK\n1\n");
-  ourError = 1;
+  const std::string rule = "( ) " + std::string(66, '-') + " \n";
+  const std::string begin = "( ) Vask tester...\n" + rule;
+  EXPECT_EQ(report(), begin + "( )   sum [OK]\n" + rule + "( ) All tests OK\n( ) \n");
   tester.Register([](STest&) { return false; }, "good", "b.cpp");
   tester.Register([](STest&) -> bool { throw std::runtime_error("a\nb"); }, "thrower", "c.cpp");
   tester.Register([](STest&) { return true; }, "mute", "d.cpp");
-  const std::string report = Report(tester);
+  ourError = 1;
+  const std::string failed = report();
   ourError = 0;
-  const std::string onAssert = "3 on the following test assert: ";
-  EXPECT_EQ(report, begin + "3sum FAILED!\n3 in the file a.cpp.\n" + onAssert +
-                        "Sum(2, 2) == 4\n32 and 2 are not 4\n1good [OK]\n"
-                        "3thrower FAILED!\n3 in the file c.cpp.\n" +
-                        onAssert + "no exception\n3a b\n3mute FAILED!\n3 in the file d.cpp.\n" +
-                        onAssert + "\n3\n" + end + "3Some of the tests failed miserably\n1\n");
+  const std::string onAssert = "<!>    on the following test assert: ";
+  EXPECT_EQ(failed, begin + "<!>   sum FAILED!\n<!>    in the file a.cpp.\n" + onAssert +
+                        "Sum(2, 2) == 4\n<!>   2 and 2 are not 4\n( )   good [OK]\n"
+                        "<!>   thrower FAILED!\n<!>    in the file c.cpp.\n" +
+                        onAssert +
+                        "no exception\n<!>   a b\n"
+                        "<!>   mute FAILED!\n<!>    in the file d.cpp.\n" +
+                        onAssert + "\n<!>   \n" + rule +
+                        "<!> Some of the tests failed miserably\n( ) \n");
 }
 
 constexpr std::size_t kShippedTests = 7;  // those of the game included
@@ -58,18 +51,17 @@ constexpr std::size_t kShippedTests = 7;  // those of the game included
 TEST(Tester, TheTaskRunsTheSelfTestsAndLeavesNoTrace) {
   const test::CFakeClock clock;
   const auto* installed = &*GetGlobalTimerImpl();
-  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
-  console.SetVariable("a", "before");
+  test::Execute("a = before");
   for (const std::string name : {"first", "second"}) {
     const test::CLogCapture log;
-    EXPECT_EQ(console.Execute("starttask(unittest, " + name + ")", false), name + " started");
+    EXPECT_EQ(test::Execute("starttask(unittest, " + name + ")"), name + " started");
     EXPECT_TRUE(log.Has("All tests OK")) << log.Text();
     EXPECT_EQ(log.Count(" [OK]"), kShippedTests + 1) << log.Text();
     EXPECT_TRUE(log.Has("Sum [OK]")) << "the one of this file";
   }
   EXPECT_EQ(CKernel::GetSingletonPtr()->Run(), 0) << "a task that does not park would run on";
   EXPECT_EQ(&*GetGlobalTimerImpl(), installed);
-  EXPECT_EQ(console.GetVariable("a"), "before");
+  EXPECT_EQ(test::Execute("a"), "before");
 }
 
 }  // namespace

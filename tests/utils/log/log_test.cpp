@@ -6,41 +6,33 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <regex>
 
 namespace vask {
 namespace {
 
 using test::FileText;
-
-// What the action adds to the file of the log.
-std::string Added(const std::function<void()>& action) {
-  Log();
-  const std::size_t before = FileText("log.txt").size();
-  action();
-  return FileText("log.txt").substr(before);
-}
+using test::Logged;
 
 TEST(Log, TextIsCutIntoLinesAtEveryLineEnd) {
-  EXPECT_EQ(Added([] { Log().Write("abc").Write("").Write("def").Print("\n"); }), "( ) abcdef\n");
-  EXPECT_EQ(Added([] { Log().Write(std::string("a\r\nb\0c\n\n", 8)); }),
+  EXPECT_EQ(Logged([] { Log().Write("abc").Write("").Write("def").Print("\n"); }), "( ) abcdef\n");
+  EXPECT_EQ(Logged([] { Log().Write(std::string("a\r\nb\0c\n\n", 8)); }),
             "( ) a\n( ) \n( ) b\n( ) c\n( ) \n");
 }
 
 TEST(Log, ALevelLastsForOneLine) {
-  EXPECT_EQ(Added([] { Log().Error() << "e" << 1 << "\nn\n"; }), "<!> e1\n( ) n\n");
-  EXPECT_EQ(Added([] { Log().Warning() << 2.5 << "\n"; }), "(!) 2.5\n");
-  EXPECT_EQ(Added([] { Log().Debug() << "d\n"; }), "(d) d\n");
-  EXPECT_EQ(Added([] { Log() << "[ERROR] no\n"; }), "( ) [ERROR] no\n") << "a tag is only text";
+  EXPECT_EQ(Logged([] { Log().Error() << "e" << 1 << "\nn\n"; }), "<!> e1\n( ) n\n");
+  EXPECT_EQ(Logged([] { Log().Warning() << 2.5 << "\n"; }), "(!) 2.5\n");
+  EXPECT_EQ(Logged([] { Log().Debug() << "d\n"; }), "(d) d\n");
+  EXPECT_EQ(Logged([] { Log() << "[ERROR] no\n"; }), "( ) [ERROR] no\n") << "a tag is only text";
 }
 
 TEST(Log, BlocksIndentTheFile) {
-  EXPECT_EQ(Added([] { Log().BeginBlock().BeginBlock() << "x\n"; }), "( )     x\n");
-  EXPECT_EQ(Added([] { (Log().EndBlock().Error() << "a").EndBlock() << "b\n"; }), "<!> ab\n");
-  EXPECT_EQ(Added([] { Log().EndBlock() << "y\n"; }), "( ) y\n") << "one end too many";
-  EXPECT_EQ(Added([] { Log().BeginBlock() << "x\n"; }), "( )   x\n");
-  EXPECT_EQ(Added([] { Log().EndBlock() << "y\n"; }), "( ) y\n");
+  EXPECT_EQ(Logged([] { Log().BeginBlock().BeginBlock() << "x\n"; }), "( )     x\n");
+  EXPECT_EQ(Logged([] { (Log().EndBlock().Error() << "a").EndBlock() << "b\n"; }), "<!> ab\n");
+  EXPECT_EQ(Logged([] { Log().EndBlock() << "y\n"; }), "( ) y\n") << "one end too many";
+  EXPECT_EQ(Logged([] { Log().BeginBlock() << "x\n"; }), "( )   x\n");
+  EXPECT_EQ(Logged([] { Log().EndBlock() << "y\n"; }), "( ) y\n");
 }
 
 TEST(Log, PrintFormatsTextOfAnyLength) {
@@ -51,8 +43,8 @@ TEST(Log, PrintFormatsTextOfAnyLength) {
     Log().Error() << "Could not open " << name << "\n";
     Log().Print("[ERROR] No task %s\n", name.c_str());
   };
-  EXPECT_EQ(Added(logAll), "( ) Loaded 7 files\n<!> Could not open " + name +
-                               "\n( ) [ERROR] No task " + name + "\n");
+  EXPECT_EQ(Logged(logAll), "( ) Loaded 7 files\n<!> Could not open " + name +
+                                "\n( ) [ERROR] No task " + name + "\n");
 }
 
 TEST(Log, FileStartsWithItsHeader) {
