@@ -21,9 +21,8 @@ std::string ourRecord;
 struct CRecorder : CTask {
   using CTask::Start;
   bool Start() override {
-    const bool runs = myRuns;  // the reaction may delete the task
     Note("start", ".start");
-    return runs;
+    return myRuns;
   }
   void Update() override { Note("update", ""); }
   void Exit() override { Note("exit", ".exit"); }
@@ -44,6 +43,24 @@ struct CRecorder : CTask {
   }
 };
 
+// Writes its name down when it runs, and "~" and its name when it is deleted.
+struct CThread : CFakeThread {
+  CThread(const char* name, int interval) : myName(name) {
+    SetInterval(interval);
+    Start();
+  }
+  ~CThread() override { ourRecord += "~" + myName + " "; }
+  void Update() override {
+    ourRecord += myName + " ";
+    if (const auto reaction = std::exchange(myReaction, nullptr)) {
+      reaction();
+    }
+  }
+
+  std::function<void()> myReaction;  // called once; may delete the thread
+  std::string myName;
+};
+
 // A fresh kernel, a clock that only the test moves, and tasks that record.
 struct CKernelTest : testing::Test {
   ~CKernelTest() override { Clean(); }
@@ -58,34 +75,23 @@ struct CKernelTest : testing::Test {
 
   static CKernel& Kernel() { return CKernel::GetSingleton(); }
 
-  CRecorder& Make(const std::string& name, int priority, unsigned interval = 0) {
+  CRecorder& Start(const std::string& name, int priority, unsigned interval = 0, bool runs = true) {
     CRecorder& task = *(myTasks[name] = std::make_unique<CRecorder>());
     task.SetName(name);
     task.SetPriority(priority);
     task.SetTimedInterval(interval);
+    task.myRuns = runs;
+    Kernel().StartTask(&task, nullptr);
     return task;
   }
 
-  CRecorder& Start(const std::string& name, int priority, unsigned interval = 0, bool runs = true) {
-    Make(name, priority, interval).myRuns = runs;
-    Kernel().StartTask(myTasks[name].get(), nullptr);
-    return *myTasks[name];
-  }
-
   // Does what the words say: each time a verb and a task, with "@" and a number where one belongs.
-  // Nothing happens to a task that was deleted.
   void Do(const std::string& acts) {
     std::istringstream words(acts);
     for (std::string verb, name; words >> verb >> name;) {
       const std::size_t at = name.find('@');
       const int number = at == std::string::npos ? 0 : std::stoi(name.substr(at + 1));
       myVerbs.at(verb)(name.substr(0, at), number);
-    }
-  }
-
-  void To(const std::string& name, void (CKernel::*act)(CTask*)) {
-    if (myTasks[name] != nullptr) {
-      (Kernel().*act)(myTasks[name].get());
     }
   }
 
@@ -117,22 +123,6 @@ struct CKernelTest : testing::Test {
     return ran;
   }
 
-  // What two frames of the tasks a to d run when b does that in the first one, and c that in its
-  // hooks.
-  std::string RanWhenB(bool isTimed, const std::string& acts,
-                       const std::map<std::string, std::string>& hooksOfC = {}) {
-    Clean();
-    Start("d", 40, isTimed ? 140 : 0);
-    Start("b", 20, isTimed ? 120 : 0);
-    Start("c", 30, isTimed ? 130 : 0);
-    Start("a", 10, isTimed ? 110 : 0);
-    React("b", "update", acts);
-    for (const auto& [hook, actsOfC] : hooksOfC) {
-      React("c", hook, actsOfC);
-    }
-    return RunFrames({"wait clock@150", "wait clock@150"});
-  }
-
   CFakeClock myClock;
   std::map<std::string, std::unique_ptr<CRecorder>> myTasks;
   const std::map<std::string, std::function<void(const std::string&, int)>> myVerbs = {
@@ -142,33 +132,32 @@ struct CKernelTest : testing::Test {
       {"hurry", [](auto&, int time) { Kernel().SleepAtMost(time); }},
       {"start", [this](auto& name, int priority) { Start(name, priority); }},
       {"park", [this](auto& name, int priority) { Start(name, priority, 0, false); }},
-      {"pause", [this](auto& name, int) { To(name, &CKernel::PauseTask); }},
-      {"resume", [this](auto& name, int) { To(name, &CKernel::ResumeTask); }},
-      {"kill", [this](auto& name, int) { To(name, &CKernel::KillTask); }},
+      {"pause", [this](auto& name, int) { Kernel().PauseTask(myTasks[name].get()); }},
+      {"resume", [this](auto& name, int) { Kernel().ResumeTask(myTasks[name].get()); }},
+      {"kill", [this](auto& name, int) { Kernel().KillTask(myTasks[name].get()); }},
       {"delete", [this](auto& name, int) { myTasks[name].reset(); }},
       {"interval", [this](auto& name, int time) { myTasks[name]->SetTimedInterval(time); }}};
 };
 
 TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
-  struct CThread : CFakeThread {
-    CThread() { SetInterval(1); }
-    void Update() override { ourRecord += "thread "; }
-  } thread;
-  thread.Start();
+  const CThread thread("thread", 1);
   Start("timed", 10, 10, false);
   Do("park parked@10");
-  CRecorder& task = Make("a", 10);
-  React("a", "update", "kill a");
+  CRecorder task;
+  task.SetName("a");
+  task.myReactions["update"] = [&task] { Kernel().KillTask(&task); };
   CKernel::GetSingletonPtr()->StartTask(&task, nullptr);
   CKernel::GetSingletonPtr()->Run();  // until no task is left in the run list
   EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit thread parked.exit timed.exit ");
 }
 
-TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
+// What two frames of the tasks a to d run when b does something in the first one.
+TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalkedAndInAHook) {
   const std::vector<bool> plain = {false}, timed = {true};
   const struct {
     std::string act, ran;
     std::vector<bool> kinds = {false, true};
+    std::string onPause = "", onResume = "";  // what c does then
   } cases[] = {
       {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = plain},
       {.act = "start x@20", .ran = "| a b x.start c d | a x b c d ", .kinds = plain},
@@ -182,24 +171,26 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalked) {
       {.act = "pause c kill c resume c", .ran = "| a b c.pause c.exit d | a b d "},
       {.act = "delete b", .ran = "| a b c d | a c d "},
       {.act = "delete c delete d", .ran = "| a b | a b "},
+      {.act = "pause c", .ran = "| a b c.pause c.exit d | a b d ", .onPause = "kill c"},
+      {.act = "pause c", .ran = "| a b c.pause d | a b d ", .onPause = "delete c"},
+      {.act = "pause c resume c",
+       .ran = "| a b c.pause c.resume d | a b d ",
+       .onResume = "delete c"},
       {.act = "interval b@0", .ran = "| a b c d | a c d ", .kinds = timed},
       {.act = "interval b@-1", .ran = "| a b c d | a c d ", .kinds = timed}};  // the longest
   for (const auto& row : cases) {
     for (const bool isTimed : row.kinds) {
-      SCOPED_TRACE((isTimed ? "timed" : "plain") + (" tasks, b does: " + row.act));
-      EXPECT_EQ(RanWhenB(isTimed, row.act), row.ran);
+      SCOPED_TRACE((isTimed ? "timed, " : "plain, ") + row.act + row.onPause + row.onResume);
+      Clean();
+      Start("d", 40, isTimed ? 140 : 0);
+      Start("b", 20, isTimed ? 120 : 0);
+      Start("c", 30, isTimed ? 130 : 0);
+      Start("a", 10, isTimed ? 110 : 0);
+      React("b", "update", row.act);
+      React("c", "pause", row.onPause);
+      React("c", "resume", row.onResume);
+      EXPECT_EQ(RunFrames({"wait clock@150", "wait clock@150"}), row.ran);
     }
-  }
-}
-
-TEST_F(CKernelTest, ATaskMayEndInItsOwnHook) {
-  for (const bool isTimed : {false, true}) {
-    SCOPED_TRACE(isTimed ? "timed" : "plain");
-    EXPECT_EQ(RanWhenB(isTimed, "pause c", {{"pause", "kill c"}}),
-              "| a b c.pause c.exit d | a b d ");
-    EXPECT_EQ(RanWhenB(isTimed, "pause c", {{"pause", "delete c"}}), "| a b c.pause d | a b d ");
-    EXPECT_EQ(RanWhenB(isTimed, "pause c resume c", {{"resume", "delete c"}}),
-              "| a b c.pause c.resume d | a b d ");
   }
 }
 
@@ -289,25 +280,6 @@ TEST_F(CKernelTest, ATaskMayShortenTheRestOfAFrame) {
   EXPECT_EQ(Kernel().NextSleep(), 100) << "the limit is for one frame";
 }
 
-// Writes its letter down when it runs, and "~" and its letter when it is deleted.
-struct CThread : CFakeThread {
-  CThread(char name, int interval) : myName(name) {
-    SetInterval(interval);
-    Start();
-  }
-  ~CThread() override { ourRecord += std::string("~") + myName; }
-  void Update() override {
-    ourRecord += myName;
-    if (const auto reaction = std::exchange(myReaction, nullptr)) {
-      reaction();
-    }
-  }
-
-  std::function<void()> myReaction;  // called once; may delete the thread
-
-  char myName;
-};
-
 // What a pass over the threads runs when the clock has gone on by so many milliseconds.
 struct CFakeThreadTest : testing::Test {
   ~CFakeThreadTest() override {
@@ -326,27 +298,34 @@ struct CFakeThreadTest : testing::Test {
   }
 
   CFakeClock myClock{0xFFFFFFF0U};  // wraps soon
-  CThread* a = new CThread('a', 20);
-  CThread* b = new CThread('b', 10);
+  CThread* a = new CThread("a", 20);
+  CThread* b = new CThread("b", 10);
 };
 
-TEST_F(CFakeThreadTest, RunsAtItsIntervalAndHoldsBackTheYoungerWhileItWaitsOrPauses) {
-  EXPECT_EQ(RunAfter(0), "ab");
-  EXPECT_EQ(RunAfter(100), "ab");
-  a->Start();  // nothing, since it runs
+TEST_F(CFakeThreadTest, AThreadThatWaitsOrPausesHoldsBackTheYounger) {
+  EXPECT_EQ(RunAfter(0), "a b ");
+  EXPECT_EQ(RunAfter(100), "a b ");
   EXPECT_EQ(RunAfter(19), "");
   a->Pause();
   EXPECT_EQ(RunAfter(500), "");
   a->Resume();
   EXPECT_EQ(RunAfter(0), "");
-  EXPECT_EQ(RunAfter(1), "ab");
-  a->Pause();
-  a->Start();
-  EXPECT_EQ(a->GetTime(), 0U) << "begins anew";
-  EXPECT_EQ(RunAfter(0), "a");
+  EXPECT_EQ(RunAfter(1), "a b ");
 }
 
-TEST_F(CFakeThreadTest, TheOrderPutsTheDeadLastThenThePausedThenWhoIsDueSooner) {
+TEST_F(CFakeThreadTest, AStartAfterAPauseBeginsAnew) {
+  RunAfter(0);
+  myClock.Advance(15);
+  a->Start();  // nothing, since it runs
+  EXPECT_EQ(a->GetTime(), 15U);
+  a->Pause();
+  a->Start();
+  EXPECT_EQ(a->GetTime(), 0U);
+  EXPECT_EQ(RunAfter(0), "a b ");
+}
+
+// "Less" comes first.
+TEST_F(CFakeThreadTest, SortsTheLaterDueBeforeTheSoonerThenThePausedThenTheDead) {
   RunAfter(0);
   myClock.Advance(6);
   EXPECT_TRUE(a->IsLessThan(b)) << "b is due sooner";
@@ -360,16 +339,16 @@ TEST_F(CFakeThreadTest, TheOrderPutsTheDeadLastThenThePausedThenWhoIsDueSooner) 
 TEST_F(CFakeThreadTest, AnUpdateMayKillDeleteAndMakeThreads) {
   a->myReaction = [this] {
     delete b;
-    b = new CThread('c', 10);
+    b = new CThread("c", 10);
   };
-  EXPECT_EQ(RunAfter(20), "a~bc");
+  EXPECT_EQ(RunAfter(20), "a ~b c ");
   a->myReaction = [this] { a->Kill(); };
-  EXPECT_EQ(RunAfter(20), "a~ac");
+  EXPECT_EQ(RunAfter(20), "a ~a c ");
   b->Kill();
-  a = new CThread('d', 10);
-  EXPECT_EQ(RunAfter(20), "~cd");
+  a = new CThread("d", 10);
+  EXPECT_EQ(RunAfter(20), "~c d ");
   a->myReaction = &DeleteAll;
-  EXPECT_EQ(RunAfter(20), "d~d");
+  EXPECT_EQ(RunAfter(20), "d ~d ");
 }
 
 }  // namespace
