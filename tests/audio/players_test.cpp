@@ -2,9 +2,8 @@
 #include "audio/audiovolume.h"
 #include "audio/sdlmixereffectplayer.h"
 #include "audio/sdlmixermusicplayer.h"
-#include "console/console.h"
-#include "kernel/applicationfactory.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "support/waves.h"
 
 #include <SDL.h>
@@ -38,14 +37,12 @@ TEST(AudioDevice, IsNullOnceTheWindowHasTakenItAlong) {
   EXPECT_EQ(CAudioDevice::Open(settings, "Other"), nullptr);
 }
 
-class Players : public testing::Test {
- protected:
+struct Players : testing::Test {
   Players() {
     WriteLongWave("one.wav");
     WriteLongWave("two.wav");
   }
   ~Players() override { AudioVolumes() = {}; }
-  std::size_t CountLoads() const { return myLog.Count("new CSDLMixer"); }
   std::size_t CountFrees() const { return myLog.Count("freed CSDLMixer"); }
   // What is to be heard of the music.
   static std::string Music() {
@@ -71,7 +68,7 @@ TEST_F(Players, AnEffectIsLoadedOnceAndFreedWhenAllIsSilent) {
   player.Play("two.wav");
   player.Preload("missing.wav");
   EXPECT_TRUE(myLog.Has("Could not load effect-file  missing.wav"));
-  EXPECT_EQ(CountLoads(), 3U);
+  EXPECT_EQ(myLog.Count("new CSDLMixer"), 3U);
   EXPECT_EQ(CountFrees(), 2U) << "a missing one is not kept";
 }
 
@@ -89,14 +86,13 @@ TEST_F(Players, EffectsOfTwoPlayersAreTheirOwn) {
 }
 
 TEST_F(Players, FollowTheVolumesThatAreVariablesBetweenZeroAndOne) {
-  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
-  console.Execute("audio_effect_volume = 0.25", false);  // a script that is early
+  Execute("audio_effect_volume = 0.25");  // a script that is early
   RegisterAudioVolumes();
   CSDLMixerEffectPlayer effects;
   CSDLMixerMusicPlayer music(0);
   EXPECT_EQ(Mix_Volume(-1, -1), 32);
   const auto musicAt = [&](const std::string& value) {
-    console.Execute("audio_music_volume = " + value, false);
+    Execute("audio_music_volume = " + value);
     RegisterAudioVolumes();  // the second time it changes nothing
     music.Update();
     return Mix_VolumeMusic(-1);

@@ -1,11 +1,11 @@
 #include "kernel/application.h"
 
 #include "console/consoleparams.h"
-#include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "kernel/tasklibraries.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 
 #include <gtest/gtest.h>
 
@@ -50,9 +50,6 @@ struct Application : testing::Test {
     CKernel::DeleteSingleton();
     CApplicationFactory::DeleteSingleton();
     ourRecord.clear();
-  }
-  static std::string Execute(const std::string& line) {
-    return CApplicationFactory::GetSingleton().GetConsole()->Execute(line, false);
   }
 };
 

@@ -12,7 +12,6 @@ namespace {
 
 struct AudioTask : testing::Test {
   AudioTask() { WriteLongWave("one.wav"); }
-  ~AudioTask() override { myTask.Exit(); }
   void Run(const std::string& line) { EXPECT_TRUE(myTask.ExecuteCommand(line)) << line; }
   void ExpectLogged(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) {
@@ -89,8 +88,7 @@ TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
       Audio::PlayEffect( "data/sfx/kitten_01.wav" )
   )");
   EXPECT_EQ(Mix_Playing(-1), 1);
-  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
-  EXPECT_NE(console.Execute("audio_effect_volume", false), "audio_effect_volume") << "no variable";
+  EXPECT_NE(Execute("audio_effect_volume"), "audio_effect_volume") << "no variable";
   RunScript("stoptask( Audio )");
 }
 

@@ -1,8 +1,8 @@
 #include "tools/mail.h"
 
-#include "kernel/applicationfactory.h"
 #include "support/files.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "tools/assertmail.h"
 
 #include <gtest/gtest.h>
@@ -42,14 +42,12 @@ TEST(Mail, ReportsAnAssertionAsTheConsolesVariablesSay) {
   CAssertion assertion("count < 3", "a.cpp", 7, "Too many");
   assertion.Watch("count, name", count, name);
   CApplicationFactory::DeleteSingleton();
-  CApplicationFactory* factory = CApplicationFactory::GetSingletonPtr();
   EXPECT_EQ(MailAssertion(assertion, ""), "The email address  is not a valid email address");
-  EXPECT_EQ(factory->PeekConsole(), nullptr);
-  CConsole* console = factory->GetConsole();
+  EXPECT_EQ(CApplicationFactory::GetSingleton().PeekConsole(), nullptr);
   const std::string type = typeid(name).name(), manyX(900, 'x');
   const auto mailed = [&](const std::string& settings) {
     return Serve(kGoodHost, [&](int port) {
-      console->Execute("mail_port = " + std::to_string(port) + ";" + settings, false);
+      test::Execute("mail_port = " + std::to_string(port) + ";" + settings);
       EXPECT_EQ(MailAssertion(assertion, ".\n..two\rthree\r\n" + manyX + "x"), "");
     });
   };
