@@ -1,9 +1,9 @@
 #include "audio/soundfilecheck.h"
 
+#include "audio/audiodevice.h"
 #include "support/waves.h"
 
 #include <SDL.h>
-#include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,13 +22,7 @@ std::string OfMusic(const std::string& fault) { return "music: " + fault + "\n";
 std::string OfBoth(const std::string& fault) { return OfEffect(fault) + OfMusic(fault); }
 constexpr char kFine[] = "";
 
-class SoundFileCheck : public testing::Test {
- protected:
-  SoundFileCheck() { EXPECT_EQ(Mix_OpenAudio(22050, AUDIO_S16LSB, 2, 1024), 0); }
-  ~SoundFileCheck() override {
-    Mix_CloseAudio();
-    SDL_Quit();
-  }
+struct SoundFileCheck : testing::Test {
   static std::string FaultsOfFile(const std::string& name) {
     const std::string effect = CheckEffectFile(name) ? "" : OfEffect(SDL_GetError());
     return effect + (CheckMusicFile(name) ? "" : OfMusic(SDL_GetError()));
@@ -46,6 +40,8 @@ class SoundFileCheck : public testing::Test {
     return FaultsOfFile("file.wav");
   }
 
+  const std::unique_ptr<CAudioDevice> device =
+      CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 1024, 8}, "Audio");
   // The library over SDL 2 converts what the classic one writes beyond its tables for.
   const bool myIsClassic = SDL_Linked_Version()->patch < 50;
   const std::string myOverrun = myIsClassic ? OfBoth(kUnconvertible) : kFine;
