@@ -18,13 +18,12 @@ class IKeyInterceptor {
   virtual bool TakesPress(int key) = 0;
 };
 
-// Queues the keys that go down and up; Update() dispatches them to the events that they are bound
-// to, lower priorities first. Events may bind further events, come, go and delete each other at any
-// time; what is bound during a dispatch counts from the next key.
+// Queues the keys that go down and up; Update(), once per frame, dispatches them to the events that
+// they are bound to, lower priorities first. Events may bind further events, come, go and delete
+// each other at any time; what is bound during a dispatch counts from the next key.
 //
 //     CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
 //     keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
-//     keyboard.Update();  // once per frame
 class CKeyboard : public CSingleton<CKeyboard> {
  public:
   CKeyboard();

@@ -9,6 +9,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -17,18 +18,16 @@ namespace {
 
 std::string theRecord;
 char theStopper = ' ';
-char theKiller = ' ';
+std::map<char, std::function<void()>> theReactions;  // each called once, by the event of that name
 std::map<char, std::unique_ptr<IKeyEvent>> theAdded;
 
-void KillAndBindMore();
-
 // Adds its name to the record. One with a capital letter hears of keys that come up, too.
-struct CEvent : IKeyEvent {
-  explicit CEvent(char sign = 'E') : name(sign) {}
+struct CMyEvent : IKeyEvent {
+  explicit CMyEvent(char sign = 'E') : name(sign) {}
   bool Trigger(int) override {
     theRecord += name;
-    if (name == theKiller) {
-      KillAndBindMore();
+    if (const auto reaction = theReactions.extract(name)) {
+      reaction.mapped()();
     }
     return true;
   }
@@ -44,7 +43,7 @@ void Put(const std::string& events) {
   std::istringstream stream(events);
   char name = ' ';
   for (int priority = 0; stream >> name >> priority;) {
-    auto* const event = new CEvent(name);
+    auto* const event = new CMyEvent(name);
     if (std::tolower(name) < 'o') {
       keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
     } else {
@@ -52,12 +51,6 @@ void Put(const std::string& events) {
       keyboard.AddKeyEvent(event, priority);
     }
   }
-}
-
-void KillAndBindMore() {
-  theKiller = ' ';
-  theAdded.clear();
-  Put("n10 t10");
 }
 
 // Lets keys go down ("+a") and up ("-a") within one frame, and returns who heard of them.
@@ -112,7 +105,7 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
 
 TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   Put("c10 b10 a5 q10 R10 p5 s30");
-  const CSmartPtr<IKeyEvent> last(new CEvent('Z'));
+  const CSmartPtr<IKeyEvent> last(new CMyEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
   const auto hear = [](char stopper, const std::string& keys) {
     theStopper = stopper;
@@ -150,13 +143,11 @@ TEST(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
 }
 
 TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
-  using CMyEvent = CEvent;
   struct CTaker : IKeyInterceptor {
     bool TakesPress(int key) override { return key == kEscapeKey; }
   } taker;
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
   keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
-  keyboard.Update();
   keyboard.AddInterceptor(&taker);
   EXPECT_EQ(Hear({'+', kEscapeKey, '-', kEscapeKey}), "E");
   CKeyboard::DeleteSingleton();
@@ -165,7 +156,10 @@ TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
 TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   // Who hears of a key when that event kills them all.
   const auto heard = [](char killer) {
-    theKiller = killer;
+    theReactions[killer] = [] {
+      theAdded.clear();
+      Put("n10 t10");
+    };
     Put("b10 p5 q5 r15");
     const std::string names = Hear("+k");
     EXPECT_EQ(Hear("+k"), "tnb") << "newcomers wait for the next key";

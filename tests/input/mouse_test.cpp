@@ -25,8 +25,7 @@ struct CTarget : CMouseableImpl {
   CRect<int> GetRect() override { return rect; }
   void Note(char event, int number = 0) {
     record += std::string{name, event} + (number != 0 ? std::to_string(number) : "") + " ";
-    const auto hook = onEvent;  // a copy: the hook may delete this object
-    if (hook) {
+    if (const auto hook = onEvent) {  // a copy: the hook may delete this object
       hook();
     }
   }
