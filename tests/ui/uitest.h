@@ -3,13 +3,12 @@
 #include "events/eventbridge.h"
 #include "events/eventrecorder.h"
 #include "input/buttons.h"
-#include "input/keynames.h"
 #include "support/fakeclock.h"
+#include "support/files.h"
 #include "support/keys.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
 #include "ui/desktopwidget.h"
-#include "ui/receivers.h"
 #include "ui/uitask.h"
 
 #include <gtest/gtest.h>

@@ -8,8 +8,6 @@
 #include "support/testpicture.h"
 #include "ui/console/consolecompletion.h"
 #include "ui/console/consoleinput.h"
-#include "ui/desktopwidget.h"
-#include "ui/receivers.h"
 
 #include <gtest/gtest.h>
 
@@ -20,12 +18,7 @@ namespace {
 std::string Typed(const std::string& keys) {
   const CTestScreen screen(80, 60);
   const CConsoleWindow console;
-  const ui::CWidget& window = *ui::CDesktopWidget::GetSingleton().GetChildren().front();
-  auto& line =
-      dynamic_cast<ui::CTextInputWidget&>(*window.GetChildren().front()->GetChildren().front());
-  SetFocus(&line);
-  Type(keys);
-  return line.GetText();
+  return TypeIntoConsole(keys);
 }
 
 TEST(ConsoleWindow, BrowsesItsHistory) {
