@@ -1,9 +1,8 @@
-#include "console/consoleparams.h"
 #include "events/eventrecorder.h"
-#include "gfx/sdl/video.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
 #include "support/tasks.h"
+#include "support/testpicture.h"
 #include "tasks/taskeventsdl.h"
 #include "tasks/taskkeyboard.h"
 #include "tasks/taskmouse.h"
@@ -24,15 +23,9 @@ SDL_Event Button(Uint8 type, Uint8 button) { return {.button = {type, 0, button,
 
 struct EventTask : testing::Test {
   EventTask() {
-    SDL_Init(SDL_INIT_VIDEO);
-    sdl::OpenVideoMode(32, 32, 32, 0);
     EXPECT_TRUE(myTask.Start());
     myTask.Update();  // the window's own first events
     myRecord.clear();
-  }
-  ~EventTask() override {
-    myTask.Exit();
-    SDL_Quit();
   }
 
   static void Push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
@@ -43,6 +36,7 @@ struct EventTask : testing::Test {
     return std::exchange(myRecord, {});
   }
 
+  const CTestScreen myScreen{32, 32};
   CEventBridge& myBridge = *CEventBridge::GetSingletonPtr();
   CTaskEventSDL myTask;
   std::string myRecord;
@@ -53,10 +47,10 @@ TEST_F(EventTask, EveryEventReachesItsListeners) {
   const auto focus = SDL_APPINPUTFOCUS, active = SDL_APPACTIVE, mouse = SDL_APPMOUSEFOCUS;
   EXPECT_EQ(Heard({Focus(1, focus), Focus(0, focus | active), Focus(1, mouse | active)}),
             "focus 1 0\nfocus 0 0\n");
-  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_a, 'A'), Key(SDL_KEYDOWN, SDLK_DELETE, 127)}),
-            "down 97 65\ndown 127 127\n");
-  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_b, 1), Key(SDL_KEYUP, SDLK_a, 128)}),
-            "down 98 1\nup 97 0\n");
+  // Of the characters those of ASCII: from 1 to 127.
+  EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_a, 1), Key(SDL_KEYDOWN, SDLK_b, 127)}),
+            "down 97 1\ndown 98 127\n");
+  EXPECT_EQ(Heard({Key(SDL_KEYUP, SDLK_a, 128)}), "up 97 0\n");
   EXPECT_EQ(Heard({Key(SDL_KEYDOWN, SDLK_QUOTE, 39, 49)}), "down 39 39\n") << "no scancode of X";
   EXPECT_EQ(Heard({{.motion = {SDL_MOUSEMOTION, 0, 0, 60000, 7, -3, 4}}}),
             "move 60000 7\nby -3 4\n");
@@ -133,21 +127,12 @@ TEST(MouseTask, ConsoleLinesReachTheCursor) {
   EXPECT_EQ(hardware.last, "");
 }
 
-// A command that collects its parameters.
-struct CNote : CConsoleCommand {
-  CNote() { CApplicationFactory::GetSingletonPtr()->GetConsole()->AddCommand("note", this); }
-  ~CNote() override { CApplicationFactory::GetSingletonPtr()->GetConsole()->RemoveCommand("note"); }
-  std::string Execute(CConsoleParams* params) override { return notes += params->GetString(0); }
-  std::string Execute() override { return {}; }
-  std::string notes;
-};
-
 using Lines = std::vector<std::string>;
 
-// What is noted when keys come down, one in each frame, bound by these lines alone.
-std::string Noted(const Lines& lines, const Lines& keys) {
+// The variable that the bound lines set, after keys have come down, one in each frame.
+std::string SetBy(const Lines& lines, const Lines& keys) {
   CKeyboard::DeleteSingleton();
-  const CNote note;
+  Execute("v =");
   CTaskKeyboard task;
   EXPECT_TRUE(task.Start());
   for (const std::string& line : lines) {
@@ -157,16 +142,18 @@ std::string Noted(const Lines& lines, const Lines& keys) {
     CEventBridge::GetSingleton().KeyDown(KeyFromName(key), 0);
     task.Update();
   }
-  return note.notes;
+  return Execute("v");
 }
 
 TEST(KeyboardTask, BoundLinesRunWhenTheirKeysGoDown) {
-  const std::string at9 = "bind(a, note(x), 9)", at11 = "bind(a, note(z), 11)";
-  EXPECT_EQ(Noted({at9, "bind(a, note(y))", at11, "bind(a, note(w), soon)"}, {"a"}), "xwyz");
-  EXPECT_EQ(Noted({"bind(\" a, note(x))"}, {"\"", "a"}), "x") << "a quote is a key";
-  EXPECT_EQ(Noted({"bind(\"a b\" c, note(x))"}, {"a", "b", "c"}), "") << "a name with a blank";
-  EXPECT_EQ(Noted({"bind(\"1\", note(x))", "bind(1, note(y))"}, {"1"}), "x") << "a number is none";
-  EXPECT_EQ(Noted({"bind", "bind()", "bind(a)", "bind(a, 5)"}, {"a"}), "");
+  const std::string at9 = "bind(a, v = 9, 9)", at11 = "bind(a, v = 11, 11)";
+  EXPECT_EQ(SetBy({at9, "bind(a, v = x)"}, {"a"}), "x");
+  EXPECT_EQ(SetBy({"bind(a, v = x, soon)", at11}, {"a"}), "11");
+  EXPECT_EQ(SetBy({"bind(\" a, v = x)"}, {"\""}), "") << "one of two keys";
+  EXPECT_EQ(SetBy({"bind(\" a, v = x)"}, {"\"", "a"}), "x") << "a quote is a key";
+  EXPECT_EQ(SetBy({"bind(\"a b\" c, v = x)"}, {"a", "b", "c"}), "") << "a name with a blank";
+  EXPECT_EQ(SetBy({"bind(\"1\", v = x)"}, {"1"}), "x");
+  EXPECT_EQ(SetBy({"bind", "bind()", "bind(a)", "bind(a, 5)", "bind(1, v = x)"}, {"a", "1"}), "");
 }
 
 }  // namespace

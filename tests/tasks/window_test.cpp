@@ -23,10 +23,7 @@ std::string Seen() {
 }
 
 struct WindowTask : testing::Test {
-  ~WindowTask() override {
-    myTask.reset();
-    SDL_Quit();
-  }
+  ~WindowTask() override { SDL_Quit(); }
   void Start(const std::string& params) {
     SDL_Quit();
     myTask = std::make_unique<CTaskWindowSDL>();
@@ -72,24 +69,24 @@ TEST_F(WindowTask, CommandsChangeTheWindow) {
   EXPECT_EQ(SeenAfter("Fullscreen"), "120 x 90 full ");
   EXPECT_EQ(SeenAfter("fullscreen"), "120 x 90 ");
   EXPECT_EQ(Run("Resize"), "[ERROR] You should give atleast two parameters");
+  EXPECT_EQ(Run("SetIcon"), "[ERROR] You have to give atleast one parameter");
+  Run("SetIcon(missing.bmp)");
+  EXPECT_TRUE(log.Has(" Could not load file: missing.bmp"));
   EXPECT_FALSE(log.Has("is not available"));
 }
 
 TEST_F(WindowTask, AnIconHasAtMost32PixelsASide) {
   const CLogCapture log;
-  Start("100, 80, 32, 0, 0, Small, missing.bmp");
   const auto refused = [&](int width, int height) {
     const sdl::SurfacePtr icon(
         SDL_CreateRGBSurface(0, width, height, 24, 0xFF, 0xFF00, 0xFF0000, 0));
     SDL_SaveBMP(icon.get(), "icon.bmp");
-    Run("SetIcon(icon.bmp)");
+    Start("100, 80, 32, 0, 0, Small, icon.bmp");
     return log.Count("is larger than 32 pixels");
   };
   EXPECT_EQ(refused(32, 32), 0U);
   EXPECT_EQ(refused(33, 32), 1U);
   EXPECT_EQ(refused(32, 33), 2U);
-  EXPECT_EQ(log.Count(" Could not load file: missing.bmp"), 1U) << "only that of the start";
-  EXPECT_EQ(Run("SetIcon"), "[ERROR] You have to give atleast one parameter");
 }
 
 TEST_F(WindowTask, AFailedModeIsOnlyLoggedAndAnExitEndsVideo) {
