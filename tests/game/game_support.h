@@ -138,7 +138,6 @@ class GameTest : public ::testing::Test {
     vask::CAnimationUpdator::GetSingletonPtr()->Update(clock.Now());
   }
 
-  const vask::test::CDataFolder data;
   vask::test::CFakeClock clock;
   CFakePictures pictures;
   CFakeAudio& audio = CFakeAudio::Get();

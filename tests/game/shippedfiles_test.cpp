@@ -32,7 +32,6 @@ std::string Written(const std::string& file) {
 TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
   const CTestScreen screen(80, 60);
   const CLogCapture log;
-  const CDataFolder data;
   for (const char* kind : {"Sprites", "Animated sprites", "Text sprites", "The sprite table"}) {
     WriteFile("example.xml", DocExample(kind));
     if (std::string(kind) == "The sprite table") {
@@ -77,7 +76,6 @@ TEST(Documents, EveryCommandAndVariableIsInTheConsolePage) {
 
 // Every sprite file has its picture, and nothing is reported.
 TEST(ShippedFiles, AreWhole) {
-  const CDataFolder data;
   const CTestScreen screen(80, 60);
   const CLogCapture log;
   for (const auto& entry : std::filesystem::recursive_directory_iterator("data/")) {

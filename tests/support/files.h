@@ -31,12 +31,4 @@ inline std::string DocExample(const std::string& section, const std::string& nam
   return example;
 }
 
-// The game's data files in the test's folder, under the name by which the program opens them.
-class CDataFolder {
- public:
-  CDataFolder() { std::filesystem::create_directory_symlink(SourcePath("runtime/data"), "data"); }
-  ~CDataFolder() { std::filesystem::remove("data"); }
-  CDataFolder& operator=(CDataFolder&&) = delete;  // neither moved nor copied
-};
-
 }  // namespace vask::test

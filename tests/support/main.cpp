@@ -1,5 +1,5 @@
 // The entry point of the test programs: without a display or a sound device, and in a folder of its
-// own for each run, so that tests run side by side and leave nothing behind.
+// own for each run, with the game's data, so that tests run side by side and leave nothing behind.
 
 #include "support/files.h"
 
@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
   std::filesystem::current_path(folder);
+  std::filesystem::create_directory_symlink(vask::test::SourcePath("runtime/data"), "data");
   const int result = RUN_ALL_TESTS();
   std::filesystem::current_path("/");
   std::filesystem::remove_all(folder);

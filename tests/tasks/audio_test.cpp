@@ -81,7 +81,6 @@ TEST_F(AudioTask, UpdatesPausesAndEndsBothPlayers) {
 }
 
 TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
-  const CDataFolder data;
   RunScript(R"(
       taskload( sdl_mixer )
       starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )

@@ -4,7 +4,6 @@
 #include "events/eventrecorder.h"
 #include "input/buttons.h"
 #include "support/fakeclock.h"
-#include "support/files.h"
 #include "support/keys.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
@@ -46,7 +45,6 @@ struct UiTest : testing::Test {
   // The cursor that a widget has asked for since the last call; empty for none.
   std::string Cursor() { return std::exchange(myPointer.last, ""); }
 
-  const test::CDataFolder myData;
   test::CFakeClock myClock;
   test::CTestScreen myScreen{80, 60};
   test::CNotingHardware myPointer;
