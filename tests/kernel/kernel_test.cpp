@@ -209,23 +209,19 @@ TEST_F(CKernelTest, QuitEndsTheFrameThenKillsAllByPriority) {
 }
 
 TEST_F(CKernelTest, TheFocusPausesTheTasksThatWantItAndResumesOnlyThem) {
-  const struct {
-    std::string acts, ran;
-  } cases[] = {
-      {.acts = "lose focus gain focus", .ran = "game.pause game.resume game other "},
-      {.acts = "pause game lose focus gain focus", .ran = "game.pause other "},
-      {.acts = "lose focus pause game gain focus", .ran = "game.pause other "},
-      {.acts = "lose focus resume game gain focus", .ran = "game.pause game.resume game other "},
-      {.acts = "lose focus resume game pause game gain focus",
-       .ran = "game.pause game.resume game.pause other "},
-      {.acts = "lose focus kill game gain focus", .ran = "game.pause game.exit other "}};
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.acts);
+  const auto ran = [this](const std::string& acts) {
     Clean();
     Start("game", 50).myPausesOnFocusLost = true;
     Start("other", 60);
-    EXPECT_EQ(RunFrames({row.acts}), "| " + row.ran);
-  }
+    return RunFrames({acts});
+  };
+  EXPECT_EQ(ran("lose focus gain focus"), "| game.pause game.resume game other ");
+  EXPECT_EQ(ran("pause game lose focus gain focus"), "| game.pause other ");
+  EXPECT_EQ(ran("lose focus pause game gain focus"), "| game.pause other ");
+  EXPECT_EQ(ran("lose focus resume game gain focus"), "| game.pause game.resume game other ");
+  EXPECT_EQ(ran("lose focus resume game pause game gain focus"),
+            "| game.pause game.resume game.pause other ");
+  EXPECT_EQ(ran("lose focus kill game gain focus"), "| game.pause game.exit other ");
 }
 
 TEST_F(CKernelTest, AResumeThatLosesTheFocusAgainLeavesTheOthersPaused) {
