@@ -1,17 +1,9 @@
-#include "events/eventbridge.h"
 #include "gfx/text/textsprite.h"
-#include "support/fakeclock.h"
 #include "support/files.h"
-#include "support/keys.h"
 #include "support/logcapture.h"
-#include "support/tasks.h"
-#include "support/testpicture.h"
 #include "tasks/taskdebug.h"
-#include "ui/desktopwidget.h"
-#include "ui/uitask.h"
+#include "ui/uitest.h"
 #include "utils/assert.h"
-
-#include <gtest/gtest.h>
 
 #include <regex>
 #include <sstream>
@@ -19,24 +11,13 @@
 namespace vask::test {
 namespace {
 
-// A debug task, and the one that feeds the widgets of its console.
-struct Debug : testing::Test {
-  Debug() {
-    ui.Start();
-    task.Start();
-  }
-  ~Debug() override {
-    task.Exit();
-    ui.Exit();
-  }
-  static std::size_t CountWindows() {
-    return ui::CDesktopWidget::GetSingleton().GetChildren().size();
-  }
+// A debug task beside the one that feeds the widgets of its console.
+struct Debug : ui::UiTest {
+  Debug() { task.Start(); }
+  ~Debug() override { task.Exit(); }
+  static std::size_t CountWindows() { return ui::Desktop()->GetChildren().size(); }
 
-  CFakeClock myClock;
-  CTestScreen myScreen{200, 60};
   const std::vector<CSprite*>& myTexts = CScreenLayer::GetSingleton().GetChildren();
-  CUiTask ui;
   CTaskDebug task;
 };
 
@@ -91,14 +72,11 @@ TEST_F(Debug, TheFrameRateShowsAsItsVariableSays) {
 }
 
 TEST_F(Debug, TheFrameRateIsDraggedWhereNoConsoleIsInFrontOfIt) {
-  CEventBridge& bridge = CEventBridge::GetSingleton();
-  bridge.Resize(800, 600);
   const CSprite& text = *myTexts.front();
   const auto dragged = [&](int x) {
-    bridge.MouseMove(x, 15, 0, 0);
-    bridge.MouseButtonDown(1);
-    bridge.MouseMove(x + 10, 25, 10, 10);
-    bridge.MouseButtonUp(1);
+    Press({x, 15});
+    ui::Bridge().MouseMove(x + 10, 25, 10, 10);
+    Release({x + 10, 25});
     return text.GetX();
   };
   task.ExecuteCommand("ToggleConsole");

@@ -46,7 +46,7 @@ struct UiTest : testing::Test {
   std::string Cursor() { return std::exchange(myPointer.last, ""); }
 
   test::CFakeClock myClock;
-  test::CTestScreen myScreen{80, 60};
+  test::CTestScreen myScreen{200, 60};
   test::CNotingHardware myPointer;
   CUiTask myTask;
 };
