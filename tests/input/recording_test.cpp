@@ -11,17 +11,15 @@
 
 #include <gtest/gtest.h>
 
-namespace vask {
+namespace vask::test {
 namespace {
-
-using test::FileText;
 
 std::string WithoutSeed(const std::string& file) { return file.substr(file.find('\n') + 1); }
 
 // Plays the file in frames of twelve days; returns what a recorder hears of it.
 std::string PlayBack(const std::string& file) {
-  test::WriteFile("played.rec", file);
-  test::CFakeClock real(0);
+  WriteFile("played.rec", file);
+  CFakeClock real(0);
   const CRecordMouse hearer("heard.rec");
   CPlaybackMouse playback("played.rec", GetGlobalTimerImpl());
   for (int i = 0; i < 9; ++i) {
@@ -38,14 +36,14 @@ TEST(Recording, PlaysBackWhatItRecorded) {
   const CRecordMouse recorder("game.rec");
   platform::SetWallClock(nullptr);
   const auto number = CRandomState::GetSingleton().Next();
-  test::CFakeClock clock(1000);
+  CFakeClock clock(1000);
   CEventBridge::GetSingleton().MouseMove(20, -1, 1, 2);
   clock.Advance(7);
   CEventBridge::GetSingleton().MouseButtonDown(kRightButton);
   CEventBridge::GetSingleton().MouseButtonUp(kRightButton);
   const std::string file = FileText("game.rec");
   EXPECT_EQ(file, "4000000000\n1000 mm 20 -1\n1007 md 4\n1007 mu 4\n");
-  const test::CLogCapture log;
+  const CLogCapture log;
   EXPECT_EQ(PlayBack(file), WithoutSeed(file));
   EXPECT_EQ(log.Count("HelperPlayback doesn't work properly with delta"), 1U);
   EXPECT_EQ(CRandomState::GetSingleton().Next(), number);
@@ -57,17 +55,17 @@ TEST(Recording, PlaysBackWhatItRecorded) {
 }
 
 TEST(Recording, AListenerMayEndThePlayback) {
-  test::WriteFile("played.rec", "7\n0 mm 20 30\n0 md 1\n");
+  WriteFile("played.rec", "7\n0 mm 20 30\n0 md 1\n");
   auto playback = std::make_unique<CPlaybackMouse>("played.rec");
   std::string heard;
-  test::CEventRecorder listener("", heard);
+  CEventRecorder listener("", heard);
   listener.react = [&playback] { playback.reset(); };
   playback->Update();
   EXPECT_EQ(heard, "move 20 30\nby 0 0\n");
 }
 
 TEST(Recording, IsPlayedLineByLineAtItsTimes) {
-  const std::string example = test::DocExample("Input records");
+  const std::string example = DocExample("Input records");
   EXPECT_EQ(PlayBack(example), WithoutSeed(example));
   EXPECT_EQ(PlayBack("7\n1500 mm 20\n"), "1500 mm 0 0\n") << "no place";
   EXPECT_EQ(PlayBack("\xFF\n\nmm\n5\n5 mx 1 2\n5 md\n5 MD 1\n \t9 \t mu  8 7\r\n"), "9 mu 8\n");
@@ -79,4 +77,4 @@ TEST(Recording, IsPlayedLineByLineAtItsTimes) {
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test

@@ -23,7 +23,6 @@ class RealServer(SMTP):
         super().__init__(self, loop=loop)
 
     async def handle_DATA(self, server, session, envelope):
-        got.append(f"{session.host_name} {envelope.mail_from} {envelope.rcpt_tos}\n".encode())
         got.append(envelope.original_content)
         return "250 kept"
 

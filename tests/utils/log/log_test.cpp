@@ -8,11 +8,8 @@
 
 #include <regex>
 
-namespace vask {
+namespace vask::test {
 namespace {
-
-using test::FileText;
-using test::Logged;
 
 TEST(Log, TextIsCutIntoLinesAtEveryLineEnd) {
   EXPECT_EQ(Logged([] { Log().Write("abc").Write("").Write("def").Print("\n"); }), "( ) abcdef\n");
@@ -50,7 +47,7 @@ TEST(Log, PrintFormatsTextOfAnyLength) {
 TEST(Log, FileStartsWithItsHeader) {
   CLog::DeleteSingleton();
   { CLogFile other("other_log.txt", "v", false); }  // so log.txt is not the last file any more
-  test::WriteFile("log.txt", "old content\n");
+  WriteFile("log.txt", "old content\n");
   Log();
   CLog::DeleteSingleton();
   Log() << "again\n";  // continues the file, without a second header
@@ -90,4 +87,4 @@ TEST(Log, AListenerThatLogsForEachLineComesToAnEnd) {
 }
 
 }  // namespace
-}  // namespace vask
+}  // namespace vask::test
