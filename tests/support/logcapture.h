@@ -32,11 +32,13 @@ class CLogCapture : public ILogListener {
   // How many lines contain the part.
   std::size_t Count(std::string_view part) const {
     return static_cast<std::size_t>(std::ranges::count_if(
-        myLines, [part](const std::string& line) { return line.find(part) != line.npos; }));
+        myLines, [part](const auto& line) { return line.find(part) != std::string::npos; }));
   }
   bool Has(std::string_view part) const { return Count(part) > 0; }
 
-  std::string Text() const { return std::reduce(myLines.begin(), myLines.end()); }
+  std::string Text() const {
+    return std::accumulate(myLines.begin(), myLines.end(), std::string());
+  }
 
   void Clear() { myLines.clear(); }
 
