@@ -1,10 +1,7 @@
 #include "ui/widget.h"
 
-#include "support/testpicture.h"
-#include "ui/receivers.h"
+#include "ui/uitest.h"
 #include "utils/signalslot/signal.h"
-
-#include <gtest/gtest.h>
 
 #include <climits>
 #include <functional>
@@ -12,7 +9,6 @@
 namespace vask::ui {
 namespace {
 
-using Rect = CRect<int>;
 using Event = IEvent;
 
 std::string ourNotes;              // "name.event " and "~name "

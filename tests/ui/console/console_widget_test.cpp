@@ -1,12 +1,8 @@
 #include "gfx/text/fontalign.h"
 #include "gfx/text/systemfontloader.h"
-#include "input/buttons.h"
-#include "support/fakeclock.h"
-#include "support/testpicture.h"
 #include "ui/console/consolewidget.h"
 #include "ui/console/loglistenerforconsole.h"
-
-#include <gtest/gtest.h>
+#include "ui/uitest.h"
 
 namespace vask::ui {
 namespace {
@@ -69,35 +65,26 @@ TEST(LogView, KnowsItsHeightAtEachWidth) {
   EXPECT_GT(log.GetTextHeight(), before);
 }
 
-struct ConsoleWidget : testing::Test {
-  static void Log(const std::string& line) { *CLog::GetSingletonPtr() << line << "\n"; }
+struct ConsoleWidget : UiTest {
   void RunFor(unsigned milliseconds) {
     myClock.Advance(milliseconds);
     CFakeThread::RunThreads(0);
     CScreenLayer::GetSingletonPtr()->DrawFrame();
   }
-  void Press(int button) {
-    CMouseEvent event(IEvent::kMouseButtonDown, {5, 5}, button, nullptr);
-    myParent.HandleEvent(event);
-    RunFor(0);
-  }
   const IPixel& Picture() const { return *myWidget->GetSprite()->GetImage(); }
 
-  test::CFakeClock myClock;
-  const test::CTestScreen myScreen{80, 60};
-  CWidget myParent{nullptr, {0, 0, 60, 40}, false, "", {}};
+  CWidget myParent{Desktop(), {0, 0, 60, 40}, false, "", {}};
   CConsoleWidget* myWidget = new CConsoleWidget(&myParent, "");  // shows two lines
 };
 
 TEST_F(ConsoleWidget, ShowsTheEndOfTheLogEachTenthOfASecond) {
   RunFor(0);
-  Log("1");
-  Log("2");
+  Log() << "1\n2\n";
   RunFor(99);
   EXPECT_FALSE(Shows(Picture(), "1", "2"));
   RunFor(1);
   EXPECT_TRUE(Shows(Picture(), "1", "2"));
-  Log("one two three");
+  Log() << "one two three\n";
   EXPECT_FALSE(CScreenLayer::GetSingletonPtr()->GetChildren().empty()) << "is on the screen";
   myParent.Resize(30, 40);
   EXPECT_TRUE(Shows(Picture(), "two", "three")) << "at once, with other line breaks";
@@ -106,16 +93,18 @@ TEST_F(ConsoleWidget, ShowsTheEndOfTheLogEachTenthOfASecond) {
 TEST_F(ConsoleWidget, TheWheelScrollsThreeLinesAndAPageAllButOne) {
   RunFor(0);
   for (int line = 1; line <= 9; ++line) {
-    Log(std::to_string(line));
+    Log() << line << "\n";
   }
   RunFor(100);
-  Press(kWheelUp);
+  Press({5, 5}, kWheelUp);
+  RunFor(0);
   EXPECT_TRUE(Shows(Picture(), "5", "6"));
-  Press(kWheelDown);
+  Press({5, 5}, kWheelDown);
+  RunFor(0);
   EXPECT_TRUE(Shows(Picture(), "8", "9"));
   myWidget->ScrollPages(-2);
   EXPECT_TRUE(Shows(Picture(), "6", "7"));
-  Log("10");
+  Log() << "10\n";
   RunFor(100);
   EXPECT_TRUE(Shows(Picture(), "6", "7")) << "stays there";
   myWidget->ScrollPages(9);
