@@ -93,9 +93,11 @@ TEST_F(Debug, BansAssertionsUnlessTheNumberIsZero) {
     EXPECT_TRUE(task.ExecuteCommand("banAsserts(" + parameter + ")"));
     return AreAssertsBanned();
   };
+  EXPECT_TRUE(areBannedBy("1"));
+  EXPECT_FALSE(areBannedBy("0.9"));
   EXPECT_TRUE(areBannedBy("-2"));
   EXPECT_TRUE(areBannedBy("off")) << "as before";
-  EXPECT_FALSE(areBannedBy("0.9"));
+  EXPECT_FALSE(areBannedBy("0"));
 }
 
 TEST_F(Debug, TheCommandsForgetTheTaskThatEndsAndNoOther) {
