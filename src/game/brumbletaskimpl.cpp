@@ -36,8 +36,8 @@ SInput ReadInput(EInput kind) {
 
 CBrumbleTaskImpl* ourCurrent = nullptr;
 
-int theStopSwitch = 0;
-const vask::CConsoleVariableRegistrar theVariableRegistrar("game_replay_stop", theStopSwitch);
+int ourStopSwitch = 0;
+const vask::CConsoleVariableRegistrar theVariableRegistrar("game_replay_stop", ourStopSwitch);
 
 std::uint32_t NewSeed() { return static_cast<std::uint32_t>(vask::platform::WallClockSeconds()); }
 
@@ -202,7 +202,7 @@ std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
     return "Error: ReplayGame() A game is being played.";
   }
   const SGameStart next = myNextStart.value_or(myPlay.NextStart(0));
-  auto replay = std::make_unique<CReplayShow>(myPlay, file, theStopSwitch != 0);
+  auto replay = std::make_unique<CReplayShow>(myPlay, file, ourStopSwitch != 0);
   if (replay->GetGame().IsDone()) {
     myPlay.SetNextStart(next);  // a file that is cut after its start has begun
     return "Error: ReplayGame() " + file + ": " + replay->GetGame().GetProblem() + ".";

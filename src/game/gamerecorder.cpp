@@ -12,8 +12,8 @@
 namespace brumble {
 namespace {
 
-int theRecordSwitch = 1;
-const vask::CConsoleVariableRegistrar theVariableRegistrar("game_record", theRecordSwitch);
+int ourRecordSwitch = 1;
+const vask::CConsoleVariableRegistrar theVariableRegistrar("game_record", ourRecordSwitch);
 
 constexpr int kMostTries = 100;       // to find a name that is free
 constexpr int kMostAssertions = 100;  // that have the recording written, in a game
@@ -39,7 +39,7 @@ void CGameRecorder::Begin(const SGameStart& start, const SInput& now) {
   End();
   myKittens = start.bodies - kFirstKittenIndex;
   myAssertions = 0;
-  if ((theRecordSwitch == 0 && myNextFile.empty()) || myKittens > kMostKittens) {
+  if ((ourRecordSwitch == 0 && myNextFile.empty()) || myKittens > kMostKittens) {
     return;
   }
   myRecording = MakeRecording(start, now);

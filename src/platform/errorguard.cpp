@@ -6,51 +6,51 @@ namespace vask::platform {
 
 namespace {
 
-bool theIsOpening = false;
-std::jmp_buf theWayOut{};
-Display* theDisplay = nullptr;
-bool theConnectionIsLost = false;
-XErrorHandler theOldHandler = nullptr;
-XIOErrorHandler theOldLossHandler = nullptr;
+bool ourIsOpening = false;
+std::jmp_buf ourWayOut{};
+Display* ourDisplay = nullptr;
+bool ourConnectionIsLost = false;
+XErrorHandler ourOldHandler = nullptr;
+XIOErrorHandler ourOldLossHandler = nullptr;
 
-bool IsGuarded(const Display* display) { return theIsOpening || display == theDisplay; }
+bool IsGuarded(const Display* display) { return ourIsOpening || display == ourDisplay; }
 
 int OnError(Display* display, XErrorEvent* error) {
-  return IsGuarded(display) ? 0 : theOldHandler(display, error);
+  return IsGuarded(display) ? 0 : ourOldHandler(display, error);
 }
 
 int OnLoss(Display* display) {
   if (!IsGuarded(display)) {
-    return theOldLossHandler(display);
+    return ourOldLossHandler(display);
   }
-  if (theIsOpening) {
+  if (ourIsOpening) {
     // Whoever returns from here ends the program, until the connection is open and told otherwise.
     // What was set up for the connection leaks.
-    std::longjmp(theWayOut, 1);
+    std::longjmp(ourWayOut, 1);
   }
-  theConnectionIsLost = true;
+  ourConnectionIsLost = true;
   return 0;
 }
 
 }  // namespace
 
 CErrorGuard::CErrorGuard() {
-  theDisplay = nullptr;
-  theConnectionIsLost = false;
-  theOldHandler = XSetErrorHandler(&OnError);
-  theOldLossHandler = XSetIOErrorHandler(&OnLoss);
+  ourDisplay = nullptr;
+  ourConnectionIsLost = false;
+  ourOldHandler = XSetErrorHandler(&OnError);
+  ourOldLossHandler = XSetIOErrorHandler(&OnLoss);
 }
 
 CErrorGuard::~CErrorGuard() {
-  XSetErrorHandler(theOldHandler);
-  XSetIOErrorHandler(theOldLossHandler);
+  XSetErrorHandler(ourOldHandler);
+  XSetIOErrorHandler(ourOldLossHandler);
 }
 
 Display* CErrorGuard::Open() {
-  theIsOpening = true;
-  Display* display = setjmp(theWayOut) == 0 ? XOpenDisplay(nullptr) : nullptr;
-  theIsOpening = false;
-  theDisplay = display;
+  ourIsOpening = true;
+  Display* display = setjmp(ourWayOut) == 0 ? XOpenDisplay(nullptr) : nullptr;
+  ourIsOpening = false;
+  ourDisplay = display;
   if (display != nullptr) {
     XSetIOErrorExitHandler(
         display, [](Display*, void*) {}, nullptr);
@@ -58,6 +58,6 @@ Display* CErrorGuard::Open() {
   return display;
 }
 
-bool CErrorGuard::IsConnectionLost() const { return theConnectionIsLost; }
+bool CErrorGuard::IsConnectionLost() const { return ourConnectionIsLost; }
 
 }  // namespace vask::platform

@@ -7,17 +7,17 @@ namespace {
 
 // The sample generator of ISO C (C11, 7.22.2.2): a 32-bit linear congruence of which 15 bits are
 // used. The C library's own returns 31 bits here, too many for the formulas.
-std::uint32_t theState = 1;
+std::uint32_t ourState = 1;
 
 }  // namespace
 
 int Rand() {
-  theState = theState * 1103515245U + 12345U;
-  return static_cast<int>((theState >> 16U) & 0x7FFFU);
+  ourState = ourState * 1103515245U + 12345U;
+  return static_cast<int>((ourState >> 16U) & 0x7FFFU);
 }
 
-void SeedRand(unsigned seed) { theState = seed; }
+void SeedRand(unsigned seed) { ourState = seed; }
 
-unsigned RandState() { return theState; }
+unsigned RandState() { return ourState; }
 
 }  // namespace vask::platform

@@ -16,7 +16,7 @@ namespace vask {
 namespace {
 
 // How many of these tasks own a factory: a script may start two.
-constinit int theFactoryCount = 0;
+constinit int ourFactoryCount = 0;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ CTaskGfxSDL::~CTaskGfxSDL() { Shutdown(); }
 
 bool CTaskGfxSDL::Start() {
   FollowScreenSize();
-  theFactoryCount += myFactory == nullptr ? 1 : 0;
+  ourFactoryCount += myFactory == nullptr ? 1 : 0;
   myFactory = std::make_unique<CGfxFactorySDL>();
   Gfx::SetFactory(myFactory.get());
   myScreen = std::make_unique<CPixelScreenSDL>();
@@ -102,14 +102,14 @@ void CTaskGfxSDL::Shutdown() {
     Gfx::SetFactory(nullptr);
   }
   myFactory.reset();
-  --theFactoryCount;
+  --ourFactoryCount;
   if (Gfx::GetScreen() == myScreen.get()) {
     Gfx::SetScreen(nullptr);
   }
   myScreen.reset();
   myVideoSurface = nullptr;
   // A factory that was set in place of ours has no other owner.
-  if (theFactoryCount == 0) {
+  if (ourFactoryCount == 0) {
     delete Gfx::GetFactory();
     Gfx::SetFactory(nullptr);
   }
