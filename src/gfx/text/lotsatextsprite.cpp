@@ -43,10 +43,10 @@ void CLotsATextSprite::Update() {
 // shown; then it is painted once more.
 bool CLotsATextSprite::PaintText(bool force) {
   const CRect<int> area = ViewArea();
-  const bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
+  bool hasPainted = myDrawer->Draw(LoadedImage(), area, force);
   myTextHeight = myDrawer->GetTextHeight();
   if (ViewArea() != area) {
-    myDrawer->Draw(LoadedImage(), ViewArea(), true);
+    hasPainted |= myDrawer->Draw(LoadedImage(), ViewArea(), true);
   }
   return hasPainted;
 }
