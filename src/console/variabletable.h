@@ -11,7 +11,7 @@
 namespace vask {
 
 // The variables of a console by their keys. A script may have very many, which then come from
-// memory rather than from a cache: the keys stand in one table, and the key that is looked for is
+// memory rather than from a cache: the keys are in one table, and the key that is looked for is
 // where its hash says or in the places after that, so that most steps touch one place.
 class CVariableTable {
  public:

@@ -28,8 +28,6 @@ class CReplayedGame {
   unsigned GetNextTime() const { return myNextTime; }
   // The time of the last input.
   unsigned GetTime() const { return myTime; }
-  // The frames so far in which anything moved.
-  int GetFrames() const { return myFrames; }
 
   // Whether the file was whole, and all that could be compared was equal.
   bool HasHeld() const { return myIsDone && myProblem.empty() && myDifference.empty(); }

@@ -35,7 +35,8 @@ IPixel* NewScreenBuffer(int width, int height, std::uint32_t colorKey);
 void CopyPixels(IPixel* source, const CRect<int>& sourceRect, IPixel* target, int x, int y);
 
 // A rectangle, relative to the image rectangle, outside which nothing of the picture shows: the
-// smallest one for a picture with an alpha channel, all of it for any other.
+// smallest one for a picture with the alpha channel that the factory gives pictures for sprites,
+// all of it for any other.
 CRect<int> SolidPart(const IPixel& picture);
 
 // The shared picture that draws nothing and is never deleted.

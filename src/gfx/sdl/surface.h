@@ -86,7 +86,8 @@ std::uint32_t* Row32(const SDL_Surface& surface, int y);
 void SetColorKey(SDL_Surface* surface, const CColor& key);
 
 // The smallest part of the area, which lies inside the surface, outside which blits from it change
-// nothing; the area itself for a surface without an alpha channel of 8 bits.
+// nothing. The area itself for a surface that can't be locked, or from which blits do not blend by
+// an alpha in the highest byte.
 CRect<int> SolidPart(SDL_Surface* surface, const CRect<int>& area);
 
 // Copies the pixels of the area as they are to a position of the target; both lie inside their

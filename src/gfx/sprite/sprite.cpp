@@ -420,7 +420,6 @@ IPixel* CSprite::GetImage() const {
 }
 
 void CSprite::ForgetBackground() {
-  mySolidPart.reset();
   mySavedArea = {};
   myBackBuffer.reset();  // its format may be that of a screen of another depth
   myDirtyState = kOffCanvas;

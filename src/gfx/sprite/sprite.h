@@ -92,6 +92,7 @@ class CSprite {
   virtual int GetDirtyState() const;
   // 1: the rectangle where it was drawn last; otherwise the current one.
   virtual CRect<int> GetRectFor(int which) const;
+  // What is shown. Who draws on it has to call MarkChanged before.
   virtual IPixel* GetImage() const;
 
   // The layer it is drawn in; null while hidden or unattached.
@@ -146,7 +147,7 @@ class CSprite {
   // Sized, rotated and faded; null while the loaded picture is shown plain.
   mutable Gfx::ImagePtr myCopy;
   std::optional<CRect<int>> mySolidPart;  // of what is shown; null until it is painted unchanged
-  mutable bool myIsCopyOld = false;  // of the right size, but to be renewed before it is shown
+  mutable bool myIsCopyOld = false;       // of the right size, but to be renewed before it is shown
   std::unique_ptr<IPixel, SImageRelease> myOriginalImage;  // as loaded; null before the first
   Gfx::ImagePtr myBackBuffer;
   bool myOwnsBackBuffer = true;

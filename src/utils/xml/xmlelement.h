@@ -14,7 +14,7 @@ namespace vask {
 // One node of a document tree: a name, text content, attributes and child elements (owned).
 class CXmlElement {
  public:
-  // Sorted by name, each name once. Most elements have few, so they stand in one block of memory.
+  // Sorted by name, each name once. Most elements have few, so they are in one block of memory.
   using Attributes = std::vector<std::pair<std::string, CAnyContainer>>;
 
   explicit CXmlElement(std::string name = {});

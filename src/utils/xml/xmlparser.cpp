@@ -105,7 +105,7 @@ void CXmlParser::Parse(std::string_view chunk) {
 }
 
 // Processes a text or a tag that ends here. Most begin in the same piece, too, and are looked at
-// where they stand. What has begun earlier is taken out first, for a handler may parse a piece
+// where they are. What has begun earlier is taken out first, for a handler may parse a piece
 // itself; the memory comes back.
 void CXmlParser::Finish(std::string& begun, std::string_view last,
                         void (CXmlParser::*process)(std::string_view)) {

@@ -149,7 +149,11 @@ TEST_F(SignalWiringTest, ReadsTheSlotsThatItFindsAndWritesThemBack) {
        Slot("a", "none") + "<Slot></Slot></r>");
   EXPECT_EQ(log.Count("Could not connect the slot"), 3U);
   EXPECT_NE(Written().find(">\n" + good + "</"), std::string::npos) << Written();
-  EXPECT_EQ(Emit(), "b a ");
+  CSSObject<CLamp>::GetSingleton().SetSaved(false);
+  mySignal->Connect(&a, &CLamp::Toggle);
+  EXPECT_NE(Written().find(">\n" + good + "</"), std::string::npos) << "as before";
+  CSSObject<CLamp>::GetSingleton().SetSaved(true);
+  EXPECT_EQ(Emit(), "b a a ");
   mySignal->Emit(7);
   EXPECT_EQ(ourRecord, "a7 ");
 }

@@ -43,7 +43,7 @@ TEST(Xml, AHandlerForgetsTheDocumentBefore) {
   handler.StartElement("a", {});
   handler.StartDocument();
   handler.StartElement("b", {});
-  EXPECT_EQ(handler.TakeRootElement()->GetName(), "b");
+  EXPECT_EQ(handler.GetRootElement()->GetName(), "b");
 }
 
 struct SPlace {
