@@ -32,16 +32,16 @@ TEST_F(BridgeTest, CentresTheSpriteOrParksIt) {
     return Place();
   };
   const std::string parked = "798,598";
-  EXPECT_EQ(placeAt(0, 0), "380,280") << "the first report counts, though nothing has moved";
-  EXPECT_EQ(placeAt(0.25F, -0.6F), "381,276") << "fractions drop after centring";
-  EXPECT_EQ(placeAt(-70, 0), "-40,280");
-  EXPECT_EQ(placeAt(-70.2F, 0), parked) << "on the left";
-  EXPECT_EQ(placeAt(70, 0), "800,280");
-  EXPECT_EQ(placeAt(70.2F, 0), parked) << "on the right";
-  EXPECT_EQ(placeAt(0, 53.4F), "380,600");
-  EXPECT_EQ(placeAt(0, 53.6F), parked) << "below";
-  EXPECT_EQ(placeAt(0, -53.4F), "380,-40");
-  EXPECT_EQ(placeAt(0, -53.6F), parked) << "above";
+  EXPECT_EQ(placeAt(0, 0), "376,276") << "the first report counts, though nothing has moved";
+  EXPECT_EQ(placeAt(0.25F, -0.6F), "377,272") << "fractions drop after centring";
+  EXPECT_EQ(placeAt(-70.7F, 0), "-48,276");
+  EXPECT_EQ(placeAt(-70.9F, 0), parked) << "on the left";
+  EXPECT_EQ(placeAt(70.7F, 0), "800,276");
+  EXPECT_EQ(placeAt(70.9F, 0), parked) << "on the right";
+  EXPECT_EQ(placeAt(0, 54), "376,600");
+  EXPECT_EQ(placeAt(0, 54.2F), parked) << "below";
+  EXPECT_EQ(placeAt(0, -54), "376,-48");
+  EXPECT_EQ(placeAt(0, -54.2F), parked) << "above";
 }
 
 TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
@@ -50,7 +50,7 @@ TEST_F(BridgeTest, TurnsOnlyWhenItMovesAndLooksAsItFeels) {
   const auto look = [this](float spin, float health) {
     bridge.myHealth = health;
     bridge.SetAngularVelocity(spin);
-    EXPECT_EQ(Place(), "440,340");
+    EXPECT_EQ(Place(), "436,336");
     EXPECT_NEAR(bridge.GetSprite()->GetRotation(), 270.0F, 0.01F);
     return bridge.GetSprite()->GetName();
   };

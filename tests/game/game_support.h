@@ -10,7 +10,7 @@
 #include "game/scores.h"
 #include "gfx/animation/animationupdator.h"
 #include "gfx/picture/gfx.h"
-#include "gfx/picture/pixelnull.h"
+#include "gfx/sdl/gfxfactorysdl.h"
 #include "gfx/sprite/screenlayer.h"
 #include "gfx/sprite/sprite.h"
 #include "input/buttons.h"
@@ -27,50 +27,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace brumble::test {
-
-// Makes pictures of 40 x 40 pixels, whatever is in their file. Counts those that live.
-class CFakePictures : public vask::CGfxFactory {
- public:
-  using IPixel = vask::IPixel;
-  IPixel* NewBuffer(int w, int h, const vask::CColor&) override { return NewBuffer(w, h); }
-  IPixel* NewBuffer(int w, int h) override { return new CPicture(*this, w, h); }
-  IPixel* NewBuffer(IPixel*) override { return NewBuffer(40, 40); }
-  IPixel* LoadImage(const std::string& file, const vask::CColor&) override {
-    loaded.insert(file);
-    return NewBuffer(40, 40);
-  }
-  IPixel* Reserved() override { return nullptr; }
-  void FreeImage(IPixel* image) override {
-    if (!image->IsStatic()) {
-      delete image;
-    }
-  }
-
-  int alive = 0;
-  std::set<std::string> loaded;
-
- private:
-  struct CPicture : vask::CPixelNull {
-    CPicture(CFakePictures& f, int width, int height) : factory(f), w(width), h(height) {
-      ++factory.alive;
-    }
-    ~CPicture() override { --factory.alive; }
-    bool IsStatic() const override { return false; }
-    bool IsEmpty() const override { return false; }
-    int GetWidth() const override { return w; }
-    int GetHeight() const override { return h; }
-    IPixel* Scale(int width, int height) const override { return factory.NewBuffer(width, height); }
-    IPixel* Rotate(float) const override { return factory.NewBuffer(w, h); }
-
-    CFakePictures& factory;
-    int w, h;
-  };
-};
 
 // The sprites of that name on the screen.
 inline std::vector<vask::CSprite*> Shown(const std::string& name) {
@@ -139,7 +99,7 @@ class GameTest : public ::testing::Test {
   }
 
   vask::test::CFakeClock clock;
-  CFakePictures pictures;
+  vask::CGfxFactorySDL pictures;
   CFakeAudio& audio = CFakeAudio::Get();
   vask::test::CLogCapture log;
 };
