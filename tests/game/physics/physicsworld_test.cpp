@@ -108,7 +108,6 @@ TEST_F(CWorldTest, SetUpResetsKittensAndLeavesTheDoorFlag) {
           .kind = kStatic,
           .look = 2,
           .bridge = {}};
-  WorldState().resetCounter = 5;
   myWorld->SetUp();
   EXPECT_TRUE(CPhysicsWorld::IsDoorOpen());
   EXPECT_EQ(Bodies()[kDoorIndex].y, kDoorShutY);
@@ -117,7 +116,7 @@ TEST_F(CWorldTest, SetUpResetsKittensAndLeavesTheDoorFlag) {
   EXPECT_EQ(body.look, 0);
   EXPECT_EQ(body.halfWidth, 2.2F);
   EXPECT_EQ(body.halfHeight, 2.2F);
-  EXPECT_EQ(body.x, -38.0F);
+  EXPECT_EQ(body.x, -94.0F);
   EXPECT_EQ(body.y, -7.8F);
   EXPECT_EQ(body.angle, 0.0F);
   EXPECT_EQ(body.vx, 0.0F);
