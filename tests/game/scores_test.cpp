@@ -63,9 +63,11 @@ TEST_F(Scores, LockedFileIsReportedAndLeftAsItIs) {
 }
 
 TEST_F(Scores, WritingThatFailsIsTriedOnceMore) {
-  std::filesystem::create_symlink("missing/file", "scores.new");  // can't be written, but renamed
+  // A link to nowhere can't be written. It is gone when it is tried again.
+  std::filesystem::create_symlink("missing/file", "scores.new");
   EnterScore(Score(300));
   EXPECT_EQ(FileText(kScoresFile), "300 2026-11-25 -\n");
+  // A folder with something in it stays in the way.
   std::filesystem::create_directories("scores.new/kept");
   EnterScore(Score(200));
   EXPECT_TRUE(log.Has("Scores: scores.txt can't be written"));

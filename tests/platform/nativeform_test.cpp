@@ -59,7 +59,9 @@ void Use(CEditControl& edit, const std::string& words, const INativeFont& font) 
   }
 }
 
-// What fields show that are three characters wide: one line, and two lines that wrap.
+// What fields of that text show after these words: the text of each line and where the caret is,
+// with what is selected in front. They are three characters wide: one of one line, and one of two
+// lines, in which the text wraps.
 std::string Shown(const std::string& text, const std::string& words) {
   std::string drawn;
   for (const bool wraps : {false, true}) {
@@ -77,21 +79,27 @@ std::string Shown(const std::string& text, const std::string& words) {
 
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   const std::string longText = std::string(100'000, 'a') + "b";
+  // At the ends of the text there is nowhere to go, and nothing to erase.
   EXPECT_EQ(Shown("", "left backspace x return y"), "xy/|20,0  x/y/|10,10");
   EXPECT_EQ(Shown("ab", "end x right backspace delete backspace delete"), "a/|10,0  a/|10,0");
   EXPECT_EQ(Shown("abcd", "left backspace"), "abc/|0,0  abc/d/|0,0");
+  // Lines wrap after a blank, or where they are full; a blank or a line end may hang over.
   EXPECT_EQ(Shown("ab cd", "down"), "ab /|0,0  ab /cd/|0,10");
   EXPECT_EQ(Shown("abc d", "end"), " d/|20,0  abc/d/|30,0");
   EXPECT_EQ(Shown("abc ", "end"), "c /|20,0  abc//|30,0");
   EXPECT_EQ(Shown("iiiiiii", ""), "iiiiii/|0,0  iiiiii/i/|0,0");
   EXPECT_EQ(Shown("a\n\nb\n", "down down down"), "a\n\n/|0,0  b//|0,10");
+  // Between lines the caret keeps its distance from the left.
   EXPECT_EQ(Shown("abcdef", "down end up x"), "fx/|20,0  abx/cde/|0,10");
   EXPECT_EQ(Shown("abcdefghi", "down down home up up"), "abc/|0,0  abc/def/|0,0");
+  // The pointer's place counts from what is scrolled into the field.
   EXPECT_EQ(Shown("abcdefg", "end press x"), "fxg/|20,0  axb/cde/|20,0");
   EXPECT_EQ(Shown(longText, "end press-far"), "ab/|20,0  aaa/aaa/|20,0");
 }
 
 TEST(NativeEdit, SelectsWithTheShiftKeyAndThePointer) {
+  // What is selected grows and shrinks at the caret, is erased and typed over as one, and left at
+  // the end to which the key goes.
   EXPECT_EQ(Shown("abc", "right shift-right shift-right shift-nothing"),
             "[0-20]bc/|20,0  [10-30]abc/|30,0");
   EXPECT_EQ(Shown("abcd", "all"), "[0-20]cd/|20,0  [0-30]abc/[0-10]d/|10,10");
@@ -99,6 +107,7 @@ TEST(NativeEdit, SelectsWithTheShiftKeyAndThePointer) {
   EXPECT_EQ(Shown("abc", "shift-right end"), "bc/|20,0  abc/|30,0");
   EXPECT_EQ(Shown("abc", "right right right shift-left shift-left right x"),
             "cx/|20,0  abc/x/|10,10");
+  // A drag beyond the field scrolls it.
   EXPECT_EQ(Shown("abcd", "press drag-far x"), "ax/|20,0  axc/d/|20,0");
   EXPECT_EQ(Shown("abc", "end press drag-back x home"), "xc/|0,0  xbc/|0,0");
   EXPECT_EQ(Shown("abcdefgh", "end press drag-back drag-back x"), "xh/|10,0  xbc/def/|10,0");
@@ -132,7 +141,7 @@ struct SHow {
 };
 constexpr const char* kLines = "a\nb\nc\nd\ne\nf\ng\nh\ni";
 
-// Seven rows of a control that was scrolled to its end before it got its text.
+// The seven rows of a control, after another text in it was scrolled to its end.
 std::string Drawn(EControlKind kind, const std::string& text, const SHow& how = {}) {
   CLetters canvas;
   CNativeForm form;
@@ -155,6 +164,8 @@ TEST(NativeForm, DrawsItsControls) {
             "#########/#++++++-#/#+.....-#/#+.ok..-#/#+.....-#/#-------#/#########/");
   EXPECT_EQ(Drawn(kButton, "ok", {.isPressed = true}),
             "#########/#------.#/#-......#/#-._._..#/#-..ok..#/#.......#/#########/");
+  // A text that fits stays, a longer one scrolls line by line and ends with dots, which is cut to
+  // whole lines.
   EXPECT_EQ(Drawn(kStatic, "a b", {.wheel = 9}),
             "--------+/-~~~~~~~+/-~a b~~~+/-~~~~~~~+/-~~~~~~~+/-~~~~~~~+/+++++++++/");
   EXPECT_EQ(Drawn(kStatic, kLines, {.wheel = 1}),

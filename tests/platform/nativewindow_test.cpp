@@ -95,8 +95,8 @@ class NativeWindowTest : public testing::Test {
 
 TEST_F(NativeWindowTest, TellsTheWindowManagerWhatItIs) {
   // The hints in numbers. Of its frame: which follow, functions (move 4, close 32), decorations
-  // (border 2, title 8, menu 16). Of its size, before and after a resize: which follow (4: the
-  // place), place, size, smallest and largest size.
+  // (border 2, title 8, menu 16), and two that say nothing. Of its size, before and after a change
+  // of it: which follow (4: the place), the place, the size, the smallest and the largest one.
   const auto describe = [this](unsigned classStyle, unsigned style, int x) {
     CNativeWindow window({"Greeting", classStyle, ENativeCursor::kArrow, {}});
     window.Create("Hello", {x, x, 200, 100}, style);
@@ -107,12 +107,12 @@ TEST_F(NativeWindowTest, TellsTheWindowManagerWhatItIs) {
     EXPECT_EQ(Property("WM_PROTOCOLS"), std::to_string(Number("WM_DELETE_WINDOW")) + " ");
     EXPECT_EQ(Property("_NET_WM_WINDOW_TYPE"),
               std::to_string(Number("_NET_WM_WINDOW_TYPE_DIALOG")) + " ");
-    return Property("_MOTIF_WM_HINTS") + before + Property("WM_NORMAL_HINTS");
+    return Property("_MOTIF_WM_HINTS") + "| " + before + "| " + Property("WM_NORMAL_HINTS");
   };
   EXPECT_EQ(describe(kNoClose, kCaption, 7),
-            "3 4 10 0 0 60 0 0 200 100 200 100 200 100 60 0 0 300 150 300 150 300 150 ");
+            "3 4 10 0 0 | 60 0 0 200 100 200 100 200 100 | 60 0 0 300 150 300 150 300 150 ");
   EXPECT_EQ(describe(0, kSystemMenu, kDefaultPosition),
-            "3 36 18 0 0 56 0 0 200 100 200 100 200 100 56 0 0 300 150 300 150 300 150 ");
+            "3 36 18 0 0 | 56 0 0 200 100 200 100 200 100 | 56 0 0 300 150 300 150 300 150 ");
 }
 
 TEST_F(NativeWindowTest, TakesMouseAndKeyboard) {

@@ -153,30 +153,31 @@ void ExpectBlend(const IPixel& result, const IPixel* before, double slack, Find 
   }
 }
 
+struct SDrawing {
+  const char* name;
+  SPixelFormat source = kAlpha;
+  SPixelFormat target = kAlpha;
+  double slack = 1;  // of a colour
+  int size = 30;
+  Rect part = kWhole;  // that both pictures show
+  Rect from = {3, 2, 999, 999};
+  Rect at = {1, 1, 0, 0};
+};
+constexpr SDrawing kDrawings[] = {
+    {.name = "usual", .size = 257},
+    {.name = "parts", .part = {2, 1, 20, 22}, .at = {-2, -3, 0, 0}},
+    {.name = "cut at the left", .from = {-3, 4, 9, 8}, .at = {-2, 25, 0, 0}},
+    {.name = "keyed", .source = kOpaque},
+    {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},
+    {.name = "onto the screen", .target = kOpaque, .slack = 2},
+    {.name = "other order onto the screen", .source = kRedLow, .target = kOpaque, .slack = 2},
+    {.name = "low alpha", .source = kLowAlpha},
+    {.name = "onto low alpha", .target = kLowAlpha},
+    {.name = "as it is", .source = k24Bits, .target = k24Bits},
+};
+
 TEST_F(Picture, DrawingIsCloseToTheExactBlend) {
-  struct SCase {
-    const char* name;
-    SPixelFormat source = kAlpha;
-    SPixelFormat target = kAlpha;
-    double slack = 1;  // of a colour
-    int size = 30;
-    Rect part = kWhole;  // that both pictures show
-    Rect from = {3, 2, 999, 999};
-    Rect at = {1, 1, 0, 0};
-  };
-  const SCase cases[] = {
-      {.name = "usual", .size = 257},
-      {.name = "parts", .part = {2, 1, 20, 22}, .at = {-2, -3, 0, 0}},
-      {.name = "cut at the left", .from = {-3, 4, 9, 8}, .at = {-2, 25, 0, 0}},
-      {.name = "keyed", .source = kOpaque},
-      {.name = "16 bits", .source = k16Bits, .target = kLowAlpha, .slack = 8},
-      {.name = "onto the screen", .target = kOpaque, .slack = 2},
-      {.name = "other order onto the screen", .source = kRedLow, .target = kOpaque, .slack = 2},
-      {.name = "low alpha", .source = kLowAlpha},
-      {.name = "onto low alpha", .target = kLowAlpha},
-      {.name = "as it is", .source = k24Bits, .target = k24Bits},
-  };
-  for (const SCase& c : cases) {
+  for (const SDrawing& c : kDrawings) {
     SCOPED_TRACE(c.name);
     const ImagePtr source = NewNoise(c.size, c.source, 1, c.source.alphaMask == 0);
     const ImagePtr before = NewNoise(c.size, c.target, 2);
@@ -266,8 +267,6 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
   }
 }
 
-// A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
-// key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
 TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
   const ImagePtr picture(NewPicture(20, 10, CColor(0, 0, 0, 0)));
   EXPECT_TRUE(Gfx::SolidPart(*picture).IsEmpty());
@@ -282,6 +281,8 @@ TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
   EXPECT_EQ(Gfx::SolidPart(*keyed), (Rect{0, 0, 20, 10}));
 }
 
+// A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
+// key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
   for (int kind = 0; kind < 8; ++kind) {
     SCOPED_TRACE(kind);

@@ -11,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace vask::test {
 namespace {
 
@@ -38,19 +36,7 @@ class Font : public ::testing::Test {
     return xs;
   }
   // The box that encloses what is drawn.
-  static Rect Drawn(const CSprite& sprite) {
-    const IPixel& image = *sprite.GetImage();
-    std::set<int> xs, ys;
-    for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i) {
-      if (image.GetPixel(i % image.GetWidth(), i / image.GetWidth()).a != 0) {
-        xs.insert(i % image.GetWidth());
-        ys.insert(i / image.GetWidth());
-      }
-    }
-    return xs.empty() ? Rect{}
-                      : Rect{*xs.begin(), *ys.begin(), *xs.rbegin() - *xs.begin() + 1,
-                             *ys.rbegin() - *ys.begin() + 1};
-  }
+  static Rect Drawn(const CSprite& sprite) { return Gfx::SolidPart(*sprite.GetImage()); }
 
   CTestScreen myScreen{64, 64};
   const std::string myFont = "OGF;3;2;16;8;6;888;ab;c d;643200401699;sheet.bmp";
