@@ -77,12 +77,10 @@ class Display(Scoped):
         # first time on a machine; this list comes when it begins to manage windows.
         wait_for(lambda: self._property(self.root, "_NET_CLIENT_LIST"), "the window manager")
         self.asker = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        # The server keeps its screen in a file in the XWD format: a header of big-endian words, a
-        # colour table, then the pixels.
+        # The server keeps its screen in a file, which ends with the pixels.
+        width, height = self.SIZE
         memory = numpy.memmap(self.folder / "Xvfb_screen0", mode="r")
-        header, (width, height) = memory[:100].view(">u4"), self.SIZE
-        start = int(header[0]) + 12 * int(header[19])
-        self.pixels = memory[start:start + 4 * width * height].reshape(height, width, 4)
+        self.pixels = memory[-4 * width * height:].reshape(height, width, 4)
 
     def _disconnect(self):
         if self.server.poll() is None:
@@ -124,11 +122,11 @@ class Display(Scoped):
     def move_pointer(self, x, y):
         self._fake(X.MotionNotify, x=int(x), y=int(y))
 
-    def click(self, button=1):
-        self._fake(X.ButtonPress, button)
+    def click(self):
+        self._fake(X.ButtonPress, X.Button1)
         self.settle()  # the window manager holds a press back, but no keys that come after it
         time.sleep(0.03)
-        self._fake(X.ButtonRelease, button)
+        self._fake(X.ButtonRelease, X.Button1)
 
     # A key has an X name, such as Escape, F11 or Alt_L, or is its key code.
     def _code(self, key):
@@ -144,22 +142,13 @@ class Display(Scoped):
         for key in reversed(keys):
             self._fake(X.KeyRelease, self._code(key))
 
-    # Presses the keys in turn. None is held for so long that anybody repeats it.
+    # Presses the keys in turn. None is held for so long that anybody repeats it. SDL takes a press
+    # that follows at once for a repetition, and its queue is short.
     def tap(self, *keys, pause=0.05):
         for key in keys:
             xtest.fake_input(self.connection, X.KeyPress, self._code(key))
             self._fake(X.KeyRelease, self._code(key))
             time.sleep(pause)
-
-    # Types a text of the US keyboard's characters.
-    def type(self, text):
-        for character in text:
-            codes = self.connection.keysym_to_keycodes(ord(character))
-            code, column = next(found for found in codes if found[1] < 2)
-            with self.held(*["Shift_L"] * column):
-                self.tap(code, pause=0)
-            # SDL takes a press that follows at once for a repetition, and its queue is short.
-            time.sleep(0.025)
 
     def cursor_is_visible(self):
         image = self.connection.xfixes_get_cursor_image(self.root)
@@ -185,6 +174,11 @@ class Display(Scoped):
     # As the close button of the window's frame does.
     def close_window(self, window):
         self._ask_manager(window, "_NET_CLOSE_WINDOW", 2)
+
+    # Cuts the connection of the window's program.
+    def kill(self, window):
+        window.kill_client()
+        self.sync()
 
     def focus(self, window):
         self.settle()  # the window manager may be about to give it to a new window

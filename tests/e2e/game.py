@@ -17,7 +17,6 @@ from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WHOLE_GAME = 600  # seconds: the limit for ten kittens
-WHOLE_SOAK = 7200  # seconds: that for many games
 
 
 # One run; what is still running at the end is killed.
@@ -156,8 +155,8 @@ class Game(Scoped):
         x, y = (x - 113) / 0.71375, (y - 20) / 0.93333334
         self.point_at(min(max(x, 0), 799), min(max(y, 0), 599))
 
-    def click(self, button=1):
-        self.screen.click(button)
+    def click(self):
+        self.screen.click()
 
     def click_at(self, x, y):
         self.point_at(x, y)
@@ -182,9 +181,6 @@ class Game(Scoped):
 
 # The installed game, started by its launcher in an empty home.
 class Installed(Game):
-    FILES = {".local", ".local/share", ".local/share/brumble", ".local/share/brumble/autoexec.txt",
-             ".local/share/brumble/data", ".local/share/brumble/log.txt"}  # all that it writes
-
     def __init__(self, screen, launcher):
         super().__init__(screen)
         self.executable = launcher
@@ -195,11 +191,6 @@ class Installed(Game):
         self.runtime = self.home / ".local/share/brumble"
         return self.home, {"PATH": os.environ["PATH"], "HOME": str(self.home),
                            "DISPLAY": self.screen.name, "SDL_AUDIODRIVER": "dummy"}
-
-    # Everything in the home, but for what a graphics driver keeps.
-    def written(self):
-        return {str(path.relative_to(self.home)) for path in self.home.rglob("*")
-                if not path.is_relative_to(self.home / ".cache")}
 
 
 # A run with a clock of its own that waits for an order before each frame; tests/e2e/stepper.cpp
@@ -252,9 +243,10 @@ class Stepper(Game):
             self.frame()
 
 
-# The stepper, or a program made of it, without a window, when it has run with all orders at once.
+# The stepper, or a program made of it, without a window, when it has run with all orders at once,
+# which may be many games.
 @contextlib.contextmanager
-def headless(program, orders, environment={}, scores="", seconds=WHOLE_SOAK):
+def headless(program, orders, environment={}, scores="", seconds=7200):
     def prepare(runtime):
         script = (runtime / "autoexec.txt").read_text()
         # More sounds at a time than there are when time runs faster, and no pointer, which SDL would

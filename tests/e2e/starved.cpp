@@ -29,19 +29,15 @@ constinit int ourFaults = 0;
 constinit bool ourIsBusy = false;     // and stays so in a copy
 constinit bool ourIsStarved = false;  // a copy that has no memory
 
-[[noreturn]] void Starve(int output) {
-  dup2(output, STDERR_FILENO);
-  alarm(10);  // seconds; the end may wait for ever
-  ourIsStarved = true;
-  std::get_new_handler()();
-  std::_Exit(0);
-}
-
 void TryWithoutMemory(const Place& place, int depth) {
   std::FILE* const output = std::tmpfile();
   const pid_t copy = fork();
   if (copy == 0) {
-    Starve(fileno(output));
+    dup2(fileno(output), STDERR_FILENO);
+    alarm(10);  // seconds; the end may wait for ever
+    ourIsStarved = true;
+    std::get_new_handler()();
+    std::_Exit(0);
   }
   int status = 0;
   waitpid(copy, &status, 0);

@@ -46,8 +46,9 @@ class DeveloperConsole(GameTest):
         screen.tap("grave")
         console.wait_until_open()
         console.click(100, 200)
-        screen.type("_`k")
-        screen.tap("KP_Enter")
+        with screen.held("Shift_L"):
+            screen.tap("minus")
+        screen.tap("grave", "k", "KP_Enter")
         game.wait_for_log("( ) _`k\n")
         screen.tap("F1")
         console.wait_until_open(False)

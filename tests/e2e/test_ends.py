@@ -30,27 +30,19 @@ class Compositor(Scoped):
 
 class Ends(GameTest):
     def test_in_play_with_the_window_or_the_server(self):
-        ends = (("close_window", 0, ""), ("kill_window", 1, LOST), ("kill_server", 1, LOST))
-        for library, (how, status, error) in itertools.product(libraries(), ends):
+        ends = {"closed": lambda screen, game: screen.close_window(game.window),
+                "window killed": lambda screen, game: screen.kill(game.window),
+                "server killed": lambda screen, game: screen.server.kill()}
+        for library, how in itertools.product(libraries(), ends):
             with self.subTest(library=library, how=how):
-                _, game = self.start(environment=library)
+                screen, game = self.start(environment=library)
                 game.start_playing()
                 game.wait_for_cursor(False)
-                getattr(self, how)()
-                game.wait_for_end(status)
-                self.assertIn(error, game.standard_error())
+                ends[how](screen, game)
+                game.wait_for_end(0 if how == "closed" else 1)
+                self.assertIn("" if how == "closed" else LOST, game.standard_error())
                 self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")
                 self.assertNotIn("Gfx::FreeImage()", game.log())
-
-    def close_window(self):
-        self.screen.close_window(self.game.window)
-
-    def kill_window(self):
-        self.game.window.kill_client()
-        self.screen.sync()
-
-    def kill_server(self):
-        self.screen.server.kill()
 
     def test_without_a_display_a_line_tells_what_was_tried(self):
         tries = (("x11", {}), ("wayland", {"WAYLAND_DISPLAY": "none"}))

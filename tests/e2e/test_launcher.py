@@ -119,4 +119,6 @@ class Launcher(unittest.TestCase):
             self.assertEqual(game.window.get_wm_class(), ("brumble", "brumble"))
             screen.tap("Escape")
             game.wait_for_end()
-            self.assertEqual(game.written(), Installed.FILES)
+            # A graphics driver may keep something, too.
+            written = {path.name for path in game.home.rglob("*") if ".cache" not in path.parts}
+            self.assertEqual(written, {".local", "share", "brumble", "autoexec.txt", "data", "log.txt"})
