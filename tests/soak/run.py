@@ -3,17 +3,19 @@
 #
 # Usage: run.py BUILD_FOLDER [GAMES CONSOLES TASKS]
 
+import collections
 import pathlib
+import re
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
 from game import headless  # noqa: E402
 
 MANNERS = ("idle", "sweeper", "chaser", "bouncer", "spinner", "presser", "fidgeter")
-CENSUS = "run census::now"
 BEST = "99999 2026-01-01 -\n" * 10  # so that no game changes the title, or has a place
 REST = ("advance 500", "frame") * 10
 TITLE = ("run replaygame(data/demo.replay)", "frame", "run stopreplay", *REST)
+TOGGLE = ("run load(data/keys/console.txt)", "advance 20", "frame")
 WRAP = f"advance {2 ** 32 - 600_000}"  # ten minutes before the milliseconds begin anew
 
 
@@ -21,23 +23,18 @@ def orders(games, consoles, tasks):
     yield from ("run starttask(census, census, 40)", WRAP)
     for number in range(games):
         kind = number // 2  # each game twice: the panel at its end looks as it did before
-        yield from (f"date {kind}", "click", "click", f"play {MANNERS[kind % 7]} {kind} 25", *REST, CENSUS)
-        yield from (*TITLE, CENSUS)
+        yield from (f"date {kind}", "click", "click", f"play {MANNERS[kind % 7]} {kind} 25")
+        yield from (*REST, "run census::panel", *TITLE, "run census::title")
     for number in range(consoles):
-        toggle = ("run load(data/keys/console.txt)", "advance 20", "frame")
-        yield from (*toggle, f"run keyboard::bind(f12, soak = {number})",
+        yield from (*TOGGLE, f"run keyboard::bind(f12, soak = {number})",
                     "run Audio::PlayEffect(data/sfx/hit_small.wav)",
-                    f"run window::Resize({600 + number % 10}, 500)", *toggle)
-        yield from (*TITLE, CENSUS) if number in (9, consoles - 1) else ()
+                    f"run window::Resize({600 + number % 10}, 500)", *TOGGLE)
+        if number in (9, consoles - 1):
+            yield from (*TITLE, "run census::console")
     for number in range(tasks):
         yield f"run starttask(census, census{number}, 40)"
-        yield from (CENSUS,) if number + 1 in (tasks // 2, tasks) else ()
-
-
-# The objects of which there are not as many as before.
-def changes(what, before, now):
-    return [f"{what}: {now[1].get(name, 0)} {name}, were {before[1].get(name, 0)}"
-            for name in before[1] | now[1] if before[1].get(name) != now[1].get(name)]
+        if number + 1 in (tasks // 2, tasks):
+            yield "run census::task"
 
 
 def main():
@@ -46,20 +43,24 @@ def main():
     with headless(program, orders(games, consoles, tasks), scores=BEST) as game:
         game.wait_for_end()
         assert game.log().count("Gameover") == games, "not all games were played to the end"
-    counts = [(int(words[1]), dict(word.split("=") for word in words[2:]))
-              for words in map(str.split, game.printed.splitlines()) if words[:1] == ["census"]]
-    assert len(counts) == 2 * games + 4, f"{len(counts)} counts"
-    panels = counts[:2 * games:2]
-    del counts[:2 * games:2]
-    wrong = [line for number in range(3, games, 2)
-             for line in changes(f"panel {number + 1}", panels[number - 1], panels[number])]
-    wrong += [line for number in range(2, games)
-              for line in changes(f"game {number + 1}", counts[1], counts[number])]
-    wrong += changes("the consoles", counts[games], counts[games + 1])
-    memory = [count[0] for count in counts]
-    costs = [memory[-2] - memory[-3], memory[-1] - memory[-2]]
-    growth = memory[games - 1] / memory[9] - 1
-    console_cost = (memory[games + 1] - memory[games]) / max(consoles - 10, 1)
+    # By the name of each census, in their order: the bytes of the heap, and what lived.
+    memory, living = collections.defaultdict(list), collections.defaultdict(list)
+    for line in re.findall("^census .*", game.printed, re.M):
+        _, name, size, *counts = line.split()
+        memory[name].append(int(size))
+        living[name].append(set(counts))
+    panels, titles = living["panel"], living["title"]
+    pairs = [(f"panel {number + 1}", panels[number - 1], panels[number])
+             for number in range(3, games, 2)]
+    pairs += [(f"title {number + 1}", titles[1], titles[number]) for number in range(2, games)]
+    pairs.append(("the consoles", *living["console"]))
+    wrong = [f"{what}: {sorted(was - now)} became {sorted(now - was)}"
+             for what, was, now in pairs if was != now]
+    growth = memory["title"][-1] / memory["title"][9] - 1
+    before, after = memory["console"]
+    console_cost = (after - before) / max(consoles - 10, 1)
+    half, end = memory["task"]
+    costs = [half - after, end - half]
     wrong += ["the memory of the games grows"] if growth > 0.005 else []
     wrong += ["a console leaves more than a binding"] if console_cost > 250 else []
     wrong += ["later tasks cost more"] if costs[1] > 1.2 * costs[0] else []

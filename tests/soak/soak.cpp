@@ -1,6 +1,6 @@
-// In place of the library's: counts what lives. The task type "census" prints at each command the
-// bytes of the heap, and the number of living objects of each class that has a virtual function, by
-// the name of its table.
+// In place of the library's: counts what lives. The task type "census" prints at each command its
+// name, the bytes of the heap, and the number of living objects of each class that has a virtual
+// function, by the name of its table.
 
 #include "kernel/taskfactory.h"
 #include "ui/console/loglistenerforconsole.h"
@@ -47,12 +47,12 @@ class CCensus : public vask::CTask {
         vask::ui::CLogListenerForConsole::GetSingletonPtr());
   }
   void Update() override {}
-  bool ExecuteCommand(const std::string&) override {
+  bool ExecuteCommand(const std::string& name) override {
     Mix_HaltChannel(-1);
     const struct mallinfo2 heap = mallinfo2();
-    std::cout << "census " << heap.uordblks + heap.hblkhd;
-    for (const auto& [name, count] : CountLiving()) {
-      std::cout << " " << name << "=" << count;
+    std::cout << "census " << name << " " << heap.uordblks + heap.hblkhd;
+    for (const auto& [table, count] : CountLiving()) {
+      std::cout << " " << table << "=" << count;
     }
     std::cout << "\n";
     return true;
