@@ -10,25 +10,33 @@
 namespace vask::platform {
 namespace {
 
-constexpr int kTextX = 5, kTextY = 25;  // of the field below
-
-// Characters are 10 wide, but "i" 5, and lines 10 high. Keeps the texts, carets and selections that
-// are drawn.
-struct CCanvas : INativeCanvas {
-  int CharWidth(char character) const override { return character == 'i' ? 5 : 10; }
-  int LineHeight() const override { return 10; }
+// A picture of letters, in rows that end with "/": "." is the face, "," a field, "=" selected, "_"
+// the colour of text, "+" light, "-" shadow, "#" dark, "~" not drawn; a full stop is ":". A
+// character is in the last of its cells; "i" has one.
+struct CLetters : INativeCanvas {
+  int CharWidth(char character) const override { return character == 'i' ? 1 : charWidth; }
+  int LineHeight() const override { return lineHeight; }
   void FillBox(const SBox& box, ENativeColor color) override {
-    const int left = box.x - kTextX;
-    if (color == ENativeColor::kText) {
-      drawn += "|" + std::to_string(left) + "," + std::to_string(box.y - kTextY);
-    } else if (color == ENativeColor::kSelection) {
-      drawn += "[" + std::to_string(left) + "-" + std::to_string(left + box.width) + "]";
+    for (int i = 0; i < box.width * box.height; ++i) {
+      At(box.x + i % box.width, box.y + i / box.width) = ".,_+-#="[static_cast<int>(color)];
     }
   }
-  void Text(int, int, std::string_view text, const SBox&) override {
-    drawn += std::string(text) + "/";
+  void Text(int x, int y, std::string_view text, const SBox& clip) override {
+    EXPECT_LE(TextWidth(text), clip.width) << "no more than can be seen";
+    for (const char character : text) {
+      x += CharWidth(character);
+      if (clip.Contains(x - 1, y)) {
+        At(x - 1, y) = character == '.' ? ':' : character;
+      }
+    }
   }
-  std::string drawn;
+  char& At(int x, int y) {
+    return x < 0 || y < 0 ? outside : cells.at(static_cast<std::size_t>(10 * y + x));
+  }
+  int charWidth = 1;
+  int lineHeight = 1;
+  char outside = '~';
+  std::string cells = "~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/";
 };
 
 // Presses the keys of these names, those that begin with "shift-" with the shift key held;
@@ -47,10 +55,10 @@ void Use(CEditControl& edit, const std::string& words, const INativeFont& font) 
     const bool isShifted = word.starts_with("shift-");
     word.erase(0, isShifted ? 6 : 0);
     if (word.starts_with("press")) {
-      edit.OnPress(word == "press" ? kTextX + 14 : 999, kTextY + 5, font);
+      edit.OnPress(word == "press" ? 3 : 999, 1, font);
     } else if (word.starts_with("drag")) {
       const bool isFar = word == "drag-far";
-      edit.OnDrag(isFar ? 999 : kTextX - 9, kTextY + (isFar ? 5 : -9), font);
+      edit.OnDrag(isFar ? 999 : -3, isFar ? 1 : -3, font);
     } else if (keys.contains(word)) {
       edit.OnKey({keys.at(word), "", isShifted}, font);
     } else {
@@ -59,20 +67,21 @@ void Use(CEditControl& edit, const std::string& words, const INativeFont& font) 
   }
 }
 
-// What fields of that text show after these words: the text of each line and where the caret is,
-// with what is selected in front. They are three characters wide: one of one line, and one of two
-// lines, in which the text wraps.
+// What two fields of that text show after these words in the upper row of each line, with their
+// border on the right. They are three characters wide: one of one line, and one of two lines, in
+// which the text wraps.
 std::string Shown(const std::string& text, const std::string& words) {
   std::string drawn;
   for (const bool wraps : {false, true}) {
-    const SBox box = {kTextX - 3, kTextY - 3, 36, wraps ? 26 : 16};
-    CEditControl edit("what was\nthere before", box, 0, wraps ? 0 : kAutoScroll);
-    CCanvas canvas;
+    CEditControl edit("what was\nthere before", {-3, -3, 12, wraps ? 10 : 8}, 0,
+                      wraps ? 0 : kAutoScroll);
+    CLetters canvas;
+    canvas.charWidth = canvas.lineHeight = 2;
     edit.OnPress(999, 999, canvas);
     edit.SetText(text);
     Use(edit, words, canvas);
     edit.Draw(canvas, true, false);
-    drawn += (wraps ? "  " : "") + canvas.drawn;
+    drawn += canvas.cells.substr(0, 10) + (wraps ? canvas.cells.substr(20, 10) : "");
   }
   return drawn;
 }
@@ -80,59 +89,42 @@ std::string Shown(const std::string& text, const std::string& words) {
 TEST(NativeEdit, ShowsWhatIsTypedAroundItsCaret) {
   const std::string longText = std::string(100'000, 'a') + "b";
   // At the ends of the text there is nowhere to go, and nothing to erase.
-  EXPECT_EQ(Shown("", "left backspace x return y"), "xy/|20,0  x/y/|10,10");
-  EXPECT_EQ(Shown("ab", "end x right backspace delete backspace delete"), "a/|10,0  a/|10,0");
-  EXPECT_EQ(Shown("abcd", "left backspace"), "abc/|0,0  abc/d/|0,0");
+  EXPECT_EQ(Shown("", "left backspace x return y"), ",x,y_,,,+/,x,,,,,,+/,y_,,,,,+/");
+  EXPECT_EQ(Shown("ab", "end x right backspace delete backspace delete"),
+            ",a_,,,,,+/,a_,,,,,+/,,,,,,,,+/");
+  EXPECT_EQ(Shown("abcd", "left backspace"), "_a,b,c,,+/_a,b,c,,+/,d,,,,,,+/");
   // Lines wrap after a blank, or where they are full; a blank or a line end may hang over.
-  EXPECT_EQ(Shown("ab cd", "down"), "ab /|0,0  ab /cd/|0,10");
-  EXPECT_EQ(Shown("abc d", "end"), " d/|20,0  abc/d/|30,0");
-  EXPECT_EQ(Shown("abc ", "end"), "c /|20,0  abc//|30,0");
-  EXPECT_EQ(Shown("iiiiiii", ""), "iiiiii/|0,0  iiiiii/i/|0,0");
-  EXPECT_EQ(Shown("a\n\nb\n", "down down down"), "a\n\n/|0,0  b//|0,10");
+  EXPECT_EQ(Shown("ab cd", "down"), "_a,b, ,,+/,a,b, ,,+/_c,d,,,,+/");
+  EXPECT_EQ(Shown("abc d", "end"), ", ,d_,,,+/,a,b,c_,+/,d,,,,,,+/");
+  EXPECT_EQ(Shown("abc ", "end"), ",c, _,,,+/,a,b,c_,+/,,,,,,,,+/");
+  EXPECT_EQ(Shown("iiiiiii", ""), "_iiiii,,+/_iiiii,,+/i,,,,,,,+/");
+  EXPECT_EQ(Shown("a\n\nb\n", "down down down"), "_a,\n,\n,,+/,b,,,,,,+/_,,,,,,,+/");
   // Between lines the caret keeps its distance from the left.
-  EXPECT_EQ(Shown("abcdef", "down end up x"), "fx/|20,0  abx/cde/|0,10");
-  EXPECT_EQ(Shown("abcdefghi", "down down home up up"), "abc/|0,0  abc/def/|0,0");
+  EXPECT_EQ(Shown("abcdef", "down end up x"), ",f,x_,,,+/,a,b,x,,+/_c,d,e,,+/");
+  EXPECT_EQ(Shown("abcdefghi", "down down home up up"), "_a,b,c,,+/_a,b,c,,+/,d,e,f,,+/");
   // The pointer's place counts from what is scrolled into the field.
-  EXPECT_EQ(Shown("abcdefg", "end press x"), "fxg/|20,0  axb/cde/|20,0");
-  EXPECT_EQ(Shown(longText, "end press-far"), "ab/|20,0  aaa/aaa/|20,0");
+  EXPECT_EQ(Shown("abcdefg", "end press x"), ",f,x_g,,+/,a,x_b,,+/,c,d,e,,+/");
+  EXPECT_EQ(Shown(longText, "end press-far"), ",a,b_,,,+/,a,a_a,,+/,a,a,a,,+/");
 }
 
 TEST(NativeEdit, SelectsWithTheShiftKeyAndThePointer) {
   // What is selected grows and shrinks at the caret, is erased and typed over as one, and left at
   // the end to which the key goes.
   EXPECT_EQ(Shown("abc", "right shift-right shift-right shift-nothing"),
-            "[0-20]bc/|20,0  [10-30]abc/|30,0");
-  EXPECT_EQ(Shown("abcd", "all"), "[0-20]cd/|20,0  [0-30]abc/[0-10]d/|10,10");
-  EXPECT_EQ(Shown("abc", "right right right shift-left shift-left delete"), "a/|10,0  a/|10,0");
-  EXPECT_EQ(Shown("abc", "shift-right end"), "bc/|20,0  abc/|30,0");
+            "=b=c_,,,+/,a=b=c_,+/,,,,,,,,+/");
+  EXPECT_EQ(Shown("abcd", "all"), "=c=d_,,,+/=a=b=c,,+/=d_,,,,,+/");
+  EXPECT_EQ(Shown("abc", "right right right shift-left shift-left delete"),
+            ",a_,,,,,+/,a_,,,,,+/,,,,,,,,+/");
+  EXPECT_EQ(Shown("abc", "shift-right end"), ",b,c_,,,+/,a,b,c_,+/,,,,,,,,+/");
   EXPECT_EQ(Shown("abc", "right right right shift-left shift-left right x"),
-            "cx/|20,0  abc/x/|10,10");
+            ",c,x_,,,+/,a,b,c,,+/,x_,,,,,+/");
   // A drag beyond the field scrolls it.
-  EXPECT_EQ(Shown("abcd", "press drag-far x"), "ax/|20,0  axc/d/|20,0");
-  EXPECT_EQ(Shown("abc", "end press drag-back x home"), "xc/|0,0  xbc/|0,0");
-  EXPECT_EQ(Shown("abcdefgh", "end press drag-back drag-back x"), "xh/|10,0  xbc/def/|10,0");
-  EXPECT_EQ(Shown("abcdefgh", "down down press drag-back drag-back x"), "xbc/|10,0  xef/gh/|10,0");
+  EXPECT_EQ(Shown("abcd", "press drag-far x"), ",a,x_,,,+/,a,x_c,,+/,d,,,,,,+/");
+  EXPECT_EQ(Shown("abc", "end press drag-back x home"), "_x,c,,,,+/_x,b,c,,+/,,,,,,,,+/");
+  EXPECT_EQ(Shown("abcdefgh", "end press drag-back drag-back x"), ",x_h,,,,+/,x_b,c,,+/,d,e,f,,+/");
+  EXPECT_EQ(Shown("abcdefgh", "down down press drag-back drag-back x"),
+            ",x_b,c,,+/,x_e,f,,+/,g,h,,,,+/");
 }
-
-// A picture of letters: a character is one cell wide and high; "." is the face, "," a field, "_"
-// the colour of text, "+" light, "-" shadow, "#" dark, "~" not drawn; a full stop is ":".
-struct CLetters : INativeCanvas {
-  int CharWidth(char) const override { return 1; }
-  int LineHeight() const override { return lineHeight; }
-  void FillBox(const SBox& box, ENativeColor color) override {
-    for (int i = 0; i < box.width * box.height; ++i) {
-      At(box.x + i % box.width, box.y + i / box.width) = ".,_+-#="[static_cast<int>(color)];
-    }
-  }
-  void Text(int x, int y, std::string_view text, const SBox& clip) override {
-    for (std::size_t i = 0; i < text.size() && clip.Contains(x, y); ++i, ++x) {
-      At(x, y) = text[i] == '.' ? ':' : text[i];
-    }
-  }
-  char& At(int x, int y) { return cells.at(static_cast<std::size_t>(10 * y + x)); }
-  int lineHeight = 1;
-  std::string cells = "~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/~~~~~~~~~/";
-};
 
 struct SHow {
   int wheel = 0;
@@ -179,15 +171,15 @@ TEST(NativeForm, DrawsItsControls) {
 }
 
 TEST(NativeForm, ClicksWhereTheButtonIsPressedAndReleased) {
-  const CCanvas font;
+  const CLetters font;
   CNativeForm form;
   form.Add(EControlKind::kStatic, "text", {0, 0, 50, 20}, 1, 0);
   form.Add(EControlKind::kEdit, "iii", {0, 10, 50, 20}, 2, 0);
   form.Add(EControlKind::kButton, "a", {0, 40, 50, 20}, 3, 0);
   form.Add(EControlKind::kButton, "b", {0, 70, 50, 20}, 4, 0);
   const auto clicked = [&](int pressedAt, int releasedAt) {
-    form.Press(10, pressedAt, font);
-    form.MovePointer(10, releasedAt, font);
+    form.Press(4, pressedAt, font);
+    form.MovePointer(4, releasedAt, font);
     return form.Release().value_or(0);
   };
   EXPECT_EQ(clicked(45, 45), 3);
