@@ -44,14 +44,6 @@ class RulesTest : public test::GameTest, public IKittenSpawner {
            std::to_string(rules.GetKittensLeftBoard().GetShown()) + ", stake " +
            std::to_string(Stake()) + ", score " + std::to_string(rules.GetScoreBoard().GetTarget());
   }
-  // The numbers of the bonuses since the log was cleared.
-  std::string Bonuses() const {
-    std::string numbers;
-    for (const auto& line : log.Lines()) {
-      numbers += line.starts_with("PlayEffect: ") ? line.substr(12, 1) : "";
-    }
-    return numbers;
-  }
 
   int spawned = 0;
   int pushed = 0;
@@ -135,7 +127,10 @@ TEST_F(RulesTest, TheOvenBanksTheStakeWithItsBonuses) {
     CDeathToASprite::DeleteAll();
     log.Clear();
     rules.OnKittenInOven(kFirstKittenIndex);
-    const std::string numbers = Bonuses();
+    std::string numbers;
+    for (const auto& line : log.Lines()) {
+      numbers += line.starts_with("PlayEffect: ") ? line.substr(12, 1) : "";
+    }
     const auto floating = Floating();
     EXPECT_EQ(floating.size(), numbers.size());
     for (std::size_t i = 0; i < floating.size(); ++i) {

@@ -63,6 +63,7 @@ class ReplayTest : public test::GameTaskTest {
     ourSeconds = 1'000'000;
     vask::platform::SetWallClock([] { return ++ourSeconds; });
     WorldState() = {};
+    vask::Gfx::SetFactory(nullptr);  // turned pictures would take most of the time
   }
   ~ReplayTest() override {
     Line("game_record = 1; game_demo_after = 0");
@@ -243,7 +244,6 @@ TEST_F(ReplayTest, FilesThatAreNoRecordingsAreRefusedInALine) {
   WriteFile("game.replay", "brumrec\n\x01\x63");
   EXPECT_TRUE(
       Verdict("game.replay").starts_with("its game has version 99 of the rules, and this "));
-  EXPECT_EQ(Verdict("data"), "it is no recording");
   EXPECT_EQ(Verdict("missing.replay"), "it can't be read");
   EXPECT_EQ(Verdict("/dev/zero"), "it can't be read");
 }
@@ -323,7 +323,7 @@ TEST_F(ReplayTest, AVariableTurnsRecordingOffUnlessItIsWanted) {
   EXPECT_TRUE(Replays().empty());
 }
 
-TEST_F(ReplayTest, AFailedAssertionWritesTheGameUpToItsFrameAndTellsTheFile) {
+TEST_F(ReplayTest, FailedAssertionsWriteTheGameUpToTheirFrameAndTellTheFile) {
   StartGame();
   const unsigned start = clock.Now();
   PlayFor(100);
@@ -334,20 +334,15 @@ TEST_F(ReplayTest, AFailedAssertionWritesTheGameUpToItsFrameAndTellsTheFile) {
   unsigned time = 0;
   EXPECT_TRUE(Verdict(file, &time).starts_with("it ends before its game does"));
   EXPECT_NEAR(time, clock.Now() - start, 5) << "less than a step";
+  for (int failure = 2; failure <= 101; ++failure) {
+    const auto size = fs::file_size(file);
+    Frame(6);
+    VASK_ASSERT(false, "a hundred are written at once");
+    EXPECT_EQ(fs::file_size(file) > size, failure <= 100) << failure;
+  }
   task.Exit();
   VASK_ASSERT(false, "nothing is recorded");
   EXPECT_EQ(vask::GetAssertNote(), "");
-}
-
-TEST_F(ReplayTest, AHundredFailedAssertionsOfAGameAreWrittenAtOnce) {
-  StartGame();
-  const std::string file = *Replays().begin();
-  for (int failure = 1; failure <= 101; ++failure) {
-    const auto size = fs::file_size(file);
-    Frame(6);
-    VASK_ASSERT(false, "");
-    EXPECT_EQ(fs::file_size(file) > size, failure <= 100) << failure;
-  }
 }
 
 TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
@@ -355,6 +350,7 @@ TEST_F(ReplayTest, TheTitlePlaysADemoUntilSomebodyComes) {
     Frame(wait);
     return !test::Shown(kDemoFile).empty() && Impl().GetReplay() != nullptr;
   };
+  vask::Gfx::SetFactory(&pictures);
   task.Start();
   EXPECT_FALSE(isDemo(100000)) << "not unless it is wanted";
   Line("game_demo_after = 30");
