@@ -27,20 +27,24 @@ CONSOLE = ("run load(data/keys/console.txt)", *FRAME)
 ORDERS = ("date 1", *FRAME, "click", *FRAME, "click", *FRAME, "play idle 1 100", *FRAME, *CONSOLE,
           "run window::Resize(640, 480)", *FRAME, "run window::Fullscreen", *FRAME, *CONSOLE,
           "run replaygame(data/demo.replay)", *FRAME, "run stoptask(window)", *FRAME)
-# SDL and SDL_image follow a null pointer there, and SDL_mixer writes past a buffer that is too small; a
-# sanitizer ends that with status 1.
+# SDL and SDL_image follow a null pointer there, and SDL_mixer writes past a buffer that is too
+# small; a sanitizer ends that with status 1.
 CRASHES = (["status -11"], ["status -6"], ["status 1"])
 LIBRARY = re.compile("SDL_VideoInit|IMG_LoadGIF_RW|OGG_playAudio")
 # Of an error, a warning, a font, or a library's own.
 MESSAGE = re.compile("<!>|[(]!|ogf file|^(?![(<])")
-# Nothing is lost there: the libraries go on without, a check is left out, a script need not be there
-# (user.txt), something has been written or answered, is tried again (as another kind of picture, too),
-# or was only for the standard output. The log has no other place.
-SILENT = re.compile("SDL_(SetVideoMode|ListModes|Create(Cursor|Mutex)|Flip)|Mix_OpenAudio|Mix_LoadMUS|"
-                    "Mix_FadeInMusicPos|CFileLock|EnterScore|(Is|Load)GifFile|IMG_is|SDLMixer(Effect|Music)Data4Load|"
-                    "CLogFile|RemoveOldReplays|^close|^fwrite|CMail|"
-                    r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|4open\S+\n.*ExecuteFile|"
-                    r"CXmlParser.*\n.*\n.*PictureCache")
+# Where nothing is lost without a word.
+SILENT = re.compile("|".join((
+    # The libraries go on without.
+    "SDL_(SetVideoMode|ListModes|Create(Cursor|Mutex)|Flip)|Mix_(OpenAudio|LoadMUS|FadeInMusicPos)",
+    # A check is left out, or it is tried again, a picture also as one of another kind.
+    "SDLMixer(Effect|Music)Data4Load|CFileLock|EnterScore|(Is|Load)GifFile|IMG_is",
+    r"SDL_ReadLE16\S+\n.*libSDL_image\S+\n.*IMG_LoadTyped|CXmlParser.*\n.*\n.*PictureCache",
+    # What is read, such as user.txt, or removed need not be there.
+    r"4open\S+\n.*ExecuteFile|RemoveOldReplays",
+    # It has been written or answered, or was only for the standard output. The log has no other
+    # place.
+    "^close|^fwrite|CMail|CLogFile")))
 
 
 class MailHost(socketserver.StreamRequestHandler):
@@ -51,7 +55,8 @@ class MailHost(socketserver.StreamRequestHandler):
                 self.wfile.write(b"250 well\r\n")
 
 
-# Returns what was printed and reported, what did not hold, and whether the game's score is among the best.
+# Returns what was printed and reported, what did not hold, and whether the game's score is among
+# the best.
 def run(program, orders, environment):
     with headless(program, orders, environment, SCORES, seconds=300) as game:
         status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
@@ -90,7 +95,8 @@ def main():
             new = [line for line in said if line not in usual]
             found = re.search(r"^failed \d+ \d+ (\w+)\n((?:.*0x.*\n)*)", printed, re.M)
             name, place = found.groups() if found else ("not reached", "")
-            more, is_silent = judge(name + place, printed, new, is_entered, answers) if found else ([], False)
+            more, is_silent = (judge(name + place, printed, new, is_entered, answers) if found
+                               else ([], False))
             wrong += more
             is_theirs = wrong[:1] in CRASHES and LIBRARY.search(place)
             failed[name] += 1
@@ -100,8 +106,8 @@ def main():
                 print(*wrong, found[0] if found else name, *new, sep="\n", flush=True)
     unreached = failed.pop("not reached", 0)  # the sound's thread did not come as far
     print("\n".join(f"{name:24} {count:5}" for name, count in sorted(failed.items())))
-    print(f"{failed.total()} calls failed, {counts['theirs']} of them beyond us, {counts['silent']} without a "
-          f"word; {unreached} were not reached; {bad} faults")
+    print(f"{failed.total()} calls failed, {counts['theirs']} of them beyond us, {counts['silent']} "
+          f"without a word; {unreached} were not reached; {bad} faults")
     return 0 if failed.total() > 20 * unreached and not bad else 1
 
 
