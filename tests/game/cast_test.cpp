@@ -172,16 +172,5 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
   EXPECT_FALSE(result.IsNewBest()) << "no points are no best";
 }
 
-TEST_F(Cast, ThePanelShowsWhatBecameOfKittensAndTheirGhosts) {
-  SGameResult result;
-  result.story.fates = {EFate::kBurnt, EFate::kServed, EFate::kBurnt};
-  CGameOverPanel panel;
-  panel.Show(result);
-  EXPECT_EQ(Describe(kFateGhostFile) + Describe(kFatePlateFile), "302,323; 342,323; 322,323; ");
-  EXPECT_EQ(Describe(kGhostFile), "180,370 rise; 270,370 rise; ");
-  Pass(3000);
-  EXPECT_EQ(Describe(kGhostFile), "180,-60 rise; 270,2 rise; ");
-}
-
 }  // namespace
 }  // namespace brumble

@@ -120,11 +120,6 @@ TEST_F(Animation, FramesFollowTheirTimes) {
   }
 }
 
-TEST_F(Animation, TheCurrentFrameShowsFromLoadingOn) {
-  const std::string animations = Named("a", "") + Named("b", Sound("b.wav") + Part(3, 100));
-  EXPECT_EQ(Read("<CurrentAnimation>b</CurrentAnimation>" + animations)->GetImageRect().x, 3);
-}
-
 TEST_F(Animation, BadFramesAreSkippedWithOneLineEach) {
   const std::string unknown = "<Wrapped type=\"no\"/>" + Sound("", "Wrapped");
   const std::string good = "<Other></Other>" + Sound("") + Part(1, 0);
