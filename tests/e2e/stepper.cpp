@@ -19,8 +19,6 @@
 #include "events/eventbridge.h"
 #include "game/brumbletaskimpl.h"
 #include "game/pilot.h"
-#include "gfx/sdl/surface.h"
-#include "gfx/sdl/video.h"
 #include "gfx/sprite/screenlayer.h"
 #include "input/buttons.h"
 #include "kernel/application.h"
@@ -29,6 +27,7 @@
 #include "kernel/taskfactory.h"
 #include "platform/wallclock.h"
 #include "support/fakeclock.h"
+#include "support/testpicture.h"
 #include "tools/mail.h"
 #include "utils/assert.h"
 
@@ -69,22 +68,17 @@ void Fail(std::istream& order) {
   }
 }
 
-std::vector<std::uint32_t> Shown() {
-  const SDL_Surface& screen = *vask::sdl::GetVideoSurface();
-  const std::uint32_t* const pixels = vask::sdl::Row32(screen, 0);
-  return {pixels, pixels + screen.pitch / 4 * screen.h};
-}
-
 std::string ComparePictures() {
-  if (vask::sdl::GetVideoSurface() == nullptr) {
+  if (SDL_GetVideoSurface() == nullptr) {
     return "no screen";
   }
   vask::CScreenLayer& layer = *vask::CScreenLayer::GetSingletonPtr();
   layer.DrawFrame();
-  const std::vector<std::uint32_t> shown = Shown();
+  const auto shown = vask::test::PixelsOf(*vask::Gfx::GetScreen());
   layer.RefreshAll();
   layer.DrawFrame();
-  return shown == Shown() ? "ok" : "the picture is wrong";
+  const bool isRight = shown == vask::test::PixelsOf(*vask::Gfx::GetScreen());
+  return isRight ? "ok" : "the picture is wrong";
 }
 
 std::string SendMail(int port) {
