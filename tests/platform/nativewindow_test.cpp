@@ -122,6 +122,7 @@ TEST_F(NativeWindowTest, TakesMouseAndKeyboard) {
     Click(10, 40, Button3);      // nothing but the left button clicks
     Click(10, 40, Button1, 60);  // nor does it beside the button
     Click(10, 40);
+    Button(ButtonRelease, 10, 40, Button1);  // of nothing any more
     Click(10, 10);
     for (const KeySym key : {XK_A, XK_b, XK_Left, XK_c, XK_Tab, XK_Return, XK_ISO_Left_Tab, XK_d}) {
       const bool isShifted = key == XK_A || key == XK_Left || key == XK_ISO_Left_Tab;

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <complex>
 #include <memory>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <utility>
@@ -88,6 +92,65 @@ TEST_F(ContactTest, PairsTouchWhereTheyShould) {
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(0, 2.8F, 5, 1)), "-2,2 -2,1.8 0,-1 2,2 2,1.8 0,-1 ");
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(3.2F, 0, 1, 1, kEighth)), "2,0 1.786,0 -1,0 ");
   EXPECT_EQ(contacts(Box(0, 0, 2, 2), Box(1, 0, 1, 1, kEighth)), "") << "three corners";
+}
+
+using Point = std::complex<double>;
+
+double Along(Point p, Point direction) { return (p * std::conj(direction)).real(); }
+
+std::array<Point, 4> CornersOf(const CPhysicsBody& box) {
+  const Point axis = std::polar(1.0, double{box.angle}), centre(box.x, box.y);
+  const Point w = axis * Point(box.halfWidth, 0), h = axis * Point(0, box.halfHeight);
+  return {centre - w - h, centre + w - h, centre - w + h, centre + w + h};
+}
+
+// The lowest corner in that direction.
+double Least(const std::array<Point, 4>& corners, Point direction) {
+  const auto along = [=](Point corner) { return Along(corner, direction); };
+  return along(std::ranges::min(corners, {}, along));
+}
+
+// How far A has to go in that direction to leave B.
+double Depth(const std::array<Point, 4>& a, const std::array<Point, 4>& b, Point direction) {
+  return -Least(b, -direction) - Least(a, direction);
+}
+
+// The same question put to the corners, in doubles.
+TEST(BoxBox, TouchesWhereTheCornersSaySo) {
+  std::minstd_rand random;
+  const auto upTo = [&](float range) { return static_cast<float>(random() % 1000) * range / 1000; };
+  int touches = 0;
+  for (int pair = 0; pair < 5000; ++pair) {
+    const CPhysicsBody boxA = Box(0, 0, 1 + upTo(4), 1 + upTo(4), upTo(6));
+    const CPhysicsBody boxB = Box(upTo(9), upTo(9), 1 + upTo(4), 1 + upTo(4), upTo(6));
+    const std::array<Point, 4> a = CornersOf(boxA), b = CornersOf(boxB);
+    std::vector<Point> faces;  // the directions of A's faces, then of B's
+    for (int side = 0; side < 8; ++side) {
+      faces.push_back(std::polar(1.0, (side < 4 ? boxA : boxB).angle + side * std::acos(0.0)));
+    }
+    const auto best = std::ranges::min_element(faces, {}, [&](Point n) { return Depth(a, b, n); });
+    const Point n = *best;  // from B to A
+    const bool isFaceOfA = best - faces.begin() < 4;
+    // The corners of the other box that are beyond the face.
+    const auto inside =
+        isFaceOfA ? std::ranges::count_if(b, [&](Point p) { return Along(p, n) > Least(a, n); })
+                  : std::ranges::count_if(a, [&](Point p) { return Along(p, -n) > Least(b, -n); });
+    const bool isTouch = Depth(a, b, n) > 0 && inside < 3;
+    const std::optional<SBoxTouch> touch = BoxBox(BoxOf(boxA), BoxOf(boxB));
+    ASSERT_EQ(touch ? touch->count : 0, isTouch ? inside : 0) << pair;
+    for (int k = 0; touch && k < touch->count; ++k) {
+      const auto [onA, onB] = touch->points[static_cast<std::size_t>(k)];
+      const double depth = Along({onB.x - onA.x, onB.y - onA.y}, n);
+      ASSERT_NEAR(std::abs(Point(touch->normal.x, touch->normal.y) - n), 0, 1e-3) << pair;
+      ASSERT_NEAR(isFaceOfA ? Along({onA.x, onA.y}, n) - Least(a, n)
+                            : Along({onB.x, onB.y}, -n) - Least(b, -n),
+                  0, 1e-3)
+          << pair;
+      ASSERT_TRUE(depth > -1e-3 && depth < Depth(a, b, n) + 1e-3) << pair << ": " << depth;
+      ++touches;
+    }
+  }
+  EXPECT_GT(touches, 500);
 }
 
 // Boxes that move now and then, come and go, some of them far outside the arena.

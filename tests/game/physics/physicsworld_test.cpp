@@ -134,6 +134,12 @@ TEST_F(CWorldTest, ASpawnedKittenFalls) {
   EXPECT_FLOAT_EQ(world->GetBodies()[kFirstKittenIndex].vy, 9.83F * 0.015F * 0.999F);
 }
 
+TEST_F(CWorldTest, ALongStepIsHeldToATwentiethOfASecond) {
+  const CPhysicsBody& kitten = AddKitten(0.0F, 0.0F);
+  myWorld->Step(9.0F);
+  EXPECT_FLOAT_EQ(kitten.y, 0.05F * (9.83F * 0.05F * 0.999F));
+}
+
 TEST_F(CWorldTest, OnlyKittensGetAVelocity) {
   const CPhysicsBody& kitten = AddKitten(0.0F, 0.0F);
   for (const int index : {kMonsterIndex, kFirstKittenIndex, kFirstKittenIndex + 1}) {

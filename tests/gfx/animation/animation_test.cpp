@@ -57,9 +57,13 @@ class Animation : public testing::Test {
   }
   ~Animation() override { CAnimationUpdator::DeleteSingleton(); }
 
-  // A sprite file of these fields, played from the start of the animation "a".
+  // A sprite file of these fields, written and read again, played from the start of the animation
+  // "a".
   static SpritePtr Read(const std::string& fields) {
     WriteFile("a.xml", "<S>" + fields + "</S>");
+    CAnimatedSprite first;
+    LoadXml(first, "a.xml");
+    SaveXml(first, "a.xml");
     auto sprite = std::make_unique<CAnimatedSprite>();
     sprite->SetImage(Gfx::NewBuffer(50, 50));
     LoadXml(*sprite, "a.xml");

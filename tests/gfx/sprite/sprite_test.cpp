@@ -149,6 +149,20 @@ TEST_F(Sprite, ShownPictureFollowsPartTurnAndSize) {
   EXPECT_EQ(sprite->GetRect(), (Rect{0, 0, 4, 7}));
 }
 
+TEST_F(Sprite, LeavesTheMarginsOfAnUnchangedPictureAlone) {
+  CSprite sprite;
+  sprite.SetImage(NewPicture(20, 10, CColor(0, 0, 0, 0)));
+  sprite.GetImage()->PutPixel(5, 5, kRed);
+  sprite.SetParent(myLayer);
+  myLayer->DrawFrame();
+  for (const int x : {4, 5}) {
+    myScreen.Picture().PutPixel(x, 5, CColor(0, 0, 9));
+  }
+  sprite.SetVisible(false);
+  EXPECT_EQ(myScreen.At(4, 5), 9U);
+  EXPECT_EQ(myScreen.At(5, 5), 0U);
+}
+
 TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
   std::vector<CSpritePtr> sprites;
   for (const int z : {50, 100, 50, 7, 100, INT_MIN, INT_MAX}) {

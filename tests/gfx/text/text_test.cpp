@@ -54,8 +54,9 @@ TEST_F(Font, GlyphsAreCutFromTheirCells) {
               (std::vector{70, 70, 150, 150, 230, 230, 0}));
   }
   EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("sheet.bmp")) << "fonts free their sheet";
-  const auto scaled = FontOf("OGF;3;2;8;4;6;888;ab;c d;646464646464;sheet.bmp");
-  EXPECT_EQ(Reds(*scaled, "ac", {1, 9}), (std::vector{30, 150}));
+  // Scaled to half its height.
+  const auto flat = FontOf("OGF;3;2;16;4;6;888;ab;c d;646464646464;sheet.bmp");
+  EXPECT_EQ(Reds(*flat, "ac", {1, 17}), (std::vector{30, 150}));
 }
 
 TEST_F(Font, TintMultipliesTheColoursOfACopy) {
@@ -143,6 +144,10 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   EXPECT_EQ(Drawn(*sign).w, 6);
   EXPECT_EQ(sign->GetImage()->GetPixel(0, 2).r, 255);
   EXPECT_EQ(test::Packed(sign->GetImage()->GetPixel(1, 3)), 0xFF101018U) << "the shadow";
+  for (const char* unknown : {"\x1F", "\x7F"}) {
+    sign->SetText(unknown);
+    EXPECT_EQ(Drawn(*sign), (Rect{0, 2, 6, 8})) << "a box";
+  }
   sign->SetRotation(90.0F);
   sign->SetText("HHHH");
   EXPECT_GE(Drawn(*sign).h, 22) << "the copy that is shown is made again";
