@@ -54,8 +54,8 @@ TEST_F(Font, GlyphsAreCutFromTheirCells) {
               (std::vector{70, 70, 150, 150, 230, 230, 0}));
   }
   EXPECT_FALSE(CSDLTextures::GetSingletonPtr()->Exists("sheet.bmp")) << "fonts free their sheet";
-  // Scaled to half its height.
   const auto flat = FontOf("OGF;3;2;16;4;6;888;ab;c d;646464646464;sheet.bmp");
+  EXPECT_EQ(flat->GetSheet()->GetHeight(), 8) << "half of the picture's";
   EXPECT_EQ(Reds(*flat, "ac", {1, 17}), (std::vector{30, 150}));
 }
 
