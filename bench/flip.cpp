@@ -1,5 +1,5 @@
-// The least that a program with our pictures and sound asks of the processor, for play.py to compare
-// the game with: plain SDL that shows its window every 16 ms and plays the game's music.
+// The least that a program with our pictures and sound asks of the processor, for play.py to
+// compare the game with: plain SDL that shows its window every 16 ms and plays the game's music.
 //
 // Usage: flip MUSIC_FILE
 
