@@ -13,6 +13,7 @@ import os
 import pathlib
 import re
 import socketserver
+import subprocess
 import sys
 import threading
 
@@ -58,6 +59,13 @@ class MailHost(socketserver.StreamRequestHandler):
 # Returns what was printed and reported, what did not hold, and whether the game's score is among
 # the best.
 def run(program, orders, environment):
+    try:
+        return watch(program, orders, environment)
+    except subprocess.TimeoutExpired:
+        return "", [], ["it hangs"], False
+
+
+def watch(program, orders, environment):
     with headless(program, orders, environment, SCORES, seconds=300) as game:
         status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
         wrong = [f"status {status}"] if status else []

@@ -271,7 +271,6 @@ TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
   const ImagePtr picture(NewPicture(20, 10, CColor(0, 0, 0, 0)));
   EXPECT_TRUE(Gfx::SolidPart(*picture).IsEmpty());
   picture->PutPixel(3, 6, CColor(9, 9, 9));
-  EXPECT_EQ(Gfx::SolidPart(*picture), (Rect{3, 6, 1, 1}));
   picture->PutPixel(19, 0, CColor(9, 9, 9));
   picture->PutPixel(1, 5, CColor(9, 9, 9));
   EXPECT_EQ(Gfx::SolidPart(*picture), (Rect{1, 0, 19, 7}));

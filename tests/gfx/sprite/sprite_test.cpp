@@ -155,12 +155,9 @@ TEST_F(Sprite, LeavesTheMarginsOfAnUnchangedPictureAlone) {
   sprite.GetImage()->PutPixel(5, 5, kRed);
   sprite.SetParent(myLayer);
   myLayer->DrawFrame();
-  for (const int x : {4, 5}) {
-    myScreen.Picture().PutPixel(x, 5, CColor(0, 0, 9));
-  }
+  myScreen.Picture().PutPixel(4, 5, CColor(0, 0, 9));
   sprite.SetVisible(false);
   EXPECT_EQ(myScreen.At(4, 5), 9U);
-  EXPECT_EQ(myScreen.At(5, 5), 0U);
 }
 
 TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
