@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build pkg-config libsdl1.2-dev libsdl-image1.2-dev
   libsdl-mixer1.2-dev libsdl-gfx1.2-dev libx11-dev zlib1g-dev)
 test_packages=(libgtest-dev python3 python3-numpy python3-pil python3-xlib python3-aiosmtpd xvfb
-  openbox xdotool x11-xkb-utils libsdl2-2.0-0 weston)
+  openbox x11-xkb-utils libsdl2-2.0-0 weston)
 # The benchmarks, and what they measure against.
 bench_packages=(libbenchmark-dev libbox2d-dev libpixman-1-dev libtinyxml2-dev libmuparser-dev
   liblua5.4-dev)
