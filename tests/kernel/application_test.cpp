@@ -41,8 +41,8 @@ struct CTaskSample : CTask {
 void RegisterSampleTasks() { const CTaskTypeRegistrar<CTaskSample> registrar("loaded"); }
 const CTaskLibraryRegistrar theLibraryRegistrar("samples", &RegisterSampleTasks);
 
-int theVariable = 0;
-const CConsoleVariableRegistrar theVariableRegistrar("program_variable", theVariable);
+int ourVariable = 0;
+const CConsoleVariableRegistrar theVariableRegistrar("program_variable", ourVariable);
 
 struct Application : testing::Test {
   ~Application() override {
@@ -120,12 +120,13 @@ TEST_F(Application, TheScriptStartsTheTasksAndQuittingTakesAllDown) {
                                 << "program_variable = 7\n"
                                 << "load(more.txt)\nquit";
   std::ofstream("more.txt") << "starttask(loaded, more)";
+  const auto before = std::signal(SIGPIPE, SIG_DFL);
   {
     CApplication application;
-    EXPECT_EQ(std::signal(SIGPIPE, SIG_DFL), SIG_IGN);
+    EXPECT_EQ(std::signal(SIGPIPE, before), SIG_IGN);
     EXPECT_EQ(application.Run(), 0);
     EXPECT_EQ(CKernel::GetSingleton().FrameSleep(), 3);
-    EXPECT_EQ(theVariable, 7);
+    EXPECT_EQ(ourVariable, 7);
   }
   EXPECT_EQ(ourRecord, "l@100 more@100 more.exit l.exit ");
   EXPECT_EQ(CKernel::PeekSingletonPtr(), nullptr);

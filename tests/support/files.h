@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -19,7 +21,7 @@ inline void WriteFile(const std::filesystem::path& file, const std::string& text
   std::ofstream(file, std::ios::binary) << text;
 }
 
-// The example in a section of a page of docs/: its indented lines.
+// The example in a section of a page of docs/: its indented lines. The test fails without any.
 inline std::string DocExample(const std::string& section, const std::string& name = "files.md") {
   std::ifstream page(SourcePath("docs/" + name));
   std::string example, line;
@@ -28,6 +30,7 @@ inline std::string DocExample(const std::string& section, const std::string& nam
   while (std::getline(page, line) && !line.starts_with("## ")) {
     example += line.starts_with("    ") ? line.substr(4) + "\n" : "";
   }
+  EXPECT_NE(example, "") << section << " in " << name;
   return example;
 }
 
