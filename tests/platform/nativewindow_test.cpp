@@ -20,8 +20,7 @@ constexpr SBox kAnywhere = {kDefaultPosition, kDefaultPosition, 200, 99};
 constexpr unsigned long kBlack = 0;
 
 // An X server of the test's own, and a second client of it that looks at the window and uses it.
-class NativeWindowTest : public testing::Test {
- protected:
+struct NativeWindowTest : testing::Test {
   NativeWindowTest() {
     int number = 0;
     EXPECT_EQ(std::fscanf(myServer, "%d", &number), 1) << "Xvfb is missing";
@@ -31,6 +30,7 @@ class NativeWindowTest : public testing::Test {
   ~NativeWindowTest() override {
     XCloseDisplay(robot);  // the last client: the server ends
     pclose(myServer);
+    unsetenv("DISPLAY");
   }
 
   Window Id() {

@@ -16,8 +16,8 @@
 namespace vask::platform {
 namespace {
 
-TEST(Process, ALostReaderIsAnErrorAndNotTheEnd) {
-  BreakIntoDebugger();  // which would end it without one
+TEST(Process, NeitherALostReaderNorABreakWithoutADebuggerEndsIt) {
+  BreakIntoDebugger();
   std::signal(SIGPIPE, SIG_DFL);
   SurviveBrokenPipes();
   int ends[2] = {};
@@ -26,6 +26,7 @@ TEST(Process, ALostReaderIsAnErrorAndNotTheEnd) {
   EXPECT_EQ(write(ends[1], "x", 1), -1);
   EXPECT_EQ(errno, EPIPE);
   close(ends[1]);
+  std::signal(SIGPIPE, SIG_DFL);
 }
 
 TEST(Socket, GivesUpWhenNobodyReadsAndTellsThatTheOtherSideHasGone) {
@@ -66,6 +67,7 @@ TEST(NewFile, StaysOnAFullDiskUnlessNothingOfItCouldBeWritten) {
     setrlimit(RLIMIT_FSIZE, &disk);
     EXPECT_EQ(std::filesystem::remove("new.txt"), room > 0);
   }
+  std::signal(SIGXFSZ, SIG_DFL);
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ TEST_F(AudioTask, ItsLibraryBringsTheTypeAndTheVolumes) {
       starttask( audio, Audio, 50, 22050, s16lsb, 2, 1024, 8 )
       Audio::PlayEffect( "data/sfx/kitten_01.wav" )
   )");
-  EXPECT_EQ(Mix_Playing(-1), 1);
+  EXPECT_EQ(myLog.Count("CSDLMixerEffectData"), 1U) << "loaded, and not freed";
   EXPECT_NE(Execute("audio_effect_volume"), "audio_effect_volume") << "no variable";
   RunScript("stoptask( Audio )");
 }

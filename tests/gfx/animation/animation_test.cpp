@@ -23,7 +23,7 @@ using Times = std::vector<unsigned>;
 // Takes the place of the audio task: notes what it is sent, and may do something then.
 struct CAudioProbe : CTask {
   static inline std::string sounds;
-  static inline std::function<void()> onSound;
+  static inline std::function<void()> onSound = [] {};
   void Update() override {}
   bool ExecuteCommand(const std::string& line) override {
     sounds += line + "\n";
@@ -31,7 +31,6 @@ struct CAudioProbe : CTask {
     return true;
   }
 };
-const CTaskTypeRegistrar<CAudioProbe> theRegistrar("audioprobe");
 
 std::string Sound(const std::string& file, const std::string& element = "Frame") {
   return "<" + element + " type=\"frame_sound\" sound_file=\"" + file + "\"></" + element + ">";
@@ -46,16 +45,19 @@ std::string Named(const char* name, const std::string& frames, bool loop = false
   return "<Animation name=\"" + attributes + "\">" + frames + "</Animation>";
 }
 
-class Animation : public testing::Test {
- protected:
+struct Animation : testing::Test {
   using SpritePtr = std::unique_ptr<CAnimatedSprite>;
 
   Animation() {
+    const CTaskTypeRegistrar<CAudioProbe> registrar("audioprobe");
     CTaskFactory::GetSingletonPtr()->StartTask("audioprobe", "Audio", 1, nullptr);
+  }
+  ~Animation() override {
+    CAnimationUpdator::DeleteSingleton();
+    CTaskFactory::DeleteSingleton();
     CAudioProbe::sounds.clear();
     CAudioProbe::onSound = [] {};
   }
-  ~Animation() override { CAnimationUpdator::DeleteSingleton(); }
 
   // A sprite file of these fields, written and read again, played from the start of the animation
   // "a".
@@ -161,8 +163,7 @@ TEST_F(Animation, SoundMayRestartAndDeleteItsSprite) {
   EXPECT_EQ(sprite, nullptr);
 }
 
-class Animator : public Animation {
- protected:
+struct Animator : Animation {
   using Action = std::function<void(float)>;
 
   struct CProbe : ISpriteMasker {
