@@ -16,28 +16,36 @@
 namespace vask {
 namespace {
 
-std::string theRecord;
-char theStopper = ' ';
-std::map<char, std::function<void()>> theReactions;  // each called once, by the event of that name
-std::map<char, std::unique_ptr<IKeyEvent>> theAdded;
+std::string ourRecord;
+char ourStopper = ' ';
+std::map<char, std::function<void()>> ourReactions;  // each called once, by the event of that name
+std::map<char, std::unique_ptr<IKeyEvent>> ourAdded;
 
 // Adds its name to the record. One with a capital letter hears of keys that come up, too.
 struct CMyEvent : IKeyEvent {
   explicit CMyEvent(char sign = 'E') : name(sign) {}
   bool Trigger(int) override {
-    theRecord += name;
-    if (const auto reaction = theReactions.extract(name)) {
+    ourRecord += name;
+    if (const auto reaction = ourReactions.extract(name)) {
       reaction.mapped()();
     }
     return true;
   }
   bool ListensToKeyUp() override { return name < 'a'; }
-  bool StopsKey() override { return name == theStopper; }
+  bool StopsKey() override { return name == ourStopper; }
   char name;
 };
 
-// Binds events, each told by its letter and its priority, to "k" or, if the letter comes after "o",
-// adds them for all keys.
+struct KeyboardTest : testing::Test {
+  ~KeyboardTest() override {
+    CKeyboard::DeleteSingleton();
+    ourReactions.clear();
+    ourAdded.clear();
+  }
+};
+
+// Adds events, each told by its letter and its priority: those before "o" for the key "k", the
+// others for all keys.
 void Put(const std::string& events) {
   CKeyboard& keyboard = *CKeyboard::GetSingletonPtr();
   std::istringstream stream(events);
@@ -47,7 +55,7 @@ void Put(const std::string& events) {
     if (std::tolower(name) < 'o') {
       keyboard.BindKey('k', CSmartPtr<IKeyEvent>(event), priority);
     } else {
-      theAdded[name].reset(event);
+      ourAdded[name].reset(event);
       keyboard.AddKeyEvent(event, priority);
     }
   }
@@ -60,9 +68,9 @@ std::string Hear(const std::string& keys) {
     const auto handler = keys[i] == '+' ? &CEventBridge::KeyDown : &CEventBridge::KeyUp;
     (bridge.*handler)(keys[i + 1], 0);
   }
-  theRecord.clear();
+  ourRecord.clear();
   CKeyboard::GetSingletonPtr()->Update();
-  return theRecord;
+  return ourRecord;
 }
 
 TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
@@ -78,8 +86,9 @@ TEST(KeyNamesTest, AreThoseOfSdlWithoutBlanks) {
   SDL_Quit();
 }
 
+constexpr int kWorld = 218;  // SDL's code of a key without a Latin name
+
 TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
-  constexpr int kWorld = 218;
   EXPECT_EQ(KeyByPlace(kWorld, 33), 'p') << "Russian P";
   EXPECT_EQ(KeyByPlace(kWorld, 58), 'm') << "Russian M";
   EXPECT_EQ(KeyByPlace(kWorld, 38), 'a') << "Greek A";
@@ -92,8 +101,9 @@ TEST(KeyPlacesTest, OnlyKeysWithoutALatinNameGoByTheirPlace) {
 // SDL may forget the place by then, or have two keys of one code.
 TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
   CHeldInput held;
-  held.Press(218, 33, 'p');
-  EXPECT_EQ(held.Release(218, 0, 218), 'p');
+  // SDL's code of the key, X's code of its place (P is 33, under Escape is 49), its name.
+  held.Press(kWorld, 33, 'p');
+  EXPECT_EQ(held.Release(kWorld, 0, kWorld), 'p');
   held.Press(0, 49, '`');
   EXPECT_EQ(held.Release(0, 21, 0), 0);
   EXPECT_EQ(held.Release(0, 49, 0), '`');
@@ -103,12 +113,12 @@ TEST(HeldInputTest, AKeyComesUpUnderTheNameThatItWentDownWith) {
   EXPECT_EQ(held.Release('a', 38, 0), 0) << "held once";
 }
 
-TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
+TEST_F(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
   Put("c10 b10 a5 q10 R10 p5 s30");
   const CSmartPtr<IKeyEvent> last(new CMyEvent('Z'));
   CKeyboard::GetSingletonPtr()->BindKey('k', last, 20);
   const auto hear = [](char stopper, const std::string& keys) {
-    theStopper = stopper;
+    ourStopper = stopper;
     return Hear(keys);
   };
   EXPECT_EQ(hear('q', "+k"), "paq");
@@ -118,17 +128,16 @@ TEST(KeyboardTest, EventsHearInTheOrderOfTheirPrioritiesUntilOneStopsTheKey) {
       << "down before up; of equals: the added ones, then the newest bound one";
   EXPECT_EQ(hear(' ', "+j-j"), "") << "nothing is bound to it";
   // Further bindings change priorities; each event gets a key once all the same.
-  CKeyboard::GetSingletonPtr()->AddKeyEvent(theAdded['s'].get(), 1);
+  CKeyboard::GetSingletonPtr()->AddKeyEvent(ourAdded['s'].get(), 1);
   CKeyboard::GetSingletonPtr()->BindKeys({'j', 'k', 'j'}, last, 7);
   EXPECT_EQ(Hear("+k+j"), "spaZqRbcspZqR");
-  CKeyboard::DeleteSingleton();
 }
 
-TEST(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
+TEST_F(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
   struct CBoth : CMultiKeyEvent {
     using CMultiKeyEvent::CMultiKeyEvent;
     bool Trigger(int key) override {
-      theRecord += CMultiKeyEvent::Trigger(key) ? "both " : "one ";
+      ourRecord += CMultiKeyEvent::Trigger(key) ? "both " : "one ";
       return true;
     }
   };
@@ -139,10 +148,9 @@ TEST(KeyboardTest, ASetOfKeysTriggersWhileAllAreDown) {
   EXPECT_EQ(Hear("+k"), "both ");
   EXPECT_EQ(Hear("-j"), "");
   EXPECT_EQ(Hear("+k"), "one ");
-  CKeyboard::DeleteSingleton();
 }
 
-TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
+TEST_F(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
   struct CTaker : IKeyInterceptor {
     bool TakesPress(int key) override { return key == kEscapeKey; }
   } taker;
@@ -150,14 +158,13 @@ TEST(KeyboardTest, AnInterceptorMayTakeAPressButNoRelease) {
   keyboard.BindKey(KeyFromName("escape"), CSmartPtr<IKeyEvent>(new CMyEvent), 10);
   keyboard.AddInterceptor(&taker);
   EXPECT_EQ(Hear({'+', kEscapeKey, '-', kEscapeKey}), "E");
-  CKeyboard::DeleteSingleton();
 }
 
-TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
+TEST_F(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   // Who hears of a key when that event kills them all.
   const auto heard = [](char killer) {
-    theReactions[killer] = [] {
-      theAdded.clear();
+    ourReactions[killer] = [] {
+      ourAdded.clear();
       Put("n10 t10");
     };
     Put("b10 p5 q5 r15");
@@ -169,7 +176,7 @@ TEST(KeyboardTest, AnEventMayDeleteItselfAndOthersAndBindMore) {
   EXPECT_EQ(heard('p'), "pb");
   EXPECT_EQ(heard('q'), "pqb");
   EXPECT_EQ(heard('r'), "pqbr");
-  theAdded.clear();
+  ourAdded.clear();
   EXPECT_EQ(CKeyboard::PeekSingletonPtr(), nullptr) << "a dying event must not bring it back";
 }
 
