@@ -29,7 +29,7 @@ TEST(AudioDevice, LaterHoldsTakeItAsItIsAndTheLastOneClosesIt) {
   EXPECT_EQ(SDL_WasInit(SDL_INIT_AUDIO), 0U);
 }
 
-TEST(AudioDevice, IsNullOnceTheWindowHasTakenItAlong) {
+TEST(AudioDevice, IsNullOnceSdlHasEnded) {
   const SAudioSettings settings{32000, AUDIO_S16LSB, 2, 1024, 8};
   const auto first = CAudioDevice::Open(settings, "Audio");
   EXPECT_EQ(first->ChunkMilliseconds(), 32);

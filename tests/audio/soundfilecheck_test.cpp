@@ -22,6 +22,9 @@ std::string OfMusic(const std::string& fault) { return "music: " + fault + "\n";
 std::string OfBoth(const std::string& fault) { return OfEffect(fault) + OfMusic(fault); }
 constexpr char kFine[] = "";
 
+enum : unsigned { kPcm = 1, kMsAdpcm = 2, kImaAdpcm = 17 };  // encodings
+constexpr int kFrequency = 22050;                            // of the device, in Hz
+
 struct SoundFileCheck : testing::Test {
   static std::string FaultsOfFile(const std::string& name) {
     const std::string effect = CheckEffectFile(name) ? "" : OfEffect(SDL_GetError());
@@ -35,20 +38,20 @@ struct SoundFileCheck : testing::Test {
     return FaultsOf(Riff(Format(format) + Data()));
   }
   static std::string FaultsAtSize(unsigned encoding, std::uintmax_t size) {
-    FaultsOfSound({.encoding = encoding, .frequency = 22050});
+    FaultsOfSound({.encoding = encoding, .frequency = kFrequency});
     std::filesystem::resize_file("file.wav", size);  // a hole, which takes no place
     return FaultsOfFile("file.wav");
   }
 
   const std::unique_ptr<CAudioDevice> device =
-      CAudioDevice::Open({22050, AUDIO_S16LSB, 2, 1024, 8}, "Audio");
+      CAudioDevice::Open({kFrequency, AUDIO_S16LSB, 2, 1024, 8}, "Audio");
   // The library over SDL 2 converts what the classic one writes beyond its tables for.
   const bool myIsClassic = SDL_Linked_Version()->patch < 50;
   const std::string myOverrun = myIsClassic ? OfBoth(kUnconvertible) : kFine;
 };
 
 TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
-  const std::string broken = Format({.encoding = 17, .blockSize = 0}) + Data();
+  const std::string broken = Format({.encoding = kImaAdpcm, .blockSize = 0}) + Data();
   const std::string list = Chunk("LIST", "12345678"), fact = Chunk("fact", "1234");
   EXPECT_EQ(FaultsOf(Riff(broken)), OfBoth(kUnconvertible));
   EXPECT_EQ(FaultsOf(Riff(list + fact + broken)), OfBoth(kUnconvertible));
@@ -65,15 +68,16 @@ TEST_F(SoundFileCheck, FindsTheDescriptionWhereSdlLooksForIt) {
 }
 
 TEST_F(SoundFileCheck, RefusesWhatSdlCannotConvert) {
-  EXPECT_EQ(FaultsOfSound({.frequency = 173}), kFine);
-  EXPECT_EQ(FaultsOfSound({.frequency = 172}), myOverrun);
-  EXPECT_EQ(FaultsOfSound({.frequency = 2822399}), kFine);
-  EXPECT_EQ(FaultsOfSound({.frequency = 2822400}), myOverrun);
+  // It doubles or halves a frequency step by step, and has no room for seven steps.
+  EXPECT_EQ(FaultsOfSound({.frequency = kFrequency / 128 + 1}), kFine);
+  EXPECT_EQ(FaultsOfSound({.frequency = kFrequency / 128}), myOverrun);
+  EXPECT_EQ(FaultsOfSound({.frequency = kFrequency * 128 - 1}), kFine);
+  EXPECT_EQ(FaultsOfSound({.frequency = kFrequency * 128}), myOverrun);
   EXPECT_EQ(FaultsOfSound({.frequency = 0x80000000}), myOverrun);
   EXPECT_EQ(FaultsOfSound({.channels = 256}), myOverrun) << "SDL counts in a byte";
-  EXPECT_EQ(FaultsOfSound({.encoding = 2, .blockSize = 0}), OfBoth(kUnconvertible));
-  EXPECT_EQ(FaultsOfSound({.encoding = 17, .blockSize = 256}), kFine);
-  EXPECT_EQ(FaultsOfSound({.encoding = 1, .blockSize = 0}), kFine);
+  EXPECT_EQ(FaultsOfSound({.encoding = kMsAdpcm, .blockSize = 0}), OfBoth(kUnconvertible));
+  EXPECT_EQ(FaultsOfSound({.encoding = kImaAdpcm, .blockSize = 256}), kFine);
+  EXPECT_EQ(FaultsOfSound({.encoding = kPcm, .blockSize = 0}), kFine);
 }
 
 TEST_F(SoundFileCheck, MusicNeedsItsDataWhereTheMixerLooksForThem) {
@@ -92,12 +96,12 @@ TEST_F(SoundFileCheck, RefusesWhatIsNoFileOrLargerThanSdlCanCount) {
   EXPECT_EQ(FaultsOfFile("."), OfBoth("This is no file"));
   EXPECT_EQ(FaultsOfFile("/dev/zero"), OfBoth("This is no file"));
   constexpr std::uintmax_t kMost = 0x7FFFFFFF;
-  EXPECT_EQ(FaultsAtSize(1, kMost + 1), OfBoth(kTooLarge));
+  EXPECT_EQ(FaultsAtSize(kPcm, kMost + 1), OfBoth(kTooLarge));
   if (myIsClassic) {
     // Eight bits become sixteen, one channel two; ADPCM becomes four times as much before.
-    EXPECT_EQ(FaultsAtSize(1, kMost / 4), kFine);
-    EXPECT_EQ(FaultsAtSize(1, kMost / 4 + 1), OfEffect(kTooLarge));
-    EXPECT_EQ(FaultsAtSize(2, kMost / 16 + 1), OfEffect(kTooLarge));
+    EXPECT_EQ(FaultsAtSize(kPcm, kMost / 4), kFine);
+    EXPECT_EQ(FaultsAtSize(kPcm, kMost / 4 + 1), OfEffect(kTooLarge));
+    EXPECT_EQ(FaultsAtSize(kMsAdpcm, kMost / 16 + 1), OfEffect(kTooLarge));
   }
 }
 
