@@ -151,21 +151,22 @@ TEST_F(CKernelTest, RunsTasksThenThreadsUntilOnlyParkedTasksAreLeft) {
   EXPECT_EQ(ourRecord, "timed.start parked.start a.start a a.exit thread parked.exit timed.exit ");
 }
 
+const std::vector<bool> kPlain = {false}, kTimed = {true};
+
 // What two frames of the tasks a to d run when b does something in the first one.
 TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalkedAndInAHook) {
-  const std::vector<bool> plain = {false}, timed = {true};
   const struct {
     std::string act, ran;
     std::vector<bool> kinds = {false, true};
     std::string onPause = "", onResume = "";  // what c does then
   } cases[] = {
-      {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = plain},
-      {.act = "start x@20", .ran = "| a b x.start c d | a x b c d ", .kinds = plain},
-      {.act = "park x@25", .ran = "| a b x.start c d | a b c d ", .kinds = plain},
+      {.act = "start x@25", .ran = "| a b x.start x c d | a b x c d ", .kinds = kPlain},
+      {.act = "start x@20", .ran = "| a b x.start c d | a x b c d ", .kinds = kPlain},
+      {.act = "park x@25", .ran = "| a b x.start c d | a b c d ", .kinds = kPlain},
       {.act = "pause b pause b", .ran = "| a b b.pause c d | a c d "},
       {.act = "pause c", .ran = "| a b c.pause d | a b d "},
-      {.act = "pause c resume c", .ran = "| a b c.pause c.resume c d | a b c d ", .kinds = plain},
-      {.act = "pause b resume b", .ran = "| a b b.pause b.resume c d | a c b d ", .kinds = timed},
+      {.act = "pause c resume c", .ran = "| a b c.pause c.resume c d | a b c d ", .kinds = kPlain},
+      {.act = "pause b resume b", .ran = "| a b b.pause b.resume c d | a c b d ", .kinds = kTimed},
       {.act = "kill b", .ran = "| a b b.exit c d | a c d "},
       {.act = "kill c kill c pause c", .ran = "| a b c.exit d | a b d "},
       {.act = "pause c kill c resume c", .ran = "| a b c.pause c.exit d | a b d "},
@@ -176,8 +177,8 @@ TEST_F(CKernelTest, ATaskMayChangeTheListsWhileTheyAreWalkedAndInAHook) {
       {.act = "pause c resume c",
        .ran = "| a b c.pause c.resume d | a b d ",
        .onResume = "delete c"},
-      {.act = "interval b@0", .ran = "| a b c d | a c d ", .kinds = timed},
-      {.act = "interval b@-1", .ran = "| a b c d | a c d ", .kinds = timed}};  // the longest
+      {.act = "interval b@0", .ran = "| a b c d | a c d ", .kinds = kTimed},
+      {.act = "interval b@-1", .ran = "| a b c d | a c d ", .kinds = kTimed}};  // the longest
   for (const auto& row : cases) {
     for (const bool isTimed : row.kinds) {
       SCOPED_TRACE((isTimed ? "timed, " : "plain, ") + row.act + row.onPause + row.onResume);

@@ -78,9 +78,7 @@ TEST_F(WindowTask, CommandsChangeTheWindow) {
 TEST_F(WindowTask, AnIconHasAtMost32PixelsASide) {
   const CLogCapture log;
   const auto refused = [&](int width, int height) {
-    const sdl::SurfacePtr icon(
-        SDL_CreateRGBSurface(0, width, height, 24, 0xFF, 0xFF00, 0xFF0000, 0));
-    SDL_SaveBMP(icon.get(), "icon.bmp");
+    SDL_SaveBMP(sdl::NewSurface(width, height, {.bits = 24}).get(), "icon.bmp");
     Start("100, 80, 32, 0, 0, Small, icon.bmp");
     return log.Count("is larger than 32 pixels");
   };

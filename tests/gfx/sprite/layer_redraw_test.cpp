@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -16,9 +17,7 @@ TEST(LayerRedraw, ShowsWhatPaintingEverythingShows) {
   std::mt19937 random;
   std::vector<std::uint8_t> choices(4000);
   for (int input = 0; input < 120; ++input) {
-    for (std::uint8_t& choice : choices) {
-      choice = static_cast<std::uint8_t>(random());
-    }
+    std::ranges::generate(choices, [&] { return static_cast<std::uint8_t>(random()); });
     LLVMFuzzerTestOneInput(choices.data(), choices.size());
   }
 }

@@ -16,13 +16,11 @@ std::unique_ptr<CXmlElement> Read(const std::string& document) {
   return ReadXml(stream);
 }
 
-std::string Written(const CXmlElement& root) {
+std::string Rewritten(const std::string& document) {
   std::ostringstream stream;
-  WriteXml(root, stream);
+  WriteXml(*Read(document), stream);
   return stream.str();
 }
-
-std::string Rewritten(const std::string& document) { return Written(*Read(document)); }
 
 TEST(Xml, DocumentsAreReadAndWritten) {
   EXPECT_EQ(Rewritten("<a y='two' x=\"1\"><b>t</b></a>"),
