@@ -35,6 +35,11 @@ inline std::vector<std::uint32_t> PixelsOf(const IPixel& picture) {
   return pixels;
 }
 
+// What the screen of SDL shows there, as 0xRRGGBB.
+inline unsigned ScreenColor(int x, int y) {
+  return sdl::ReadPixel(*sdl::GetVideoSurface(), x, y) & 0xFFFFFF;
+}
+
 // A 32-bit SDL screen with the picture factory installed, for as long as it lives.
 class CTestScreen {
  public:
@@ -57,10 +62,6 @@ class CTestScreen {
     myScreen.Reset(sdl::OpenVideoMode(width, height, depth, SDL_SWSURFACE));
   }
   CPixelScreenSDL& Picture() { return myScreen; }
-  // 0xRRGGBB
-  unsigned At(int x, int y) const {
-    return sdl::ReadPixel(*myScreen.GetSurface(), x, y) & 0xFFFFFF;
-  }
 
  private:
   CGfxFactorySDL myFactory;

@@ -66,7 +66,7 @@ TEST_F(Debug, TheFrameRateShowsAsItsVariableSays) {
   task.Update();
   EXPECT_EQ(myTexts.front()->GetRect(), (Rect{115, 10, 75, 20}));
   CScreenLayer::GetSingletonPtr()->DrawFrame();
-  EXPECT_EQ(myScreen.At(185, 10), 0x08080CU) << "its backdrop";
+  EXPECT_EQ(ScreenColor(185, 10), 0x08080CU) << "its backdrop";
   task.Exit();
   EXPECT_TRUE(myTexts.empty());
 }

@@ -1,14 +1,10 @@
 #include "events/eventbridge.h"
 #include "gfx/animation/animationupdator.h"
-#include "gfx/sdl/gfxfactorysdl.h"
-#include "gfx/sdl/pixelscreensdl.h"
-#include "gfx/sdl/surface.h"
-#include "gfx/sdl/video.h"
-#include "gfx/sprite/screenlayer.h"
 #include "kernel/kernel.h"
 #include "support/fakeclock.h"
 #include "support/logcapture.h"
 #include "support/tasks.h"
+#include "support/testpicture.h"
 #include "tasks/taskgfxsdl.h"
 #include "tasks/taskwindowsdl.h"
 #include "tasks/testtaskgfx.h"
@@ -71,20 +67,17 @@ TEST_F(GfxTask, EachStartBeginsTheTimeOfAnimationsAnew) {
 }
 
 TEST_F(GfxTask, TheTestPicturesFadeScaleAndTurn) {
-  const auto colorAt = [](int x, int y) {
-    return sdl::ReadPixel(*sdl::GetVideoSurface(), x, y) & 0xFFFFFF;
-  };
   CTestTaskGfx pictures;
   myTask.Start();
   pictures.Start(nullptr);
   pictures.Update();
   pictures.Update();  // on a new ground
-  EXPECT_EQ(colorAt(64, 64), 0x7F7FA0U);
-  EXPECT_NEAR(colorAt(64, 20) & 0xFF, 160 * 61 / 255, 1) << "the rim";
-  EXPECT_NEAR(colorAt(176, 64) & 0xFF, 160 * 191 / 255, 1) << "faded";
-  EXPECT_EQ(colorAt(304, 176), 0xE6E6E6U) << "a bar beside two thirds of the width";
-  EXPECT_EQ(colorAt(400, 176), 0x7F7FA0U) << "in its own size";
-  EXPECT_NEAR(colorAt(64, 176) & 0xFF, 160, 8) << "turned";
+  EXPECT_EQ(ScreenColor(64, 64), 0x7F7FA0U);
+  EXPECT_NEAR(ScreenColor(64, 20) & 0xFF, 160 * 61 / 255, 1) << "the rim";
+  EXPECT_NEAR(ScreenColor(176, 64) & 0xFF, 160 * 191 / 255, 1) << "faded";
+  EXPECT_EQ(ScreenColor(304, 176), 0xE6E6E6U) << "a bar beside two thirds of the width";
+  EXPECT_EQ(ScreenColor(400, 176), 0x7F7FA0U) << "in its own size";
+  EXPECT_NEAR(ScreenColor(64, 176) & 0xFF, 160, 8) << "turned";
 }
 
 TEST_F(GfxTask, EveryNewModeIsDrawnWholeAndAFailedOneNotAtAll) {

@@ -83,7 +83,7 @@ struct Input : UiTest {
   }
   bool ShowsCursorAt(int x, int y) {
     CScreenLayer::GetSingletonPtr()->DrawFrame();
-    return myScreen.At(x, y) == 0xFFF3D6 && myScreen.At(x - 1, y) != 0xFFF3D6;
+    return test::ScreenColor(x, y) == 0xFFF3D6 && test::ScreenColor(x - 1, y) != 0xFFF3D6;
   }
 
   CForm form{Desktop()};

@@ -83,8 +83,8 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   const Gfx::ImagePtr picture(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
   picture->Blit(Gfx::GetScreen(), {0, 0, 10, 20}, {5, 5, 10, 20});
 
-  EXPECT_EQ(myScreen.At(14, 24), 0x112233U);
-  EXPECT_EQ(myScreen.At(15, 24), 0U);
+  EXPECT_EQ(ScreenColor(14, 24), 0x112233U);
+  EXPECT_EQ(ScreenColor(15, 24), 0U);
   ImagePtr second(Gfx::LoadImage("door.bmp", Gfx::kMagenta));
   ImagePtr third(Gfx::NewBuffer(second.get()));
   CSDLTextures& textures = CSDLTextures::GetSingleton();

@@ -95,8 +95,8 @@ TEST_F(Sprite, TellsHowItHasChangedSinceItWasDrawn) {
   signs.AddChild(door.Get());
 
   myLayer->DrawFrame();
-  EXPECT_EQ(myScreen.At(9, 9), 0xFF0000U);
-  EXPECT_EQ(myScreen.At(9, 10), 0U);
+  EXPECT_EQ(ScreenColor(9, 9), 0xFF0000U);
+  EXPECT_EQ(ScreenColor(9, 10), 0U);
   EXPECT_EQ(signs.GetDepthMark(), 99) << "the rearmost has been drawn";
   door->SetRotation(0.5F);
   door->SetSize(10, 20);
@@ -157,7 +157,7 @@ TEST_F(Sprite, LeavesTheMarginsOfAnUnchangedPictureAlone) {
   myLayer->DrawFrame();
   myScreen.Picture().PutPixel(4, 5, CColor(0, 0, 9));
   sprite.SetVisible(false);
-  EXPECT_EQ(myScreen.At(4, 5), 9U);
+  EXPECT_EQ(ScreenColor(4, 5), 9U);
 }
 
 TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
