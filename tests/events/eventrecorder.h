@@ -1,6 +1,7 @@
 #pragma once
 
 #include "events/eventbridge.h"
+#include "input/cursornames.h"
 
 #include <functional>
 #include <string>
@@ -36,13 +37,16 @@ struct CEventRecorder : IWindowListener, IKeyboardListener, IMouseListener {
   std::string& myRecord;
 };
 
-// Replaces the cursor of the screen; keeps the last request.
+// Replaces the cursor of the screen; keeps the last request: a cursor by its name in the console,
+// less the "cursor_".
 struct CNotingHardware : IMouseHardware {
   CNotingHardware() { CEventBridge::GetSingletonPtr()->SetMouseHardware(this); }
   ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
   void ShowCursor() override { last = "show"; }
   void HideCursor() override { last = "hide"; }
-  void ChangeCursor(int type) override { last = "type " + std::to_string(type); }
+  void ChangeCursor(int type) override {
+    last = kCursorNames.at(static_cast<std::size_t>(type)).substr(7);
+  }
   void GrabInput(bool on) override { last = on ? "grab" : "release"; }
   std::string last;
 };

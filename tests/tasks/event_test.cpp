@@ -113,7 +113,7 @@ TEST(MouseTask, ConsoleLinesReachTheCursor) {
       starttask( mouse, mouse, 10 )
       mouse::CursorChangeTo( cursor_hand )
   )");
-  EXPECT_EQ(std::exchange(hardware.last, ""), "type 4");
+  EXPECT_EQ(std::exchange(hardware.last, ""), "hand");
   std::string wanted;
   for (const std::string line :
        {"CursorHide( 1, 2 )", "cursorshow", "CursorChangeTo( Cursor_Hand )", "CursorChangeTo",
@@ -121,7 +121,7 @@ TEST(MouseTask, ConsoleLinesReachTheCursor) {
     RunScript("mouse::" + line);
     wanted += std::exchange(hardware.last, "") + ",";
   }
-  EXPECT_EQ(wanted, "hide,show,type 0,,grab,release,,");
+  EXPECT_EQ(wanted, "hide,show,none,,grab,release,,");
   RunScript("stoptask( mouse )");
   RunScript("mouse::CursorHide");
   EXPECT_EQ(hardware.last, "");

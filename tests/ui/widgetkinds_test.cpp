@@ -113,7 +113,7 @@ TEST_F(Input, TheCursorGoesToThePointAndStaysInTheText) {
 TEST_F(Input, TheCursorIsASpriteWithinTheWidgetWithTheFocus) {
   EXPECT_FALSE(ShowsCursorAt(10, 10));
   Press({11, 11});
-  EXPECT_EQ(Cursor(), "type 3");
+  EXPECT_EQ(Cursor(), "text");
   input->SetText("   ");
   input->CursorEnd();
   input->MoveBy(5, 5);
@@ -126,11 +126,11 @@ TEST_F(Input, TheCursorIsASpriteWithinTheWidgetWithTheFocus) {
   Press({70, 50}, kRightButton);
   EXPECT_TRUE(ShowsCursorAt(15, 15)) << "another button takes no focus away";
   Click({70, 50});
-  EXPECT_EQ(Cursor(), "type 1");
+  EXPECT_EQ(Cursor(), "arrow");
   EXPECT_FALSE(ShowsCursorAt(15, 15)) << "without the focus";
   Move({15, 15});
   delete input;
-  EXPECT_EQ(Cursor(), "type 1") << "a dying widget gives the cursor back";
+  EXPECT_EQ(Cursor(), "arrow") << "a dying widget gives the cursor back";
 }
 
 struct Window : UiTest {
@@ -162,19 +162,19 @@ struct Window : UiTest {
 TEST_F(Window, BordersAreGrabbedWithinThreePixelsAndCornersWithinTwenty) {
   // Nothing at first, and the arrow afterwards; the last point is outside.
   EXPECT_EQ(Cursors({{103, 170}, {102, 170}, {103, 170}, {297, 170}, {300, 170}}),
-            ",type 6,type 1,type 6,type 1,");
+            ",resize_horizontal,arrow,resize_horizontal,arrow,");
   EXPECT_EQ(Cursors({{200, 102}, {200, 103}, {279, 247}, {200, 246}}),
-            "type 7,type 1,type 7,type 1,");
+            "resize_vertical,arrow,resize_vertical,arrow,");
   EXPECT_EQ(Cursors({{280, 249}, {101, 119}, {101, 120}, {298, 119}}),
-            "type 8,type 8,type 6,type 9,");
+            "resize_diagonal1,resize_diagonal1,resize_horizontal,resize_diagonal2,");
 }
 
 TEST_F(Window, GivesTheCursorBackWhenItDies) {
   auto* const dying = new CWindowWidget(Desktop(), {300, 300, 200, 150}, false, "", {});
   Move({300, 370});
-  EXPECT_EQ(Cursor(), "type 6");
+  EXPECT_EQ(Cursor(), "resize_horizontal");
   delete dying;
-  EXPECT_EQ(Cursor(), "type 1");
+  EXPECT_EQ(Cursor(), "arrow");
 }
 
 TEST_F(Window, DragsOfBordersMoveTheEdgesThatAreGrabbed) {
@@ -211,7 +211,7 @@ TEST_F(Window, IsMaximisedAndRestored) {
   Click({300, 10});
   Click({300, 10});
   EXPECT_EQ(window.GetRect(), (Rect{100, 100, 200, 150})) << "by a double click";
-  EXPECT_EQ(Cursors({{299, 170}}), "type 6,");
+  EXPECT_EQ(Cursors({{299, 170}}), "resize_horizontal,");
   Bridge().Resize(250, 768);
   EXPECT_EQ(window.GetRect(), (Rect{50, 100, 200, 150})) << "keeps its size";
 }
