@@ -67,13 +67,7 @@ Color ColorAt(const IPixel& picture, int x, int y) {
   return isKey || c[3] == 0 ? Color{} : Color{c[0], c[1], c[2], c[3]};
 }
 
-class Picture : public testing::Test {
- protected:
-  ~Picture() override {
-    Gfx::ScaleSmoothing() = 0;
-    Gfx::RotateSmoothing() = 1;
-  }
-
+struct Picture : testing::Test {
   CTestScreen myScreen{64, 48};
 };
 
@@ -93,9 +87,6 @@ TEST_F(Picture, OneFileIsOneSurfaceUntilItsLastPictureDies) {
   second.reset();
   EXPECT_EQ(textures.GetCount(third->GetFileName()), 2);
   EXPECT_EQ(Gfx::NewBuffer(Gfx::NullImage()), Gfx::NullImage());
-  const ImagePtr clone(ImagePtr(Gfx::NewBuffer(2, 2))->Clone());
-  picture->BlitTo(clone.get());
-  EXPECT_EQ(clone->GetPixel(0, 0).a, 255) << "alpha is drawn, too";
 }
 
 // All formats keep the colour exactly.
@@ -123,11 +114,13 @@ TEST_F(Picture, PixelsAreWrittenAndReadInEveryFormatInsideTheImageRectangle) {
 }
 
 TEST_F(Picture, GifFilesAreReadUnlessTheirFirstPictureIsTooLarge) {
-  const std::string start = "GIF89a" + Bytes(0x10001, 4) + Bytes(0x80, 3) + "A,BCDE";
-  const std::string comment = Bytes(0x1FE21, 3) + "," + Bytes(0, 1);
-  const std::string pixel = Bytes(0x1'4402'02, 4) + Bytes(0x3B00, 2);
+  // A comma begins a picture, but none does in the palette and in the comment.
+  const std::string size = Bytes(1, 2) + Bytes(1, 2), palette = "A,BCDE", end = Bytes(0, 1);
+  const std::string comment = "!\xFE\x01," + end, pixel = "\x02\x02\x44\x01" + end;
+  const std::string start = "GIF89a" + size + Bytes(0x80, 3) + palette + comment;
   for (const unsigned width : {1U, 0xFFFFU}) {
-    WriteFile("a.gif", start + comment + "," + Bytes(0, 4) + Bytes(width, 2) + Bytes(1, 3) + pixel);
+    const std::string box = Bytes(0, 2) + Bytes(0, 2) + Bytes(width, 2) + Bytes(1, 2);
+    WriteFile("a.gif", start + "," + box + Bytes(0, 1) + pixel + ";");
     EXPECT_EQ(ImagePtr(Gfx::LoadImage("a.gif", 0))->GetWidth(), width == 1 ? 1 : 0);
   }
   EXPECT_EQ(ImagePtr(Gfx::NewBuffer(sdl::kMaxSide, 1))->GetWidth(), sdl::kMaxSide);
@@ -265,9 +258,12 @@ TEST_F(Picture, PicturesAreMadeOfAPartOfASheet) {
     EXPECT_EQ(FileText("part.tga").at(2), 2) << "true colour";
     ExpectShows(Gfx::LoadImage("part.tga", Gfx::kMagenta), *sheet, c.slack);
   }
+  const ImagePtr clone(ImagePtr(Gfx::NewBuffer(2, 2))->Clone());
+  ImagePtr(NewPicture(2, 2, {17, 34, 51}))->BlitTo(clone.get());
+  EXPECT_EQ(clone->GetPixel(0, 0).a, 255) << "alpha is drawn onto a clone, too";
 }
 
-TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
+TEST_F(Picture, SolidPartIsTheSmallestBoxAroundAllOpaquePixels) {
   const ImagePtr picture(NewPicture(20, 10, CColor(0, 0, 0, 0)));
   EXPECT_TRUE(Gfx::SolidPart(*picture).IsEmpty());
   picture->PutPixel(3, 6, CColor(9, 9, 9));
@@ -280,31 +276,39 @@ TEST_F(Picture, WhatIsSolidIsTheLeastThatHoldsAllOpaquePixels) {
   EXPECT_EQ(Gfx::SolidPart(*keyed), (Rect{0, 0, 20, 10}));
 }
 
+// Expects nothing at the rim of a grey picture that is lighter or darker than it.
+void ExpectCleanRim(const IPixel& made, bool isSoft) {
+  bool hasSoftRim = false;
+  for (const std::uint32_t pixel : PixelsOf(made)) {
+    const std::uint32_t alpha = pixel >> 24;
+    const auto [least, most] = std::minmax({pixel & 0xFF, pixel >> 8 & 0xFF, pixel >> 16 & 0xFF});
+    hasSoftRim = hasSoftRim || (alpha > 16 && alpha < 100);
+    ASSERT_GE(least, alpha > 16 ? 112U : 0U) << std::hex << pixel;
+    ASSERT_LE(most, alpha > 16 ? 144U : 255U) << std::hex << pixel;
+  }
+  EXPECT_EQ(hasSoftRim, isSoft);
+}
+
 // A half-transparent grey square in a transparent white frame, or an opaque one in a frame of the
 // key colour: what smoothing mixes in at the rim must be neither white, black nor magenta.
 TEST_F(Picture, SmoothedPicturesHaveCleanRims) {
-  for (int kind = 0; kind < 8; ++kind) {
-    SCOPED_TRACE(kind);
-    const bool isSmooth = kind % 2 != 0;
-    const bool isKeyed = kind >= 4;
+  for (const bool isKeyed : {false, true}) {
     IPixel* const sheet =
         isKeyed ? Gfx::NewScreenBuffer(20, 20, Gfx::kMagenta) : Gfx::NewBuffer(20, 20);
+    const std::uint32_t frame = isKeyed ? kKey : 0xFFFFFF;
     const ImagePtr picture = Filled(sheet, [=](int x, int y) {
-      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : isKeyed ? kKey : 0xFFFFFF;
+      return Rect{4, 4, 12, 12}.Contains(x, y) ? 0x80808080 : frame;
     });
-    picture->SetParam(IPixel::kScaleSmoothing, isSmooth);
-    picture->SetParam(IPixel::kRotateSmoothing, kind % 2);
-    const ImagePtr made(kind / 2 % 2 == 0 ? picture->Rotate(30) : picture->Scale(33, 47));
-    EXPECT_NEAR(made->GetPixel(16, 16).a, isKeyed ? 255 : 128, 1);
-    bool hasSoftRim = false;
-    for (const std::uint32_t pixel : PixelsOf(*made)) {
-      const std::uint32_t alpha = pixel >> 24;
-      const auto [least, most] = std::minmax({pixel & 0xFF, pixel >> 8 & 0xFF, pixel >> 16 & 0xFF});
-      hasSoftRim = hasSoftRim || (alpha > 16 && alpha < 100);
-      ASSERT_GE(least, alpha > 16 ? 112U : 0U) << std::hex << pixel;
-      ASSERT_LE(most, alpha > 16 ? 144U : 255U) << std::hex << pixel;
+    for (const bool isSmooth : {false, true}) {
+      picture->SetParam(IPixel::kScaleSmoothing, isSmooth);
+      picture->SetParam(IPixel::kRotateSmoothing, isSmooth);
+      for (IPixel* const result : {picture->Rotate(30), picture->Scale(33, 47)}) {
+        SCOPED_TRACE(testing::Message() << "keyed " << isKeyed << ", smooth " << isSmooth);
+        const ImagePtr made(result);
+        EXPECT_NEAR(made->GetPixel(16, 16).a, isKeyed ? 255 : 128, 1);
+        ExpectCleanRim(*made, isSmooth);
+      }
     }
-    EXPECT_EQ(hasSoftRim, isSmooth);
   }
 }
 

@@ -1,11 +1,10 @@
 // The screen's picture and its dirty rectangles, saving pictures, pipes in the place of files, and
 // what pictures need: the facade without a factory, and the manager of their surfaces.
 
-#include "console/console.h"
 #include "gfx/picture/texturemanager.h"
-#include "kernel/applicationfactory.h"
 #include "support/files.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "support/testpicture.h"
 #include "utils/inputfile.h"
 #include "utils/outputfile.h"
@@ -18,8 +17,7 @@
 namespace vask::test {
 namespace {
 
-class Screen : public testing::Test {
- protected:
+struct Screen : testing::Test {
   ~Screen() override { CPixelScreenSDL::FullFlip() = true; }
 
   CTestScreen myScreen{64, 48};
@@ -27,7 +25,6 @@ class Screen : public testing::Test {
 };
 
 TEST_F(Screen, CountsAsChangedWhenTheListIsFull) {
-  CConsole& console = *CApplicationFactory::GetSingletonPtr()->GetConsole();
   for (const int size : {75, 3}) {
     for (int i = 0; i <= size; ++i) {
       EXPECT_FALSE(myPicture.IsUpdateAll()) << i << " of " << size;
@@ -35,9 +32,9 @@ TEST_F(Screen, CountsAsChangedWhenTheListIsFull) {
     }
     EXPECT_TRUE(myPicture.IsUpdateAll()) << size;
     myPicture.Flip();
-    console.Execute("gfx_flip_rects_size = 3", false);
+    Execute("gfx_flip_rects_size = 3");
   }
-  console.Execute("gfx_flip_rects_size = 75", false);
+  Execute("gfx_flip_rects_size = 75");
 }
 
 TEST_F(Screen, CutsDirtyRectanglesToItself) {
@@ -116,7 +113,7 @@ TEST(Gfx, MakesTheNullPictureAndWarnsWithoutAFactory) {
 }
 
 // Surfaces are plain numbers here; a freed one is -1.
-TEST(TextureManager, FreesASurfaceWithItsLastReferenceUnlessItIsKept) {
+TEST(TextureManager, HasOneSurfaceOfANameUntilItsLastReferenceUnlessItIsKept) {
   struct SReleaser {
     void operator()(int* surface) const { *surface = -1; }
   };

@@ -29,8 +29,7 @@ CSpritePtr LoadXmlText(const std::string& type, const std::string& fields) {
   return Load("s.xml");
 }
 
-class Sprite : public testing::Test {
- protected:
+struct Sprite : testing::Test {
   Sprite() { ImagePtr(NewPicture(40, 30, kRed))->SaveToFile("a.bmp"); }
 
   CTestScreen myScreen{80, 60};
@@ -68,14 +67,15 @@ TEST_F(Sprite, FileGivesTheFieldsThatItHas) {
 }
 
 TEST_F(Sprite, KindsAreMadeByNumberAndName) {
-  int number = 0;
-  for (const char* name :
-       {"sprite_base", "sprite_layer", "sprite_screenlayer", "sprite_text", "sprite_animated"}) {
-    const CSpritePtr sprite = LoadXmlText(name, "");
-    EXPECT_EQ(sprite->GetTypeId(), number) << name;
+  const char* const names[] = {"sprite_base", "sprite_layer", "sprite_screenlayer", "sprite_text",
+                               "sprite_animated"};
+  for (int number = 0; number < 5; ++number) {
+    const CSpritePtr sprite = LoadXmlText(names[number], "");
+    EXPECT_EQ(sprite->GetTypeId(), number);
+    EXPECT_EQ(CSpritePtr(CreateSprite(number))->GetTypeId(), number);
     EXPECT_EQ(sprite.Get() == myLayer, number == kScreenLayerSprite.number);
     SaveXml(*sprite, "written.xml");
-    EXPECT_EQ(Load("written.xml")->GetTypeId(), number++);
+    EXPECT_EQ(Load("written.xml")->GetTypeId(), number);
   }
   EXPECT_EQ(LoadXmlText("sprite_none", "")->GetTypeId(), kBaseSprite.number);
   EXPECT_TRUE(Load("none.xml")->IsEmpty());

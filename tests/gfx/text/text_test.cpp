@@ -14,8 +14,7 @@
 namespace vask::test {
 namespace {
 
-class Font : public ::testing::Test {
- protected:
+struct Font : testing::Test {
   // The red of the i-th cell, of three columns and two rows, is 30 + 40 i.
   Font() {
     const auto pixelAt = [](int x, int y) {
@@ -87,12 +86,11 @@ TEST_F(Font, BadFileIsReportedAndDrawsNothing) {
             "characters (2) times two\n");
   EXPECT_TRUE(complaint("OGF;3;2;16;8;2;888;ab;6464;none.bmp")
                   .ends_with("\nCould not load imagenone.bmp\n"));
-  EXPECT_EQ(
-      complaint("OGF;0;2;16;8;2;888;ab;6464;sheet.bmp"),
-      "a.ogf Error, the sheet has no valid size: 0 x 2 cells of 16 x 8 pixels for 2 characters\n");
+  const std::string noSize = "a.ogf Error, the sheet has no valid size: ";
+  EXPECT_EQ(complaint("OGF;0;2;16;8;2;888;ab;6464;sheet.bmp"),
+            noSize + "0 x 2 cells of 16 x 8 pixels for 2 characters\n");
   EXPECT_EQ(complaint("OGF;1;2;1;2049;1;888;a;64;sheet.bmp"),
-            "a.ogf Error, the sheet has no valid size: 1 x 2 cells of 1 x 2049 pixels for 1 "
-            "characters\n");
+            noSize + "1 x 2 cells of 1 x 2049 pixels for 1 characters\n");
 }
 
 TEST_F(Font, TextIsLaidOutByTheAlignment) {
@@ -134,7 +132,7 @@ TEST_F(Font, TextIsLaidOutByTheAlignment) {
   EXPECT_EQ(font.lines, "x@290,88|") << "to the picture's edge";
 }
 
-TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
+TEST_F(Font, TextSpriteShowsEachNewTextInTheSystemFontAlsoTurned) {
   const CSpritePtr sign(new CTextSprite(LoadFont("system"), 60, 20));
   sign->SetParent(CScreenLayer::GetSingletonPtr());
   sign->SetText("+500");
@@ -151,7 +149,9 @@ TEST_F(Font, TextSpriteDrawsAgainWithEachTextAndSize) {
   sign->SetRotation(90.0F);
   sign->SetText("HHHH");
   EXPECT_GE(Drawn(*sign).h, 22) << "the copy that is shown is made again";
+}
 
+TEST_F(Font, TextSpriteDrawsAgainInEachSize) {
   CTextSprite list(LoadFont("system"), 0, 0);
   list.GetFont()->SetAlign(2);
   list.SetText("HH HH");
