@@ -1,4 +1,4 @@
-#include "events/eventrecorder.h"
+#include "support/eventrecorder.h"
 
 #include <gtest/gtest.h>
 

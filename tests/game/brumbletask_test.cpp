@@ -1,11 +1,11 @@
 #include "game/brumbletask.h"
 
-#include "events/eventrecorder.h"
 #include "game/brumbleingameui.h"
 #include "game/game_support.h"
 #include "game/gamefiles.h"
 #include "gfx/animation/animatedsprite.h"
 #include "gfx/sdl/sdltextures.h"
+#include "support/eventrecorder.h"
 #include "ui/desktopwidget.h"
 
 #include <cmath>

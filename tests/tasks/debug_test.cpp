@@ -1,8 +1,8 @@
 #include "gfx/text/textsprite.h"
 #include "support/files.h"
 #include "support/logcapture.h"
+#include "support/uitest.h"
 #include "tasks/taskdebug.h"
-#include "ui/uitest.h"
 #include "utils/assert.h"
 
 #include <regex>

@@ -1,6 +1,6 @@
-#include "events/eventrecorder.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
+#include "support/eventrecorder.h"
 #include "support/tasks.h"
 #include "support/testpicture.h"
 #include "tasks/taskeventsdl.h"

@@ -1,8 +1,8 @@
 #include "ui/uitask.h"
 
+#include "support/uitest.h"
 #include "ui/mouse.h"
 #include "ui/textinputwidget.h"
-#include "ui/uitest.h"
 #include "ui/widgetfactory.h"
 
 namespace vask::ui {

@@ -1,6 +1,6 @@
 #include "ui/widget.h"
 
-#include "ui/uitest.h"
+#include "support/uitest.h"
 #include "utils/signalslot/signal.h"
 
 #include <climits>

@@ -1,8 +1,8 @@
 #include "gfx/text/textsprite.h"
+#include "support/uitest.h"
 #include "ui/buttonwidget.h"
 #include "ui/gfxhandler.h"
 #include "ui/textinputwidget.h"
-#include "ui/uitest.h"
 #include "ui/vasktouimouse.h"
 #include "ui/windowwidget.h"
 

@@ -1,8 +1,8 @@
 #include "gfx/text/fontalign.h"
 #include "gfx/text/systemfontloader.h"
+#include "support/uitest.h"
 #include "ui/console/consolewidget.h"
 #include "ui/console/loglistenerforconsole.h"
-#include "ui/uitest.h"
 
 namespace vask::ui {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "events/eventbridge.h"
-#include "events/eventrecorder.h"
 #include "input/buttons.h"
+#include "support/eventrecorder.h"
 #include "support/fakeclock.h"
 #include "support/keys.h"
 #include "support/tasks.h"

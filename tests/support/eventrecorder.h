@@ -44,9 +44,7 @@ struct CNotingHardware : IMouseHardware {
   ~CNotingHardware() override { CEventBridge::GetSingletonPtr()->ClearMouseHardware(); }
   void ShowCursor() override { last = "show"; }
   void HideCursor() override { last = "hide"; }
-  void ChangeCursor(int type) override {
-    last = kCursorNames.at(static_cast<std::size_t>(type)).substr(7);
-  }
+  void ChangeCursor(int type) override { last = kCursorNames.at(type).substr(7); }
   void GrabInput(bool on) override { last = on ? "grab" : "release"; }
   std::string last;
 };
