@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace vask::test {
 namespace {
@@ -94,8 +94,8 @@ TEST_F(EventTask, AListenerThatPausesItKeepsNoPressFromTheOthers) {
 }
 
 TEST_F(EventTask, TheCursorChangesOnlyToOtherKnownTypes) {
-  std::array<Uint8, 8> plane{};
-  SDL_Cursor* const initial = SDL_CreateCursor(plane.data(), plane.data(), 8, 8, 0, 0);
+  Uint8 plane[8] = {};
+  SDL_Cursor* const initial = SDL_CreateCursor(plane, plane, 8, 8, 0, 0);
   SDL_SetCursor(initial);
   for (int type = -1; type <= 10; ++type) {
     const SDL_Cursor* const previous = SDL_GetCursor();

@@ -5,11 +5,10 @@
 
 #include <climits>
 #include <functional>
+#include <utility>
 
 namespace vask::ui {
 namespace {
-
-using Event = IEvent;
 
 std::string ourNotes;              // "name.event " and "~name "
 std::function<void()> ourHandler;  // called once, with the next event
@@ -18,8 +17,8 @@ std::function<void()> ourHandler;  // called once, with the next event
 struct CSpy : CWidget {
   CSpy(CWidget* parent, const Rect& rect, const char* name, bool takesFocus = false)
       : CWidget(parent, rect, false, name, {}) {
-    SetIgnoreEvent(Event::kFocusGained, !takesFocus);
-    SetIgnoreEvent(Event::kFocusLost, !takesFocus);
+    SetIgnoreEvent(IEvent::kFocusGained, !takesFocus);
+    SetIgnoreEvent(IEvent::kFocusLost, !takesFocus);
   }
   ~CSpy() override { ourNotes += "~" + GetName() + " "; }
   void OnMouseEvent(CMouseEvent& event) override { Note(event); }
@@ -47,7 +46,7 @@ struct Widget : testing::Test {
     return ourNotes + (event.IsHandled() ? "!" : "");
   }
   std::string Mouse(int type, int x) { return Send(CMouseEvent(type, SPoint{x, 5}, 1, nullptr)); }
-  std::string Request(int x) { return Send(CFocusEvent(Event::kFocusGained, SPoint{x, 5})); }
+  std::string Request(int x) { return Send(CFocusEvent(IEvent::kFocusGained, SPoint{x, 5})); }
 
   test::CTestScreen myScreen{80, 60};
   std::unique_ptr<CSpy> myRoot = std::make_unique<CSpy>(nullptr, Rect{0, 0, 100, 10}, "root");
@@ -126,18 +125,18 @@ TEST_F(Widget, RoutesToTheFrontmostThatDoesNotIgnoreTheEvent) {
   auto* a = new CSpy(myRoot.get(), {0, 0, 40, 10}, "a");
   auto* b = new CSpy(myRoot.get(), {30, 0, 40, 10}, "b");  // in front of a
   new CSpy(a, {20, 0, 60, 10}, "in");                      // partly outside a
-  b->SetIgnoreEvent(Event::kMouseButtonDown, true);
-  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over a.move ");
-  EXPECT_EQ(Mouse(Event::kMouseMove, 39), "a.out b.over b.move ");
-  EXPECT_EQ(Mouse(Event::kMouseButtonDown, 39), "b.out in.over in.down ");
-  EXPECT_EQ(Mouse(Event::kMouseButtonDown, 60), "in.out root.over root.down ");
-  EXPECT_EQ(Mouse(Event::kMouseMove, 75), "root.move ") << "not to what is outside its parent";
-  EXPECT_EQ(Mouse(Event::kMouseMove, 100), "");
-  EXPECT_EQ(Mouse(Event::kMouseOut, 5), "") << "not routed";
-  b->SetIgnoreEvent(Event::kMouseOver, true);
-  b->SetIgnoreEvent(Event::kMouseOut, true);
-  EXPECT_EQ(Mouse(Event::kMouseMove, 50), "root.out b.move ");
-  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over a.move ");
+  b->SetIgnoreEvent(IEvent::kMouseButtonDown, true);
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 5), "a.over a.move ");
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 39), "a.out b.over b.move ");
+  EXPECT_EQ(Mouse(IEvent::kMouseButtonDown, 39), "b.out in.over in.down ");
+  EXPECT_EQ(Mouse(IEvent::kMouseButtonDown, 60), "in.out root.over root.down ");
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 75), "root.move ") << "not to what is outside its parent";
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 100), "");
+  EXPECT_EQ(Mouse(IEvent::kMouseOut, 5), "") << "not routed";
+  b->SetIgnoreEvent(IEvent::kMouseOver, true);
+  b->SetIgnoreEvent(IEvent::kMouseOut, true);
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 50), "root.out b.move ");
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 5), "a.over a.move ");
 }
 
 TEST_F(Widget, TheOrderOfChildrenIsTheOrderOfDepths) {
@@ -166,10 +165,10 @@ TEST_F(Widget, TheFocusGoesToTheFrontmostThatTakesIt) {
   EXPECT_EQ(Request(5), "!") << "it has it";
   EXPECT_EQ(Request(25), "a.lose b.gain !");
   EXPECT_EQ(Request(45), "") << "nothing there takes it";
-  CKeyboardEvent key(Event::kKeyDown, 65, 'a');
+  CKeyboardEvent key(IEvent::kKeyDown, 65, 'a');
   SendToKeyboardReceiver(key);
   EXPECT_EQ(ourNotes, "b.key ");
-  b->SetIgnoreEvent(Event::kFocusLost, true);
+  b->SetIgnoreEvent(IEvent::kFocusLost, true);
   EXPECT_EQ(Request(5), "a.gain !");
 }
 
@@ -184,7 +183,7 @@ TEST_F(Widget, CapturersHearInOrderButForThoseThatHaveLeft) {
     RemoveMouseCapture(&b);
   };
   ourNotes.clear();
-  CMouseEvent event(Event::kMouseMove, {}, 0, nullptr);
+  CMouseEvent event(IEvent::kMouseMove, {}, 0, nullptr);
   SendToMouseCapture(event);
   SendToMouseCapture(event);
   SetFocus(&c);
@@ -200,13 +199,13 @@ TEST_F(Widget, DyingLeavesNothingBehind) {
   css::CSignal signal;
   signal.Connect(a, static_cast<void (CSpy::*)(int, int)>(&CWidget::MoveBy));
   ourHandler = [&] { delete a; };
-  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "a.over ~a ~in ") << "in its own handler";
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 5), "a.over ~a ~in ") << "in its own handler";
   EXPECT_EQ(signal.GetConnectionCount(), 0U);
   auto* b = new CSpy(myRoot.get(), {0, 0, 20, 10}, "b");
   SetMouseOver(myRoot.get());
   SetFocus(b);
   ourHandler = [&] { delete b; };
-  EXPECT_EQ(Mouse(Event::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
+  EXPECT_EQ(Mouse(IEvent::kMouseMove, 5), "root.out ~b ") << "in that of the one that it leaves";
   EXPECT_EQ(GetFocus(), nullptr);
 }
 
