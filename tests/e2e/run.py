@@ -15,7 +15,10 @@ def main():
     # A test counts once, however many of its cases fail.
     bad = len({getattr(test, "test_case", test).id()
                for test, _ in result.failures + result.errors})
-    print(f"{result.testsRun - bad} passed, {bad} failed, 0 skipped")
+    skipped = len(result.skipped)
+    for test, reason in result.skipped:
+        print(f"Skipped: {test.id()} ({reason})")
+    print(f"{result.testsRun - bad - skipped} passed, {bad} failed, {skipped} skipped")
     return 1 if bad or not result.testsRun else 0
 
 
