@@ -125,7 +125,7 @@ class Display(Scoped):
     def click(self):
         self._fake(X.ButtonPress, X.Button1)
         self.settle()  # the window manager holds a press back, but no keys that come after it
-        time.sleep(0.03)
+        time.sleep(0.03)  # nobody's press is shorter
         self._fake(X.ButtonRelease, X.Button1)
 
     # A key has an X name, such as Escape, F11 or Alt_L, or is its key code.

@@ -150,7 +150,8 @@ class Game(Scoped):
     def point_at(self, x, y):
         self.screen.move_pointer(self.rect[0] + x, self.rect[1] + y)
 
-    # Moves it to where the monster is wanted at a place in the window.
+    # Moves it to where the monster is wanted at a place in the window: undoes the game's own scaling
+    # of the pointer (physicshandle.cpp).
     def steer(self, x, y):
         x, y = (x - 113) / 0.71375, (y - 20) / 0.93333334
         self.point_at(min(max(x, 0), 799), min(max(y, 0), 599))

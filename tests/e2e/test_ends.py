@@ -68,13 +68,13 @@ class Ends(GameTest):
             self.assertIn("Using driver: wayland", game.log())
             self.assertNotIn("<!>", game.log())
 
-    def test_without_a_script_it_does_so_at_once(self):
+    def test_without_a_script_it_ends_at_once(self):
         with Game(build="asan", prepare=lambda r: (r / "autoexec.txt").unlink()) as game:
             game.wait_for_end()
             self.assertIn("New log created on", game.log())
             self.assertEqual(game.standard_error(), "")
 
-    def test_without_memory_it_does_so_in_order(self):
+    def test_without_memory_it_ends_in_order(self):
         with Starved(lines="quit", environment={"SDL_VIDEODRIVER": "dummy"}) as game:
             output = game.process.stdout.read().decode()
             game.wait_for_end()
