@@ -70,7 +70,8 @@ def watch(program, orders, environment):
         status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
         wrong = [f"status {status}"] if status else []
         wrong += re.findall("the picture is wrong", game.printed)
-        wrong += [] if set(SCORES.split()) <= set(scores.split()) else ["a score is lost"]
+        if not set(SCORES.split()) <= set(scores.split()):
+            wrong.append("a score is lost")
         said = re.sub("New log created on.*", "", game.log())  # which tells the minute
         is_entered = len(scores.splitlines()) > len(SCORES.splitlines())
         return game.printed, (said + game.standard_error()).splitlines(), wrong, is_entered
@@ -79,10 +80,10 @@ def watch(program, orders, environment):
 # What did not hold beside that when a call failed, and whether it may fail without a word.
 def judge(place, printed, new, is_entered, answers):
     is_silent = SILENT.search(place)
-    wrong = [] if is_silent or any(MESSAGE.search(line) for line in new) else ["no message"]
-    wrong += [] if is_entered or new else ["the score is not entered"]
-    wrong += [] if new or printed.count("ok\n") >= answers - 1 else ["the end came too early"]
-    return wrong, is_silent and not new
+    faults = {"no message": not is_silent and not any(MESSAGE.search(line) for line in new),
+              "the score is not entered": not new and not is_entered,
+              "the end came too early": not new and printed.count("ok\n") < answers - 1}
+    return [what for what, is_so in faults.items() if is_so], is_silent and not new
 
 
 def main():

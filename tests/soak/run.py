@@ -61,9 +61,10 @@ def main():
     console_cost = (after - before) / max(consoles - 10, 1)
     half, end = memory["task"]
     costs = [half - after, end - half]
-    wrong += ["the memory of the games grows"] if growth > 0.005 else []
-    wrong += ["a console leaves more than a binding"] if console_cost > 250 else []
-    wrong += ["later tasks cost more"] if costs[1] > 1.2 * costs[0] else []
+    costly = {"the memory of the games grows": growth > 0.005,
+              "a console leaves more than a binding": console_cost > 250,
+              "later tasks cost more": costs[1] > 1.2 * costs[0]}
+    wrong += [what for what, is_so in costly.items() if is_so]
     print(*wrong, f"{games} games: memory {growth:+.2%} since the tenth",
           f"{consoles} consoles: {console_cost:.0f} bytes each since the tenth",
           f"{tasks} tasks: {costs[0]} bytes for the first half, {costs[1]} for the second",
