@@ -60,8 +60,6 @@ class CPhysicsWorld {
   static bool IsDoorOpen();
 
  private:
-  friend class CPhysicsWorldPeer;  // the tests' way to put bodies where they want them
-
   void ResetBody(CPhysicsBody& body);
   void BuildArena();
   std::unique_ptr<IPhysicsGfxBridge> CreateBridge() const;

@@ -46,7 +46,7 @@ std::string Describe(const CContactBuffer& contacts) {
   return text.str();
 }
 
-TEST(Geometry, SegmentsAreMetCutAndLeft) {
+TEST(Geometry, SegmentsMeetPlanesAndAreCutByThem) {
   const auto text = [](SVec2 v) { return std::to_string(v.x) + "," + std::to_string(v.y); };
   EXPECT_EQ(text(ClosestPointOnSegment({0, 0}, {4, 0}, {1, 3})), text({1, 0}));
   EXPECT_EQ(text(*IntersectSegmentPlane({0, 0}, {4, 0}, {1, 3}, {1, 0})), text({1, 0}));
@@ -149,7 +149,7 @@ TEST(BoxBox, TouchesWhereTheCornersSaySo) {
 }
 
 // Boxes that move now and then, come and go, some of them far outside the arena.
-TEST_F(ContactTest, AreThoseOfAPlainLoopInEveryStep) {
+TEST_F(ContactTest, BoxesTouchInEveryStepAsAPlainLoopFindsThem) {
   std::minstd_rand random;
   const auto upTo = [&](float range) { return static_cast<float>(random() % 1000) * range / 1000; };
   std::vector<CPhysicsBody> bodies;
