@@ -12,11 +12,11 @@ namespace {
 
 using vask::test::FileText;
 
-SScore Score(int points) { return {points, "2026-11-25", "-", ""}; }
+SScore Score(int points) { return {.score = points, .date = "2026-11-25", .more = ""}; }
 
 class Scores : public ::testing::Test {
  protected:
-  Scores() { std::filesystem::remove(kScoresFile); }
+  ~Scores() override { std::filesystem::remove(kScoresFile); }
 
   vask::test::CLogCapture log;
 };
@@ -24,10 +24,10 @@ class Scores : public ::testing::Test {
 TEST_F(Scores, AreKeptBestFirstAndAfterEqualOnes) {
   EXPECT_EQ(BestScore(), 0) << "no file";
   vask::platform::SetWallClock([] { return std::int64_t{1767225600 + 43200}; });  // noon
-  EXPECT_EQ(EnterScore({500, Today(), "first", ""}), 1);
+  EXPECT_EQ(EnterScore({.score = 500, .date = Today(), .recording = "first", .more = ""}), 1);
   vask::platform::SetWallClock(nullptr);
-  EXPECT_EQ(EnterScore({500, "2026-01-02", "second", ""}), 2);
-  EXPECT_EQ(EnterScore({700, "2026-01-03", "-", ""}), 1);
+  EXPECT_EQ(EnterScore({.score = 500, .date = "2026-01-02", .recording = "second", .more = ""}), 2);
+  EXPECT_EQ(EnterScore({.score = 700, .date = "2026-01-03", .more = ""}), 1);
   EXPECT_EQ(FileText(kScoresFile),
             "700 2026-01-03 -\n500 2026-01-01 first\n500 2026-01-02 second\n");
   EXPECT_EQ(BestScore(), 700);

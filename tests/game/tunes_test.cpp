@@ -8,6 +8,7 @@ namespace {
 
 class Tunes : public test::GameTest {
  protected:
+  ~Tunes() override { vask::CApplicationFactory::DeleteSingleton(); }  // and its variables
   // What the audio task has been told after some frames of that tune.
   std::string After(unsigned milliseconds, ETune tune) {
     for (unsigned time = 0; time < milliseconds; time += 10) {
@@ -20,7 +21,7 @@ class Tunes : public test::GameTest {
   CTunes tunes;
 };
 
-TEST_F(Tunes, FadeOutBeforeTheNextOneFadesIn) {
+TEST_F(Tunes, FadeOutBeforeTheNextOneFadesInWhileTheMusicIsOurs) {
   vask::CConsole& console = *vask::CApplicationFactory::GetSingletonPtr()->GetConsole();
   console.SetVariable("game_music_title", "music/title.ogg");
   console.SetVariable("game_music_play", "\"music/play.ogg\"");
