@@ -133,7 +133,7 @@ TEST_F(Cast, PupilsLookAtTheNearestKitten) {
   EXPECT_EQ(pupilsFor(138, 138), "125,128; 145,126; ") << "straight on";
 }
 
-TEST_F(Cast, HintsAreForWhoHasNeverServedAKitten) {
+TEST_F(Cast, HintsAreShownUntilAKittenIsServed) {
   CHints hints;
   story.isDoorOpen = true;
   const auto shown = [&](const SKittenView& kitten) {
@@ -160,16 +160,21 @@ TEST_F(Cast, ThePanelTellsPlaceOrShortageAndRank) {
     return Describe(kPanelShortFile) + Describe(kPanelNewBestFile) + Describe(RankFile(3)) +
            Describe("");
   };
+  // The words and the verdict; then the score, the spins, the oven, how much is missing to the
+  // best, the walls, the bonuses and the place.
   EXPECT_EQ(shown(2),
             "311,184; 290,213 over; 274,159 2500; 274,256 2300; 274,283 7; 289,184 1; 506,256 190; "
             "506,283 3; 532,159 2; ");
   EXPECT_EQ(shown(1),
             "280,184; 290,213 best; 274,159 2500; 274,256 2300; 274,283 7; 506,256 190; 506,283 3; "
             "532,159 1; ");
+}
+
+TEST(Results, HaveARankAndAreABestOnlyWithPoints) {
   EXPECT_EQ(RankOf(-5), 1);
   EXPECT_EQ(RankOf(80000), 8);
-  result.story.banked = {};
-  EXPECT_FALSE(result.IsNewBest()) << "no points are no best";
+  const SGameResult nothing{.story = {}, .place = 1};
+  EXPECT_FALSE(nothing.IsNewBest());
 }
 
 }  // namespace
