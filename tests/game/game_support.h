@@ -1,6 +1,5 @@
 #pragma once
 
-#include "console/console.h"
 #include "game/brumbletask.h"
 #include "game/brumbletaskimpl.h"
 #include "game/deathtoasprite.h"
@@ -15,12 +14,12 @@
 #include "gfx/sprite/sprite.h"
 #include "input/buttons.h"
 #include "input/mouse.h"
-#include "kernel/applicationfactory.h"
 #include "kernel/taskfactory.h"
 #include "platform/wallclock.h"
 #include "support/fakeclock.h"
 #include "support/files.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "utils/assert.h"
 #include "utils/timer/globalapptimer.h"
 
@@ -117,18 +116,20 @@ class GameTaskTest : public GameTest {
   static void Click(int button = vask::kLeftButton) {
     vask::CMouse::GetSingletonPtr()->OnMouseButtonDown(button);
   }
-  static std::string Line(const std::string& line) {
-    return vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
-  }
   void Frame(unsigned milliseconds) {
     Pass(milliseconds);
     task.Update();
   }
   void StartGame(const std::string& line = "") {
     task.Start();
-    Line(line);
+    vask::test::Execute(line);
     Click();
     Click();
+  }
+  // As the rules do, which are asked every 100 ms.
+  void EndGame() {
+    GameState().isGameOver = true;
+    Frame(101);
   }
   CBrumbleTaskImpl& Impl() const { return *task.GetImpl(); }
   std::vector<CPhysicsBody>& Bodies() const {

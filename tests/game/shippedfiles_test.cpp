@@ -10,6 +10,7 @@
 #include "kernel/tasklibraries.h"
 #include "support/files.h"
 #include "support/logcapture.h"
+#include "support/tasks.h"
 #include "support/testpicture.h"
 #include "utils/trim.h"
 #include "utils/xml/xml.h"
@@ -51,11 +52,9 @@ TEST(Documents, FileExamplesAreWhatTheEngineWritesItself) {
 
 TEST(Documents, LinesOfTheLanguageReturnWhatThePageSays) {
   const CApplication application;
-  const std::string example = DocExample("The language", "console.md");
-  EXPECT_NE(example, "");
-  std::istringstream lines(example);
+  std::istringstream lines(DocExample("The language", "console.md"));
   for (std::string line; std::getline(lines, line);) {
-    std::string result = CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+    std::string result = Execute(line);
     std::ranges::replace(result, '\n', ' ');
     EXPECT_EQ(Trim(result), Trim(line.substr(line.find("//") + 2))) << line;
   }
