@@ -22,11 +22,11 @@
 #include "gfx/sprite/screenlayer.h"
 #include "input/buttons.h"
 #include "kernel/application.h"
-#include "kernel/applicationfactory.h"
 #include "kernel/kernel.h"
 #include "kernel/taskfactory.h"
 #include "platform/wallclock.h"
 #include "support/fakeclock.h"
+#include "support/tasks.h"
 #include "support/testpicture.h"
 #include "tools/mail.h"
 #include "utils/assert.h"
@@ -34,13 +34,14 @@
 #include <SDL.h>
 
 #include <iostream>
+#include <optional>
 #include <sstream>
+#include <utility>
 
 namespace {
 
-vask::test::CFakeClock* theClock = nullptr;
-std::int64_t theDate = 0;
-
+vask::test::CFakeClock* ourClock = nullptr;
+std::int64_t ourDate = 0;
 int ourCount = 3;
 
 // Printing it fails an assertion as well.
@@ -128,7 +129,7 @@ class CStepper : public vask::CTask {
       if (game == nullptr || game->GetScreen() != nullptr) {
         return false;
       }
-      theClock->Advance(kFrameTime);
+      ourClock->Advance(kFrameTime);
       const auto pointer = myPilot->PointerAt(game->GetWorld(), myTime += kFrameTime);
       vask::CEventBridge::GetSingletonPtr()->MouseMove(pointer.x, pointer.y, 0, 0);
       game->Update();
@@ -155,11 +156,11 @@ class CStepper : public vask::CTask {
     if (verb == "run") {
       std::string line;
       std::getline(order >> std::ws, line);
-      std::cerr << vask::CApplicationFactory::GetSingletonPtr()->GetConsole()->Execute(line, false);
+      std::cerr << vask::test::Execute(line);
     } else if (verb == "advance" && order >> number) {
-      theClock->Advance(number);
-    } else if (verb == "date" && order >> theDate) {
-      vask::platform::SetWallClock([] { return theDate; });
+      ourClock->Advance(number);
+    } else if (verb == "date" && order >> ourDate) {
+      vask::platform::SetWallClock([] { return ourDate; });
     } else if (verb == "click") {
       vask::CEventBridge::GetSingletonPtr()->MouseButtonDown(vask::kLeftButton);
     } else if (verb == "fail") {
@@ -184,7 +185,7 @@ const vask::CTaskTypeRegistrar<CStepper> theRegistrar("stepper");
 
 int main() {
   vask::test::CFakeClock clock;
-  theClock = &clock;
+  ourClock = &clock;
   vask::CApplication application;
   return application.Run();
 }

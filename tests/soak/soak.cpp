@@ -25,11 +25,11 @@ struct alignas(std::max_align_t) SBlock {
   SBlock* before;
   SBlock* after;
 };
-constinit SBlock theRing{&theRing, &theRing};
+constinit SBlock ourRing{&ourRing, &ourRing};
 
 std::map<std::string, int> CountLiving() {
   std::map<std::string, int> counts;
-  for (const SBlock* block = theRing.after; block != &theRing; block = block->after) {
+  for (const SBlock* block = ourRing.after; block != &ourRing; block = block->after) {
     Dl_info table{};
     if (dladdr(*reinterpret_cast<void* const*>(block + 1), &table) != 0 &&
         table.dli_sname != nullptr && std::string_view(table.dli_sname).starts_with("_ZTV")) {
@@ -65,9 +65,9 @@ const vask::CTaskTypeRegistrar<CCensus> theRegistrar("census");
 // Not inline, where the compiler would take them for a mismatched pair.
 [[gnu::noinline]] void* operator new(std::size_t size) {
   void* const memory = std::malloc(sizeof(SBlock) + std::max(size, sizeof(void*)));
-  auto* const block = new (memory) SBlock{&theRing, theRing.after};
-  theRing.after->before = block;
-  theRing.after = block;
+  auto* const block = new (memory) SBlock{&ourRing, ourRing.after};
+  ourRing.after->before = block;
+  ourRing.after = block;
   return new (block + 1) void*(nullptr);
 }
 
