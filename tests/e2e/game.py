@@ -249,12 +249,11 @@ class Stepper(Game):
 @contextlib.contextmanager
 def headless(program, orders, environment={}, scores="", seconds=7200):
     def prepare(runtime):
-        script = (runtime / "autoexec.txt").read_text()
         # More sounds at a time than there are when time runs faster, and no pointer, which SDL would
         # draw into the picture.
-        for before, after in (("512, 16)", "512, 256)"), ("starttask(event", "// starttask(event")):
-            script = script.replace(before, after)
-        (runtime / "autoexec.txt").write_text(script)
+        script = runtime / "autoexec.txt"
+        script.write_text(script.read_text().replace("512, 16)", "512, 256)")
+                          .replace("starttask(event", "// starttask(event"))
         (runtime / "scores.txt").write_text(scores)
 
     run = Stepper(prepare=prepare, environment={"SDL_VIDEODRIVER": "dummy", **environment})

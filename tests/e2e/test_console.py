@@ -11,8 +11,8 @@ FIRED = "a task mark that doesn't exist"
 class Console:
     CLOSE_X, CLOSE_Y = 385, 12  # of its close button, where it opens
 
-    def __init__(self, screen, game):
-        self.screen, self.game = screen, game
+    def __init__(self, game):
+        self.game = game
         self.close_picture = load_picture("close", "gui/{}.gif")
 
     def is_open(self):
@@ -34,7 +34,7 @@ class DeveloperConsole(GameTest):
     def test_keys_go_to_the_console_once_its_line_has_the_focus(self):
         screen, game = self.start(lines="keyboard::bind(k, stoptask(mark))")
         game.start_playing()
-        console = Console(screen, game)
+        console = Console(game)
         screen.tap("F1")
         console.wait_until_open()
         self.assertTrue(screen.cursor_is_visible())
@@ -62,7 +62,7 @@ class DeveloperConsole(GameTest):
                 screen, game = self.start(lines="keyboard::bind(p, stoptask(mark))",
                                           environment=library)
                 game.wait_for_title()
-                console = Console(screen, game)
+                console = Console(game)
                 for times, layout in enumerate(("ru", "ua", "fr"), 1):
                     subprocess.run(["setxkbmap", layout], env=screen.environment, check=True)
                     screen.tap(self.UKRAINIAN_YI, self.P)
