@@ -118,9 +118,13 @@ TEST_F(CWorldTest, SetUpResetsKittensAndLeavesTheDoorFlag) {
 }
 
 TEST_F(CWorldTest, ASpawnedKittenFalls) {
-  EXPECT_EQ(myWorld->SpawnKitten(), kFirstKittenIndex);
-  myWorld->Step(0.015F);
-  EXPECT_FLOAT_EQ(Bodies().back().vy, 9.83F * 0.015F * 0.999F);
+  auto world = std::make_unique<CPhysicsWorld>();
+  world->SetUp();
+  const int kitten = world->SpawnKitten();
+  world->SetPlayerTarget(10.0F, -5.0F, 0.05F);
+  world->Step(0.015F);
+  EXPECT_EQ(kitten, kFirstKittenIndex);
+  EXPECT_FLOAT_EQ(world->GetBodies().back().vy, 9.83F * 0.015F * 0.999F);
 }
 
 TEST_F(CWorldTest, ALongStepIsHeldToATwentiethOfASecond) {
