@@ -100,7 +100,6 @@ FAILING(SDL_Surface*, SDL_ConvertSurface, (SDL_Surface * a, SDL_PixelFormat* b, 
 FAILING(SDL_Surface*, SDL_DisplayFormatAlpha, (SDL_Surface * a), a)
 FAILING(int, SDL_LockSurface, (SDL_Surface * a), a)
 FAILING(int, SDL_Flip, (SDL_Surface * a), a)
-FAILING(SDL_Surface*, SDL_LoadBMP_RW, (SDL_RWops * a, int b), a, b)
 FAILING(SDL_RWops*, SDL_RWFromConstMem, (const void* a, int b), a, b)
 FAILING(int, SDL_FillRect, (SDL_Surface * a, SDL_Rect* b, Uint32 c), a, b, c)
 FAILING(SDL_Cursor*, SDL_CreateCursor, (Uint8 * a, Uint8* b, int c, int d, int e, int f), a, b, c,
