@@ -2,6 +2,7 @@
 #include "game/gamerecording.h"
 #include "game/pilot.h"
 #include "game/play.h"
+#include "game/replayedgame.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,7 +12,8 @@
 #include <vector>
 
 // What recording adds to a frame of play: frames of 16 ms of a pilot's game, without and with a
-// recording, in turns. Nothing is drawn; frame_bench tells what drawing costs.
+// recording, in turns. Nothing is drawn; frame_bench tells what drawing costs. And how long it
+// takes to play the recording again.
 
 namespace brumble {
 namespace {
@@ -72,6 +74,36 @@ void BM_Recording(benchmark::State& state) {
   std::filesystem::remove(kFile);
 }
 BENCHMARK(BM_Recording)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(50);
+
+// The peer is the game's own time: a day of play is to be verified in a minute.
+void BM_Verifying(benchmark::State& state) {
+  SetEffectsShown(false);
+  Play(true);
+  std::vector<double> seconds;
+  double played = 0;
+  for (auto _ : state) {
+    const Clock::time_point began = Clock::now();
+    CPlay play;
+    CReplayedGame game(play, kFile);
+    while (!game.IsDone()) {
+      game.PlayNext();
+    }
+    seconds.push_back(std::chrono::duration<double>(Clock::now() - began).count());
+    state.SetIterationTime(seconds.back());
+    played = game.GetTime() / 1000.0;
+    if (!game.GetDifference().empty()) {
+      state.SkipWithError(game.GetDifference().c_str());
+      break;
+    }
+  }
+  std::filesystem::remove(kFile);
+  constexpr double kMinute = 60;
+  constexpr double kDay = 24 * 60 * kMinute;
+  state.counters["day_s"] = Median(seconds) / played * kDay;
+  state.counters["ratio"] = Median(seconds) / played;
+  state.counters["limit"] = kMinute / kDay;
+}
+BENCHMARK(BM_Verifying)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(50);
 
 }  // namespace
 }  // namespace brumble
