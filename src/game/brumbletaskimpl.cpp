@@ -62,6 +62,9 @@ CBrumbleTaskImpl::~CBrumbleTaskImpl() {
   if (ourCurrent == this) {
     ourCurrent = nullptr;
   }
+  if (myNextStart) {
+    myPlay.SetNextStart(*myNextStart);  // the task may be started again
+  }
   // The effects would live for two seconds more, longer than the task that frees pictures.
   CDeathToASprite::DeleteAll();
 }
@@ -141,9 +144,9 @@ void CBrumbleTaskImpl::StartNewGame() {
   start.pointerX = now.pointerX;
   start.pointerY = now.pointerY;
   start.isPaused = myIsPaused;
+  myRecorder.Begin(start, now);  // before anything of the game can fail
   myPlay.Read(now);
   myPlay.Start(start);
-  myRecorder.Begin(start, now);
   ShowPlay(BestScore() <= 0);
 }
 
@@ -204,8 +207,12 @@ std::string CBrumbleTaskImpl::StartReplay(const std::string& file) {
   const SGameStart next = myNextStart.value_or(myPlay.NextStart(0));
   auto replay = std::make_unique<CReplayShow>(myPlay, file, ourStopSwitch != 0);
   if (replay->GetGame().IsDone()) {
-    myPlay.SetNextStart(next);  // a file that is cut after its start has begun
-    return "Error: ReplayGame() " + file + ": " + replay->GetGame().GetProblem() + ".";
+    if (myPlay.IsRunning()) {
+      myPlay.SetNextStart(next);
+    }
+    const std::string& problem = replay->GetGame().GetProblem();
+    return "Error: ReplayGame() " + file + ": " +
+           (problem.empty() ? "nothing happens in it" : problem) + ".";
   }
   myNextStart = next;
   myReplay = std::move(replay);
@@ -270,7 +277,7 @@ void CBrumbleTaskImpl::StopReplay() {
   myDemoWatch.End();
   myPlay.SetNextStart(*myNextStart);
   myNextStart.reset();  // play has it now, and what comes still counts
-  myCast.EndPlay();
+  myCast.Clear();
   CDeathToASprite::DeleteAll();
   myBackground.Reset();
   ShowTitle();
@@ -306,6 +313,11 @@ void CBrumbleTaskImpl::Resume() {
   vask::CEventBridge::GetSingletonPtr()->HideCursor();
 }
 
-void CBrumbleTaskImpl::DropExtraKitten() { Enter(EInput::kKitten); }
+void CBrumbleTaskImpl::DropExtraKitten() {
+  Enter(EInput::kKitten);
+  if (myReplay == nullptr && myNextStart) {
+    ++myNextStart->bodies;  // at the panel of a recorded game
+  }
+}
 
 }  // namespace brumble

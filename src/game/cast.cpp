@@ -62,4 +62,11 @@ void CCast::EndPlay() {
   myHints.End();
 }
 
+void CCast::Clear() {
+  EndPlay();
+  myFace = {};
+  myOvenLights = {};
+  myFates = {};
+}
+
 }  // namespace brumble

@@ -27,6 +27,8 @@ class CCast {
   void SetPlaying(const CPhysicsWorld& world, bool isPlaying);
   // The end of a game: what points at kittens or speaks leaves the screen, the rest stands still.
   void EndPlay();
+  // Takes all of it off the screen.
+  void Clear();
 
  private:
   vask::CTimer myClock;  // application time; stands with the game

@@ -178,7 +178,9 @@ void CGameLogic::MoveDoor(SScreenPoint target, const char* animation) {
   vask::CAnimationUpdator::GetSingletonPtr()->DropAnimatorsOf(oven);
   new vask::CExternalAnimator(new vask::CSpriteMoveToUpdator(oven, target.x, target.y), kDoorTime,
                               "", false);
-  oven->PlayAnimation(animation);
+  if (AreEffectsShown()) {
+    oven->PlayAnimation(animation);  // which is the sound
+  }
 }
 
 void CGameLogic::OnKittenInOven(int index) {

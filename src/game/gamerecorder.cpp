@@ -7,7 +7,7 @@
 #include "utils/assert.h"
 #include "utils/log/log.h"
 
-#include <filesystem>
+#include <utility>
 
 namespace brumble {
 namespace {
@@ -18,12 +18,16 @@ const vask::CConsoleVariableRegistrar theVariableRegistrar("game_record", ourRec
 constexpr int kMostTries = 100;       // to find a name that is free
 constexpr int kMostAssertions = 100;  // that have the recording written, in a game
 
+void Report(const std::string& file, const std::string& reason) {
+  vask::Log().Warning() << "Recording: " << file << " can't be written: " << reason << "\n";
+}
+
+// It would be the same with each game.
 void ReportOnce(const std::string& file, const std::string& reason) {
   static bool hasReported = false;
-  if (!hasReported) {
-    vask::Log().Warning() << "Recording: " << file << " can't be written: " << reason << "\n";
+  if (!std::exchange(hasReported, true)) {
+    Report(file, reason);
   }
-  hasReported = true;
 }
 
 }  // namespace
@@ -42,6 +46,7 @@ void CGameRecorder::Begin(const SGameStart& start, const SInput& now) {
   if ((ourRecordSwitch == 0 && myNextFile.empty()) || myKittens > kMostKittens) {
     return;
   }
+  myIsNamed = !myNextFile.empty();
   myRecording = MakeRecording(start, now);
   myNextFile.clear();
   vask::SetAssertNote([this] { return TellAssertion(); });
@@ -96,7 +101,8 @@ void CGameRecorder::GiveUpIfFailed() {
   if (myRecording->GetFile().IsGood()) {
     return;
   }
-  ReportOnce(myRecording->GetFileName(), myRecording->GetFile().GetError());
+  const auto report = myIsNamed ? &Report : &ReportOnce;
+  report(myRecording->GetFileName(), myRecording->GetFile().GetError());
   myRecording.reset();
   vask::SetAssertNote(nullptr);
 }

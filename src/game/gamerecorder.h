@@ -37,6 +37,7 @@ class CGameRecorder {
 
   const CPlay& myPlay;
   std::string myNextFile;
+  bool myIsNamed = false;                       // by NameNext
   std::unique_ptr<CGameRecording> myRecording;  // null between games
   int myKittens = 0;                            // in it, beside those of the rules
   int myAssertions = 0;                         // that have been told in this game

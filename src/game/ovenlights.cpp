@@ -1,6 +1,7 @@
 #include "game/ovenlights.h"
 
 #include "game/animations.h"
+#include "game/effects.h"
 #include "game/gamefiles.h"
 #include "game/gamerules.h"
 #include "game/gfxfactory.h"
@@ -34,12 +35,12 @@ void COvenLights::Begin() {
 }
 
 void COvenLights::Update(const std::vector<SKittenView>& kittens, const SGameStory& story) {
-  BurnWhen(story.isDoorOpen);
+  BurnWhen(story.isDoorOpen && AreEffectsShown());
   Light(LampsFor(kittens));
 }
 
-void COvenLights::BurnWhen(bool isOpen) {
-  if (!isOpen) {
+void COvenLights::BurnWhen(bool burns) {
+  if (!burns) {
     myBreath.Reset();
   } else if (!myBreath) {
     myBreath = CGfxFactory::GetSingletonPtr()->LoadSprite(kOvenBreathFile);

@@ -18,10 +18,10 @@ class COvenLights {
   void SetPlaying(bool isPlaying);
 
  private:
-  void BurnWhen(bool isOpen);
+  void BurnWhen(bool burns);
   void Light(int lamps);
 
-  vask::CSpritePtr myBreath;  // empty while the door is shut
+  vask::CSpritePtr myBreath;  // empty while the door is shut, or without effects
   vask::CSpritePtr myLamps;
   int myLit = 0;
 };

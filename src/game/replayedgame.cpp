@@ -19,15 +19,15 @@ std::string Seconds(unsigned milliseconds) {
 
 CReplayedGame::CReplayedGame(CPlay& play, const std::string& file, bool stopsAtDifference)
     : myPlay(play), myReader(file), myStopsAtDifference(stopsAtDifference) {
-  if (!myReader.GetError().empty()) {
-    myProblem = myReader.GetError();
-    Finish();
-    return;
+  const CRecordingReader::EItem first = myReader.Next();
+  if (first != CRecordingReader::EItem::kNone) {
+    myIsPaused = myReader.GetStart().isPaused;
+    myPlay.Read(SInput());
+    myPlay.Start(myReader.GetStart());
   }
-  myIsPaused = myReader.GetStart().isPaused;
-  myPlay.Read(SInput());
-  myPlay.Start(myReader.GetStart());
-  Advance();
+  if (TakeItem(first)) {
+    Advance();
+  }
 }
 
 void CReplayedGame::PlayNext() {
@@ -50,24 +50,29 @@ void CReplayedGame::PlayNext() {
 
 // Up to the next input.
 void CReplayedGame::Advance() {
-  while (!myIsDone) {
-    switch (myReader.Next()) {
-      case CRecordingReader::EItem::kInput:
-        Await();
-        return;
-      case CRecordingReader::EItem::kState:
-        CheckState();
-        break;
-      case CRecordingReader::EItem::kEnd:
-        CheckEnd();
-        break;
-      case CRecordingReader::EItem::kNone:
-        myProblem = myReader.GetError().empty()
-                        ? "it ends before its game does, after " + Seconds(myTime)
-                        : myReader.GetError();
-        Finish();
-    }
+  while (!myIsDone && TakeItem(myReader.Next())) {
   }
+}
+
+bool CReplayedGame::TakeItem(CRecordingReader::EItem item) {
+  switch (item) {
+    case CRecordingReader::EItem::kInput:
+      Await();
+      return false;
+    case CRecordingReader::EItem::kState:
+      CheckState();
+      return true;
+    case CRecordingReader::EItem::kEnd:
+      CheckEnd();
+      return false;
+    case CRecordingReader::EItem::kNone:
+      myProblem = myReader.GetError().empty()
+                      ? "it ends before its game does, after " + Seconds(myTime)
+                      : myReader.GetError();
+      Finish();
+      return false;
+  }
+  return false;
 }
 
 void CReplayedGame::Await() {

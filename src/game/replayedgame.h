@@ -17,8 +17,8 @@ class CPlay;
 //     }
 class CReplayedGame {
  public:
-  // Starts the game in `play`, which is not owned, unless the file is refused. At the first
-  // difference the game ends when `stopsAtDifference` is set.
+  // Starts the game in `play`, which is not owned, unless the file is refused or has nothing of a
+  // game in it. At the first difference the game ends when `stopsAtDifference` is set.
   CReplayedGame(CPlay& play, const std::string& file, bool stopsAtDifference = false);
 
   // Gives the next input.
@@ -40,6 +40,8 @@ class CReplayedGame {
 
  private:
   void Advance();
+  // Returns whether the next one has to be read, too.
+  bool TakeItem(CRecordingReader::EItem item);
   void Await();
   void CheckState();
   void CheckEnd();

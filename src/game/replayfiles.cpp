@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace brumble {
@@ -32,13 +33,16 @@ bool IsOurs(std::string_view name) {
          name.find_first_not_of("0123456789-", kForm.size()) == std::string_view::npos;
 }
 
-std::vector<std::string> OurFiles() {
-  std::vector<std::string> files;
+using CDatedFile = std::pair<std::filesystem::file_time_type, std::string>;
+
+std::vector<CDatedFile> OurFiles() {
+  std::vector<CDatedFile> files;
   std::error_code error;
   for (std::filesystem::directory_iterator file(kReplayFolder, error), end; !error && file != end;
        file.increment(error)) {
     if (IsOurs(file->path().filename().string())) {
-      files.push_back(file->path().string());
+      std::error_code ignored;  // it has gone just now
+      files.emplace_back(file->last_write_time(ignored), file->path().string());
     }
   }
   return files;
@@ -59,21 +63,23 @@ std::string NewReplayName(int number) {
          (number > 1 ? "-" + std::to_string(number) : "") + std::string(kEnding);
 }
 
-// The names begin with their dates.
+// By the time of the last block, as the names tell the local time, which goes back an hour in
+// autumn.
 void RemoveOldReplays() {
-  std::vector<std::string> files = OurFiles();
+  std::vector<CDatedFile> files = OurFiles();
   std::sort(files.rbegin(), files.rend());
   const auto scores = ReadScores();
   if (!scores) {
     return;  // they may name each of the files
   }
   for (std::size_t i = kLastReplays; i < files.size(); ++i) {
-    const bool isBest = std::any_of(scores->begin(), scores->end(), [&](const SScore& score) {
-      return score.recording == files[i];
+    const std::string& file = files[i].second;
+    const bool isBest = std::any_of(scores->begin(), scores->end(), [&file](const SScore& score) {
+      return score.recording == file;
     });
     if (!isBest) {
       std::error_code ignored;  // it is tried again after the next game
-      std::filesystem::remove(files[i], ignored);
+      std::filesystem::remove(file, ignored);
     }
   }
 }

@@ -111,7 +111,20 @@ void CReplayShow::PlayUpTo(unsigned time) {
   ShowTime();
 }
 
+void CReplayShow::Pause() {
+  myIsPaused = true;
+  myClock.Pause();
+}
+
+void CReplayShow::Resume() {
+  myIsPaused = false;
+  myClock.Resume();
+}
+
 void CReplayShow::OnKey(int key) {
+  if (myIsPaused) {
+    return;
+  }
   if (key == KeyOf("space")) {
     myIsHeld = !myIsHeld;
   } else if (key == KeyOf("right")) {

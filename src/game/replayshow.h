@@ -27,8 +27,9 @@ class CReplayShow {
   void MakeDemo();
   void Update();
   // While the task is paused.
-  void Pause() { myClock.Pause(); }
-  void Resume() { myClock.Resume(); }
+  void Pause();
+  void Resume();
+  // Does nothing while the task is paused.
   void OnKey(int key);
 
   const CReplayedGame& GetGame() const { return myGame; }
@@ -46,6 +47,7 @@ class CReplayShow {
   unsigned myRest = 0;   // of a millisecond, at less than the full speed, in eighths
   int myDoublings = 0;   // of the speed; negative: halvings
   bool myIsHeld = false;
+  bool myIsPaused = false;
   vask::CSpritePtr mySprite;
   vask::CTextSprite* myReadout;  // the same; null for a demo
 };

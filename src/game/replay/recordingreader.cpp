@@ -183,8 +183,7 @@ CRecordingReader::EItem CRecordingReader::TakeSpecial(unsigned special) {
       mySkew = myEntries.TakeSigned();
       return myEntries.HasFailed() ? RefuseBlock() : EItem::kNone;
     case kSpecialState:
-      myState = myEntries.TakeBytes(myEntries.TakeVarint());
-      return myEntries.HasFailed() ? RefuseBlock() : EItem::kState;
+      return TakeState();
     case kSpecialEnd:
       myEnd.isOver = myEntries.TakeByte() == 1;
       myEnd.score = myEntries.TakeSigned();
@@ -192,6 +191,15 @@ CRecordingReader::EItem CRecordingReader::TakeSpecial(unsigned special) {
     default:
       return RefuseBlock();
   }
+}
+
+// To compare a state takes long, so a hostile file must not have many at once.
+CRecordingReader::EItem CRecordingReader::TakeState() {
+  myState = myEntries.TakeBytes(myEntries.TakeVarint());
+  if (myEntries.HasFailed() || std::exchange(myHasState, true)) {
+    return RefuseBlock();
+  }
+  return EItem::kState;
 }
 
 CRecordingReader::EItem CRecordingReader::TakeInput(EInput kind, unsigned wait, int dx, int dy) {
@@ -211,6 +219,7 @@ CRecordingReader::EItem CRecordingReader::TakeInput(EInput kind, unsigned wait, 
              .pointerX = static_cast<int>(x),
              .pointerY = static_cast<int>(y)};
   mySkew = 0;
+  myHasState = false;
   return EItem::kInput;
 }
 

@@ -22,7 +22,7 @@ class CRecordingReader {
  public:
   enum class EItem {
     kInput,
-    kState,  // after the last input
+    kState,  // after the last input; never two of them without an input between
     kEnd,    // nothing follows
     kNone,   // the recording goes on no further: it was cut, or, with an error, is damaged
   };
@@ -52,6 +52,7 @@ class CRecordingReader {
   std::string Unpack(const std::string& packed, std::size_t size);
   EItem TakeEntry();
   EItem TakeSpecial(unsigned special);
+  EItem TakeState();
   EItem TakeInput(EInput kind, unsigned wait, int dx, int dy);
   EItem Refuse(const std::string& reason);
   EItem RefuseBlock();
@@ -65,6 +66,7 @@ class CRecordingReader {
   std::size_t myBytes = 0;     // in them
   std::int32_t myKittens = 0;  // beside those of the rules
   int mySkew = 0;              // of the application timer, up to the next entry
+  bool myHasState = false;     // since the last input
   SInput myInput;
   std::string myState;
   SRecordedEnd myEnd;
