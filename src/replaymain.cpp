@@ -27,11 +27,27 @@ constexpr std::string_view kUsage =
 
 constexpr unsigned kLongestGame = 3'600'000;  // milliseconds, of a pilot
 
+// Every seventh seed is of a game that follows another one: the door is open, kittens are left
+// over, and the task is paused; and the window loses the focus at times.
+bool FollowsAnother(std::uint32_t seed) { return seed % 7 == 0; }
+
+brumble::SGameStart StartOf(const brumble::CPlay& play, std::uint32_t seed) {
+  brumble::SGameStart start = play.NextStart(seed);
+  if (FollowsAnother(seed)) {
+    start.isDoorOpen = true;
+    start.bodies += 3;
+    start.isPaused = true;
+  }
+  return start;
+}
+
 // The frames of a machine that isn't always equally fast, and a task that is paused at times; every
 // fifth seed has extra kittens.
 class CFrames {
  public:
-  explicit CFrames(std::uint32_t seed) : mySeed(seed) {}
+  CFrames(std::uint32_t seed, bool isPaused) : mySeed(seed) {
+    myInput.kind = isPaused ? brumble::EInput::kPause : brumble::EInput::kFrame;
+  }
 
   brumble::SInput Next() {
     myNoise = myNoise * 1664525U + 1013904223U + mySeed;
@@ -39,8 +55,9 @@ class CFrames {
     const bool isSlow = roll % 97 == 0;
     const unsigned usual = 5 + mySeed % 4 * 4;  // 5, 9, 13 or 17 milliseconds
     const unsigned wait = isSlow ? roll % 400 : usual + roll % 3;
+    const bool hasFocus = !FollowsAnother(mySeed) || roll % 13 != 0;
     myInput.time += wait;
-    myInput.appTime += wait;
+    myInput.appTime += hasFocus ? wait : 0;
     myInput.kind = NextKind(roll);
     return myInput;
   }
@@ -66,8 +83,8 @@ class CFrames {
 bool Record(brumble::CPilot::EManner manner, std::uint32_t seed, const std::string& file) {
   brumble::CPlay play;
   brumble::CPilot pilot(manner, seed);
-  CFrames frames(seed);
-  const brumble::SGameStart start = play.NextStart(seed);
+  const brumble::SGameStart start = StartOf(play, seed);
+  CFrames frames(seed, start.isPaused);
   play.Start(start);
   brumble::CGameRecording recording(play, file, start, {});
   brumble::SInput input;

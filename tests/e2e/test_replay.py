@@ -37,6 +37,7 @@ class Replay(GameTest):
         screen.tap(*["Up"] * 6)
         game.wait_for_log("Gameover")
         self.assertIn(f"Replay: {summary}", game.log())
+        self.assertFalse((game.runtime / "scores.txt").exists())
         game.let_pass(3)
         self.assert_is_stored(game.picture(), file.with_suffix(".png"))
 

@@ -2,7 +2,9 @@
 #include "game/effects.h"
 #include "game/game_support.h"
 #include "game/gamefiles.h"
+#include "game/gamerecording.h"
 #include "game/physics/arena.h"
+#include "game/physics/physicshandle.h"
 #include "game/physics/worldstate.h"
 #include "game/pilot.h"
 #include "game/play.h"
@@ -14,6 +16,7 @@
 #include "gfx/text/textsprite.h"
 #include "input/keyboard.h"
 #include "input/keynames.h"
+#include "ui/desktopwidget.h"
 
 #include <zlib.h>
 
@@ -49,6 +52,25 @@ std::string Verdict(const std::string& file, unsigned* time = nullptr) {
     *time = game.GetTime();
   }
   return game.GetDifference() + game.GetProblem();
+}
+
+unsigned long PhysicsCourse() {
+  CPhysicsHandle physics;
+  physics.ResetWorld(1);
+  unsigned long hash = 0;
+  for (int step = 0; step < 2000; ++step) {
+    if (step % 20 == 0) {
+      physics.SpawnKitten();
+    }
+    const int sweep = step * 23 % 1600;
+    physics.SetMousePosition(sweep < 800 ? sweep : 1600 - sweep, 300 + step * 7 % 250);
+    physics.Step(15);
+    for (const CPhysicsBody& body : physics.GetWorld()->GetBodies()) {
+      const float motion[] = {body.x, body.y, body.angle, body.vx, body.vy, body.angularVelocity};
+      hash = crc32_z(hash, reinterpret_cast<const Bytef*>(motion), sizeof motion);
+    }
+  }
+  return hash;
 }
 
 std::int64_t ourSeconds = 0;
@@ -159,10 +181,11 @@ TEST_F(ReplayTest, EveryGameIsPlayedAgainToTheSameStates) {
   }
 }
 
-// The courses of two games that a pilot plays, alone with its kitten and in a rain of them, their
-// bodies to the bit, the same in every build, as is the recorded game of the demo. After a change
-// that means to change the rules, raise kRulesVersion, and put it and the hashes that the failing
-// test prints here; a change of the pilot alone needs no new version.
+// The courses of the physics alone, in a rain of kittens, and of two games that a pilot plays,
+// alone with its kitten and in such a rain, their bodies to the bit, the same in every build, as is
+// the recorded game of the demo. After a change that means to change the rules, raise
+// kRulesVersion, and put it and the hashes that the failing test prints here; a change of the pilot
+// alone needs no new version.
 TEST_F(ReplayTest, WholeGamesTakeTheSameCourseInEveryBuild) {
   const auto courseOf = [](bool rains) {
     CPilot pilot(CPilot::EManner::kPresser, 1);
@@ -177,10 +200,13 @@ TEST_F(ReplayTest, WholeGamesTakeTheSameCourseInEveryBuild) {
       hash = crc32_z(hash, reinterpret_cast<const Bytef*>(state.data()), state.size());
     }
     EXPECT_GT(play.GetGameLogic().GetStory().banked.oven, 0) << "the game has too little in it";
-    return (std::ostringstream() << "rules " << kRulesVersion << ", " << std::hex << hash).str();
+    return hash;
   };
-  EXPECT_EQ(courseOf(false), "rules 1, 32736d75");
-  EXPECT_EQ(courseOf(true), "rules 1, f0c85bfc");
+  const auto courses =
+      (std::ostringstream() << "rules " << kRulesVersion << ", " << std::hex << PhysicsCourse()
+                            << ", " << courseOf(false) << ", " << courseOf(true))
+          .str();
+  EXPECT_EQ(courses, "rules 1, 5746fdce, 32736d75, f0c85bfc");
   EXPECT_EQ(Verdict(kDemoRecording), "");
 }
 
@@ -200,6 +226,69 @@ TEST_F(ReplayTest, TheFirstDifferenceIsToldInFullAndEndsTheGameWhenItShould) {
   };
   EXPECT_GT(endOf(false), 5000U);
   EXPECT_LT(endOf(true), 1500U) << "at the first state";
+}
+
+// In its place, and with both values.
+TEST_F(ReplayTest, EachFieldOfTheStateIsCompared) {
+  const SGameStart start = CPlay().NextStart(1);
+  // Records a second of a game with an extra kitten, whose state may have a bit of a field flipped.
+  const auto fieldsOf = [&start](std::size_t flipped) {
+    CPlay play;
+    play.Start(start);
+    fs::remove("game.replay");
+    CRecordingWriter writer("game.replay", start, {});
+    for (unsigned time = 9; time < 1000; time += 9) {
+      const EInput kind = time == 9 ? EInput::kKitten : EInput::kFrame;
+      const SInput input = {.kind = kind, .time = time, .appTime = time, .pointerX = 300};
+      writer.Add(input);
+      play.Take(input);
+    }
+    CStateFields fields = StateOf(play);
+    if (flipped < fields.size()) {
+      fields[flipped].bits ^= 1U;
+    }
+    writer.AddState(fields);
+    writer.End(false, 0);
+    return fields;
+  };
+  const CStateFields fields = fieldsOf(~std::size_t{0});
+  EXPECT_EQ(Verdict("game.replay"), "");
+  EXPECT_EQ(fields.back().Name(), "kitten 9, push wait") << "there are two kittens";
+  for (std::size_t i = 1; i < fields.size(); ++i) {  // the first is how many follow
+    const SStateField flipped = fieldsOf(i)[i];
+    EXPECT_EQ(Verdict("game.replay"), "after 0.999 s: " + fields[i].Name() + " is " +
+                                          fields[i].ValueText(fields[i].bits) + ", recorded " +
+                                          fields[i].ValueText(flipped.bits));
+  }
+}
+
+// As often as a step can be due, and a hand that sweeps over the window three times a second.
+TEST_F(ReplayTest, TheFastestFramesAndTheWildestHandStaySmall) {
+  CPlay play;
+  const SGameStart start = play.NextStart(1);
+  play.Start(start);
+  CGameRecording recording(play, "game.replay", start, {});
+  for (unsigned time = 1; time <= 60000; ++time) {
+    const double angle = time * 0.001 * 3 * 6.283;
+    const SInput input = {.time = time,
+                          .appTime = time,
+                          .pointerX = static_cast<int>(400 + 350 * std::cos(angle)),
+                          .pointerY = static_cast<int>(300 + 250 * std::sin(0.77 * angle))};
+    if (play.IsDue(input)) {
+      recording.Note(input);
+      play.Take(input);
+    }
+  }
+  recording.End();
+  const std::string bytes = FileText("game.replay");
+  std::size_t unpacked = 0;
+  for (std::size_t block = 10; block < bytes.size();) {  // after the mark and the versions
+    CByteReader head(std::string_view(bytes).substr(block));
+    block += 12 + head.TakeWord();
+    unpacked += head.TakeWord();
+  }
+  EXPECT_LT(unpacked, 45U * 1024);
+  EXPECT_LT(bytes.size(), 25U * 1024);
 }
 
 // A block has the entries of five seconds: its last one comes just before they are over.
@@ -233,9 +322,9 @@ TEST_F(ReplayTest, NoFlippedBitPassesForAWholeGame) {
 TEST_F(ReplayTest, FilesThatAreNoRecordingsAreRefusedInALine) {
   WriteFile("game.replay", "GIF89a and more");
   EXPECT_EQ(Verdict("game.replay"), "it is no recording");
-  WriteFile("game.replay", "brumrec\n\x02\x01");
-  EXPECT_EQ(Verdict("game.replay"), "it has version 2 of the format, and this program reads 1");
-  WriteFile("game.replay", "brumrec\n\x01\x63");
+  WriteFile("game.replay", "brumrec\n\x01\x01");
+  EXPECT_EQ(Verdict("game.replay"), "it has version 1 of the format, and this program reads 2");
+  WriteFile("game.replay", "brumrec\n\x02\x63");
   EXPECT_TRUE(
       Verdict("game.replay").starts_with("its game has version 99 of the rules, and this "));
   EXPECT_EQ(Verdict("missing.replay"), "it can't be read");
@@ -271,6 +360,12 @@ TEST_F(ReplayTest, HostileRecordingsAreRefused) {
   EXPECT_EQ(verdict(start, kittens), "");
   kittens.push_back(kittens.back());
   EXPECT_EQ(verdict(start, kittens), "it has more than 256 extra kittens");
+  fs::remove("game.replay");
+  CRecordingWriter writer("game.replay", start, {});
+  writer.AddState({});
+  writer.AddState({});
+  writer.End(false, 0);
+  EXPECT_TRUE(Verdict("game.replay").ends_with("its block 2 is damaged")) << "states take long";
 }
 
 TEST_F(ReplayTest, KeepsTheLastTenGamesAndThoseOfTheBestScores) {
@@ -302,10 +397,13 @@ TEST_F(ReplayTest, NothingIsOverwritten) {
             "Error: RecordGame() game.replay is there already.");
 }
 
-TEST_F(ReplayTest, AFolderThatCannotBeWrittenIsReportedOnce) {
-  for (int game = 0; game < 2; ++game) {
+TEST_F(ReplayTest, AFolderThatCannotBeWrittenIsReportedOnceAndANamedFileEachTime) {
+  WriteFile(kReplayFolder, "in the way");
+  for (const std::size_t game : {1U, 2U}) {
     StartGame("recordgame(missing/game.replay)");
-    EXPECT_EQ(log.Count("Recording: missing/game.replay can't be written: No such file"), 1U);
+    EXPECT_EQ(log.Count("Recording: missing/game.replay can't be written: No such file"), game);
+    StartGame();
+    EXPECT_EQ(log.Count("can't be written: Not a directory"), 1U);
   }
 }
 
@@ -334,6 +432,7 @@ TEST_F(ReplayTest, FailedAssertionsWriteTheRecordingIfAnyAndTellItsFile) {
     VASK_ASSERT(false, "a hundred are written at once");
     EXPECT_EQ(fs::file_size(file) > size, failure <= 100) << failure;
   }
+  EXPECT_EQ(log.Count(vask::GetAssertNote()), 101U);
   task.Exit();
   VASK_ASSERT(false, "nothing is recorded");
   EXPECT_EQ(vask::GetAssertNote(), "");
@@ -344,12 +443,22 @@ TEST_F(ReplayTest, TheTitlePlaysADemoWithoutAScoreUntilSomebodyComes) {
     Frame(wait);
     return test::Shown(kDemoFile).size() + (Impl().GetReplay() != nullptr ? 1 : 0);
   };
+  struct CBound : vask::IKeyEvent {
+    bool Trigger(int) override {
+      ADD_FAILURE() << "the key does something";
+      return true;
+    }
+  };
+  vask::CKeyboard::GetSingletonPtr()->BindKey(vask::KeyFromName("f5"),
+                                              vask::CSmartPtr<vask::IKeyEvent>(new CBound), 0);
+  vask::CEventBridge& events = *vask::CEventBridge::GetSingletonPtr();
   vask::Gfx::SetFactory(&pictures);
   task.Start();
   EXPECT_EQ(signsAndDemosAfter(100000), 0U) << "not unless it is wanted";
   Execute("game_demo_after = 30");
   EXPECT_EQ(signsAndDemosAfter(0), 2U);
-  for (void (*const touch)() : {+[] { Click(); }, +[] { Press("p"); }}) {
+  for (const std::function<void()>& touch : std::vector<std::function<void()>>{
+           [] { Click(); }, [] { Press("f5"); }, [&] { events.MouseMove(9, 9, 1, 1); }}) {
     EXPECT_EQ(signsAndDemosAfter(1000), 2U);
     touch();
     EXPECT_EQ(signsAndDemosAfter(10), 0U);
@@ -362,6 +471,15 @@ TEST_F(ReplayTest, TheTitlePlaysADemoWithoutAScoreUntilSomebodyComes) {
   EXPECT_EQ(signsAndDemosAfter(0), 0U);
   EXPECT_EQ(test::Shown(kTitleScreenFile).size(), 1U) << "after its end";
   EXPECT_TRUE(ReadScores()->empty());
+  events.FocusEvent(false);
+  EXPECT_EQ(signsAndDemosAfter(100000), 0U) << "without the focus";
+  events.FocusEvent(true);
+  vask::ui::CWidget* const console = new vask::ui::CWidget;
+  vask::ui::CDesktopWidget::GetSingletonPtr()->AddChild(console);
+  EXPECT_EQ(signsAndDemosAfter(100000), 0U) << "below a console";
+  vask::ui::CDesktopWidget::DeleteSingleton();
+  Click();
+  EXPECT_EQ(signsAndDemosAfter(100000), 0U) << "not over the help";
 }
 
 TEST_F(ReplayTest, KeysHoldAReplayAndChangeItsSpeed) {
@@ -390,6 +508,8 @@ TEST_F(ReplayTest, APauseHoldsAReplayAlsoOneThatBeginsInIt) {
   ShowReplay();
   Pause();
   Frame(60000);
+  Press("right");
+  EXPECT_EQ(ReplayTime(), 0U);
   Resume();
   Frame(1000);
   EXPECT_NEAR(ReplayTime(), 1000, 25);
@@ -411,6 +531,8 @@ TEST_F(ReplayTest, AReplayLeavesNoTraceAlsoOneThatIsRefused) {
   };
   const auto before = traces();
   EXPECT_TRUE(Execute("replaygame(data)").starts_with("Error: ReplayGame() data: it "));
+  WriteFile("cut.replay", FileText("game.replay").substr(0, 60));  // within its second block
+  EXPECT_TRUE(Execute("replaygame(cut.replay)").ends_with("game does, after 0.000 s."));
   Execute("replaygame(game.replay)");
   EXPECT_TRUE(test::Shown(kTitleScreenFile).empty());
   DropKitten();
@@ -421,6 +543,49 @@ TEST_F(ReplayTest, AReplayLeavesNoTraceAlsoOneThatIsRefused) {
   Frame(20000);
   EXPECT_TRUE(log.Has("Replay: held, score"));
   EXPECT_EQ(traces(), before) << "after the end of the recording";
+  Click();
+  Click();
+  EXPECT_EQ(Execute("replaygame(game.replay)"), "Error: ReplayGame() A game is being played.");
+}
+
+// The shipped game opens the door soon.
+TEST_F(ReplayTest, AReplayOfAnOpenDoorLeavesNothingBehind) {
+  vask::Gfx::SetFactory(&pictures);
+  task.Start();
+  const auto shown = [] { return vask::CScreenLayer::GetSingletonPtr()->GetChildren().size(); };
+  const std::size_t before = shown();
+  const auto playToTheOpenDoor = [this] {
+    Execute(std::string("replaygame(") + kDemoRecording + ")");
+    for (const char* key : {"up", "up"}) {
+      Press(key);
+    }
+    while (!Impl().GetGameLogic().GetStory().isDoorOpen) {
+      Frame(50);
+    }
+  };
+  playToTheOpenDoor();
+  Frame(1000);
+  EXPECT_EQ(audio.played, "") << "four times as fast";
+  Press("down");
+  Frame(10);
+  EXPECT_EQ(test::Shown(kOvenBreathFile).size(), 1U);
+  Execute("stopreplay");
+  EXPECT_EQ(shown(), before);
+  playToTheOpenDoor();
+  while (Impl().GetScreen() == nullptr) {
+    Frame(1000);
+  }
+  EXPECT_TRUE(ReadScores()->empty() && Replays().empty());
+  DropKitten();
+  Click();
+  Click();
+  EXPECT_EQ(Impl().GetWorld().GetBodyCount(), kFirstKittenIndex + 1) << "dropped at the panel";
+  task.Exit();
+  task.Start();
+  const SWorldState left = WorldState();
+  playToTheOpenDoor();
+  task.Exit();
+  EXPECT_EQ(WorldState().isDoorOpen, left.isDoorOpen);
 }
 
 }  // namespace

@@ -33,11 +33,6 @@ unsigned CByteReader::TakeByte() {
   return byte.empty() ? 0 : static_cast<unsigned char>(byte.front());
 }
 
-int CByteReader::TakeSignedByte() {
-  const int byte = static_cast<int>(TakeByte());
-  return byte <= INT8_MAX ? byte : byte - (UINT8_MAX + 1);
-}
-
 std::uint32_t CByteReader::TakeWord() {
   std::uint32_t value = 0;
   for (unsigned shift = 0; shift < kWordBits; shift += 8) {

@@ -31,11 +31,11 @@ class CByteReader {
   explicit CByteReader(std::string_view bytes) : myBytes(bytes) {}
 
   unsigned TakeByte();
-  int TakeSignedByte();  // in two's complement
   std::uint32_t TakeWord();
   std::uint32_t TakeVarint();
   std::int32_t TakeSigned();
   std::string_view TakeBytes(std::size_t count);
+  std::string_view TakeRest() { return TakeBytes(myBytes.size()); }
 
   bool IsAtEnd() const { return myBytes.empty(); }
   bool HasFailed() const { return myHasFailed; }

@@ -9,26 +9,27 @@ namespace brumble {
 // A recording is a file of: the mark; a byte with the version of the format and one with that of
 // the rules; and blocks. A block is three words (how long it is packed, how long unpacked, and the
 // CRC-32 of the packed bytes), and the bytes as zlib packs them. The first block is the start of
-// the game alone, the others are entries. docs/replays.md describes both.
+// the game alone. The others are two varints, the lengths of the first two of three columns, and
+// the columns: the entries, and how far the pointer moves along each axis, as signed varints. In
+// columns they pack better. docs/replays.md describes all.
 
 inline constexpr std::string_view kRecordingMark = "brumrec\n";
-inline constexpr unsigned kFormatVersion = 1;
+inline constexpr unsigned kFormatVersion = 2;
 
 // An entry begins with a byte: its lowest two bits tell the form of what follows, the others are a
-// number. In the first three forms that is the milliseconds since the last entry, or kLongWait, and
-// a varint follows; then comes how far the pointer has moved.
+// number. In the first two forms that is the milliseconds since the last entry, or kLongWait, and
+// a varint follows.
 inline constexpr unsigned kFormBits = 2;
 inline constexpr unsigned kFormMask = (1U << kFormBits) - 1;
 inline constexpr unsigned kLongWait = 63;
 enum EForm : unsigned {
   kPointerStays = 0,
-  kPointerMoves = 1,  // a byte for each axis, in two's complement
-  kPointerJumps = 2,  // a signed varint for each axis
-  kSpecial = 3,       // the number is one of ESpecial
+  kPointerMoves = 1,  // by the next number of both columns
+  kSpecial = 2,       // the number is one of ESpecial
 };
 
 enum ESpecial : unsigned {
-  kSpecialPause = 0,   // varint milliseconds, two signed varints for the pointer
+  kSpecialPause = 0,   // varint milliseconds; the pointer moves, or by 0
   kSpecialResume = 1,  // the same
   kSpecialKitten = 2,  // the same
   kSpecialSkew = 3,    // by how much more milliseconds the application timer counts up to the next

@@ -73,16 +73,17 @@ void CRecordingReader::ReadStart() {
     }
     return;
   }
-  myStart.seed = myEntries.TakeWord();
-  const unsigned isDoorOpen = myEntries.TakeByte();
-  const unsigned isPaused = myEntries.TakeByte();
+  CByteReader begin(myBlock);
+  myStart.seed = begin.TakeWord();
+  const unsigned isDoorOpen = begin.TakeByte();
+  const unsigned isPaused = begin.TakeByte();
   myStart.isDoorOpen = isDoorOpen == 1;
   myStart.isPaused = isPaused == 1;
   for (std::int32_t* value : {&myStart.resetCounter, &myStart.lookCounter, &myStart.bodies,
                               &myStart.pointerX, &myStart.pointerY}) {
-    *value = myEntries.TakeSigned();
+    *value = begin.TakeSigned();
   }
-  if (myEntries.HasFailed() || !myEntries.IsAtEnd() || isDoorOpen > 1 || isPaused > 1 ||
+  if (begin.HasFailed() || !begin.IsAtEnd() || isDoorOpen > 1 || isPaused > 1 ||
       !IsSound(myStart)) {
     RefuseBlock();
     return;
@@ -95,12 +96,33 @@ void CRecordingReader::ReadStart() {
 CRecordingReader::EItem CRecordingReader::Next() {
   EItem item = EItem::kNone;
   while (myError.empty() && item == EItem::kNone) {
-    if (myEntries.IsAtEnd() && !ReadBlock()) {
+    if (myEntries.IsAtEnd() && !ReadColumns()) {
       return EItem::kNone;
     }
     item = TakeEntry();
   }
   return item;
+}
+
+bool CRecordingReader::ReadColumns() {
+  if (!myMotionX.IsAtEnd() || !myMotionY.IsAtEnd()) {
+    RefuseBlock();
+    return false;
+  }
+  if (!ReadBlock()) {
+    return false;
+  }
+  CByteReader block(myBlock);
+  const std::size_t entries = block.TakeVarint();
+  const std::size_t motions = block.TakeVarint();
+  myEntries = CByteReader(block.TakeBytes(entries));
+  myMotionX = CByteReader(block.TakeBytes(motions));
+  myMotionY = CByteReader(block.TakeRest());
+  if (block.HasFailed() || entries == 0) {
+    RefuseBlock();
+    return false;
+  }
+  return true;
 }
 
 bool CRecordingReader::ReadBlock() {
@@ -133,7 +155,6 @@ bool CRecordingReader::ReadBlock() {
     RefuseBlock();
     return false;
   }
-  myEntries = CByteReader(myBlock);
   return true;
 }
 
@@ -156,16 +177,14 @@ CRecordingReader::EItem CRecordingReader::TakeEntry() {
     return TakeSpecial(number);
   }
   const unsigned wait = number < kLongWait ? number : myEntries.TakeVarint();
-  int dx = 0;
-  int dy = 0;
-  if (form == kPointerMoves) {
-    dx = myEntries.TakeSignedByte();
-    dy = myEntries.TakeSignedByte();
-  } else if (form == kPointerJumps) {
-    dx = myEntries.TakeSigned();
-    dy = myEntries.TakeSigned();
+  switch (form) {
+    case kPointerStays:
+      return TakeInput(EInput::kFrame, wait, 0, 0);
+    case kPointerMoves:
+      return TakeMotion(EInput::kFrame, wait);
+    default:
+      return RefuseBlock();
   }
-  return TakeInput(EInput::kFrame, wait, dx, dy);
 }
 
 // A skew is no item of its own.
@@ -175,9 +194,7 @@ CRecordingReader::EItem CRecordingReader::TakeSpecial(unsigned special) {
     case kSpecialResume:
     case kSpecialKitten: {
       constexpr EInput kKinds[] = {EInput::kPause, EInput::kResume, EInput::kKitten};
-      const unsigned wait = myEntries.TakeVarint();
-      const int dx = myEntries.TakeSigned();
-      return TakeInput(kKinds[special], wait, dx, myEntries.TakeSigned());
+      return TakeMotion(kKinds[special], myEntries.TakeVarint());
     }
     case kSpecialSkew:
       mySkew = myEntries.TakeSigned();
@@ -200,6 +217,13 @@ CRecordingReader::EItem CRecordingReader::TakeState() {
     return RefuseBlock();
   }
   return EItem::kState;
+}
+
+CRecordingReader::EItem CRecordingReader::TakeMotion(EInput kind, unsigned wait) {
+  const int dx = myMotionX.TakeSigned();
+  const int dy = myMotionY.TakeSigned();
+  return myMotionX.HasFailed() || myMotionY.HasFailed() ? RefuseBlock()
+                                                        : TakeInput(kind, wait, dx, dy);
 }
 
 CRecordingReader::EItem CRecordingReader::TakeInput(EInput kind, unsigned wait, int dx, int dy) {

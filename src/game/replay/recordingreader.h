@@ -47,12 +47,14 @@ class CRecordingReader {
  private:
   void ReadHead();
   void ReadStart();
-  // Returns whether there was one; a cut one counts as none.
+  // Return whether there was one; a cut one counts as none.
+  bool ReadColumns();
   bool ReadBlock();
   std::string Unpack(const std::string& packed, std::size_t size);
   EItem TakeEntry();
   EItem TakeSpecial(unsigned special);
   EItem TakeState();
+  EItem TakeMotion(EInput kind, unsigned wait);
   EItem TakeInput(EInput kind, unsigned wait, int dx, int dy);
   EItem Refuse(const std::string& reason);
   EItem RefuseBlock();
@@ -61,7 +63,9 @@ class CRecordingReader {
   std::string myError;
   SGameStart myStart;
   std::string myBlock;
-  CByteReader myEntries{""};
+  CByteReader myEntries{""};  // these three are the block's columns
+  CByteReader myMotionX{""};
+  CByteReader myMotionY{""};
   int myBlocks = 0;            // read so far
   std::size_t myBytes = 0;     // in them
   std::int32_t myKittens = 0;  // beside those of the rules

@@ -5,6 +5,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace brumble {
@@ -29,8 +30,6 @@ std::uint32_t Checksum(const std::string& bytes) {
       crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
 }
 
-bool FitsByte(int delta) { return delta >= INT8_MIN && delta <= INT8_MAX; }
-
 unsigned SpecialOf(EInput kind) {
   switch (kind) {
     case EInput::kPause:
@@ -54,14 +53,15 @@ CRecordingWriter::CRecordingWriter(const std::string& file, const SGameStart& st
   head.PutByte(kFormatVersion);
   head.PutByte(kRulesVersion);
   myFile.Write(head.GetBytes());
-  myBlock.PutWord(start.seed);
-  myBlock.PutByte(start.isDoorOpen ? 1 : 0);
-  myBlock.PutByte(start.isPaused ? 1 : 0);
+  CByteWriter begin;
+  begin.PutWord(start.seed);
+  begin.PutByte(start.isDoorOpen ? 1 : 0);
+  begin.PutByte(start.isPaused ? 1 : 0);
   for (const std::int32_t value :
        {start.resetCounter, start.lookCounter, start.bodies, start.pointerX, start.pointerY}) {
-    myBlock.PutSigned(value);
+    begin.PutSigned(value);
   }
-  Flush();
+  WriteBlock(begin.GetBytes());
 }
 
 void CRecordingWriter::Add(const SInput& input) {
@@ -70,69 +70,76 @@ void CRecordingWriter::Add(const SInput& input) {
   const int skew = static_cast<int>(input.appTime - myLast.appTime - wait);
   if (skew != 0) {
     AddSpecial(kSpecialSkew);
-    myBlock.PutSigned(skew);
+    myEntries.PutSigned(skew);
   }
-  if (input.kind == EInput::kFrame) {
-    AddMoment(input);
-  } else {
+  const bool stays = input.pointerX == myLast.pointerX && input.pointerY == myLast.pointerY;
+  if (input.kind != EInput::kFrame) {
     AddSpecial(SpecialOf(input.kind));
-    myBlock.PutVarint(wait);
-    myBlock.PutSigned(input.pointerX - myLast.pointerX);
-    myBlock.PutSigned(input.pointerY - myLast.pointerY);
+    myEntries.PutVarint(wait);
+    AddMotion(input);
+  } else if (stays) {
+    AddFrame(kPointerStays, wait);
+  } else {
+    AddFrame(kPointerMoves, wait);
+    AddMotion(input);
   }
   myLast = input;
 }
 
-void CRecordingWriter::AddMoment(const SInput& input) {
-  const unsigned wait = input.time - myLast.time;
-  const int dx = input.pointerX - myLast.pointerX;
-  const int dy = input.pointerY - myLast.pointerY;
-  const bool stays = dx == 0 && dy == 0;
-  const bool isNear = FitsByte(dx) && FitsByte(dy);
-  const unsigned nearForm = isNear ? kPointerMoves : kPointerJumps;
-  const unsigned form = stays ? kPointerStays : nearForm;
-  myBlock.PutByte((wait < kLongWait ? wait : kLongWait) << kFormBits | form);
+void CRecordingWriter::AddFrame(unsigned form, unsigned wait) {
+  myEntries.PutByte(std::min(wait, kLongWait) << kFormBits | form);
   if (wait >= kLongWait) {
-    myBlock.PutVarint(wait);
+    myEntries.PutVarint(wait);
   }
-  if (form == kPointerMoves) {
-    myBlock.PutByte(static_cast<unsigned>(dx));
-    myBlock.PutByte(static_cast<unsigned>(dy));
-  } else if (form == kPointerJumps) {
-    myBlock.PutSigned(dx);
-    myBlock.PutSigned(dy);
-  }
+}
+
+void CRecordingWriter::AddMotion(const SInput& input) {
+  myMotionX.PutSigned(input.pointerX - myLast.pointerX);
+  myMotionY.PutSigned(input.pointerY - myLast.pointerY);
 }
 
 void CRecordingWriter::AddState(const CStateFields& fields) {
   const std::string bytes = PackState(fields);
   AddSpecial(kSpecialState);
-  myBlock.PutVarint(static_cast<std::uint32_t>(bytes.size()));
-  myBlock.PutBytes(bytes);
+  myEntries.PutVarint(static_cast<std::uint32_t>(bytes.size()));
+  myEntries.PutBytes(bytes);
 }
 
 void CRecordingWriter::End(bool isOver, int score) {
   AddSpecial(kSpecialEnd);
-  myBlock.PutByte(isOver ? 1 : 0);
-  myBlock.PutSigned(score);
+  myEntries.PutByte(isOver ? 1 : 0);
+  myEntries.PutSigned(score);
   Flush();
 }
 
 void CRecordingWriter::AddSpecial(unsigned special) {
-  myBlock.PutByte(special << kFormBits | kSpecial);
+  myEntries.PutByte(special << kFormBits | kSpecial);
 }
 
 void CRecordingWriter::FlushIfFull() {
-  if (myLast.time - myBlockTime >= kBlockTime || myBlock.GetBytes().size() >= kBlockBytes) {
+  const std::size_t size =
+      myEntries.GetBytes().size() + myMotionX.GetBytes().size() + myMotionY.GetBytes().size();
+  if (myLast.time - myBlockTime >= kBlockTime || size >= kBlockBytes) {
     Flush();
   }
 }
 
 void CRecordingWriter::Flush() {
-  const std::string& bytes = myBlock.GetBytes();
-  if (bytes.empty()) {
+  if (myEntries.GetBytes().empty()) {
     return;
   }
+  CByteWriter block;
+  block.PutVarint(static_cast<std::uint32_t>(myEntries.GetBytes().size()));
+  block.PutVarint(static_cast<std::uint32_t>(myMotionX.GetBytes().size()));
+  for (CByteWriter* const column : {&myEntries, &myMotionX, &myMotionY}) {
+    block.PutBytes(column->GetBytes());
+    column->Clear();
+  }
+  WriteBlock(block.GetBytes());
+  myBlockTime = myLast.time;
+}
+
+void CRecordingWriter::WriteBlock(const std::string& bytes) {
   const std::string packed = Pack(bytes);
   if (packed.empty()) {
     myFile.Fail(ENOMEM);
@@ -143,8 +150,6 @@ void CRecordingWriter::Flush() {
   block.PutWord(Checksum(packed));
   block.PutBytes(packed);
   myFile.Write(block.GetBytes());
-  myBlock.Clear();
-  myBlockTime = myLast.time;
 }
 
 }  // namespace brumble

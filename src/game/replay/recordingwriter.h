@@ -29,12 +29,17 @@ class CRecordingWriter {
   const vask::platform::CNewFile& GetFile() const { return myFile; }
 
  private:
-  void AddMoment(const SInput& input);
+  void AddFrame(unsigned form, unsigned wait);
+  void AddMotion(const SInput& input);
   void AddSpecial(unsigned special);
   void FlushIfFull();
+  void WriteBlock(const std::string& bytes);
 
   vask::platform::CNewFile myFile;
-  CByteWriter myBlock;
+  // The columns of the block.
+  CByteWriter myEntries;
+  CByteWriter myMotionX;
+  CByteWriter myMotionY;
   SInput myLast;         // its times and its pointer, from which the next ones count
   unsigned myBlockTime;  // the time of the block's first entry
 };
