@@ -50,6 +50,15 @@ std::string Block(const std::string& bytes) {
   return block.GetBytes() + packed.substr(0, size);
 }
 
+// The first half are the entries.
+std::string Columns(const std::string& bytes) {
+  brumble::CByteWriter columns;
+  columns.PutVarint(static_cast<std::uint32_t>(bytes.size() / 2));
+  columns.PutVarint(static_cast<std::uint32_t>(bytes.size() / 4));
+  columns.PutBytes(bytes);
+  return columns.GetBytes();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -63,6 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   head.PutByte(brumble::kRulesVersion);
   const std::size_t start = std::min(size, kStartBytes);
   PlayTwice(head.GetBytes() + Block(bytes.substr(0, start)) + Block(bytes.substr(start)));
+  PlayTwice(head.GetBytes() + Block(bytes.substr(0, start)) + Block(Columns(bytes.substr(start))));
   const brumble::CStateFields fields = {brumble::SStateField::Of("game", -1, "bodies", 8),
                                         brumble::SStateField::Of("body", 7, "x", 1.5F)};
   brumble::FirstDifference(fields, bytes);
