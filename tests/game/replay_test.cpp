@@ -208,19 +208,21 @@ TEST_F(ReplayTest, WholeGamesTakeTheSameCourseInEveryBuild) {
 }
 
 TEST_F(ReplayTest, TheFirstDifferenceEndsTheGameWhenItShould) {
-  RecordShortGame(900);
-  const auto endOf = [](bool stops) {
-    CPlay play;
-    CReplayedGame game(play, "game.replay", stops);
-    while (!game.IsDone()) {
-      game.PlayNext();
-      const_cast<CPhysicsBody&>(play.GetWorld().GetBodies()[kMonsterIndex]).invMass = 0.5F;
+  const auto endAfter = [this](const char* line) {
+    Execute(line);
+    ShowReplay();
+    unsigned time = 0;
+    while (Impl().GetReplay() != nullptr) {
+      Bodies()[kMonsterIndex].invMass = 0.5F;
+      time = ReplayTime();
+      Frame(100);
     }
-    EXPECT_FALSE(game.HasHeld());
-    return game.GetTime();
+    EXPECT_TRUE(log.Has("body 7, inverse mass is 0.5, recorded 0."));
+    return time;
   };
-  EXPECT_GT(endOf(false), 5000U);
-  EXPECT_LT(endOf(true), 1500U) << "at the first state";
+  EXPECT_GT(endAfter("game_replay_stop = 0"), 5000U);
+  EXPECT_LT(endAfter("game_replay_stop = 1"), 1500U) << "at the first state";
+  Execute("game_replay_stop = 0");
 }
 
 // In its place, and with both values.
