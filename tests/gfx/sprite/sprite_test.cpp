@@ -160,24 +160,6 @@ TEST_F(Sprite, LeavesTheMarginsOfAnUnchangedPictureAlone) {
   EXPECT_EQ(ScreenColor(4, 5), 9U);
 }
 
-TEST_F(Sprite, IsInItsLayerByDepthTheNewestInFrontOfItsEquals) {
-  std::vector<CSpritePtr> sprites;
-  for (const int z : {50, 100, 50, 7, 100, INT_MIN, INT_MAX}) {
-    sprites.push_back(Load("a.bmp"));
-    sprites.back()->SetZ(z);
-    sprites.back()->SetName(std::to_string(sprites.size() - 1));
-  }
-  const auto order = [&] {
-    std::string names;
-    std::ranges::for_each(myLayer->GetChildren(), [&](auto* child) { names += child->GetName(); });
-    return names;
-  };
-  EXPECT_EQ(order(), "5320416");
-  sprites[0]->SetZ(50);  // as before, which changes nothing
-  sprites[1]->SetZ(50);
-  EXPECT_EQ(order(), "5312046");
-}
-
 TEST_F(Sprite, IsDraggedByItsGuiElementWithTheLeftButton) {
   CSprite sprite;
   sprite.SetRect({10, 20, 30, 40});
