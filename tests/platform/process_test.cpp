@@ -16,19 +16,6 @@
 namespace vask::platform {
 namespace {
 
-TEST(Process, NeitherALostReaderNorABreakWithoutADebuggerEndsIt) {
-  BreakIntoDebugger();
-  std::signal(SIGPIPE, SIG_DFL);
-  SurviveBrokenPipes();
-  int ends[2] = {};
-  ASSERT_EQ(pipe(ends), 0);
-  close(ends[0]);
-  EXPECT_EQ(write(ends[1], "x", 1), -1);
-  EXPECT_EQ(errno, EPIPE);
-  close(ends[1]);
-  std::signal(SIGPIPE, SIG_DFL);
-}
-
 TEST(Socket, GivesUpWhenNobodyReadsAndTellsThatTheOtherSideHasGone) {
   const auto in = [](int ms) { return Deadline::clock::now() + std::chrono::milliseconds(ms); };
   std::signal(SIGPIPE, SIG_DFL);
