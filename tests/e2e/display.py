@@ -60,14 +60,14 @@ class Display(Scoped):
     MIDDLE = (240, 180, 800, 600)  # where full screen shows, and no window with a frame
 
     def _open(self, undo):
-        self.server = run_beside(
+        server = run_beside(
             undo, ["Xvfb", "-noreset", "-displayfd", "1", "-fbdir", self.folder, "-nolisten", "tcp",
                    "-screen", "0", "{}x{}x24".format(*self.SIZE)], stdout=subprocess.PIPE, text=True)
-        self.name = ":" + read_line(self.server.stdout).strip()
+        self.name = ":" + read_line(server.stdout).strip()
         self.environment = dict(os.environ, DISPLAY=self.name)
         run_beside(undo, ["openbox", "--sm-disable"], env=self.environment)
         self.connection = display.Display(self.name)
-        undo.callback(self._disconnect)
+        undo.callback(self.connection.close)
         self.connection.xfixes_query_version()
         self.root = self.connection.screen().root
         # SDL recognises a key that the server repeats by the times of the events, which are too far
@@ -81,10 +81,6 @@ class Display(Scoped):
         width, height = self.SIZE
         memory = numpy.memmap(self.folder / "Xvfb_screen0", mode="r")
         self.pixels = memory[-4 * width * height:].reshape(height, width, 4)
-
-    def _disconnect(self):
-        if self.server.poll() is None:
-            self.connection.close()
 
     # What the rectangle (x, y, w, h) shows, as rows of (red, green, blue).
     def picture(self, rect):

@@ -27,10 +27,9 @@ class Compositor(Scoped):
 
 
 class Ends(GameTest):
-    def test_in_play_with_the_window_or_the_server(self):
+    def test_in_play_with_the_window_or_its_connection(self):
         ends = {"closed": lambda screen, game: screen.close_window(game.window),
-                "window killed": lambda screen, game: screen.kill(game.window),
-                "server killed": lambda screen, game: screen.server.kill()}
+                "killed": lambda screen, game: screen.kill(game.window)}
         for how, end in ends.items():
             with self.subTest(how):
                 screen, game = self.start()
@@ -65,12 +64,6 @@ class Ends(GameTest):
             game.wait_for_end()
             self.assertEqual("Using driver: wayland" in game.log(), not is_classic)
             self.assertEqual("<!>" in game.log(), is_classic)
-
-    def test_without_a_script_it_ends_at_once(self):
-        with Game(build="asan", prepare=lambda r: (r / "autoexec.txt").unlink()) as game:
-            game.wait_for_end()
-            self.assertIn("New log created on", game.log())
-            self.assertEqual(game.standard_error(), "")
 
     def test_without_memory_it_ends_in_order(self):
         with Starved(lines="quit", environment={"SDL_VIDEODRIVER": "dummy"}) as game:
