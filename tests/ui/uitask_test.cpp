@@ -78,8 +78,6 @@ TEST_F(UiTest, TheDesktopTellsWhereAWidgetTakesPresses) {
   EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 30}));
   widget->SetIgnoreEvent(IEvent::kMouseButtonDown, true);
   EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
-  CDesktopWidget::DeleteSingleton();
-  EXPECT_FALSE(CDesktopWidget::HasWidgetAt({700, 10}));
 }
 
 TEST_F(UiTest, TheFactoryMakesEachClass) {
