@@ -42,11 +42,6 @@ class Keys(GameTest):
             game.wait_for(lambda: fit(game.full_screen_picture(), title) > 0.8, "full screen")
             self.press(*keys)
             game.wait_for_picture("title_screen")
-        game.window.configure(width=900, height=700)  # as by its frame
-        self.screen.settle()
-        game.wait_for_log("myHeight = 700\n( ) drawing all\n")
-        game.wait_for_window()
-        game.wait_for_picture("title_screen")
         self.press("q")
         game.wait_for_end()
 

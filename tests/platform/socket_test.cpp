@@ -1,7 +1,6 @@
-#include "platform/process.h"
+#include "platform/socket.h"
 
 #include "platform/newfile.h"
-#include "platform/socket.h"
 
 #include <gtest/gtest.h>
 #include <netinet/in.h>
