@@ -58,6 +58,9 @@ std::unique_ptr<CGameRecording> CGameRecorder::MakeRecording(const SGameStart& s
   if (!myNextFile.empty()) {
     return std::make_unique<CGameRecording>(myPlay, myNextFile, start, now);
   }
+  if (const std::string reason = MakeReplayFolder(); !reason.empty()) {
+    ReportOnce(kReplayFolder, reason);  // before the file fails, which does not tell why
+  }
   std::unique_ptr<CGameRecording> recording;
   for (int number = 1; number <= kMostTries; ++number) {
     recording = std::make_unique<CGameRecording>(myPlay, NewReplayName(number), start, now);

@@ -50,9 +50,13 @@ std::vector<CDatedFile> OurFiles() {
 
 }  // namespace
 
+std::string MakeReplayFolder() {
+  std::error_code error;
+  std::filesystem::create_directory(kReplayFolder, error);
+  return error ? error.message() : "";
+}
+
 std::string NewReplayName(int number) {
-  std::error_code ignored;  // what follows fails, too, and is reported
-  std::filesystem::create_directory(kReplayFolder, ignored);
   const std::time_t now = vask::platform::WallClockSeconds();
   std::tm local = {};
   localtime_r(&now, &local);
