@@ -28,14 +28,12 @@ class Compositor(Scoped):
 
 class Ends(GameTest):
     def test_in_play_with_the_window_or_its_connection(self):
-        ends = {"closed": lambda screen, game: screen.close_window(game.window),
-                "killed": lambda screen, game: screen.kill(game.window)}
-        for how, end in ends.items():
+        for how, end in (("closed", Display.close_window), ("killed", Display.kill)):
             with self.subTest(how):
                 screen, game = self.start()
                 game.start_playing()
                 game.wait_for_cursor(False)
-                end(screen, game)
+                end(screen, game.window)
                 game.wait_for_end(0 if how == "closed" else 1)
                 self.assertIn("" if how == "closed" else LOST, game.standard_error())
                 self.assertRegex(game.log(), r"(?s)New log created on.*\n\Z")

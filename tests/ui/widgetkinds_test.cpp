@@ -216,11 +216,5 @@ TEST_F(Window, IsMaximisedAndRestored) {
   EXPECT_EQ(window.GetRect(), (Rect{50, 100, 200, 150})) << "keeps its size";
 }
 
-TEST_F(Window, IsClosedByItsLastButton) {
-  EXPECT_FALSE(window.IsClosed());
-  Click({280, 110});
-  EXPECT_TRUE(window.IsClosed());
-}
-
 }  // namespace
 }  // namespace vask::ui
