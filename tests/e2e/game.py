@@ -16,7 +16,6 @@ from PIL import Image
 from display import LIMIT, Scoped, read_line, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-WHOLE_GAME = 600  # seconds: the limit for ten kittens
 
 
 # One run; what is still running at the end is killed.

@@ -8,7 +8,6 @@
 #include "gfx/text/textsprite.h"
 
 #include <numeric>
-#include <set>
 
 namespace brumble {
 namespace {
