@@ -218,6 +218,7 @@ void SetColorKey(SDL_Surface* surface, const CColor& key) {
   if (lock.IsOpen()) {
     ClearKeyPixels(*surface, Bounds(*surface), *surface, 0, 0);
   }
+  SDL_SetColorKey(surface, 0, 0);
 }
 
 CRect<int> SolidPart(SDL_Surface* surface, const CRect<int>& area) {

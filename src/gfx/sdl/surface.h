@@ -81,8 +81,8 @@ void WritePixel(const SDL_Surface& surface, int x, int y, std::uint32_t pixel);
 std::uint8_t* RowAddress(const SDL_Surface& surface, int y);
 std::uint32_t* Row32(const SDL_Surface& surface, int y);
 
-// Sets the colour key. SDL ignores the key of a surface with alpha, so there the pixels of that
-// colour become transparent, and blits from the surface blend.
+// Sets the colour key. A surface with alpha keeps none, as only some versions of SDL mind it: there
+// the pixels of that colour become transparent, and blits from the surface blend.
 void SetColorKey(SDL_Surface* surface, const CColor& key);
 
 // The smallest part of the area, which lies inside the surface, outside which blits from it change
