@@ -69,8 +69,7 @@ def run(program, orders, environment):
 def watch(program, orders, environment):
     with headless(program, orders, environment, SCORES, seconds=300) as game:
         status, scores = game.process.returncode, (game.runtime / "scores.txt").read_text()
-        wrong = [f"status {status}"] if status else []
-        wrong += re.findall("the picture is wrong", game.printed)
+        wrong = [f"status {status}"] * (status != 0) + re.findall("picture is wrong", game.printed)
         if not set(SCORES.split()) <= set(scores.split()):
             wrong.append("a score is lost")
         said = re.sub("New log created on.*", "", game.log())  # which tells the minute
