@@ -40,7 +40,7 @@ SILENT = re.compile("|".join((
     r"libSDL2.*\n.*SDL_InitSubSystem",
     "SDL_(SetVideoMode|ListModes|Create(Cursor|Mutex)|Flip)|Mix_(OpenAudio|LoadMUS|FadeInMusicPos)",
     # A check is left out, or it is tried again, a picture also as one of another kind.
-    "Check(Effect|Music)File|CFileLock|EnterScore|(Is|Load)GifFile|IMG_is",
+    r"faults\((\+|_Z).*\n.*Data4Load|CFileLock|EnterScore|(Is|Load)GifFile|IMG_is",
     r"SDL_ReadLE16.*\n.*libSDL_image.*\n.*IMG_LoadTyped|CXmlParser.*\n.*\n.*PictureCache",
     # What is read, such as user.txt, or removed need not be there.
     r"4open.*\n.*ExecuteFile|RemoveOldReplays",
